@@ -1,0 +1,114 @@
+#include "core/LineReader.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include "core/NativePath.h"
+#include "core/RuntimeError.h"
+
+namespace korvande {
+
+namespace {
+
+constexpr std::size_t blockSize = std::size_t{1} << 17;
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr char endOfFileMark = '\x1A';
+
+std::int64_t LengthOf(std::FILE* file) {
+    if (std::fseek(file, 0, SEEK_END) != 0) {
+        std::clearerr(file);
+        return 0;
+    }
+    const long length = std::ftell(file);
+    std::rewind(file);
+    return std::max<std::int64_t>(length, 0);
+}
+
+}  // namespace
+
+void LineReader::Open(TextView name) {
+    Close();
+    file.reset(OpenNativeFile(name, OpenMode::Read));
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    length = LengthOf(file.get());
+    buffer.resize(blockSize);
+    while (end < byteOrderMark.size() && FillMore()) {
+    }
+    if (std::string_view(buffer.data(), end).starts_with(byteOrderMark)) {
+        utf8 = true;
+        at = nextLineFeed = nextReturn = byteOrderMark.size();
+    }
+}
+
+void LineReader::Close() noexcept {
+    file.reset();
+    at = end = nextLineFeed = nextReturn = 0;
+    atEnd = utf8 = false;
+    blockStart = lineNumber = length = 0;
+}
+
+bool LineReader::Next(std::string_view& line) {
+    if (!file) throw RuntimeError(errors::badFileName);
+    const std::size_t lineEnd = FindLineEnd();
+    if (lineEnd == end && at == end) return false;
+    line = std::string_view(buffer.data() + at, lineEnd - at);
+    const bool pair = lineEnd + 1 < end && buffer[lineEnd] == '\r' && buffer[lineEnd + 1] == '\n';
+    at = std::min(lineEnd + (pair ? 2 : 1), end);
+    ++lineNumber;
+    if (utf8) {
+        converted = Utf8ToWindows1252(line);
+        line = converted;
+    }
+    return true;
+}
+
+// Reads another block behind what the buffer still holds; false at the end of the file.
+bool LineReader::FillMore() {
+    if (atEnd) return false;
+    if (at > 0) {
+        std::memmove(buffer.data(), buffer.data() + at, end - at);
+        blockStart += static_cast<std::int64_t>(at);
+        end -= at;
+        nextLineFeed -= std::min(nextLineFeed, at);
+        nextReturn -= std::min(nextReturn, at);
+        at = 0;
+    }
+    // The room doubles, so that a long line is not copied at every block.
+    if (buffer.size() - end < blockSize) buffer.resize(std::max(buffer.size() * 2, end + blockSize));
+    const std::size_t count = std::fread(buffer.data() + end, 1, blockSize, file.get());
+    if (count == 0) {
+        if (std::ferror(file.get()) != 0) throw RuntimeError(ErrorNumberOf(errno));
+        atEnd = true;
+        if (end > at && buffer[end - 1] == endOfFileMark) --end;
+        return false;
+    }
+    end += count;
+    return true;
+}
+
+// The place of the first line end at or behind `at`; the end of the bytes when the last line has none.
+std::size_t LineReader::FindLineEnd() {
+    while (true) {
+        const auto search = [this](std::size_t& place, char byte) {
+            place = std::max(place, at);
+            if (place < end && buffer[place] == byte) return true;
+            if (place >= end) return false;
+            const void* const found = std::memchr(buffer.data() + place, byte, end - place);
+            place = found == nullptr ? end : static_cast<std::size_t>(static_cast<const char*>(found) - buffer.data());
+            return found != nullptr;
+        };
+        const bool feed = search(nextLineFeed, '\n');
+        const bool carriage = search(nextReturn, '\r');
+        if (feed || carriage) {
+            const std::size_t lineEnd = std::min(feed ? nextLineFeed : end, carriage ? nextReturn : end);
+            // Whether a return is the first half of CR LF shows only when the byte behind it is there.
+            if (lineEnd + 1 < end || buffer[lineEnd] == '\n' || atEnd) return lineEnd;
+        } else if (atEnd) {
+            return end;
+        }
+        FillMore();
+    }
+}
+
+}  // namespace korvande

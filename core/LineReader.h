@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/Text.h"
+
+namespace korvande {
+
+struct CloseFile {
+    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+};
+using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
+
+// Reads a text file line by line, in blocks. Lines end at CR LF, LF or CR; a last byte 1A hex is no character of the
+// file. Lines come as Windows-1252 bytes; a file that begins with a UTF-8 byte order mark is converted.
+class LineReader {
+ public:
+    LineReader() = default;
+
+    // Opens the file; a run-time error when it cannot be opened.
+    explicit LineReader(TextView name) { Open(name); }
+    void Open(TextView name);
+    void Close() noexcept;
+    bool IsOpen() const noexcept { return file != nullptr; }
+
+    // The next line, without its end; false at the end of the file. The line stands until the next call. A file that
+    // is not open is error 52, a read that fails the run-time error of its cause.
+    bool Next(std::string_view& line);
+
+    // The number of the line read last, counted from 1; 0 before the first.
+    std::int64_t LineNumber() const noexcept { return lineNumber; }
+
+    // The length of the file in bytes (0 when it has none, such as a pipe) and how far the lines have come.
+    std::int64_t Length() const noexcept { return length; }
+    std::int64_t Position() const noexcept { return blockStart + static_cast<std::int64_t>(at); }
+
+ private:
+    bool FillMore();
+    std::size_t FindLineEnd();
+
+    FileHandle file;
+    std::string buffer;            // the block being read, and of the one before what had no line end yet
+    std::size_t at = 0;            // where the next line begins
+    std::size_t end = 0;           // behind the last byte read
+    std::size_t nextLineFeed = 0;  // the first of its kind at or behind `at`, or how far it was looked for
+    std::size_t nextReturn = 0;
+    bool atEnd = false;  // the file has no more bytes
+    bool utf8 = false;
+    std::string converted;
+    std::int64_t blockStart = 0;  // the place in the file of buffer[0]
+    std::int64_t lineNumber = 0;
+    std::int64_t length = 0;
+};
+
+}  // namespace korvande

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdio>
+
+#include "core/Text.h"
+
+namespace korvande {
+
+// The path by which the system knows a file name. On Windows it is the name itself; elsewhere "\" is "/", "X:" the
+// folder in the environment variable KORVANDE_DRIVE_X (unset: error 71), and a component that does not exist as written
+// is looked for without regard to case.
+std::string NativePath(TextView name);
+
+// How a file is opened; writing creates it or empties it.
+enum class OpenMode { Read, Write, Append };
+
+// Opens a file in binary form, through NativePath. A folder, or what the system refuses, is a run-time error.
+std::FILE* OpenNativeFile(TextView name, OpenMode mode);
+
+}  // namespace korvande

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <type_traits>
+#include <vector>
+
+#include "core/RuntimeError.h"
+
+namespace korvande {
+
+// An array with the elements 0 to UpperBound(), kept in pages: growing it moves nothing and wastes at most a page.
+// A new element is zeroed memory (never filled). Element 0 always exists, whatever the upper bound.
+template <class Record>
+class PagedArray {
+    static_assert(std::is_trivially_copyable_v<Record> && std::is_trivially_default_constructible_v<Record>);
+
+ public:
+    using Index = std::int32_t;
+
+    Index UpperBound() const noexcept { return upperBound; }
+
+    Record& operator[](Index index) noexcept { return pages[PageOf(index)].get()[PlaceOf(index)]; }
+    const Record& operator[](Index index) const noexcept { return pages[PageOf(index)].get()[PlaceOf(index)]; }
+
+    // Error 9 when the index lies outside the array.
+    Record& At(Index index) {
+        if (index < 0 || index > upperBound) throw RuntimeError(errors::subscriptOutOfRange);
+        return (*this)[index];
+    }
+
+    // Adds an element behind the last one and returns it; its index is the new upper bound.
+    Record& Append() {
+        GrowTo(upperBound + 1);
+        return (*this)[upperBound];
+    }
+
+    // Grows the array to this upper bound; a smaller one changes nothing. Error 7 when memory runs out, which leaves
+    // the array as it was.
+    void GrowTo(Index newUpperBound) {
+        if (newUpperBound <= upperBound) return;
+        AddPagesFor(newUpperBound);
+        upperBound = newUpperBound;
+    }
+
+    // Drops the elements above this upper bound.
+    void CutTo(Index newUpperBound) noexcept {
+        for (Index index = newUpperBound + 1; index <= upperBound; ++index) {
+            std::memset(static_cast<void*>(&(*this)[index]), 0, sizeof(Record));
+        }
+        upperBound = std::min(upperBound, newUpperBound);
+    }
+
+    // Back to the empty array: the upper bound 0, element 0 never filled, the memory given back.
+    void Reset() {
+        pages.clear();
+        pages.shrink_to_fit();
+        upperBound = 0;
+        AddPagesFor(0);
+    }
+
+    PagedArray() { AddPagesFor(0); }
+
+ private:
+    static constexpr std::size_t pageBytes = std::size_t{1} << 18;
+    static constexpr std::size_t perPage = std::bit_floor(std::max<std::size_t>(1, pageBytes / sizeof(Record)));
+    static constexpr int shift = std::countr_zero(perPage);
+
+    static std::size_t PageOf(Index index) noexcept { return static_cast<std::size_t>(index) >> shift; }
+    static std::size_t PlaceOf(Index index) noexcept { return static_cast<std::size_t>(index) & (perPage - 1); }
+
+    void AddPagesFor(Index index) {
+        while (pages.size() <= PageOf(index)) {
+            // calloc: a large block comes from the system zeroed, so that a page is touched only when it is filled.
+            Page page(static_cast<Record*>(std::calloc(perPage, sizeof(Record))));
+            if (!page) throw RuntimeError(errors::outOfMemory);
+            pages.push_back(std::move(page));
+        }
+    }
+
+    struct Free {
+        void operator()(Record* records) const noexcept { std::free(records); }
+    };
+    using Page = std::unique_ptr<Record, Free>;
+
+    std::vector<Page> pages;
+    Index upperBound = 0;
+};
+
+}  // namespace korvande

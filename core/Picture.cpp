@@ -1,0 +1,141 @@
+#include "core/Picture.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "core/RuntimeError.h"
+
+namespace korvande {
+
+namespace {
+
+constexpr int significantDigits = 15;
+constexpr std::array<double, 16> powersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+// A rounded number: digits without a point, of which the last `decimals` stand behind it.
+struct Rounded {
+    bool negative = false;
+    std::string digits;
+};
+
+void AddOne(std::string& digits) {
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+        if (*digit != '9') {
+            ++*digit;
+            return;
+        }
+        *digit = '0';
+    }
+    digits.insert(digits.begin(), '1');
+}
+
+// The rule itself, for any value: 15 significant digits, then halves away from zero.
+Rounded RoundByDigits(double value, int decimals) {
+    std::array<char, 32> scientific{};
+    const auto end = std::to_chars(scientific.data(), scientific.data() + scientific.size(), std::fabs(value),
+                                   std::chars_format::scientific, significantDigits - 1)
+                         .ptr;
+    std::string digits;
+    const char* at = scientific.data();
+    for (; *at != 'e'; ++at) {
+        if (*at != '.') digits.push_back(*at);
+    }
+    ++at;
+    if (*at == '+') ++at;
+    int exponent = 0;
+    std::from_chars(at, end, exponent);
+
+    const int kept = exponent + 1 + decimals;  // digits that stay
+    bool up = false;
+    if (kept < 0) {
+        digits.clear();
+    } else if (kept < significantDigits) {
+        up = digits[static_cast<std::size_t>(kept)] >= '5';
+        digits.resize(static_cast<std::size_t>(kept));
+    } else {
+        digits.append(static_cast<std::size_t>(kept - significantDigits), '0');
+    }
+    if (up) AddOne(digits);
+    const bool zero = digits.find_first_not_of('0') == std::string::npos;
+    return {std::signbit(value) && !zero, digits};
+}
+
+Rounded Round(double value, int decimals) {
+    std::int64_t scaled = 0;
+    if (ScaledDecimal(value, decimals, scaled)) {
+        std::array<char, 24> buffer{};
+        char* const end = buffer.data() + buffer.size();
+        char* const begin = WriteDigitsBackwards(end, static_cast<std::uint64_t>(scaled < 0 ? -scaled : scaled));
+        return {scaled < 0, std::string(begin, end)};
+    }
+    if (!std::isfinite(value)) throw RuntimeError(errors::overflow);
+    return RoundByDigits(value, decimals);
+}
+
+}  // namespace
+
+bool ScaledDecimal(double value, int decimals, std::int64_t& scaled) {
+    constexpr double fastLimit = 1e11;
+    constexpr double doubt = 1e-3;
+    const double size = std::fabs(value) * powersOfTen[static_cast<std::size_t>(decimals)];
+    if (size < fastLimit) {
+        // Both the product and the 15-digit form lie within 10^-4 of the value here, so away from a half all agree.
+        const double below = std::floor(size);
+        const double rest = size - below;
+        if (std::fabs(rest - 0.5) > doubt) {
+            const auto whole = static_cast<std::int64_t>(below) + (rest > 0.5 ? 1 : 0);
+            scaled = std::signbit(value) ? -whole : whole;
+            return true;
+        }
+    }
+    if (!(size < powersOfTen[significantDigits])) return false;
+    const Rounded rounded = RoundByDigits(value, decimals);
+    std::int64_t whole = 0;
+    for (const char digit : rounded.digits) whole = whole * 10 + (digit - '0');
+    scaled = rounded.negative ? -whole : whole;
+    return true;
+}
+
+char* WriteDigitsBackwards(char* end, std::uint64_t number) noexcept {
+    do {
+        *--end = static_cast<char>('0' + number % 10);
+        number /= 10;
+    } while (number != 0);
+    return end;
+}
+
+void AppendDecimal(std::string& text, double value, int integerDigits, int decimals) {
+    Rounded rounded = Round(value, decimals);
+    const auto least = static_cast<std::size_t>(integerDigits + decimals);
+    if (rounded.digits.size() < least) rounded.digits.insert(0, least - rounded.digits.size(), '0');
+    // A picture without a "0" before the point writes no integer digit for a value below 1.
+    if (rounded.negative) text.push_back('-');
+    const std::size_t integers = rounded.digits.size() - static_cast<std::size_t>(decimals);
+    std::size_t first = 0;
+    while (first + static_cast<std::size_t>(integerDigits) < integers && rounded.digits[first] == '0') ++first;
+    text.append(rounded.digits, first, integers - first);
+    if (decimals > 0) {
+        text.push_back('.');
+        text.append(rounded.digits, integers);
+    }
+}
+
+std::string FormatPicture(double value, std::string_view picture) {
+    constexpr std::string_view digitMarks = "0#.";
+    const std::size_t begin = std::min(picture.find_first_of(digitMarks), picture.size());
+    const std::size_t end = std::min(picture.find_first_not_of(digitMarks, begin), picture.size());
+    const std::string_view marks = picture.substr(begin, end - begin);
+    const std::size_t point = std::min(marks.find('.'), marks.size());
+    const auto integerDigits = std::count(marks.begin(), marks.begin() + static_cast<std::ptrdiff_t>(point), '0');
+    const auto decimals = marks.size() - std::min(point + 1, marks.size());
+
+    std::string text(picture.substr(0, begin));
+    if (!marks.empty()) AppendDecimal(text, value, static_cast<int>(integerDigits), static_cast<int>(decimals));
+    text.append(picture.substr(end));
+    return text;
+}
+
+}  // namespace korvande

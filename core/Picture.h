@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// Numbers by picture. A number is taken in its decimal form of 15 significant digits and rounded from there, halves
+// away from zero; a result of all zeros carries no minus sign.
+namespace korvande {
+
+// value × 10^decimals as a whole number by that rule. Returns false, and leaves the result alone, when the value is too
+// large for it (10^15 and more after scaling) or no finite number.
+bool ScaledDecimal(double value, int decimals, std::int64_t& scaled);
+
+// Appends the number with this many decimals and at least `integerDigits` digits before the point; the point and a
+// minus sign directly before the first digit as needed. Error 6 for a value that is no finite number.
+void AppendDecimal(std::string& text, double value, int integerDigits, int decimals);
+
+// The number by a picture: "0" is a digit always written, "#" a digit written only when it is needed, "." the decimal
+// point; any other character, before or behind the digits, stands for itself. A minus sign goes directly before the
+// first digit.
+std::string FormatPicture(double value, std::string_view picture);
+
+// The decimal digits of a whole number below 10^15 written backwards from `end`; returns the first digit's place.
+char* WriteDigitsBackwards(char* end, std::uint64_t number) noexcept;
+
+}  // namespace korvande

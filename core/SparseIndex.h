@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace korvande {
+
+// An array of 32-bit numbers with the elements 0 to UpperBound(), all 0 until set, whose memory follows the number of
+// elements set and not the highest: a lone element 2,000,000,000 costs as much as a lone element 1. Elements are kept
+// in blocks of sixteen, found through a hash table; neighbours are found without it.
+class SparseIndex {
+ public:
+    std::int32_t UpperBound() const noexcept { return upperBound; }
+
+    // The element; error 9 when the number lies outside 0 to UpperBound().
+    std::int32_t operator[](std::int32_t number) const;
+
+    // The element, 0 also for a number outside 0 to UpperBound().
+    std::int32_t Find(std::int32_t number) const noexcept;
+
+    // Sets the element, growing the array to the number; error 9 for a negative number.
+    void Set(std::int32_t number, std::int32_t value);
+
+    void Reset();
+
+ private:
+    static constexpr int shift = 4;
+    static constexpr std::int32_t blockSize = 1 << shift;
+    static constexpr std::uint32_t none = 0xFFFFFFFF;
+
+    struct Block {
+        std::int32_t key;
+        std::array<std::int32_t, blockSize> values;
+    };
+
+    std::uint32_t BlockOf(std::int32_t key) const noexcept;
+    std::size_t SlotOf(std::int32_t key) const noexcept;
+    void AddBlock(std::int32_t key);
+    void GrowSlots();
+
+    std::int32_t upperBound = 0;
+    std::vector<Block> blocks;
+    std::vector<std::uint32_t> slots;        // the hash table: places in `blocks`
+    mutable std::uint32_t lastBlock = none;  // most references are to the block of the one before
+};
+
+}  // namespace korvande

@@ -1,0 +1,79 @@
+#include "core/modScreen.h"
+
+#include <chrono>
+#include <utility>
+
+#include "core/RuntimeError.h"
+
+namespace korvande {
+
+namespace {
+
+class NoScreen : public Screen {
+ public:
+    void ShowStatus(TextView) override {}
+    void ShowProgressMaximum(std::int64_t) override {}
+    void ShowProgressValue(std::int64_t) override {}
+    void PumpEvents() override {}
+    void ShowBusy(bool) override {}
+    Answer ShowMessage(const MessageBox& box) override {
+        return box.buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
+    }
+    bool ViewTextFile(TextView) override { return false; }
+};
+
+NoScreen noScreen;
+Screen* currentScreen = &noScreen;
+
+using SteadyClock = std::chrono::steady_clock;
+constexpr auto shownEvery = std::chrono::milliseconds(50);
+
+// Records between two looks at the clock.
+constexpr unsigned recordsPerLook = 128;
+unsigned recordsSinceLook = 0;
+SteadyClock::time_point lastShown;
+
+bool IsTimeToShow() {
+    if (++recordsSinceLook < recordsPerLook) return false;
+    recordsSinceLook = 0;
+    const auto now = SteadyClock::now();
+    if (now - lastShown < shownEvery) return false;
+    lastShown = now;
+    return true;
+}
+
+}  // namespace
+
+Screen& TheScreen() noexcept { return *currentScreen; }
+
+ScreenInUse::ScreenInUse(Screen& screen) noexcept : previous(std::exchange(currentScreen, &screen)) {}
+
+ScreenInUse::~ScreenInUse() { currentScreen = previous; }
+
+void BeginProgress(std::int64_t maximum) {
+    TheScreen().ShowProgressMaximum(maximum);
+    TheScreen().PumpEvents();
+}
+
+void StepProgress(std::int64_t value) {
+    if (!IsTimeToShow()) return;
+    TheScreen().ShowProgressValue(value);
+    TheScreen().PumpEvents();
+}
+
+void ProcessEvents() {
+    if (IsTimeToShow()) TheScreen().PumpEvents();
+}
+
+void ShowMessage(TextView text, Icon icon, TextView title) {
+    TheScreen().ShowMessage({Text(text), Text(title), icon, Buttons::Ok});
+}
+
+bool AskRetry(TextView name, TextView verb) {
+    const RuntimeError error = CurrentError();
+    const Text text =
+        Concat(u"Kon bestand: '", name, u"' niet ", verb, u";\nFoutcode: ", error.Number(), u"\n", error.Description());
+    return TheScreen().ShowMessage({text, u"KORVANDE", Icon::None, Buttons::RetryCancel}) == Answer::Retry;
+}
+
+}  // namespace korvande

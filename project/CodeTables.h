@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "core/FixedText.h"
+
+// The code tables: LISCAD codes to LKI codes and back, one table each for points, lines and texts.
+namespace korvande {
+
+struct CodeRow {
+    std::int32_t Count;  // lookups of the current run that ended on this row
+    FixedText<7> LiscadCode;
+    FixedText<7> LkiCode;
+    FixedText<7> Type;  // not used in the texts table
+    FixedText<43> Description;
+    std::int16_t P;
+    std::int16_t I;
+    std::int16_t B;
+};
+using PointCodeRow = CodeRow;
+using LineCodeRow = CodeRow;
+using TextCodeRow = CodeRow;
+
+using CodeKey = FixedText<7>;
+
+// The type words that a translation interprets.
+namespace types {
+inline constexpr TextView point = u"PUNT";
+inline constexpr TextView rotatedPoint = u"ROT.PNT";
+inline constexpr TextView symbol = u"SYMBOOL";
+inline constexpr TextView controlPoint = u"GRONDSL";
+inline constexpr TextView line = u"LIJN";
+inline constexpr TextView boundary = u"GRENS";
+inline constexpr TextView dummy = u"DUMMY";
+}  // namespace types
+
+// Finds rows by one of their two codes. Of rows with the same code the lowest in the table (the last) is found; row 0,
+// the unknown row, is never searched and is the answer when nothing matches. A one-entry memory answers a code asked
+// twice in a row; other codes go through a hash of the table.
+class CodeLookup {
+ public:
+    explicit CodeLookup(FixedText<7> CodeRow::*codeField) : field(codeField) {}
+
+    std::int32_t Find(const std::vector<CodeRow>& rows, const CodeKey& key);
+
+    // Forgets the memory and the hash: the table has changed.
+    void Forget() noexcept;
+
+    // How many searches were made, for the memory answers without one.
+    std::int64_t SearchCount() const noexcept { return searches; }
+
+ private:
+    void BuildHash(const std::vector<CodeRow>& rows);
+    std::size_t SlotOf(const std::vector<CodeRow>& rows, const CodeKey& key) const noexcept;
+
+    FixedText<7> CodeRow::*field;
+    std::vector<std::int32_t> slots;  // row numbers; 0: free
+    bool remembers = false;
+    CodeKey lastKey{};
+    std::int32_t lastRow = 0;
+    std::int64_t searches = 0;
+};
+
+// One of the three tables: its letter in the tally of unknown codes ("P", "L" or "T") and its rows, row 0 the unknown
+// row. A table that lost every row answers lookups with 0 and counts nothing.
+struct CodeTable {
+    explicit CodeTable(char16_t tableLetter) : letter(tableLetter) {}
+
+    char16_t letter;
+    std::vector<CodeRow> rows;
+    CodeLookup byLiscad{&CodeRow::LiscadCode};
+    CodeLookup byLki{&CodeRow::LkiCode};
+
+    // Forgets the lookups' memories; to be called whenever rows or their codes changed.
+    void RowsChanged() noexcept;
+};
+
+CodeTable& PointCodes();
+CodeTable& LineCodes();
+CodeTable& TextCodes();
+
+// The lookups: the row of the code, 0 when it is unknown. Each adds 1 to the row's count and, when the code is unknown
+// and chkExportUnknowns is set, to the tally of unknown codes. The first three, by LISCAD code, serve the export; the
+// others, by LKI code, the import.
+std::int32_t LookupPointByLiscadCode(const CodeKey& code);
+std::int32_t LookupLineByLiscadCode(const CodeKey& code);
+std::int32_t LookupTextByLiscadCode(const CodeKey& code);
+std::int32_t LookupPointCode(const CodeKey& lkiCode);
+std::int32_t LookupLineCode(const CodeKey& lkiCode);
+std::int32_t LookupTextCode(const CodeKey& lkiCode);
+
+}  // namespace korvande

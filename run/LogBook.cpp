@@ -1,0 +1,72 @@
+#include "run/LogBook.h"
+
+#include <algorithm>
+
+#include "run/RunValues.h"
+
+namespace korvande {
+
+void LogBook::Open(TextView name) {
+    file.Open(name);
+    column = 1;
+    errorCount = 0;
+}
+
+void LogBook::Close() { file.Close(); }
+
+void LogBook::WriteLine(TextView text) {
+    Write(text);
+    EndLine();
+}
+
+void LogBook::WriteEmptyLines(int count) {
+    if (column > 1) EndLine();
+    for (int i = 0; i < count; ++i) EndLine();
+}
+
+void LogBook::Write(TextView text) {
+    if (!IsOpen()) return;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find_first_of(u"\r\n", at), text.size());
+        file.Put(ToWindows1252(text.substr(at, end - at)));
+        column += static_cast<int>(end - at);
+        if (end == text.size()) return;
+        const bool pair = text.substr(end, 2) == u"\r\n";
+        EndLine();
+        at = end + (pair ? 2 : 1);
+    }
+}
+
+void LogBook::WriteAtColumn(int atColumn, TextView text) {
+    if (atColumn > column) Write(Text(static_cast<std::size_t>(atColumn - column), u' '));
+    Write(text);
+}
+
+void LogBook::EndLine() {
+    if (IsOpen()) file.PutLine({});
+    column = 1;
+}
+
+void LogBook::WriteError(TextView message) {
+    Text line = Concat(u"FOUT:  ", message);
+    std::replace_if(
+        line.begin(), line.end(), [](char16_t c) { return c == u'\r' || c == u'\n'; }, u' ');
+    ++errorCount;
+    WriteLine(line);
+}
+
+void LogBook::WriteEscapedError(const RuntimeError& error) noexcept {
+    try {
+        const std::int64_t line = CurrentInputLine();
+        WriteError(line > 0 ? Concat(error.Description(), u" (regel ", line, u")") : error.Description());
+    } catch (const std::exception&) {
+        ++errorCount;
+    }
+}
+
+LogBook& LogFile() noexcept {
+    static LogBook logBook;
+    return logBook;
+}
+
+}  // namespace korvande

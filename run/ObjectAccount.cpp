@@ -1,0 +1,49 @@
+#include "run/ObjectAccount.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace korvande {
+
+namespace {
+
+constexpr std::array<TextView, objectKinds> kindNames = {u"Punten", u"Lijnsegmenten", u"Teksten", u"Veelhoeken"};
+
+constexpr std::array<TextView, leftOutReasons> reasonNames = {
+    u"onbekende code",      u"type DUMMY",  u"ander type",       u"ander lijntype",      u"lege tekst",
+    u"buiten de rechthoek", u"zonder code", u"record ontbreekt", u"verwijst naar niets", u"wordt niet vertaald"};
+
+}  // namespace
+
+std::int64_t KindAccount::LeftOutTotal() const noexcept {
+    return std::accumulate(leftOut.begin(), leftOut.end(), std::int64_t{0});
+}
+
+bool ObjectAccount::Balances() const noexcept {
+    return std::all_of(kinds.begin(), kinds.end(), [](const KindAccount& kind) { return kind.Balances(); });
+}
+
+Text ObjectAccount::Summary() const {
+    Text summary;
+    for (std::size_t kind = 0; kind < objectKinds; ++kind) {
+        const KindAccount& account = kinds[kind];
+        if (account.read == 0) continue;
+        AppendTo(summary, Concat(kindNames[kind], u": ", account.read, u" gelezen, ", account.written, u" geschreven, ",
+                                 account.LeftOutTotal(), u" weggelaten"));
+        TextView separator = u" (";
+        for (std::size_t reason = 0; reason < leftOutReasons; ++reason) {
+            if (account.leftOut[reason] == 0) continue;
+            AppendTo(summary, Concat(separator, account.leftOut[reason], u" ", reasonNames[reason]));
+            separator = u", ";
+        }
+        AppendTo(summary, separator == u", " ? TextView(u")\n") : TextView(u"\n"));
+    }
+    return summary;
+}
+
+ObjectAccount& TheAccount() noexcept {
+    static ObjectAccount account;
+    return account;
+}
+
+}  // namespace korvande

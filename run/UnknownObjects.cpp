@@ -1,0 +1,60 @@
+#include "run/UnknownObjects.h"
+
+#include <algorithm>
+
+#include "core/Picture.h"
+#include "core/modKORVANDE.h"
+#include "run/LogBook.h"
+
+namespace korvande {
+
+namespace {
+
+constexpr int firstColumn = 20;
+constexpr int columnWidth = 15;
+constexpr int lineWidth = 80;
+
+TextView HeadingOf(char16_t tableLetter) {
+    switch (tableLetter) {
+        case u'T':
+            return u"Tekstelementen:";
+        case u'P':
+            return u"Puntobjecten:";
+        default:
+            return u"Lijnobjecten:";
+    }
+}
+
+}  // namespace
+
+void WriteUnknownObjectOverview() {
+    LogBook& log = LogFile();
+    auto& entries = TheDrawing().UnknownCodes.Entries();
+    // Keys occur once, so any sorting puts them in the same order.
+    std::sort(entries.begin(), entries.end(),
+              [](const UnknownCodeRec& a, const UnknownCodeRec& b) { return a.Code.View() < b.Code.View(); });
+    if (!entries.empty()) {
+        log.WriteLine();
+        log.WriteLine(u"Overzicht onbekende objecten:");
+    }
+    char16_t letter = u'\0';
+    int column = firstColumn;
+    for (const UnknownCodeRec& entry : entries) {
+        const TextView key = entry.Code.View();
+        if (key[0] != letter) {
+            letter = key[0];
+            log.WriteEmptyLines(2);
+            log.Write(HeadingOf(letter));
+            column = firstColumn;
+        }
+        if (column >= lineWidth || log.Column() > column) {
+            log.EndLine();
+            column = firstColumn;
+        }
+        log.WriteAtColumn(column, Concat(key.substr(1), FormatPicture(entry.Count, "(#0)")));
+        column += columnWidth;
+    }
+    log.WriteEmptyLines(2);
+}
+
+}  // namespace korvande

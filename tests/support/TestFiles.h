@@ -1,0 +1,53 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/Text.h"
+
+namespace korvande::testing {
+
+// A folder of its own for a test, removed with everything in it at the end.
+class TestFolder {
+ public:
+    TestFolder();
+    TestFolder(const TestFolder&) = delete;
+    TestFolder& operator=(const TestFolder&) = delete;
+    ~TestFolder();
+
+    // The name of a file in the folder.
+    Text operator/(std::string_view name) const { return FromUtf8(path + "/" + std::string(name)); }
+    const std::string& Path() const noexcept { return path; }
+
+    // Writes a file of these bytes and returns its name.
+    Text Write(std::string_view name, std::string_view bytes) const;
+
+    // The names in the folder, sorted, separated by blanks.
+    std::string Listing() const;
+
+ private:
+    std::string path;
+};
+
+// A file's bytes; a test failure and "" when it cannot be read.
+std::string FileBytes(TextView name);
+bool FileIsThere(TextView name);
+
+// Sets an environment variable (or unsets it) as long as this object lives.
+class EnvironmentValue {
+ public:
+    EnvironmentValue(const char* variable, std::optional<std::string> value);
+    EnvironmentValue(const EnvironmentValue&) = delete;
+    EnvironmentValue& operator=(const EnvironmentValue&) = delete;
+    ~EnvironmentValue();
+
+ private:
+    std::string name;
+    std::optional<std::string> previous;
+};
+
+// Lines with CR LF behind each.
+std::string WithCrLf(std::string_view linesWithLf);
+
+}  // namespace korvande::testing
