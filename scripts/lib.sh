@@ -1,6 +1,7 @@
+# shellcheck shell=bash
 # What the scripts share; each sources it first. Puts them in the repository's root folder.
 
-cd "$(dirname "${BASH_SOURCE[0]}")/.."
+cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 
 jobs=$(nproc)
 
