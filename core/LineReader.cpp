@@ -44,7 +44,7 @@ void LineReader::Open(TextView name) {
 void LineReader::Close() noexcept {
     file.reset();
     at = end = nextLineFeed = nextReturn = 0;
-    atEnd = utf8 = false;
+    atEnd = utf8 = failed = false;
     blockStart = lineNumber = length = 0;
 }
 
@@ -78,7 +78,10 @@ bool LineReader::FillMore() {
     if (buffer.size() - end < blockSize) buffer.resize(std::max(buffer.size() * 2, end + blockSize));
     const std::size_t count = std::fread(buffer.data() + end, 1, blockSize, file.get());
     if (count == 0) {
-        if (std::ferror(file.get()) != 0) throw RuntimeError(ErrorNumberOf(errno));
+        if (std::ferror(file.get()) != 0) {
+            failed = true;
+            throw RuntimeError(ErrorNumberOf(errno));
+        }
         atEnd = true;
         if (end > at && buffer[end - 1] == endOfFileMark) --end;
         return false;

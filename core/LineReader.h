@@ -31,6 +31,9 @@ class LineReader {
     // is not open is error 52, a read that fails the run-time error of its cause.
     bool Next(std::string_view& line);
 
+    // Whether a read has failed, rather than come to the end.
+    bool HasFailed() const noexcept { return failed; }
+
     // The number of the line read last, counted from 1; 0 before the first.
     std::int64_t LineNumber() const noexcept { return lineNumber; }
 
@@ -48,6 +51,7 @@ class LineReader {
     std::size_t end = 0;           // behind the last byte read
     std::size_t nextLineFeed = 0;  // the first of its kind at or behind `at`, or how far it was looked for
     std::size_t nextReturn = 0;
+    bool failed = false;
     bool atEnd = false;  // the file has no more bytes
     bool utf8 = false;
     std::string converted;

@@ -1,0 +1,93 @@
+#include "core/Numbers.h"
+#include "core/RuntimeError.h"
+#include "core/modKORVANDE.h"
+#include "core/modScreen.h"
+#include "core/modStrings.h"
+#include "idex/IdexFile.h"
+#include "run/ObjectAccount.h"
+
+namespace korvande {
+
+namespace {
+
+// Grows the lines array to a line number; the records in between are blank. A number far beyond what the rows read so
+// far account for is no line number.
+void GrowLinesTo(std::int32_t lineNo, std::int64_t rowsRead) {
+    constexpr std::int32_t alwaysAllowed = 1'000'000;
+    if (lineNo < 0 || (lineNo > alwaysAllowed && lineNo > 10 * rowsRead)) {
+        throw RuntimeError(errors::subscriptOutOfRange);
+    }
+    auto& lines = TheDrawing().Lines;
+    const std::int32_t first = lines.UpperBound() + 1;
+    lines.GrowTo(lineNo);
+    for (std::int32_t index = first; index <= lineNo; ++index) {
+        lines[index].Code = TextView();
+        lines[index].Description = TextView();
+    }
+}
+
+void ReadEdges(IdexFile& file, std::string_view headerLine) {
+    enum { lineNo, startPt, endPt, lineType };
+    ShowStatus(u"Inlezen Lijnsegmenten");
+    IdexTable table(file, {"LINENO", "STARTPT", "ENDPT", "LINETYPE"});
+    table.ReadHeader(headerLine);
+    Drawing& drawing = TheDrawing();
+    std::string_view row;
+    while (file.NextRow(row)) {
+        if (StartsWith(row, "EXTRAINFO")) {
+            file.SkipBlock();
+            continue;
+        }
+        table.Split(row);
+        const std::int32_t line = LeadingWholeNumber(table.Field(lineNo));
+        const std::int32_t start = drawing.PointIndex[StrictWholeNumber(table.Field(startPt))];
+        const std::int32_t end = drawing.PointIndex[StrictWholeNumber(table.Field(endPt))];
+        EdgeRec& edge = drawing.Edges.Append();
+        edge.LineNo = line;
+        edge.StartPt = start;
+        edge.EndPt = end;
+        edge.LineType.Assign(table.Field(lineType), true);
+    }
+    ShowStatus(u"Inlezen Lijnstrings");
+}
+
+}  // namespace
+
+void ReadLines(IdexFile& file, std::string_view keywordLine) {
+    enum { lineNo, code, description, flags1, flags2 };
+    ShowStatus(u"Inlezen Lijnstrings");
+    IdexTable table(file, {"LINENO", "CODE", "DESCRIPTION", "FLAGS1", "FLAGS2"});
+    table.ReadHeader(keywordLine);
+    auto& lines = TheDrawing().Lines;
+    std::int64_t rowsRead = 0;
+    std::string_view row;
+    while (file.NextRow(row)) {
+        if (StartsWith(row, "EDGES")) {
+            ReadEdges(file, std::string(row));
+            continue;
+        }
+        table.Split(row);
+        const std::int32_t number = LeadingWholeNumber(table.Field(lineNo));
+        GrowLinesTo(number, ++rowsRead);
+        LineRec& line = lines[number];
+        AssignUnquoted(line.Code, table.Field(code));
+        AssignUnquoted(line.Description, table.Field(description));
+        line.Flags1 = BinaryToFlags(table.Field(flags1));
+        line.Flags2 = BinaryToFlags(table.Field(flags2));
+    }
+}
+
+void ReadOverPolygons(IdexFile& file, std::string_view keywordLine) {
+    ShowStatus(u"Inlezen Veelhoeken");
+    IdexTable(file, {"LINENO", "CODE", "DESCRIPTION"}).ReadHeader(keywordLine);
+    ObjectAccount& account = TheAccount();
+    std::string_view row;
+    while (file.NextRow(row)) {
+        // A nested EDGES block ends the table at its own END; what follows is then read over as unknown keywords.
+        if (StartsWith(row, "EDGES")) return file.SkipBlock();
+        ++account[ObjectKind::Polygon].read;
+        account.Leave(ObjectKind::Polygon, LeftOut::NotTranslated);
+    }
+}
+
+}  // namespace korvande

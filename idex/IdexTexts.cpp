@@ -1,0 +1,116 @@
+#include <cmath>
+#include <limits>
+
+#include "core/Numbers.h"
+#include "core/RuntimeError.h"
+#include "core/modKORVANDE.h"
+#include "core/modScreen.h"
+#include "core/modStrings.h"
+#include "idex/IdexFile.h"
+#include "run/LogBook.h"
+#include "run/RunValues.h"
+
+namespace korvande {
+
+namespace {
+
+constexpr std::int32_t highestTextBox = 1'000'000;
+
+// A text box, where its items are placed.
+struct TextBox {
+    bool isDeclared = false;
+    std::int32_t anchorPointNo = 0;
+    std::int16_t anchorPosition = 0;
+    float direction = 0;  // grads
+    FixedText<7> layer{};
+};
+using TextBoxes = std::vector<TextBox>;
+
+float SingleFloat(std::string_view field) {
+    const double value = LeadingNumber(field);
+    if (std::fabs(value) > std::numeric_limits<float>::max()) throw RuntimeError(errors::overflow);
+    return static_cast<float>(value);
+}
+
+// Reads on to the line that starts with the keyword, which the text table must have.
+std::string SkipToTable(IdexFile& file, std::string_view keyword) {
+    std::string line;
+    if (!file.SkipToStart(keyword, line)) throw RuntimeError(errors::inputPastEnd);
+    return line;
+}
+
+TextBoxes ReadBoxes(IdexFile& file) {
+    enum { anchorPointNo, anchorPosition, hzDirection, layerNo };
+    IdexTable table(file, {"ANCHORPOINTNO", "ANCHORPOSITION", "HZDIRECTION", "LAYERNO"});
+    table.ReadHeader(SkipToTable(file, "BOX_ON_POINT"));
+    const auto& layerNames = TheDrawing().LayerNames;
+    TextBoxes boxes;
+    std::string_view row;
+    while (file.NextRow(row)) {
+        table.Split(row);
+        const std::int32_t number = LeadingWholeNumber(row);
+        if (number < 0 || number > highestTextBox) throw RuntimeError(errors::subscriptOutOfRange);
+        TextBox box;
+        box.isDeclared = true;
+        box.anchorPointNo = LeadingWholeNumber(table.Field(anchorPointNo));
+        box.anchorPosition = WholeNumber16(LeadingNumber(table.Field(anchorPosition)));
+        box.direction = SingleFloat(table.Field(hzDirection));
+        const std::int32_t layer = LeadingWholeNumber(table.Field(layerNo));
+        if (layer < 0 || static_cast<std::size_t>(layer) >= layerNames.size()) {
+            throw RuntimeError(errors::subscriptOutOfRange);
+        }
+        box.layer = layerNames[static_cast<std::size_t>(layer)];
+        if (static_cast<std::size_t>(number) >= boxes.size()) boxes.resize(static_cast<std::size_t>(number) + 1);
+        boxes[static_cast<std::size_t>(number)] = box;
+    }
+    return boxes;
+}
+
+void AppendText(const TextBoxes& boxes, std::int32_t boxNo, std::string_view item) {
+    const bool isDeclared = boxNo >= 0 && static_cast<std::size_t>(boxNo) < boxes.size() &&
+                            boxes[static_cast<std::size_t>(boxNo)].isDeclared;
+    if (!isDeclared) throw RuntimeError(errors::subscriptOutOfRange);
+    const TextBox& box = boxes[static_cast<std::size_t>(boxNo)];
+    TextRec& text = TheDrawing().Texts.Append();
+    text.AnchorPointNo = box.anchorPointNo;
+    text.AnchorPosition = box.anchorPosition;
+    text.HzDirection = box.direction;
+    text.Code = box.layer.View();
+    AssignUnquoted(text.Text, item, Letters::AsTheyAre);
+}
+
+// A further line of a text joins the text before it.
+void ContinueText(std::string_view item) {
+    auto& texts = TheDrawing().Texts;
+    if (texts.UpperBound() == 0) {
+        LogFile().WriteError(Concat(u"Tekstregel zonder tekst (regel ", CurrentInputLine(), u")"));
+        return;
+    }
+    TextRec& text = texts[texts.UpperBound()];
+    text.Text = Concat(text.Text.Trimmed(), u" ", StripQuotes(item));
+}
+
+void ReadItems(IdexFile& file, const TextBoxes& boxes) {
+    enum { textBoxNo, lineNo, textItem };
+    IdexTable table(file, {"TEXTBOXNO", "LINENO", "TEXTITEM"});
+    table.ReadHeader(SkipToTable(file, "ITEMS"));
+    std::string_view row;
+    while (file.NextRow(row)) {
+        table.Split(row);
+        const std::string_view item = table.Field(textItem);
+        if (LeadingNumber(table.Field(lineNo)) == 1) {
+            AppendText(boxes, LeadingWholeNumber(table.Field(textBoxNo)), item);
+        } else {
+            ContinueText(item);
+        }
+    }
+}
+
+}  // namespace
+
+void ReadTexts(IdexFile& file) {
+    ShowStatus(u"Inlezen Teksten");
+    ReadItems(file, ReadBoxes(file));
+}
+
+}  // namespace korvande
