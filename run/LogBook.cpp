@@ -12,7 +12,13 @@ void LogBook::Open(TextView name) {
     errorCount = 0;
 }
 
-void LogBook::Close() { file.Close(); }
+void LogBook::Close() noexcept {
+    try {
+        file.Close();
+    } catch (const RuntimeError&) {
+        file.Abandon();
+    }
+}
 
 void LogBook::WriteLine(TextView text) {
     Write(text);
@@ -28,7 +34,7 @@ void LogBook::Write(TextView text) {
     if (!IsOpen()) return;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find_first_of(u"\r\n", at), text.size());
-        file.Put(ToWindows1252(text.substr(at, end - at)));
+        Put(ToWindows1252(text.substr(at, end - at)));
         column += static_cast<int>(end - at);
         if (end == text.size()) return;
         const bool pair = text.substr(end, 2) == u"\r\n";
@@ -43,7 +49,7 @@ void LogBook::WriteAtColumn(int atColumn, TextView text) {
 }
 
 void LogBook::EndLine() {
-    if (IsOpen()) file.PutLine({});
+    Put("\r\n");
     column = 1;
 }
 
@@ -55,12 +61,18 @@ void LogBook::WriteError(TextView message) {
     WriteLine(line);
 }
 
-void LogBook::WriteEscapedError(const RuntimeError& error) noexcept {
+void LogBook::WriteEscapedError(const RuntimeError& error) {
+    const std::int64_t line = CurrentInputLine();
+    WriteError(line > 0 ? Concat(error.Description(), u" (regel ", line, u")") : error.Description());
+}
+
+// A log book that cannot be written does not end the run: the drawing comes first.
+void LogBook::Put(std::string_view bytes) {
+    if (!IsOpen() || HasFailed()) return;
     try {
-        const std::int64_t line = CurrentInputLine();
-        WriteError(line > 0 ? Concat(error.Description(), u" (regel ", line, u")") : error.Description());
-    } catch (const std::exception&) {
-        ++errorCount;
+        file.Put(bytes);
+    } catch (const RuntimeError&) {
+        return;
     }
 }
 

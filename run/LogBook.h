@@ -16,7 +16,8 @@ class LogBook {
     // Creates the file; a run-time error when that fails. The count of errors starts at 0.
     void Open(TextView name);
     bool IsOpen() const noexcept { return file.IsOpen(); }
-    void Close();
+    bool HasFailed() const noexcept { return file.HasFailed(); }
+    void Close() noexcept;
 
     // Ends the line with this text. A carriage return or a line feed inside it becomes CR LF.
     void WriteLine(TextView text = {});
@@ -37,9 +38,8 @@ class LogBook {
     // "FOUT:  " and the message, with its line breaks as blanks; counted.
     void WriteError(TextView message);
 
-    // The line for an error that escaped a reader or writer, with the line of the input when one was being read. When
-    // the log book itself cannot take it, nothing more can be done.
-    void WriteEscapedError(const RuntimeError& error) noexcept;
+    // The line for an error that escaped a reader or writer, with the line of the input when one was being read.
+    void WriteEscapedError(const RuntimeError& error);
 
     std::int64_t ErrorCount() const noexcept { return errorCount; }
 
