@@ -44,6 +44,8 @@ class LogBook {
     std::int64_t ErrorCount() const noexcept { return errorCount; }
 
  private:
+    void Put(std::string_view bytes);
+
     LineWriter file;
     int column = 1;  // where the next character goes
     std::int64_t errorCount = 0;
