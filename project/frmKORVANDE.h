@@ -99,6 +99,9 @@ struct FormKORVANDE {
     // Called when values have changed by other hands than the window's.
     std::function<void()> changed;
 
+    // Closes the window, which ends the program.
+    std::function<void()> unload;
+
     // Select one option of a group; the others are cleared.
     void SelectReport(bool FormKORVANDE::*option) noexcept;
     void SetDateOption(bool FormKORVANDE::*option, bool value) noexcept;
