@@ -1,0 +1,76 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "core/RuntimeError.h"
+#include "core/Text.h"
+
+// The records of NEN1878 and SUF2 files. A logical record begins with its two-character type and may be longer than
+// the 62 columns of data that a physical line has; columns 63-64 carry the end code. What follows here serves both
+// variants; TheRun().ExportNen tells which one is written.
+namespace korvande {
+
+// A logical record, or a field of one, while it is built: Windows-1252 bytes kept in place. The longest record, a line
+// segment with all its fields, has 112.
+class RecordText {
+ public:
+    static constexpr std::size_t capacity = 160;
+
+    std::string_view View() const noexcept { return {bytes.data(), size}; }
+    bool IsEmpty() const noexcept { return size == 0; }
+    void Clear() noexcept { size = 0; }
+
+    // Appends the parts one behind the other: bytes, or a text as Windows-1252. Error 9 beyond the capacity.
+    template <class... Parts>
+    void Put(const Parts&... parts) {
+        (Append(parts), ...);
+    }
+
+    // Appends a letter and a length (metres) in whole millimetres, right-aligned in nine columns; of a longer number
+    // the rightmost nine characters remain. Error 6 when it is no finite number of millimetres.
+    void PutMillimetres(char letter, double metres);
+
+ private:
+    void Append(std::string_view part) { std::memcpy(Room(part.size()), part.data(), part.size()); }
+    void Append(TextView part);
+
+    char* Room(std::size_t wanted) {
+        if (wanted > capacity - size) throw RuntimeError(errors::subscriptOutOfRange);
+        char* const place = bytes.data() + size;
+        size += wanted;
+        return place;
+    }
+
+    std::array<char, capacity> bytes{};
+    std::size_t size = 0;
+};
+
+// Writes the buffer with the tail behind it to the run's output, in as many lines as it takes; of the closing flag only
+// the last decimal digit counts (1 for the record that closes an object's group or a header block). Nothing is written
+// when the buffer is empty or holds a bare record type. A record of 63 to 65 characters is one line and loses what is
+// behind column 62. The buffer is to be emptied by the caller.
+void WriteRecord(RecordText& buffer, std::string_view tail, int closingFlag);
+
+// The closing record of a file.
+void WriteClosingRecord();
+
+// N (10 columns; with chkExportPointnoAsField, unless the name is blank), X (10), Y (10) and Z (10; with chkExport3D,
+// unless the height is 0) of the point with this index; 0 is the drawing's scratch point.
+RecordText FormatCoordinates(std::int32_t pointIndex);
+
+// The quality field: the last decimal digits of P, I and B in columns 4, 7 and 10.
+std::string FormatQuality(int P, int I, int B);
+
+// "D " and yyyymmdd of the drawing's fieldwork date. Empty when there is none; one that is no date is told in the log
+// book and left out.
+std::string FormatFieldworkDate();
+
+// The owner's source in 10 columns, blank when there is none.
+std::string FormatSourceBlock();
+
+}  // namespace korvande
