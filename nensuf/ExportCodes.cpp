@@ -1,0 +1,50 @@
+#include "nensuf/ExportCodes.h"
+
+#include "nensuf/RecordLayout.h"
+
+namespace korvande {
+
+namespace {
+
+bool IsSymbolType(TextView type) { return type == types::rotatedPoint || type == types::symbol; }
+
+bool IsPointType(TextView type) { return type == types::controlPoint || type == types::point || IsSymbolType(type); }
+
+bool IsLineType(TextView type) { return type == types::line || type == types::boundary; }
+
+bool IsTextType(TextView type) { return type != types::dummy; }
+
+// One byte for each character, so that a field keeps its columns.
+std::string FieldBytes(TextView field) {
+    std::string bytes;
+    for (const char16_t character : field) bytes.push_back(ToWindows1252(character));
+    return bytes;
+}
+
+ExportCodes PrepareCodes(const CodeTable& table, bool (*isWritten)(TextView type)) {
+    ExportCodes codes;
+    codes.reserve(table.rows.size() + 1);
+    for (const CodeRow& row : table.rows) {
+        const TextView type = row.Type.TrimmedRight();
+        ExportCode& code = codes.emplace_back();
+        code.lkiCode = FieldBytes(row.LkiCode.View());
+        code.description = FieldBytes(row.Description.View());
+        if (row.P != 0 || row.I != 0 || row.B != 0) code.quality = FormatQuality(row.P, row.I, row.B);
+        code.isWritten = isWritten(type);
+        code.isSymbol = IsSymbolType(type);
+        code.reason = type == types::dummy ? LeftOut::Dummy : LeftOut::OtherType;
+    }
+    if (codes.empty()) codes.emplace_back();
+    codes.front().reason = LeftOut::UnknownCode;
+    return codes;
+}
+
+}  // namespace
+
+ExportCodes PreparePointCodes() { return PrepareCodes(PointCodes(), IsPointType); }
+
+ExportCodes PrepareLineCodes() { return PrepareCodes(LineCodes(), IsLineType); }
+
+ExportCodes PrepareTextCodes() { return PrepareCodes(TextCodes(), IsTextType); }
+
+}  // namespace korvande
