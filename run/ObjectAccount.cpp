@@ -7,11 +7,13 @@ namespace korvande {
 
 namespace {
 
-constexpr std::array<TextView, objectKinds> kindNames = {u"Punten", u"Lijnsegmenten", u"Teksten", u"Veelhoeken"};
+constexpr std::array<TextView, objectKinds> kindNames = {u"Punten",  u"Lijnstrings", u"Lijnsegmenten",   u"Bogen",
+                                                         u"Teksten", u"Veelhoeken",  u"Overige objecten"};
 
 constexpr std::array<TextView, leftOutReasons> reasonNames = {
-    u"onbekende code",      u"type DUMMY",  u"ander type",       u"ander lijntype",      u"lege tekst",
-    u"buiten de rechthoek", u"zonder code", u"record ontbreekt", u"verwijst naar niets", u"wordt niet vertaald"};
+    u"onbekende code",   u"type DUMMY",          u"ander type",          u"ander lijntype",
+    u"lege tekst",       u"buiten de rechthoek", u"zonder code",         u"zonder coördinaten",
+    u"record ontbreekt", u"ongeldige boog",      u"verwijst naar niets", u"wordt niet vertaald"};
 
 }  // namespace
 
@@ -21,6 +23,10 @@ std::int64_t KindAccount::LeftOutTotal() const noexcept {
 
 bool ObjectAccount::Balances() const noexcept {
     return std::all_of(kinds.begin(), kinds.end(), [](const KindAccount& kind) { return kind.Balances(); });
+}
+
+void ObjectAccount::KeptAreWritten() noexcept {
+    for (KindAccount& kind : kinds) kind.written += kind.kept;
 }
 
 Text ObjectAccount::Summary() const {

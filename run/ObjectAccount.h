@@ -10,8 +10,8 @@
 // reason. Read = written + left out: no object vanishes unaccounted for.
 namespace korvande {
 
-enum class ObjectKind { Point, LineSegment, TextObject, Polygon };
-inline constexpr std::size_t objectKinds = 4;
+enum class ObjectKind { Point, LineString, LineSegment, Arc, TextObject, Polygon, Other };
+inline constexpr std::size_t objectKinds = 7;
 
 enum class LeftOut {
     UnknownCode,
@@ -21,14 +21,17 @@ enum class LeftOut {
     EmptyText,
     OutsideRectangle,
     NoCode,
+    NoCoordinates,
     MissingRecord,
+    InvalidArc,    // fewer than three points
     NoReference,   // it refers to a point or line string that was never read
     NotTranslated  // a kind of object that no translation carries over
 };
-inline constexpr std::size_t leftOutReasons = 10;
+inline constexpr std::size_t leftOutReasons = 12;
 
 struct KindAccount {
     std::int64_t read = 0;
+    std::int64_t kept = 0;  // taken into the drawing, to be written
     std::int64_t written = 0;
     std::array<std::int64_t, leftOutReasons> leftOut{};
 
@@ -46,6 +49,9 @@ class ObjectAccount {
     }
 
     bool Balances() const noexcept;
+
+    // What was kept in the drawing has been written.
+    void KeptAreWritten() noexcept;
 
     // One line per kind that occurs, in Dutch.
     Text Summary() const;

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
+#include "core/Clock.h"
 #include "core/LineWriter.h"
 #include "core/Text.h"
 
@@ -37,6 +39,7 @@ struct RunValues {
 
     // From the header of a NEN1878/SUF2 file.
     Text ProjectName;
+    std::optional<DateTime> ProjectDate;
 
     // The output file; the import opens it and the IDEX writer goes on with it.
     LineWriter output;

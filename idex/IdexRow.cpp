@@ -1,0 +1,91 @@
+#include "idex/IdexRow.h"
+
+#include <array>
+#include <cstring>
+
+#include "core/Picture.h"
+
+namespace korvande {
+
+namespace {
+
+char InsideQuotes(char byte) noexcept { return byte == '"' ? '\'' : byte == ';' ? ',' : byte; }
+
+char ToByte(char16_t character) noexcept {
+    return character < 0x80 ? static_cast<char>(character) : ToWindows1252(character);
+}
+
+// The digits of |scaled| with a point before the last `decimals`, and a minus sign when it is negative.
+std::string_view WithPoint(std::int64_t scaled, int decimals, std::array<char, 32>& buffer) {
+    char* const end = buffer.data() + buffer.size();
+    char* digits = WriteDigitsBackwards(end, static_cast<std::uint64_t>(scaled < 0 ? -scaled : scaled));
+    while (end - digits <= decimals) *--digits = '0';
+    // The digits before the point move one place ahead to make room for it.
+    char* const point = end - decimals - 1;
+    std::memmove(digits - 1, digits, static_cast<std::size_t>(end - decimals - digits));
+    *point = '.';
+    --digits;
+    if (scaled < 0) *--digits = '-';
+    return {digits, static_cast<std::size_t>(end - digits)};
+}
+
+}  // namespace
+
+IdexRow& IdexRow::Put(std::string_view bytes) noexcept {
+    std::memcpy(at, bytes.data(), bytes.size());
+    at += bytes.size();
+    return *this;
+}
+
+IdexRow& IdexRow::PutWhole(std::int32_t number) noexcept {
+    std::array<char, 16> buffer{};
+    char* const end = buffer.data() + buffer.size();
+    const std::int64_t value = number;
+    char* digits = WriteDigitsBackwards(end, static_cast<std::uint64_t>(value < 0 ? -value : value));
+    if (value < 0) *--digits = '-';
+    return Put({digits, static_cast<std::size_t>(end - digits)});
+}
+
+IdexRow& IdexRow::PutPrinted(std::int32_t number) noexcept {
+    if (number >= 0) Put(" ");
+    return PutWhole(number).Put(" ");
+}
+
+IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
+    std::array<char, 32> buffer;
+    std::string general;
+    std::string_view number;
+    std::int64_t scaled = 0;
+    if (ScaledDecimal(value, decimals, scaled)) {
+        number = WithPoint(scaled, decimals, buffer);
+    } else {
+        AppendDecimal(general, value, 1, decimals);
+        number = general;
+    }
+    number = number.substr(0, width);
+    Put(number);
+    std::memset(at, ' ', width - number.size());
+    at += width - number.size();
+    return *this;
+}
+
+IdexRow& IdexRow::PutQuoted(TextView value) noexcept {
+    *at++ = '"';
+    for (const char16_t character : value) *at++ = InsideQuotes(ToByte(character));
+    *at++ = '"';
+    return *this;
+}
+
+IdexRow& IdexRow::PutQuoted(std::string_view value) noexcept {
+    *at++ = '"';
+    for (const char byte : value) *at++ = InsideQuotes(byte);
+    *at++ = '"';
+    return *this;
+}
+
+void IdexRow::End() noexcept {
+    Put("\r\n");
+    output.Advance(static_cast<std::size_t>(at - begin));
+}
+
+}  // namespace korvande

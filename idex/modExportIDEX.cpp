@@ -1,0 +1,206 @@
+#include "idex/modExportIDEX.h"
+
+#include "core/Numbers.h"
+#include "core/RuntimeError.h"
+#include "core/modKORVANDE.h"
+#include "core/modScreen.h"
+#include "core/modStrings.h"
+#include "idex/IdexRow.h"
+#include "run/CodeStatistics.h"
+#include "run/LogBook.h"
+#include "run/ObjectAccount.h"
+#include "run/RunValues.h"
+#include "run/UnknownObjects.h"
+
+namespace korvande {
+
+namespace {
+
+// The head of the file, up to the project's name.
+constexpr std::string_view headerStart =
+    "HEADER\r\n"
+    "  VERSION     1.20\r\n"
+    "  SYSTEM      \"NEN1878 - LISCAD 7.00\"\r\n"
+    "  SEPARATOR   ','\r\n"
+    "  TERMINATOR  ';'\r\n"
+    "  UNITS\r\n"
+    "    ANGULAR   GRADS\r\n"
+    "    LINEAR    METRE\r\n"
+    "    TEMP      CELSIUS\r\n"
+    "    PRESS     HPA\r\n"
+    "    TIME      DMY\r\n"
+    "  END UNITS\r\n"
+    "  PROJECT\r\n";
+
+constexpr std::string_view definitions =
+    "  END PROJECT\r\n"
+    "END HEADER\r\n"
+    "\r\n"
+    "\r\n"
+    "DEFINITIONS\r\n"
+    "  LAYERS (LayerNo,Name,Flags)\r\n"
+    "    0,  \"STNDRD\",   00000001;\r\n"
+    "  END LAYERS\r\n"
+    "END DEFINITIONS\r\n"
+    "\r\n"
+    "\r\n"
+    "DATABASE\r\n";
+
+void WriteHeader(LineWriter& output) {
+    ShowStatus(u"Wegschrijven Header");
+    const RunValues& run = TheRun();
+    output.Put(headerStart);
+    const std::string name = ToWindows1252(Trim(run.ProjectName));
+    IdexRow(output).Put("    NAME          ").PutQuoted(name).End();
+    if (run.ProjectDate) {
+        const std::string date = ConvertFieldworkDate(CompactDate(*run.ProjectDate));
+        IdexRow(output).Put("    CREATION_DATE ").Put(date).Put("/00:00:00.0").End();
+    }
+    output.Put(definitions);
+}
+
+// The point's name without its blanks; QuotedPointID's quotes are put again around what may stand inside them.
+std::string_view WithoutQuotes(const std::string& quoted) {
+    return std::string_view(quoted).substr(1, quoted.size() - 2);
+}
+
+void WritePoints(LineWriter& output) {
+    constexpr std::size_t lengthWidth = 15;
+    constexpr std::size_t directionWidth = 9;
+    ShowStatus(u"Wegschrijven punten");
+    const auto& points = TheDrawing().Points;
+    BeginProgress(points.UpperBound());
+    output.PutLine("  POINTS (PointNo,PointID,East,North,Elevation,Code,Description,SymDir)");
+    for (std::int32_t index = 1; index <= points.UpperBound(); ++index) {
+        StepProgress(index);
+        const std::string id = QuotedPointID(index);
+        const PointRec& point = points[index];
+        IdexRow row(output);
+        row.Put("    ").PutWhole(index).Put(",").PutQuoted(WithoutQuotes(id)).Put(",");
+        row.PutDecimal(point.East, 4, lengthWidth).Put(",");
+        row.PutDecimal(point.North, 4, lengthWidth).Put(",");
+        row.PutDecimal(point.Elevation, 4, lengthWidth).Put(",");
+        row.PutQuoted(point.Code.TrimmedRight()).Put(",");
+        row.PutQuoted(point.Description.TrimmedRight()).Put(",");
+        row.PutDecimal(point.SymDir, 4, directionWidth).Put(";").End();
+    }
+    output.PutLine("  END POINTS");
+}
+
+void WriteLines(LineWriter& output) {
+    ShowStatus(u"Wegschrijven lijnstrings");
+    const auto& lines = TheDrawing().Lines;
+    if (lines.UpperBound() == 0) return;
+    BeginProgress(lines.UpperBound());
+    output.PutLine({});
+    output.PutLine("  LINES (LineNo,Code,Flags1,Flags2)");
+    for (std::int32_t lineNo = 1; lineNo <= lines.UpperBound(); ++lineNo) {
+        StepProgress(lineNo);
+        const LineRec& line = lines[lineNo];
+        IdexRow row(output);
+        row.Put("    ").PutWhole(lineNo).Put(",").PutQuoted(line.Code.Trimmed()).Put(",");
+        row.Put(FlagsToBinary(line.Flags1)).Put(",").Put(FlagsToBinary(line.Flags2)).Put(";").End();
+    }
+}
+
+void WriteEdges(LineWriter& output) {
+    ShowStatus(u"Wegschrijven lijnsegmenten");
+    const auto& edges = TheDrawing().Edges;
+    if (edges.UpperBound() == 0) return;
+    BeginProgress(edges.UpperBound());
+    output.PutLine({});
+    output.PutLine("    EDGES (LineNo,StartPt,StartPtID,EndPt,EndPtID,LINETYPE)");
+    for (std::int32_t index = 1; index <= edges.UpperBound(); ++index) {
+        StepProgress(index);
+        const EdgeRec& edge = edges[index];
+        const std::string startId = QuotedPointID(edge.StartPt);
+        const std::string endId = QuotedPointID(edge.EndPt);
+        IdexRow row(output);
+        row.Put("      ").PutWhole(edge.LineNo).Put(",");
+        row.PutWhole(edge.StartPt).Put(", ").PutQuoted(WithoutQuotes(startId)).Put(",");
+        row.PutWhole(edge.EndPt).Put(", ").PutQuoted(WithoutQuotes(endId)).Put(",");
+        row.Put(ToWindows1252(edge.LineType.View())).Put(";").End();
+    }
+    output.PutLine("    END EDGES");
+}
+
+void WriteTextBoxes(LineWriter& output) {
+    const auto& texts = TheDrawing().Texts;
+    output.PutLine({});
+    output.PutLine("  TEXT");
+    output.PutLine("    PROPERTIES (TextPropertyNo)");
+    output.PutLine("        1;");
+    output.PutLine("    END PROPERTIES");
+    output.PutLine({});
+    output.PutLine("    BOXES");
+    output.PutLine("      BOX_ON_POINT (TextBoxNo,AnchorPointNo,AnchorPosition,LayerNo,HzDirection)");
+    for (std::int32_t index = 1; index <= texts.UpperBound(); ++index) {
+        StepProgress(index);
+        const TextRec& text = texts[index];
+        IdexRow row(output);
+        row.Put("          ").PutWhole(index).Put(",").PutPrinted(text.AnchorPointNo).Put(",");
+        row.PutPrinted(text.AnchorPosition).Put(", 0,");
+        // Two blanks stand before the number, inside the nine columns.
+        row.Put("  ").PutDecimal(text.HzDirection, 3, 7).Put(";").End();
+    }
+    output.PutLine("      END BOX_ON_POINT");
+    output.PutLine("    END BOXES");
+}
+
+// Every text is a box of its own, numbered by its index, with a single item.
+void WriteTexts(LineWriter& output) {
+    ShowStatus(u"Wegschrijven teksten");
+    const auto& texts = TheDrawing().Texts;
+    if (texts.UpperBound() == 0) return;
+    BeginProgress(2 * std::int64_t{texts.UpperBound()});
+    WriteTextBoxes(output);
+    output.PutLine({});
+    output.PutLine("    ITEMS (TextItemNo, TextBoxNo, TextPropertyNo, LineNo, TextItem)");
+    for (std::int32_t index = 1; index <= texts.UpperBound(); ++index) {
+        StepProgress(std::int64_t{texts.UpperBound()} + index);
+        IdexRow row(output);
+        row.Put("          ").PutWhole(index).Put(",").PutPrinted(index).Put(", 1, 1,");
+        row.PutQuoted(texts[index].Text.Trimmed()).Put(";").End();
+    }
+    output.PutLine("    END ITEMS");
+    output.PutLine("  END TEXT");
+    output.PutLine({});
+}
+
+void WriteCount(TextView label, std::int32_t count) { LogFile().WriteLine(Concat(label, Printed(count))); }
+
+void WriteStatistics() {
+    const Drawing& drawing = TheDrawing();
+    LogBook& log = LogFile();
+    log.WriteLine();
+    log.WriteLine(u"IDEX statistiek:");
+    WriteCount(u"IDEX punten:        ", drawing.Points.UpperBound());
+    WriteCount(u"IDEX lijnen:        ", drawing.Lines.UpperBound());
+    WriteCount(u"IDEX lijnsegmenten: ", drawing.Edges.UpperBound());
+    WriteCount(u"IDEX teksten:       ", drawing.Texts.UpperBound());
+    WriteCodeStatistics(u"Geïmporteerde", NoneFor::TablesWithoutUsedRows);
+    log.WriteEmptyLines(2);
+    log.WriteLine(u"Onbekende objecten werden niet geimporteerd.");
+    log.WriteEmptyLines(2);
+    WriteUnknownObjectOverview();
+}
+
+}  // namespace
+
+void WriteIdexFile() {
+    LineWriter& output = TheRun().output;
+    // Without an output there is nothing to say that its failure to open has not said.
+    if (!output.IsOpen()) return;
+    WriteHeader(output);
+    WritePoints(output);
+    WriteLines(output);
+    WriteEdges(output);
+    output.PutLine("  END LINES");
+    WriteTexts(output);
+    output.PutLine("END DATABASE");
+    output.Close();
+    TheAccount().KeptAreWritten();
+    WriteStatistics();
+}
+
+}  // namespace korvande

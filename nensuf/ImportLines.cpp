@@ -1,0 +1,198 @@
+#include <utility>
+
+#include "core/Numbers.h"
+#include "nensuf/ImportRun.h"
+#include "nensuf/modArcFunctions.h"
+#include "run/LogBook.h"
+#include "run/ObjectAccount.h"
+
+namespace korvande {
+
+namespace {
+
+constexpr std::string_view straight = "STRAIGHT";
+constexpr std::string_view arcByCentre = "ARC_CENT";
+constexpr std::int32_t anticlockwiseFlag = 16;
+
+std::int32_t AppendLineString(const LineCodeRow& row) {
+    auto& lines = TheDrawing().Lines;
+    LineRec& line = lines.Append();
+    line.Code = row.LiscadCode.View();
+    line.Description = row.Description.View();
+    return lines.UpperBound();
+}
+
+// A point of a line string: the line's code and description, no number and no height yet.
+PointRec VertexOf(const LineCodeRow& row, double east) {
+    PointRec point{};
+    point.East = east;
+    point.PointID = TextView();
+    point.Code = row.LiscadCode.View();
+    point.Description = row.Description.View();
+    return point;
+}
+
+void AppendEdge(std::int32_t lineNo, std::int32_t start, std::int32_t end, std::string_view lineType) {
+    EdgeRec& edge = TheDrawing().Edges.Append();
+    edge.LineNo = lineNo;
+    edge.StartPt = start;
+    edge.EndPt = end;
+    edge.LineType.Assign(lineType);
+}
+
+PointRec& LastPoint() {
+    auto& points = TheDrawing().Points;
+    return points[points.UpperBound()];
+}
+
+// Looks the group's code up; null when it is unknown and unknown objects are not imported.
+const LineCodeRow* RowOf(const ImportRun& run) {
+    const std::int32_t row = LookupLineCode(KeyOf(run.ObjectCode));
+    if (row == 0 && (!run.withUnknowns || LineCodes().rows.empty())) return nullptr;
+    return &LineCodes().rows[static_cast<std::size_t>(row)];
+}
+
+void ReadLineFields(ImportRun& run, const LineCodeRow& row, std::int32_t lineNo, std::int32_t firstPoint) {
+    std::string_view number;  // of an N field that stands directly before an X field
+    for (const GroupField& field : run.records.GroupFields()) {
+        const std::string_view numberBefore =
+            std::exchange(number, field.Key == 'N' ? field.Value : std::string_view());
+        switch (field.Key) {
+            case 'X': {
+                PointRec point = VertexOf(row, run.frame.X(field.Value));
+                point.PointID.Assign(numberBefore);
+                const std::int32_t index = AddImportedPoint(point);
+                if (index > firstPoint) AppendEdge(lineNo, index - 1, index, straight);
+                break;
+            }
+            case 'Y':
+                LastPoint().North = run.frame.Y(field.Value);
+                break;
+            case 'Z':
+                LastPoint().Elevation = run.frame.Z(field.Value);
+                break;
+            case 'I':
+                if (LeadingNumber(field.Value) == 4) {
+                    LogFile().WriteError(u"Boog in lijnstring wordt niet ondersteund");
+                }
+                break;
+            default:
+                break;
+        }
+    }
+}
+
+// The arcs of one group, each sharing its end point with the start of the next.
+class ArcChain {
+ public:
+    ArcChain(ImportRun& importRun, const LineCodeRow& codeRow)
+        : run(importRun), row(codeRow), lineNo(AppendLineString(row)), arcEnd(TheDrawing().Points.UpperBound() + 3) {}
+
+    void Read() {
+        auto& points = TheDrawing().Points;
+        for (const GroupField& field : run.records.GroupFields()) {
+            switch (field.Key) {
+                case 'X':
+                    AddImportedPoint(VertexOf(row, run.frame.X(field.Value)));
+                    break;
+                case 'Y':
+                    LastPoint().North = run.frame.Y(field.Value);
+                    break;
+                case 'Z':
+                    LastPoint().Elevation = run.frame.Z(field.Value);
+                    break;
+                default:
+                    break;
+            }
+            if (points.UpperBound() > arcEnd) BeginNextArc();
+        }
+        ++account.read;
+        if (points.UpperBound() < arcEnd) {
+            LogFile().WriteError(u"Ongeldige boog");
+            TheAccount().Leave(ObjectKind::Arc, LeftOut::InvalidArc);
+        } else {
+            FinishArc();
+        }
+    }
+
+ private:
+    void BeginNextArc() {
+        ++account.read;
+        FinishArc();
+        arcEnd += 2;
+        auto& lines = TheDrawing().Lines;
+        LineRec& line = lines.Append();
+        line = lines[lineNo];
+        line.Flags1 = 0;  // each arc carries its own direction
+        lineNo = lines.UpperBound();
+    }
+
+    void FinishArc() {
+        Drawing& drawing = TheDrawing();
+        const PointRec& end = drawing.Points[arcEnd];
+        PointRec& middle = drawing.Points[arcEnd - 1];
+        const PointRec& start = drawing.Points[arcEnd - 2];
+        if (run.selection.Excludes(end) || run.selection.Excludes(middle) || run.selection.Excludes(start)) {
+            TheAccount().Leave(ObjectKind::Arc, LeftOut::OutsideRectangle);
+            return;
+        }
+        const ArcCentre arc =
+            ArcCentreFrom3Points({start.East, start.North}, {middle.East, middle.North}, {end.East, end.North});
+        const std::string_view lineType = arc.direction == 0 ? straight : arcByCentre;
+        AppendEdge(lineNo, arcEnd - 2, arcEnd - 1, lineType);
+        AppendEdge(lineNo, arcEnd - 1, arcEnd, lineType);
+        ++account.kept;
+        if (arc.direction == 0) return;
+        middle.East = arc.centre.east;
+        middle.North = arc.centre.north;
+        middle.PointID = TextView();
+        if (arc.direction < 0) drawing.Lines[lineNo].Flags1 = anticlockwiseFlag;
+    }
+
+    ImportRun& run;
+    const LineCodeRow& row;
+    KindAccount& account = TheAccount()[ObjectKind::Arc];
+    std::int32_t lineNo;
+    std::int32_t arcEnd;  // the index of the current arc's third point
+};
+
+}  // namespace
+
+void ImportLineGroup(ImportRun& run) {
+    Drawing& drawing = TheDrawing();
+    ObjectAccount& account = TheAccount();
+    const std::int32_t pointsBefore = drawing.Points.UpperBound();
+    const std::int32_t linesBefore = drawing.Lines.UpperBound();
+    const std::int32_t edgesBefore = drawing.Edges.UpperBound();
+    ++account[ObjectKind::LineString].read;
+    if (!ReadGeometryGroup(run, u"Lijn,")) return account.Leave(ObjectKind::LineString, LeftOut::MissingRecord);
+    const LineCodeRow* const row = RowOf(run);
+    if (row == nullptr) return account.Leave(ObjectKind::LineString, LeftOut::UnknownCode);
+
+    const std::int32_t firstPoint = pointsBefore + 1;
+    ReadLineFields(run, *row, AppendLineString(*row), firstPoint);
+
+    // Only the first point decides: a line that starts inside is kept whole, one that starts outside goes whole.
+    const bool hasPoints = drawing.Points.UpperBound() >= firstPoint;
+    if (run.selection.isOn && (!hasPoints || !run.selection.Contains(drawing.Points[firstPoint]))) {
+        drawing.Points.CutTo(pointsBefore);
+        drawing.Lines.CutTo(linesBefore);
+        drawing.Edges.CutTo(edgesBefore);
+        return account.Leave(ObjectKind::LineString, LeftOut::OutsideRectangle);
+    }
+    ++account[ObjectKind::LineString].kept;
+}
+
+void ImportArcGroup(ImportRun& run) {
+    ObjectAccount& account = TheAccount();
+    const auto leave = [&account](LeftOut reason) {
+        ++account[ObjectKind::Arc].read;
+        account.Leave(ObjectKind::Arc, reason);
+    };
+    if (!ReadGeometryGroup(run, u"Boog;")) return leave(LeftOut::MissingRecord);
+    const LineCodeRow* const row = RowOf(run);
+    if (row == nullptr) return leave(LeftOut::UnknownCode);
+    ArcChain(run, *row).Read();
+}
+
+}  // namespace korvande

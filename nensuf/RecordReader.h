@@ -1,0 +1,56 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/LineReader.h"
+
+namespace korvande {
+
+// A field of a record group: columns 1 and 2-10 of ten.
+struct GroupField {
+    char Key;
+    std::string_view Value;  // nine characters, blank-padded
+};
+
+// Reads a NEN1878 or SUF2 file record by record and group by group, with one record of look-ahead.
+//
+// A record is a line of 64 columns: 1-2 the type, 3-62 the payload, 63-64 the end code, of which "00" says that the
+// next record of the same type goes on with the payload.
+class RecordReader {
+ public:
+    static constexpr std::size_t recordLength = 64;
+    using Record = std::array<char, recordLength>;
+
+    explicit RecordReader(LineReader& lineReader) : file(lineReader) {}
+
+    // The next line as a record of 64 characters: lines below 63 are skipped, of a longer one the last 64 count, one of
+    // 63 lacks its leading zero, and a first character that sorts before "0" is one. At the end of the file "99".
+    void ReadFileRecord(Record& record);
+
+    // Mode 0 reads the next group into the type and the fields. Mode 1 looks at the next record, which stays the next
+    // one; a higher mode takes it. In those modes the record is returned, and stands until the next call.
+    std::string_view ReadRecordGroup(int mode);
+
+    // The group read last: its type (two characters) and its fields, which stand until the next group is read.
+    std::string_view RecordType() const noexcept { return {recordType.data(), recordType.size()}; }
+    const std::vector<GroupField>& GroupFields() const noexcept { return fields; }
+
+    // Whether the next record is of this type (two characters).
+    bool NextIs(std::string_view type) { return ReadRecordGroup(1).starts_with(type); }
+
+ private:
+    void SplitPayload();
+
+    LineReader& file;
+    std::array<char, 2> recordType{};
+    std::string payload;
+    std::vector<GroupField> fields;
+    Record record{};  // the record being read
+    Record lookAhead{};
+    bool hasLookAhead = false;
+};
+
+}  // namespace korvande
