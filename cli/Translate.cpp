@@ -1,0 +1,258 @@
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <optional>
+#include <unordered_set>
+
+#include "cli/Arguments.h"
+#include "cli/Interrupt.h"
+#include "core/ConsoleScreen.h"
+#include "core/Numbers.h"
+#include "host/modFileHandling.h"
+#include "project/CodeTables.h"
+#include "project/frmKORVANDE.h"
+#include "run/LogBook.h"
+#include "run/ObjectAccount.h"
+#include "run/RunValues.h"
+#include "run/TranslateFiles.h"
+
+namespace korvande {
+
+namespace {
+
+// The modes in the order of the mode list.
+struct Mode {
+    std::string_view shortName;
+    std::int16_t direction;
+    TextView extension;         // of an output that goes into a folder
+    TextView derivedExtension;  // of an output whose name follows from the input's
+};
+constexpr std::array<Mode, 4> modes = {{{"idex-nen1878", fromIdex, u"sfn", u"SFN"},
+                                        {"idex-suf2", fromIdex, u"sf2", u"SFN"},
+                                        {"nen1878-idex", toIdex, u"idx", u"IDX"},
+                                        {"suf2-idex", toIdex, u"idx", u"IDX"}}};
+
+// One input with the names that belong to it.
+struct Job {
+    Text input;
+    Text output;
+    Text logBook;  // empty: none
+};
+
+[[noreturn]] void RefuseValue(TextView option, const std::string& value) {
+    throw UsageError{Concat(u"Ongeldige waarde bij ", option, u": ", FromUtf8(value))};
+}
+
+int ModeIndex(const std::string& name) {
+    if (name.empty()) throw UsageError{u"Er ontbreekt een optie: --modus"};
+    for (std::size_t i = 0; i < modes.size(); ++i) {
+        const bool isModeText = FromUtf8(name) == frmKORVANDE().cboXlateMode.items[i];
+        if (isModeText || name == modes[i].shortName) return static_cast<int>(i);
+    }
+    RefuseValue(u"--modus", name);
+}
+
+bool YesOrNo(TextView option, const std::string& value) {
+    if (value != "ja" && value != "nee") RefuseValue(option, value);
+    return value == "ja";
+}
+
+std::optional<Answer> FixedAnswer(const std::string& value) {
+    if (value.empty()) return {};
+    if (value == "ja") return Answer::Yes;
+    if (value == "nee") return Answer::No;
+    if (value == "annuleren") return Answer::Cancel;
+    RefuseValue(u"--antwoord", value);
+}
+
+// Four numbers separated by commas, in the order of the option: the minima, then the maxima.
+void TakeSelection(const std::string& value) {
+    FormKORVANDE& form = frmKORVANDE();
+    const std::array<Text FormKORVANDE::*, 4> boxes = {&FormKORVANDE::txtMinX, &FormKORVANDE::txtMinY,
+                                                       &FormKORVANDE::txtMaxX, &FormKORVANDE::txtMaxY};
+    std::string_view rest = value;
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        const std::size_t end = std::min(rest.find(','), rest.size());
+        const bool isLast = i + 1 == boxes.size();
+        const std::string_view number = rest.substr(0, end);
+        if (!IsNumber(number) || (end == rest.size()) != isLast) RefuseValue(u"--selectie", value);
+        form.*boxes[i] = FromUtf8(number);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    form.chkSelectXY = true;
+}
+
+void TakeSource(const std::string& value) {
+    const int last = static_cast<int>(frmKORVANDE().lstSource.items.size()) - 1;
+    if (value.size() != 1 || value[0] < '0' || value[0] > '0' + last) RefuseValue(u"--bronvermelding", value);
+    frmKORVANDE().lstSource.index = value[0] - '0';
+}
+
+Job JobFor(const TranslateOptions& options, const Mode& mode, const std::string& file) {
+    Job job;
+    job.input = FromUtf8(file);
+    if (!options.outputFolder.empty()) {
+        const Text name = FileNameOf(job.input);
+        const std::size_t dot = name.rfind(u'.');
+        const Text stem = name.substr(0, dot == 0 ? Text::npos : dot);
+        job.output = Concat(FolderWithSeparator(FromUtf8(options.outputFolder)), stem, u".", mode.extension);
+    } else {
+        job.output = options.files.size() > 1 ? FromUtf8(options.files[1])
+                                              : WithLastThreeReplaced(job.input, mode.derivedExtension);
+    }
+    if (options.withoutLogBook) return job;
+    job.logBook = options.logBook.empty() ? WithLastThreeReplaced(job.output, u"LOG") : FromUtf8(options.logBook);
+    return job;
+}
+
+std::vector<Job> JobsFor(const TranslateOptions& options, const Mode& mode) {
+    if (options.files.empty()) throw UsageError{u"Er ontbreekt een invoerbestand."};
+    if (options.withoutLogBook && !options.logBook.empty()) {
+        throw UsageError{u"--logboek en --geen-logboek gaan niet samen."};
+    }
+    if (options.outputFolder.empty() && options.files.size() > 2) {
+        throw UsageError{u"Te veel bestanden; gebruik --uitvoermap om er meer te vertalen."};
+    }
+    if (!options.outputFolder.empty() && options.files.size() > 1 && !options.logBook.empty()) {
+        throw UsageError{u"--logboek gaat samen met een invoerbestand; elk bestand krijgt zijn eigen logboek."};
+    }
+    const std::size_t inputs = options.outputFolder.empty() ? 1 : options.files.size();
+    std::vector<Job> jobs;
+    for (std::size_t i = 0; i < inputs; ++i) jobs.push_back(JobFor(options, mode, options.files[i]));
+    return jobs;
+}
+
+// No run may write over an input, nor two writers over the same file.
+void RefuseClashes(const std::vector<Job>& jobs) {
+    std::unordered_set<std::string> inputs;
+    for (const Job& job : jobs) inputs.insert(FileIdentity(job.input));
+    std::unordered_set<std::string> written;
+    for (const Job& job : jobs) {
+        const std::string output = FileIdentity(job.output);
+        if (inputs.count(output) != 0) {
+            throw UsageError{Concat(u"Invoer en uitvoer zijn hetzelfde bestand:\n", job.output)};
+        }
+        if (!written.insert(output).second) {
+            throw UsageError{Concat(u"Meer dan een invoerbestand krijgt deze uitvoer:\n", job.output)};
+        }
+    }
+    for (const Job& job : jobs) {
+        if (job.logBook.empty()) continue;
+        const std::string logBook = FileIdentity(job.logBook);
+        if (inputs.count(logBook) != 0) {
+            throw UsageError{Concat(u"Invoer en logboek zijn hetzelfde bestand:\n", job.logBook)};
+        }
+        if (!written.insert(logBook).second) {
+            throw UsageError{Concat(u"Uitvoer en logboek zijn hetzelfde bestand:\n", job.logBook)};
+        }
+    }
+}
+
+// Asks on the terminal until the answer is one; the end of the input cancels.
+Answer AskOnTerminal(const MessageBox& box) {
+    while (true) {
+        PrintErrorLine(Concat(box.text, u" [j]a / [n]ee / [a]nnuleren"));
+        const int first = std::getchar();
+        for (int c = first; c != '\n' && c != EOF;) c = std::getchar();
+        switch (first) {
+            case 'j':
+            case 'J':
+                return Answer::Yes;
+            case 'n':
+            case 'N':
+                return Answer::No;
+            case 'a':
+            case 'A':
+            case EOF:
+                return Answer::Cancel;
+            default:
+                break;
+        }
+    }
+}
+
+void PrepareScreen(ConsoleScreen& screen, std::optional<Answer> fixed) {
+    screen.isInterrupted = IsInterrupted;
+    screen.answerQuestion = [fixed](const MessageBox& box) {
+        if (fixed) return *fixed;
+        return ::isatty(STDIN_FILENO) != 0 ? AskOnTerminal(box) : Answer::Yes;
+    };
+}
+
+std::int64_t UnknownObjects() {
+    std::int64_t count = 0;
+    for (const CodeTable* table : {&PointCodes(), &LineCodes(), &TextCodes()}) {
+        if (!table->rows.empty()) count += table->rows.front().Count;
+    }
+    return count;
+}
+
+void PrintResult(const Job& job) {
+    const Drawing& drawing = TheDrawing();
+    PrintLine(Concat(job.output, u": ", drawing.Points.UpperBound(), u" punten, ", drawing.Lines.UpperBound(),
+                     u" lijnstrings, ", drawing.Edges.UpperBound(), u" lijnsegmenten, ", drawing.Texts.UpperBound(),
+                     u" teksten, ", UnknownObjects(), u" onbekende objecten, ", LogFile().ErrorCount(), u" fouten"));
+}
+
+// The finished output takes the place of an earlier one, which until then stayed as it was.
+bool PutInPlace(const Job& job) {
+    const RunValues& run = TheRun();
+    if (run.temporaryOutput.empty()) return true;
+    if (run.outcome.Failed()) {
+        DeleteFileAt(run.temporaryOutput);
+        return false;
+    }
+    if (RenameFileAt(run.temporaryOutput, job.output)) return true;
+    DeleteFileAt(run.temporaryOutput);
+    PrintErrorLine(Concat(u"Kon bestand: '", job.output, u"' niet opslaan;"));
+    return false;
+}
+
+int TranslateOne(const Job& job, const Mode& mode, bool isQuiet) {
+    RunValues& run = TheRun();
+    run.XlateDirection = mode.direction;
+    run.IdexFileName = mode.direction == fromIdex ? job.input : job.output;
+    run.SufNenFileName = mode.direction == fromIdex ? job.output : job.input;
+    run.LogFileName = job.logBook;
+    run.temporaryOutput = IsRegularFileOrMissing(job.output) ? TemporaryNameBeside(job.output) : Text();
+    SaveGridData();
+    TranslateFiles();
+    const bool isInPlace = PutInPlace(job);
+    if (!isInPlace || run.outcome.Failed()) return status::failed;
+    PrintResult(job);
+    if (!isQuiet) PrintErrorLine(TrimRight(TheAccount().Summary()));
+    return LogFile().ErrorCount() > 0 ? status::withErrors : status::done;
+}
+
+}  // namespace
+
+int Translate(const TranslateOptions& options) {
+    const int modeIndex = ModeIndex(options.mode);
+    const Mode& mode = modes[static_cast<std::size_t>(modeIndex)];
+    const std::optional<Answer> answer = FixedAnswer(options.answer);
+    const std::optional<bool> withUnknowns =
+        options.unknowns.empty() ? std::nullopt : std::optional(YesOrNo(u"--onbekend", options.unknowns));
+    const std::vector<Job> jobs = JobsFor(options, mode);
+
+    ConsoleScreen screen(!options.quiet && ::isatty(STDERR_FILENO) != 0);
+    PrepareScreen(screen, answer);
+    const ScreenInUse inUse(screen);
+    if (!options.selection.empty()) TakeSelection(options.selection);
+    if (!options.source.empty()) TakeSource(options.source);
+    RefuseClashes(jobs);
+    if (!LoadControlTable(options.project)) return status::failed;
+    frmKORVANDE().cboXlateMode.index = modeIndex;
+    if (withUnknowns) frmKORVANDE().chkExportUnknowns = frmKORVANDE().chkImportUnknowns = *withUnknowns;
+
+    int worst = status::done;
+    for (const Job& job : jobs) {
+        const int result = TranslateOne(job, mode, options.quiet);
+        worst = std::max(worst, jobs.size() > 1 && result == status::failed ? status::withErrors : result);
+        if (IsInterrupted()) break;
+    }
+    return worst;
+}
+
+}  // namespace korvande

@@ -1,0 +1,145 @@
+#include <clocale>
+#include <cstdio>
+
+#include <CLI/CLI.hpp>
+
+#include "cli/Arguments.h"
+#include "cli/Interrupt.h"
+#include "core/ConsoleScreen.h"
+#include "project/frmKORVANDE.h"
+
+namespace korvande {
+
+namespace {
+
+void DescribeTranslate(CLI::App& command, TranslateOptions& options) {
+    command.usage(
+        "Gebruik: korvande-cli vertaal --modus MODUS [opties] INVOER [UITVOER]\n"
+        "         korvande-cli vertaal --modus MODUS --uitvoermap MAP [opties] INVOER...");
+    command
+        .add_option("--modus", options.mode,
+                    "idex-nen1878, idex-suf2, nen1878-idex, suf2-idex, of de tekst van de modus "
+                    "(\"IDEX >> NEN1878\", ...)")
+        ->option_text("MODUS");
+    command.add_option("--project", options.project, "controletabel; zonder: de standaardinstellingen")
+        ->option_text("P.nst");
+    command.add_option("--logboek", options.logBook, "waar het logboek komt")->option_text("L");
+    command.add_flag("--geen-logboek", options.withoutLogBook, "er blijft geen logboek over");
+    command.add_option("--antwoord", options.answer, "antwoord op elke vraag over het formaat")
+        ->option_text("ja|nee|annuleren");
+    command.add_option("--selectie", options.selection, "alleen objecten binnen deze rechthoek (meters)")
+        ->option_text("MINX,MINY,MAXX,MAXY");
+    command.add_option("--bronvermelding", options.source, "bronvermelding van het G-veld")->option_text("0..5");
+    command.add_option("--onbekend", options.unknowns, "onbekende objecten wel of niet overnemen")
+        ->option_text("ja|nee");
+    command.add_option("--uitvoermap", options.outputFolder, "vertaal elk invoerbestand naar deze map")
+        ->option_text("MAP");
+    command.add_flag("--stil", options.quiet, "geen voortgang en geen objectbalans");
+    command.add_option("bestanden", options.files, "INVOER en UITVOER, of met --uitvoermap een of meer keer INVOER")
+        ->option_text("INVOER [UITVOER]");
+}
+
+// The part of the library's message behind its colon: the arguments that it is about.
+std::string BehindColon(const std::string& message) {
+    const std::size_t colon = message.find(": ");
+    return colon == std::string::npos ? message : message.substr(colon + 2);
+}
+
+Text InDutch(const CLI::ParseError& error) {
+    const std::string message = error.what();
+    if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
+        return Concat(u"Onbekend argument: ", FromUtf8(BehindColon(message)));
+    }
+    if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+        return u"Er ontbreekt een opdracht of een argument; zie korvande-cli --help";
+    }
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+        return Concat(u"Er ontbreekt een waarde bij ", FromUtf8(message.substr(0, message.find(':'))));
+    }
+    return Concat(u"Verkeerd gebruik: ", FromUtf8(message));
+}
+
+void TranslateHelpTexts(CLI::App& app) {
+    const auto formatter = std::make_shared<CLI::Formatter>();
+    formatter->label("Usage", "Gebruik");
+    formatter->label("OPTIONS", "opties");
+    formatter->label("Options", "Opties");
+    formatter->label("Subcommands", "Opdrachten");
+    formatter->label("SUBCOMMAND", "OPDRACHT");
+    formatter->label("SUBCOMMANDS", "OPDRACHTEN");
+    formatter->label("Positionals", "Argumenten");
+    formatter->label("POSITIONALS", "ARGUMENTEN");
+    formatter->column_width(34);
+    app.formatter(formatter);
+    app.set_help_flag("-h,--help", "toon deze hulp");
+    app.allow_windows_style_options(false);
+}
+
+int RunCommandLine(int argc, char** argv) {
+    CLI::App app("KORVANDE vertaalt meetkundige tekeningen tussen IDEX en NEN1878 of SUF2.", "korvande-cli");
+    TranslateHelpTexts(app);
+    app.require_subcommand(0, 1);
+    bool wantsVersion = false;
+    app.add_flag("--version", wantsVersion, "toon de versie");
+
+    TranslateOptions options;
+    CLI::App& translate = *app.add_subcommand("vertaal", "vertaal een of meer tekeningen");
+    DescribeTranslate(translate, options);
+
+    std::string projectFile;
+    CLI::App& project = *app.add_subcommand("project", "maak of toon een controletabel");
+    project.require_subcommand(1);
+    CLI::App& make = *project.add_subcommand("maak", "schrijf een controletabel met de standaardwaarden");
+    make.add_option("bestand", projectFile, "de nieuwe controletabel")->required()->option_text("P.nst");
+    CLI::App& show = *project.add_subcommand("toon", "toon de instellingen en codetabellen");
+    show.add_option("bestand", projectFile, "de controletabel")->required()->option_text("P.nst");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        const CLI::App* asked = &app;
+        while (!asked->get_subcommands().empty()) asked = asked->get_subcommands().front();
+        PrintLine(FromUtf8(TrimRight(asked->help())));
+        return status::done;
+    } catch (const CLI::ParseError& error) {
+        throw UsageError{InDutch(error)};
+    }
+    if (wantsVersion) {
+        PrintLine(Concat(u"KORVANDE ", VersionText()));
+        return status::done;
+    }
+    if (translate.parsed()) return Translate(options);
+    if (make.parsed()) return MakeProject(projectFile);
+    if (show.parsed()) return ShowProject(projectFile);
+    throw UsageError{u"Er ontbreekt een opdracht; zie korvande-cli --help"};
+}
+
+}  // namespace
+
+void PrintLine(TextView text) {
+    const std::string line = ForTerminal(text) + "\n";
+    std::fwrite(line.data(), 1, line.size(), stdout);
+}
+
+void PrintErrorLine(TextView text) {
+    const std::string line = ForTerminal(text) + "\n";
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+}  // namespace korvande
+
+int main(int argc, char** argv) {
+    using namespace korvande;
+    std::setlocale(LC_ALL, "");
+    CatchInterrupts();
+    try {
+        InitialiseForm();
+        return RunCommandLine(argc, argv);
+    } catch (const UsageError& error) {
+        PrintErrorLine(error.message);
+        return status::wrongUsage;
+    } catch (const std::exception&) {
+        PrintErrorLine(CurrentError().Description());
+        return status::failed;
+    }
+}
