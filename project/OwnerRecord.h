@@ -19,4 +19,8 @@ struct OwnerRec {
 
 OwnerRec& TheOwner() noexcept;
 
+// The record into the owner boxes of the form, without trailing blanks, and the boxes back into the record.
+void ShowOwner();
+void TakeOwner();
+
 }  // namespace korvande

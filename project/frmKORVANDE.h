@@ -110,9 +110,12 @@ struct FormKORVANDE {
 // The form; it lives as long as the program.
 FormKORVANDE& frmKORVANDE();
 
-// The form as it is when the program starts (version label, lists, today as alternative date) with the reset's
-// defaults, the owner record never filled before.
+// The form as it is when the program starts (version label, lists, today as alternative date) with the reset's defaults
+// in tables, grids and owner boxes, the owner record never filled before. Callbacks are set behind it.
 void InitialiseForm();
+
+// The program's version as it shows it: "8.01.064".
+Text VersionText();
 
 // The current project's file name (with ".nst"), and the folder of the project files with its trailing separator.
 Text& CurrentProject();
@@ -122,13 +125,16 @@ Text& ProjectFolder();
 bool& StartedInteractively();
 
 // Puts the built-in defaults in place: one unknown row in each code table, the sample file names, the options. The
-// owner record gets its default only when it was never filled.
+// owner record gets its default only when it was never filled. The grids and owner boxes are not shown anew.
 void ResetProject();
 
 // Resets, then reads a control table file into the owner record, the controls, the code tables and the grids. When it
-// cannot be opened a Retry/Cancel message tells so; after Cancel the reset state stays and the result is false.
-// Malformed lines never stop a load.
+// cannot be opened or read a Retry/Cancel message tells so; after Cancel the reset state stays, in the grids too, and
+// the result is false. Malformed lines never stop a load.
 bool LoadProjectFile(TextView fileName);
+
+// The form as after loading a control table without any key.
+void LoadEmptyProject();
 
 // Takes the grids back into the code tables and writes the control table file anew. False when it could not be written
 // and a person cancelled.
@@ -141,7 +147,8 @@ void ReadINI(LineReader& file, std::string& section, std::string& key, std::stri
 // True exactly for "1", "TRUE" and "YES".
 void INI_TrueFalse(std::string_view value, bool& result) noexcept;
 
-// The code tables into the grids, and back. SaveGridData makes the tables anew, with all counts 0.
+// The code tables into the grids, after which the form's `changed` is called; and the grids into the code tables, made
+// anew with all counts 0.
 void LoadGridData();
 void SaveGridData();
 
