@@ -114,9 +114,11 @@ double Convert(std::string_view text, const Scanned& number) {
     return number.negative ? -value : value;
 }
 
+bool IsWhole(std::string_view text, const Scanned& number) { return number.hasDigits && number.end == text.size(); }
+
 double StrictNumber(std::string_view text) {
     const Scanned number = Scan(text);
-    if (!number.hasDigits || number.end != text.size()) throw RuntimeError(errors::typeMismatch);
+    if (!IsWhole(text, number)) throw RuntimeError(errors::typeMismatch);
     return Convert(text, number);
 }
 
@@ -146,6 +148,11 @@ std::int32_t WholeNumber(double value) { return RoundedTo<std::int32_t>(value); 
 std::int16_t WholeNumber16(double value) { return RoundedTo<std::int16_t>(value); }
 
 std::int32_t StrictWholeNumber(std::string_view text) { return WholeNumber(StrictNumber(Trim(text))); }
+
+bool IsNumber(std::string_view text) {
+    text = Trim(text);
+    return IsWhole(text, Scan(text));
+}
 
 bool StrictBoolean(std::string_view text) {
     const std::string word = ToCapitals(Trim(text));

@@ -23,6 +23,9 @@ std::int16_t WholeNumber16(double value);
 // outside 32 bits.
 std::int32_t StrictWholeNumber(std::string_view text);
 
+// Whether the whole text (without the blanks at its ends) is a number.
+bool IsNumber(std::string_view text);
+
 // The whole text as a truth value: True or False in any case, or a number, true unless it is 0; else error 13.
 bool StrictBoolean(std::string_view text);
 
