@@ -10,6 +10,7 @@
 #include "cli/Interrupt.h"
 #include "core/ConsoleScreen.h"
 #include "core/Numbers.h"
+#include "core/modKORVANDE.h"
 #include "host/modFileHandling.h"
 #include "project/CodeTables.h"
 #include "project/frmKORVANDE.h"

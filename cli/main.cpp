@@ -6,6 +6,7 @@
 #include "cli/Arguments.h"
 #include "cli/Interrupt.h"
 #include "core/ConsoleScreen.h"
+#include "core/RuntimeError.h"
 #include "project/frmKORVANDE.h"
 
 namespace korvande {
@@ -13,9 +14,16 @@ namespace korvande {
 namespace {
 
 void DescribeTranslate(CLI::App& command, TranslateOptions& options) {
-    command.usage(
-        "Gebruik: korvande-cli vertaal --modus MODUS [opties] INVOER [UITVOER]\n"
-        "         korvande-cli vertaal --modus MODUS --uitvoermap MAP [opties] INVOER...");
+    command.footer(
+        "
+korvande-cli vertaal --modus MODUS [opties] INVOER [UITVOER]
+"
+        "korvande-cli vertaal --modus MODUS --uitvoermap MAP [opties] INVOER...
+
+"
+        "Afsluitstatus: 0 alles vertaald; 1 vertaald, maar met fouten in het logboek;
+"
+        "2 verkeerd gebruik; 3 niet vertaald.");
     command
         .add_option("--modus", options.mode,
                     "idex-nen1878, idex-suf2, nen1878-idex, suf2-idex, of de tekst van de modus "
