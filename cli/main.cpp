@@ -15,14 +15,9 @@ namespace {
 
 void DescribeTranslate(CLI::App& command, TranslateOptions& options) {
     command.footer(
-        "
-korvande-cli vertaal --modus MODUS [opties] INVOER [UITVOER]
-"
-        "korvande-cli vertaal --modus MODUS --uitvoermap MAP [opties] INVOER...
-
-"
-        "Afsluitstatus: 0 alles vertaald; 1 vertaald, maar met fouten in het logboek;
-"
+        "korvande-cli vertaal --modus MODUS [opties] INVOER [UITVOER]\n"
+        "korvande-cli vertaal --modus MODUS --uitvoermap MAP [opties] INVOER...\n\n"
+        "Afsluitstatus: 0 alles vertaald; 1 vertaald, maar met fouten in het logboek;\n"
         "2 verkeerd gebruik; 3 niet vertaald.");
     command
         .add_option("--modus", options.mode,
@@ -71,14 +66,13 @@ void TranslateHelpTexts(CLI::App& app) {
     const auto formatter = std::make_shared<CLI::Formatter>();
     formatter->label("Usage", "Gebruik");
     formatter->label("OPTIONS", "opties");
-    formatter->label("Options", "Opties");
-    formatter->label("Subcommands", "Opdrachten");
     formatter->label("SUBCOMMAND", "OPDRACHT");
     formatter->label("SUBCOMMANDS", "OPDRACHTEN");
     formatter->label("Positionals", "Argumenten");
     formatter->label("POSITIONALS", "ARGUMENTEN");
     formatter->column_width(34);
     app.formatter(formatter);
+    app.option_defaults()->group("Opties");
     app.set_help_flag("-h,--help", "toon deze hulp");
     app.allow_windows_style_options(false);
 }
@@ -91,15 +85,16 @@ int RunCommandLine(int argc, char** argv) {
     app.add_flag("--version", wantsVersion, "toon de versie");
 
     TranslateOptions options;
-    CLI::App& translate = *app.add_subcommand("vertaal", "vertaal een of meer tekeningen");
+    CLI::App& translate = *app.add_subcommand("vertaal", "vertaal een of meer tekeningen")->group("Opdrachten");
     DescribeTranslate(translate, options);
 
     std::string projectFile;
-    CLI::App& project = *app.add_subcommand("project", "maak of toon een controletabel");
+    CLI::App& project = *app.add_subcommand("project", "maak of toon een controletabel")->group("Opdrachten");
     project.require_subcommand(1);
-    CLI::App& make = *project.add_subcommand("maak", "schrijf een controletabel met de standaardwaarden");
+    CLI::App& make =
+        *project.add_subcommand("maak", "schrijf een controletabel met de standaardwaarden")->group("Opdrachten");
     make.add_option("bestand", projectFile, "de nieuwe controletabel")->required()->option_text("P.nst");
-    CLI::App& show = *project.add_subcommand("toon", "toon de instellingen en codetabellen");
+    CLI::App& show = *project.add_subcommand("toon", "toon de instellingen en codetabellen")->group("Opdrachten");
     show.add_option("bestand", projectFile, "de controletabel")->required()->option_text("P.nst");
 
     try {
