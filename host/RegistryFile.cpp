@@ -130,7 +130,9 @@ bool IsWithin(TextView name, TextView key) {
 }  // namespace
 
 RegistryFile::RegistryFile(TextView name) : fileName(name) {
-    if (!IsFreeName(name)) lines = SplitLines(WithoutByteOrderMark(FileBytesOf(name)));
+    // A device may have no end.
+    if (!IsRegularFileOrMissing(name)) throw RuntimeError(errors::pathAccess);
+    if (FileExistsAt(name)) lines = SplitLines(WithoutByteOrderMark(FileBytesOf(name)));
     const bool isEmpty = std::all_of(lines.begin(), lines.end(), [](const auto& line) { return Trim(line).empty(); });
     if (isEmpty) {
         lines = {std::string(heading)};
@@ -141,17 +143,16 @@ RegistryFile::RegistryFile(TextView name) : fileName(name) {
 }
 
 void RegistryFile::Save() const {
-    const bool isReplaceable = IsRegularFileOrMissing(fileName);
-    const Text written = isReplaceable ? TemporaryNameBeside(fileName) : fileName;
+    const Text temporary = TemporaryNameBeside(fileName);
     LineWriter file;
     try {
-        file.Open(written);
+        file.Open(temporary);
         for (const std::string& line : lines) file.PutLine(line);
         file.Close();
-        if (isReplaceable && !RenameFileAt(written, fileName)) throw RuntimeError(errors::accessDenied);
-    } catch (const RuntimeError&) {
+        if (!RenameFileAt(temporary, fileName)) throw RuntimeError(errors::accessDenied);
+    } catch (const std::exception&) {
         file.Abandon();
-        if (isReplaceable) DeleteFileAt(written);
+        DeleteFileAt(temporary);
         throw;
     }
 }

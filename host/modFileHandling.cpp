@@ -1,12 +1,14 @@
 #include "host/modFileHandling.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <random>
-#include <system_error>
 #include <utility>
 
+#include "core/LineReader.h"
 #include "core/NativePath.h"
 #include "core/RuntimeError.h"
 #include "core/modScreen.h"
@@ -20,6 +22,8 @@ namespace fs = std::filesystem;
 
 // Paths are exchanged with the library in UTF-8, which no locale changes.
 fs::path PathOf(TextView name) {
+    // The system would take the part before it for the name.
+    if (name.find(u'\0') != TextView::npos) throw RuntimeError(errors::badFileName);
     const std::string native = NativePath(name);
     return {std::u8string(native.begin(), native.end())};
 }
@@ -47,10 +51,6 @@ Result OrOnFailure(Result failure, Action action) {
     } catch (const std::exception&) {
         return failure;
     }
-}
-
-RuntimeError ErrorOf(const std::error_code& code) {
-    return RuntimeError(ErrorNumberOf(code.default_error_condition().value()));
 }
 
 constexpr bool IsSeparator(char16_t character) { return character == u'\\' || character == u'/'; }
@@ -88,14 +88,27 @@ bool Matches(TextView text, TextView pattern) {
     return pattern.find_first_not_of(u'*', inPattern) == TextView::npos;
 }
 
+// The library's copy tells of a full disk no more than that something went wrong.
+void CopyBytes(std::FILE* from, std::FILE* to) {
+    std::vector<char> block(std::size_t{1} << 16);
+    while (const std::size_t count = std::fread(block.data(), 1, block.size(), from)) {
+        if (std::fwrite(block.data(), 1, count, to) != count) throw RuntimeError(ErrorNumberOf(errno));
+    }
+    if (std::ferror(from) != 0 || std::fflush(to) != 0) throw RuntimeError(ErrorNumberOf(errno));
+}
+
 void Copy(TextView source, TextView target) {
-    const fs::path from = PathOf(source);
-    const fs::path to = PathOf(target);
-    if (!fs::exists(from)) throw RuntimeError(errors::fileNotFound);
-    if (!to.parent_path().empty() && !fs::exists(to.parent_path())) throw RuntimeError(errors::pathNotFound);
-    std::error_code problem;
-    fs::copy_file(from, to, fs::copy_options::overwrite_existing, problem);
-    if (problem) throw ErrorOf(problem);
+    if (SameFile(source, target)) throw RuntimeError(errors::pathAccess);
+    const FileHandle from(OpenNativeFile(source, OpenMode::Read));
+    FileHandle to(OpenNativeFile(target, OpenMode::Write));
+    try {
+        CopyBytes(from.get(), to.get());
+    } catch (const RuntimeError&) {
+        // Half a copy is nothing to go on with.
+        to.reset();
+        if (IsRegularFileOrMissing(target)) DeleteFileAt(target);
+        throw;
+    }
 }
 
 void ShowCopyError(TextView source, TextView target, const RuntimeError& error) {
@@ -187,8 +200,6 @@ bool CopyFileWithReport(TextView source, TextView target, bool showError) {
     try {
         Copy(source, target);
         return true;
-    } catch (const std::system_error& error) {
-        if (showError) ShowCopyError(source, target, ErrorOf(error.code()));
     } catch (const std::exception&) {
         if (showError) ShowCopyError(source, target, CurrentError());
     }
