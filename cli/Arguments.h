@@ -11,7 +11,7 @@ namespace korvande {
 // The exit statuses of the console program.
 namespace status {
 inline constexpr int done = 0;
-inline constexpr int withErrors = 1;  // translated, but with errors in the log book
+inline constexpr int withErrors = 1;  // translated, but with errors in the log book; or checked, with problems
 inline constexpr int wrongUsage = 2;
 inline constexpr int failed = 3;  // nothing was translated
 }  // namespace status
@@ -38,6 +38,7 @@ struct TranslateOptions {
 
 // The commands; each returns the exit status. A UsageError is thrown before anything is written.
 int Translate(const TranslateOptions& options);
+int Check(const std::string& project, const std::vector<std::string>& files);
 int MakeProject(const std::string& file);
 int ShowProject(const std::string& file);
 

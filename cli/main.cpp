@@ -88,6 +88,14 @@ int RunCommandLine(int argc, char** argv) {
     CLI::App& translate = *app.add_subcommand("vertaal", "vertaal een of meer tekeningen")->group("Opdrachten");
     DescribeTranslate(translate, options);
 
+    std::string checkProject;
+    std::vector<std::string> checkFiles;
+    CLI::App& check =
+        *app.add_subcommand("controleer", "lees bestanden en noem hun codes en problemen")->group("Opdrachten");
+    check.add_option("--project", checkProject, "controletabel; zonder: de standaardinstellingen")
+        ->option_text("P.nst");
+    check.add_option("bestanden", checkFiles, "IDEX, NEN1878 of SUF2 bestanden")->required()->option_text("INVOER...");
+
     std::string projectFile;
     CLI::App& project = *app.add_subcommand("project", "maak of toon een controletabel")->group("Opdrachten");
     project.require_subcommand(1);
@@ -112,6 +120,7 @@ int RunCommandLine(int argc, char** argv) {
         return status::done;
     }
     if (translate.parsed()) return Translate(options);
+    if (check.parsed()) return Check(checkProject, checkFiles);
     if (make.parsed()) return MakeProject(projectFile);
     if (show.parsed()) return ShowProject(projectFile);
     throw UsageError{u"Er ontbreekt een opdracht; zie korvande-cli --help"};

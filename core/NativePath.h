@@ -11,6 +11,9 @@ namespace korvande {
 // is looked for without regard to case.
 std::string NativePath(TextView name);
 
+// The name of the file that takes everything and keeps nothing.
+TextView NullDevice() noexcept;
+
 // How a file is opened; writing creates it or empties it.
 enum class OpenMode { Read, Write, Append };
 

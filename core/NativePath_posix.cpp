@@ -85,6 +85,8 @@ std::string NativePath(TextView name) {
     return FollowCase(path);
 }
 
+TextView NullDevice() noexcept { return u"/dev/null"; }
+
 std::FILE* OpenNativeFile(TextView name, OpenMode mode) {
     const std::string path = NativePath(name);
     if (path.empty() || path.find('\0') != std::string::npos) throw RuntimeError(errors::badFileName);

@@ -118,7 +118,7 @@ void ReadIdexFile() {
         ReadWholeFile(file);
     });
     CurrentInputLine() = 0;
-    WriteDiagnosticFiles();
+    if (TheRun().withDiagnosticFiles) WriteDiagnosticFiles();
 }
 
 }  // namespace korvande

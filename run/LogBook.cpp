@@ -59,6 +59,7 @@ void LogBook::WriteError(TextView message) {
         line.begin(), line.end(), [](char16_t c) { return c == u'\r' || c == u'\n'; }, u' ');
     ++errorCount;
     WriteLine(line);
+    if (onError) onError(message);
 }
 
 void LogBook::WriteEscapedError(const RuntimeError& error) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 #include "core/LineWriter.h"
@@ -42,6 +43,9 @@ class LogBook {
     void WriteEscapedError(const RuntimeError& error);
 
     std::int64_t ErrorCount() const noexcept { return errorCount; }
+
+    // Called with the message of every error, whether the log book is open or not.
+    std::function<void(TextView message)> onError;
 
  private:
     void Put(std::string_view bytes);

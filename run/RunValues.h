@@ -37,6 +37,9 @@ struct RunValues {
     // Where the output's bytes go when that is not its own name (a front end that renames the finished file).
     Text temporaryOutput;
 
+    // Whether the diagnostic files of an IDEX read are written.
+    bool withDiagnosticFiles = true;
+
     // From the header of a NEN1878/SUF2 file.
     Text ProjectName;
     std::optional<DateTime> ProjectDate;
