@@ -1,0 +1,218 @@
+#include "run/RunTranslation.h"
+
+#include <filesystem>
+
+#include "host/modFileHandling.h"
+#include "tests/run/RunTest.h"
+
+namespace korvande::testing {
+
+namespace {
+
+class RunTranslationTest : public RunTest {
+ protected:
+    // Chooses the files and the mode in the form.
+    static void Choose(int mode, const Text& idex, const Text& sufNen) {
+        frmKORVANDE().cboXlateMode.index = mode;
+        frmKORVANDE().txtFileIDEX = idex;
+        frmKORVANDE().txtFileSUFNEN = sufNen;
+    }
+
+    std::string LastMessage() const { return screen.messages.empty() ? "" : screen.messages.back(); }
+};
+
+TEST_F(RunTranslationTest, AnEmptyOutputNameIsTheInputsLessThreeCharactersAndSfn) {
+    const EnvironmentValue drive("KORVANDE_DRIVE_C", folder.Path());
+    std::filesystem::create_directory(folder.Path() + "/DATA");
+    folder.Write("DATA/KAART.IDX", Drawing());
+    Choose(0, u"C:\\DATA\\KAART.IDX", u"  ");
+    RunTranslation();
+    EXPECT_EQ(ToUtf8(TheRun().SufNenFileName), "C:\\DATA\\KAART.SFN");
+    EXPECT_EQ(ToUtf8(TheRun().LogFileName), "C:\\DATA\\KAART.LOG");
+    EXPECT_EQ(ToUtf8(frmKORVANDE().txtFileSUFNEN), "C:\\DATA\\KAART.SFN");
+    EXPECT_TRUE(FileIsThere(folder / "DATA/KAART.SFN"));
+    EXPECT_TRUE(FileIsThere(folder / "DATA/KAART.LOG"));
+}
+
+TEST_F(RunTranslationTest, ADerivedNameReplacesTheLastThreeCharactersWhateverTheyAre) {
+    Choose(0, folder.Write("KAART.IDEX", Drawing()), u"");
+    RunTranslation();
+    EXPECT_EQ(TheRun().SufNenFileName, folder / "KAART.ISFN");
+    EXPECT_TRUE(FileIsThere(folder / "KAART.ISFN"));
+}
+
+TEST_F(RunTranslationTest, TowardsIdexTheNamesAreDerivedFromTheIdexName) {
+    Choose(2, u"", folder.Write("X.NEN", Nen1878()));
+    RunTranslation();
+    EXPECT_EQ(TheRun().IdexFileName, folder / "X.IDX");
+    EXPECT_EQ(TheRun().LogFileName, folder / "X.LOG");
+    EXPECT_EQ(frmKORVANDE().txtFileIDEX, folder / "X.IDX");
+    EXPECT_TRUE(FileIsThere(folder / "X.IDX"));
+    EXPECT_EQ(TheRun().XlateDirection, toIdex);
+}
+
+TEST_F(RunTranslationTest, TheRunIsMarkedWhileItLastsAndSaysWhenItIsDone) {
+    std::string markDuringRun;
+    screen.onPump = [&] { markDuringRun = ToUtf8(frmKORVANDE().runMark); };
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    RunTranslation();
+    EXPECT_EQ(markDuringRun, "XLATE RUNNING");
+    EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "");
+    EXPECT_EQ(LastMessage(), "Verwerking gereed");
+}
+
+TEST_F(RunTranslationTest, AMissingInputStopsTheRunBeforeAnythingIsWrittenAndKeepsTheRunMark) {
+    Choose(0, folder / "weg.idx", folder / "uit.sfn");
+    RunTranslation();
+    EXPECT_EQ(LastMessage(), "Invoerbestand niet gevonden:\n'" + ToUtf8(folder / "weg.idx") + "'");
+    EXPECT_EQ(folder.Listing(), "");
+    EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "XLATE RUNNING");
+}
+
+TEST_F(RunTranslationTest, AMissingNen1878FileIsNamedInTheMessageToo) {
+    Choose(3, u"", folder / "weg.sf2");
+    RunTranslation();
+    EXPECT_EQ(LastMessage(), "Invoerbestand niet gevonden:\n'" + ToUtf8(folder / "weg.sf2") + "'");
+}
+
+TEST_F(RunTranslationTest, ARunAfterAStoppedOneIsAWholeRun) {
+    Choose(0, folder / "weg.idx", folder / "uit.sfn");
+    RunTranslation();
+    folder.Write("weg.idx", Drawing());
+    RunTranslation();
+    EXPECT_EQ(LastMessage(), "Verwerking gereed");
+    EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "");
+}
+
+TEST_F(RunTranslationTest, InputAndOutputThatAreTheSameFileAreRefused) {
+    const Text file = folder.Write("in.idx", Drawing());
+    Choose(0, file, folder / "./in.idx");
+    RunTranslation();
+    EXPECT_EQ(LastMessage(), "Invoer en uitvoer zijn hetzelfde bestand:\n" + ToUtf8(file));
+    EXPECT_EQ(FileBytes(file), Drawing());
+    EXPECT_EQ(folder.Listing(), "in.idx");
+}
+
+TEST_F(RunTranslationTest, ALogBookThatWouldReplaceTheInputIsRefused) {
+    const Text file = folder.Write("in.LOG", Drawing());
+    Choose(0, file, folder / "in.sfn");
+    RunTranslation();
+    EXPECT_EQ(LastMessage(), "Invoer en logboek zijn hetzelfde bestand:\n" + ToUtf8(file));
+    EXPECT_EQ(FileBytes(file), Drawing());
+}
+
+TEST_F(RunTranslationTest, SettingsAndProjectAreSavedBeforeTheRun) {
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    frmKORVANDE().txtMinX = u"42";
+    RunTranslation();
+    EXPECT_NE(FileBytes(folder / "TEST.NST").find("SUFNENFile = "), std::string::npos);
+    Text value;
+    EXPECT_TRUE(ReadRegistryValue(hives::currentUser, u"Software\\TERAMUND\\KORVANDE", u"MinX", value));
+    EXPECT_EQ(ToUtf8(value), "42");
+}
+
+TEST_F(RunTranslationTest, TheGridsAreWhatIsTranslatedWith) {
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    Grid& grid = frmKORVANDE().gridPoints;
+    grid.SetRowCount(3);
+    grid[2] = {u"BOOM", u"S01", u"PUNT", u"Boom", u"0", u"0", u"0"};
+    RunTranslation();
+    EXPECT_NE(FileBytes(folder / "uit.sfn").find("03MS01 "), std::string::npos);
+}
+
+TEST_F(RunTranslationTest, AListingToDiskIsToldWithItsName) {
+    frmKORVANDE().SelectReport(&FormKORVANDE::optReportDisk);
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    RunTranslation();
+    ASSERT_EQ(screen.messages.size(), 2U);
+    EXPECT_EQ(screen.messages[0], "LOGBOEK is opgeslagen in:\n\n" + ToUtf8(folder / "uit.LOG"));
+    EXPECT_TRUE(FileIsThere(folder / "uit.LOG"));
+}
+
+TEST_F(RunTranslationTest, AListingToTheScreenStartsTheViewer) {
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    RunTranslation();
+    EXPECT_EQ(screen.viewed, std::vector<std::string>{ToUtf8(folder / "uit.LOG")});
+    EXPECT_EQ(screen.messages, std::vector<std::string>{"Verwerking gereed"});
+}
+
+TEST_F(RunTranslationTest, AMissingViewerIsToldWithTheLogBooksName) {
+    screen.viewerStarts = false;
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    RunTranslation();
+    ASSERT_EQ(screen.messages.size(), 2U);
+    EXPECT_NE(screen.messages[0].find(ToUtf8(folder / "uit.LOG")), std::string::npos);
+}
+
+TEST_F(RunTranslationTest, WithoutAListingNoLogBookRemains) {
+    frmKORVANDE().SelectReport(&FormKORVANDE::optReportNone);
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    RunTranslation();
+    EXPECT_FALSE(FileIsThere(folder / "uit.LOG"));
+    EXPECT_TRUE(FileIsThere(folder / "uit.sfn"));
+}
+
+TEST_F(RunTranslationTest, ARunStartedByACommandLineUsesItsNamesAndClosesTheWindowWithoutAWord) {
+    StartedInteractively() = false;
+    bool isUnloaded = false;
+    frmKORVANDE().unload = [&] { isUnloaded = true; };
+    frmKORVANDE().cboXlateMode = {{u"Export SUF2"}, 0};
+    TheRun().XlateDirection = fromIdex;
+    TheRun().IdexFileName = folder.Write("in.idx", Drawing());
+    TheRun().SufNenFileName = folder / "uit.sf2";
+    TheRun().LogFileName = folder / "uit.LOG";
+    RunTranslation();
+    EXPECT_TRUE(isUnloaded);
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_NE(FileBytes(folder / "uit.sf2").find("VAIKLI, LisCAD"), std::string::npos);
+}
+
+TEST_F(RunTranslationTest, AnUnknownDirectionIsToldAndNothingRuns) {
+    StartedInteractively() = false;
+    TheRun().XlateDirection = 0;
+    TheRun().IdexFileName = folder.Write("in.idx", Drawing());
+    RunTranslation();
+    EXPECT_EQ(screen.messages, std::vector<std::string>{"Onbekende vertaalrichting."});
+    EXPECT_EQ(folder.Listing(), "in.idx");
+}
+
+TEST_F(RunTranslationTest, ACancelledLogBookEndsTheRunAtOnce) {
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "geen/uit.sfn");
+    RunTranslation();
+    ASSERT_EQ(screen.messages.size(), 1U);
+    EXPECT_EQ(screen.messages[0],
+              "Kon bestand: '" + ToUtf8(folder / "geen/uit.LOG") + "' niet opslaan;\nFoutcode: 76\nPad niet gevonden");
+    EXPECT_EQ(screen.boxes[0].buttons, Buttons::RetryCancel);
+}
+
+TEST_F(RunTranslationTest, RetryOpensTheLogBookAgain) {
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "geen/uit.sfn");
+    screen.answers = {Answer::Retry, Answer::Retry};
+    screen.onMessage = [&] {
+        if (screen.messages.size() == 2) std::filesystem::create_directory(folder.Path() + "/geen");
+    };
+    RunTranslation();
+    ASSERT_EQ(screen.messages.size(), 3U);
+    EXPECT_EQ(screen.messages[0], screen.messages[1]);
+    EXPECT_EQ(screen.messages[2], "Verwerking gereed");
+    EXPECT_TRUE(FileIsThere(folder / "geen/uit.sfn"));
+}
+
+TEST_F(RunTranslationTest, ARunThatIsBrokenOffSaysSoInTheLogBookOnly) {
+    std::string rows;
+    for (int i = 1; i <= 20000; ++i) rows += std::to_string(i) + ",\"\",1,2,0,\"\",\"\",0;\n";
+    const std::string drawing =
+        "HEADER\nEND HEADER\nLAYERS (A)\nEND\nDATABASE\nPOINTS (PointNo,PointID,East)\n" + rows + "END\n";
+    screen.onPump = [&] {
+        if (ToUtf8(frmKORVANDE().runMark) == "XLATE RUNNING") throw TranslationAborted();
+    };
+    Choose(0, folder.Write("in.idx", drawing), folder / "uit.sfn");
+    RunTranslation();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_NE(FileBytes(folder / "uit.LOG").find("==>  Vertaling afgebroken.\r\n"), std::string::npos);
+    EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "");
+}
+
+}  // namespace
+
+}  // namespace korvande::testing
