@@ -27,6 +27,7 @@ class ConsoleScreen : public Screen {
     void ShowBusy(bool) override {}
     Answer ShowMessage(const MessageBox& box) override;
     bool ViewTextFile(TextView) override { return false; }
+    bool Print(const MakePages&) override { return false; }
 
     // Takes the progress line away, before something else is written.
     void ClearProgress();
@@ -41,8 +42,8 @@ class ConsoleScreen : public Screen {
     std::int64_t value = 0;
 };
 
-// A text as a terminal may show it: control characters, but for line ends, become "?", so that no file can send it
-// escape codes.
+// A text as a terminal may show it: control characters and bytes that are no UTF-8 become "?", so that no file can send
+// it escape codes, and every line end a line feed.
 std::string ForTerminal(TextView text);
 
 }  // namespace korvande

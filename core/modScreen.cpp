@@ -1,6 +1,7 @@
 #include "core/modScreen.h"
 
 #include <chrono>
+#include <optional>
 #include <utility>
 
 #include "core/RuntimeError.h"
@@ -20,6 +21,7 @@ class NoScreen : public Screen {
         return box.buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
     }
     bool ViewTextFile(TextView) override { return false; }
+    bool Print(const MakePages&) override { return false; }
 };
 
 NoScreen noScreen;
@@ -29,9 +31,13 @@ using SteadyClock = std::chrono::steady_clock;
 constexpr auto shownEvery = std::chrono::milliseconds(50);
 
 // Records between two looks at the clock.
-constexpr unsigned recordsPerLook = 128;
+constexpr unsigned recordsPerLook = 16;
 unsigned recordsSinceLook = 0;
 SteadyClock::time_point lastShown;
+
+// How far the step has come, until the screen has heard of it: a reader steps at every line and lets events run at
+// every row, and whichever of the two the time falls on tells the screen.
+std::optional<std::int64_t> valueToShow;
 
 bool IsTimeToShow() {
     if (++recordsSinceLook < recordsPerLook) return false;
@@ -40,6 +46,12 @@ bool IsTimeToShow() {
     if (now - lastShown < shownEvery) return false;
     lastShown = now;
     return true;
+}
+
+void TellScreen() {
+    if (!IsTimeToShow()) return;
+    if (const auto value = std::exchange(valueToShow, {})) TheScreen().ShowProgressValue(*value);
+    TheScreen().PumpEvents();
 }
 
 }  // namespace
@@ -51,19 +63,17 @@ ScreenInUse::ScreenInUse(Screen& screen) noexcept : previous(std::exchange(curre
 ScreenInUse::~ScreenInUse() { currentScreen = previous; }
 
 void BeginProgress(std::int64_t maximum) {
+    valueToShow.reset();
     TheScreen().ShowProgressMaximum(maximum);
     TheScreen().PumpEvents();
 }
 
 void StepProgress(std::int64_t value) {
-    if (!IsTimeToShow()) return;
-    TheScreen().ShowProgressValue(value);
-    TheScreen().PumpEvents();
+    valueToShow = value;
+    TellScreen();
 }
 
-void ProcessEvents() {
-    if (IsTimeToShow()) TheScreen().PumpEvents();
-}
+void ProcessEvents() { TellScreen(); }
 
 void ShowMessage(TextView text, Icon icon, TextView title) {
     TheScreen().ShowMessage({Text(text), Text(title), icon, Buttons::Ok});

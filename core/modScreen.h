@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <exception>
+#include <functional>
+#include <vector>
 
 #include "core/Text.h"
 
@@ -41,6 +43,11 @@ class Screen {
 
     // Opens a text file in a viewer, without waiting for it; false when no viewer could be started.
     virtual bool ViewTextFile(TextView name) = 0;
+
+    // Prints on the default printer, in Courier New 10. `makePages` gives the lines of each page for the number of
+    // lines that the printer's page holds. False when it could not be printed.
+    using MakePages = std::function<std::vector<std::vector<Text>>(int linesPerPage)>;
+    virtual bool Print(const MakePages& makePages) = 0;
 };
 
 // The screen in place. Without one, everything is shown to nobody: messages are answered with Cancel or OK.

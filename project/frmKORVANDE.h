@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "core/LineReader.h"
@@ -50,6 +51,8 @@ struct FormKORVANDE {
     Text runMark;  // "XLATE RUNNING" while a translation runs
 
     // Project and owner
+    ListControl File1;  // the project files
+    bool Timer1Enabled = false;
     Text txtProject;
     Text txtNameLong;
     Text txtNameShort;
@@ -101,6 +104,10 @@ struct FormKORVANDE {
 
     // Closes the window, which ends the program.
     std::function<void()> unload;
+
+    // Shows the project dialog with these texts and a name to begin with; what was typed, or nothing after Cancel.
+    std::function<std::optional<Text>(TextView caption, TextView explanation, TextView prompt, TextView name)>
+        askProjectName;
 
     // Select one option of a group; the others are cleared.
     void SelectReport(bool FormKORVANDE::*option) noexcept;

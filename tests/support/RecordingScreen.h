@@ -49,6 +49,14 @@ class RecordingScreen : public Screen {
         return viewerStarts;
     }
 
+    int linesPerPage = 60;
+    bool printerWorks = true;
+    std::vector<std::vector<Text>> printed;
+    bool Print(const MakePages& makePages) override {
+        if (printerWorks) printed = makePages(linesPerPage);
+        return printerWorks;
+    }
+
  private:
     ScreenInUse inUse{*this};
 };

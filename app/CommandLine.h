@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "core/Text.h"
+
+namespace korvande {
+
+// A conversion that a command line asks for: the direction digit (0 when the first character is none) and the names of
+// the two files, without their quotation marks.
+struct CommandLineConversion {
+    std::int16_t direction = 0;
+    Text sufNenFile;
+    Text idexFile;
+};
+
+// Splits a command line such as: 1"C:\MIJN KAART.SFN" "C:\KAART.IDX". The names come in capitals.
+CommandLineConversion SplitCommandLine(TextView commandLine);
+
+// The command line of a program's arguments where the system hands them over one by one: joined by blanks, those with
+// blanks between double quotes.
+Text JoinArguments(const std::vector<Text>& arguments);
+
+}  // namespace korvande
