@@ -1,0 +1,206 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "core/RuntimeError.h"
+#include "tests/project/ProjectState.h"
+#include "tests/support/ProgramState.h"
+
+namespace korvande::testing {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A screen that remembers the busy pointer too.
+class PointerScreen : public RecordingScreen {
+ public:
+    std::string pointer;  // B: busy, N: normal
+    void ShowBusy(bool busy) override { pointer += busy ? 'B' : 'N'; }
+};
+
+std::ptrdiff_t OpenFiles() { return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()); }
+
+class ControlTableFailures : public ProgramTest {
+ protected:
+    ControlTableFailures() {
+        CurrentProject() = u"STRAAT.NST";
+        folder.Write("ander.nst", "[Export]\nIncludeUnknown = 1\n[Points]\nAB = Q21, PUNT, BOOM\n[End]\n");
+        EXPECT_TRUE(LoadProjectFile(folder / "ander.nst"));
+    }
+
+    static std::string Message(const Text& name, const char* verb, const char* error) {
+        return "Kon bestand: '" + ToUtf8(name) + "' niet " + verb + ";\nFoutcode: " + error;
+    }
+    void ExpectRetryCancelBox() {
+        ASSERT_FALSE(pointerScreen.boxes.empty());
+        EXPECT_EQ(pointerScreen.boxes.back().title, u"KORVANDE");
+        EXPECT_EQ(pointerScreen.boxes.back().buttons, Buttons::RetryCancel);
+    }
+
+    PointerScreen pointerScreen;
+    std::vector<std::string>& messages = pointerScreen.messages;
+};
+
+TEST_F(ControlTableFailures, AFileThatCannotBeOpenedIsReportedAndCancelLeavesTheResetState) {
+    const Text name = folder / "geen.nst";
+    EXPECT_FALSE(LoadProjectFile(name));
+    EXPECT_EQ(messages, std::vector{Message(name, "openen", "53\nBestand niet gevonden")});
+    ExpectRetryCancelBox();
+    EXPECT_FALSE(frmKORVANDE().chkExportUnknowns);
+    EXPECT_EQ(TableText('P'), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\n");
+    EXPECT_EQ(frmKORVANDE().gridPoints.RowCount(), 2);
+    EXPECT_EQ(frmKORVANDE().txtProject, u"STRAAT");
+    SaveGridData();
+    EXPECT_EQ(PointCodes().rows.size(), 1U);
+}
+
+TEST_F(ControlTableFailures, RetryOpensAgainAsOftenAsAsked) {
+    const Text name = folder / "straat.nst";
+    pointerScreen.answers = {Answer::Retry, Answer::Retry, Answer::Retry};
+    pointerScreen.onMessage = [&] {
+        if (messages.size() == 3) folder.Write("straat.nst", "[Points]\nCD = Q22, PUNT, PAAL\n[End]\n");
+    };
+    EXPECT_TRUE(LoadProjectFile(name));
+    EXPECT_EQ(messages.size(), 3U);
+    EXPECT_EQ(TableText('P'), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\nCD|Q22|PUNT|PAAL|0|0|0\n");
+    EXPECT_EQ(frmKORVANDE().gridPoints.RowCount(), 3);
+}
+
+TEST_F(ControlTableFailures, RetryAndThenCancelEndsTheLoad) {
+    pointerScreen.answers = {Answer::Retry, Answer::Cancel};
+    EXPECT_FALSE(LoadProjectFile(folder / "geen.nst"));
+    EXPECT_EQ(messages.size(), 2U);
+}
+
+TEST_F(ControlTableFailures, TheMessageNamesTheCause) {
+    const EnvironmentValue noDrive("KORVANDE_DRIVE_Q", std::nullopt);
+    fs::create_directory(folder.Path() + "/map.nst");
+    const struct {
+        Text name;
+        const char* error;
+    } cases[] = {{folder / "map.nst", "75\nFout bij toegang tot pad of bestand"},
+                 {folder / "geen map/x.nst", "53\nBestand niet gevonden"},
+                 {folder / "ander.nst/x.nst", "76\nPad niet gevonden"},
+                 {u"Q:\\X.NST", "71\nStation niet gereed"},
+                 {u"", "52\nOngeldige bestandsnaam of ongeldig bestandsnummer"},
+                 // It opens, and the first read fails.
+                 {u"/proc/self/mem", "75\nFout bij toegang tot pad of bestand"}};
+    for (const auto& [name, error] : cases) {
+        messages.clear();
+        EXPECT_FALSE(LoadProjectFile(name));
+        EXPECT_EQ(messages, std::vector{Message(name, "openen", error)});
+    }
+}
+
+TEST_F(ControlTableFailures, MalformedLinesNeverStopALoadAndSayNothing) {
+    folder.Write(
+        "kapot.nst",
+        "=\n[Export]\nIncludeZ = twee\nUseDateNow = misschien\nIncludeUnknown = 7\n= =\nIncludeNrAsText = 1\n[Points]\n"
+        "A = \"\n=\n[Lines\n###\nB = ,,,,,,,,,,,,\n[Texts]\nC =\n[End]\n");
+    EXPECT_TRUE(LoadProjectFile(folder / "kapot.nst"));
+    EXPECT_TRUE(messages.empty());
+    const FormKORVANDE& form = frmKORVANDE();
+    EXPECT_FALSE(form.chkExport3D);
+    EXPECT_FALSE(form.optDateNow);
+    EXPECT_FALSE(form.chkExportUnknowns);
+    EXPECT_TRUE(form.chkExportPointnoAsText);
+    EXPECT_EQ(TextCodes().rows.size(), 2U);
+}
+
+TEST_F(ControlTableFailures, TheFileIsAlwaysClosed) {
+    const std::ptrdiff_t before = OpenFiles();
+    EXPECT_TRUE(LoadProjectFile(folder / "ander.nst"));
+    EXPECT_EQ(OpenFiles(), before);
+    EXPECT_FALSE(LoadProjectFile(u"/proc/self/mem"));
+    EXPECT_EQ(OpenFiles(), before);
+    EXPECT_TRUE(SaveProjectFile(folder / "nieuw.nst"));
+    EXPECT_EQ(OpenFiles(), before);
+    EXPECT_FALSE(SaveProjectFile(u"/dev/full"));
+    EXPECT_EQ(OpenFiles(), before);
+}
+
+TEST_F(ControlTableFailures, TheBusyPointerShowsDuringALoadAndGoesOnEveryPath) {
+    pointerScreen.pointer.clear();
+    LoadProjectFile(folder / "ander.nst");
+    EXPECT_EQ(pointerScreen.pointer, "BN");
+    LoadProjectFile(folder / "geen.nst");
+    EXPECT_EQ(pointerScreen.pointer, "BNBN");
+}
+
+TEST_F(ControlTableFailures, WaitingEventsRunDuringALoad) {
+    std::string lines;
+    for (int i = 0; i < 20'000; ++i) lines += "; een regel\n";
+    const Text name = folder.Write("lang.nst", lines);
+    // The screen hears of events every 50 ms, so that some loads may pass without.
+    for (int i = 0; i < 1000 && pointerScreen.pumps == 0; ++i) LoadProjectFile(name);
+    EXPECT_GT(pointerScreen.pumps, 0);
+}
+
+TEST_F(ControlTableFailures, ALoadThatAPersonEndsIsNoError) {
+    std::string lines;
+    for (int i = 0; i < 20'000; ++i) lines += "; een regel\n";
+    const Text name = folder.Write("lang.nst", lines);
+    pointerScreen.onPump = [] { throw TranslationAborted(); };
+    const std::ptrdiff_t before = OpenFiles();
+    bool aborted = false;
+    for (int i = 0; i < 1000 && !aborted; ++i) {
+        try {
+            LoadProjectFile(name);
+        } catch (const TranslationAborted&) {
+            aborted = true;
+        }
+    }
+    EXPECT_TRUE(aborted);
+    EXPECT_TRUE(messages.empty());
+    EXPECT_TRUE(pointerScreen.pointer.ends_with('N'));
+    EXPECT_EQ(OpenFiles(), before);
+}
+
+TEST_F(ControlTableFailures, AFileThatCannotBeWrittenIsReportedAndCancelEndsTheSave) {
+    const Text name = folder / "geen map/straat.nst";
+    EXPECT_FALSE(SaveProjectFile(name));
+    EXPECT_EQ(messages, std::vector{Message(name, "opslaan", "76\nPad niet gevonden")});
+    ExpectRetryCancelBox();
+    EXPECT_EQ(folder.Listing(), "ander.nst");
+}
+
+TEST_F(ControlTableFailures, RetrySavesAgainAsOftenAsAsked) {
+    const Text name = folder / "map/straat.nst";
+    pointerScreen.answers = {Answer::Retry, Answer::Retry};
+    pointerScreen.onMessage = [&] {
+        if (messages.size() == 2) fs::create_directory(folder.Path() + "/map");
+    };
+    EXPECT_TRUE(SaveProjectFile(name));
+    EXPECT_EQ(messages.size(), 2U);
+    EXPECT_TRUE(FileBytes(name).ends_with("\r\n[End]\r\n"));
+}
+
+TEST_F(ControlTableFailures, RetryAndThenCancelEndsTheSave) {
+    pointerScreen.answers = {Answer::Retry, Answer::Cancel};
+    EXPECT_FALSE(SaveProjectFile(folder / "geen map/straat.nst"));
+    EXPECT_EQ(messages.size(), 2U);
+}
+
+TEST_F(ControlTableFailures, AWriteThatFailsIsReportedAsAnOpenThatFails) {
+    pointerScreen.answers = {Answer::Retry, Answer::Cancel};
+    EXPECT_FALSE(SaveProjectFile(u"/dev/full"));
+    EXPECT_EQ(messages, std::vector(2, Message(u"/dev/full", "opslaan", "61\nSchijf vol")));
+}
+
+TEST_F(ControlTableFailures, AFolderCannotBeWrittenOver) {
+    const Text name = folder / "";
+    EXPECT_FALSE(SaveProjectFile(name));
+    EXPECT_EQ(messages, std::vector{Message(name, "opslaan", "75\nFout bij toegang tot pad of bestand")});
+}
+
+TEST_F(ControlTableFailures, ASaveTakesTheGridsEvenWhenTheFileCannotBeWritten) {
+    frmKORVANDE().gridPoints[1][Grid::Lki] = u"Q99";
+    EXPECT_FALSE(SaveProjectFile(folder / "geen map/straat.nst"));
+    EXPECT_EQ(PointCodes().rows[0].LkiCode.TrimmedRight(), u"Q99");
+}
+
+}  // namespace
+
+}  // namespace korvande::testing
