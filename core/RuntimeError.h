@@ -43,7 +43,8 @@ inline constexpr int pathNotFound = 76;
 // The run-time error number that tells what a system error number (errno) means.
 int ErrorNumberOf(int systemError) noexcept;
 
-// The run-time error number of the exception being handled (call inside a catch block).
+// The exception being handled (call inside a catch block) as a run-time error: itself, or error 7 for memory that ran
+// out. Any other exception is thrown again.
 RuntimeError CurrentError();
 
 // Ends a run: a person asked for it. It is no error and is never skipped as one.
