@@ -19,6 +19,7 @@ struct FixedText {
 
     static constexpr std::size_t width = N;
 
+    // The text may be a part of this one.
     FixedText& operator=(TextView text) noexcept {
         const std::size_t length = std::min(text.size(), N);
         std::copy_n(text.begin(), length, characters.begin());
@@ -47,7 +48,7 @@ struct FixedText {
 
 template <std::size_t N>
 FixedText<N> MakeFixedText(TextView text) noexcept {
-    FixedText<N> fixed;
+    FixedText<N> fixed{};
     fixed = text;
     return fixed;
 }

@@ -44,10 +44,15 @@ std::string_view TrimRight(std::string_view text) noexcept;
 TextView Trim(TextView text) noexcept;
 TextView TrimRight(TextView text) noexcept;
 
+// A whole number, which a single character and a truth value are not.
+template <class Number>
+concept WholeNumberType = std::integral<Number> && !std::same_as<Number, bool> && !std::same_as<Number, char> &&
+                          !std::same_as<Number, char16_t>;
+
 // Appends to a text: another text, Windows-1252 bytes, or a whole number in plain decimal digits.
 void AppendTo(Text& text, TextView part);
 void AppendTo(Text& text, std::string_view windows1252);
-void AppendTo(Text& text, std::integral auto number) {
+void AppendTo(Text& text, WholeNumberType auto number) {
     for (const char digit : std::to_string(number)) text.push_back(static_cast<char16_t>(digit));
 }
 
