@@ -58,15 +58,20 @@ class PagedArray {
 
     // Back to the empty array: the upper bound 0, element 0 never filled, the memory given back.
     void Reset() {
+        Page first = NewPage();
         pages.clear();
-        pages.shrink_to_fit();
+        pages.push_back(std::move(first));
         upperBound = 0;
-        AddPagesFor(0);
     }
 
     PagedArray() { AddPagesFor(0); }
 
  private:
+    struct Free {
+        void operator()(Record* records) const noexcept { std::free(records); }  // NOLINT(cppcoreguidelines-no-malloc)
+    };
+    using Page = std::unique_ptr<Record, Free>;
+
     static constexpr std::size_t pageBytes = std::size_t{1} << 18;
     static constexpr std::size_t perPage = std::bit_floor(std::max<std::size_t>(1, pageBytes / sizeof(Record)));
     static constexpr int shift = std::countr_zero(perPage);
@@ -74,19 +79,16 @@ class PagedArray {
     static std::size_t PageOf(Index index) noexcept { return static_cast<std::size_t>(index) >> shift; }
     static std::size_t PlaceOf(Index index) noexcept { return static_cast<std::size_t>(index) & (perPage - 1); }
 
-    void AddPagesFor(Index index) {
-        while (pages.size() <= PageOf(index)) {
-            // calloc: a large block comes from the system zeroed, so that a page is touched only when it is filled.
-            Page page(static_cast<Record*>(std::calloc(perPage, sizeof(Record))));
-            if (!page) throw RuntimeError(errors::outOfMemory);
-            pages.push_back(std::move(page));
-        }
+    // calloc: a large block comes from the system zeroed, so that a page is touched only when it is filled.
+    static Page NewPage() {
+        Page page(static_cast<Record*>(std::calloc(perPage, sizeof(Record))));  // NOLINT(cppcoreguidelines-no-malloc)
+        if (!page) throw RuntimeError(errors::outOfMemory);
+        return page;
     }
 
-    struct Free {
-        void operator()(Record* records) const noexcept { std::free(records); }
-    };
-    using Page = std::unique_ptr<Record, Free>;
+    void AddPagesFor(Index index) {
+        while (pages.size() <= PageOf(index)) pages.push_back(NewPage());
+    }
 
     std::vector<Page> pages;
     Index upperBound = 0;
