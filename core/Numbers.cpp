@@ -64,7 +64,6 @@ void ScanExponent(std::string_view text, Scanned& number) {
 Scanned Scan(std::string_view text) {
     Scanned number;
     std::size_t at = 0;
-    while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) ++at;
     if (at < text.size() && (text[at] == '-' || text[at] == '+')) number.negative = text[at++] == '-';
     number.mantissaBegin = at;
     ScanDigits(text, number, at);
@@ -141,7 +140,10 @@ Whole RoundedTo(double value) {
 
 }  // namespace
 
-double LeadingNumber(std::string_view text) { return Convert(text, Scan(text)); }
+double LeadingNumber(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+    return Convert(text, Scan(text));
+}
 
 std::int32_t WholeNumber(double value) { return RoundedTo<std::int32_t>(value); }
 
