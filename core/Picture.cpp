@@ -80,6 +80,7 @@ Rounded Round(double value, int decimals) {
 bool ScaledDecimal(double value, int decimals, std::int64_t& scaled) {
     constexpr double fastLimit = 1e11;
     constexpr double doubt = 1e-3;
+    if (decimals > significantDigits) return false;
     const double size = std::fabs(value) * powersOfTen[static_cast<std::size_t>(decimals)];
     if (size < fastLimit) {
         // Both the product and the 15-digit form lie within 10^-4 of the value here, so away from a half all agree.
@@ -109,10 +110,10 @@ char* WriteDigitsBackwards(char* end, std::uint64_t number) noexcept {
 
 void AppendDecimal(std::string& text, double value, int integerDigits, int decimals) {
     Rounded rounded = Round(value, decimals);
-    const auto least = static_cast<std::size_t>(integerDigits + decimals);
+    const auto least = static_cast<std::size_t>(integerDigits) + static_cast<std::size_t>(decimals);
     if (rounded.digits.size() < least) rounded.digits.insert(0, least - rounded.digits.size(), '0');
-    // A picture without a "0" before the point writes no integer digit for a value below 1.
     if (rounded.negative) text.push_back('-');
+    // A picture without a "0" before the point writes no integer digit for a value below 1.
     const std::size_t integers = rounded.digits.size() - static_cast<std::size_t>(decimals);
     std::size_t first = 0;
     while (first + static_cast<std::size_t>(integerDigits) < integers && rounded.digits[first] == '0') ++first;
@@ -134,6 +135,11 @@ std::string FormatPicture(double value, std::string_view picture) {
 
     std::string text(picture.substr(0, begin));
     if (!marks.empty()) AppendDecimal(text, value, static_cast<int>(integerDigits), static_cast<int>(decimals));
+    if (decimals > 0) {
+        // Of the "#" at the end only those are written that a digit other than 0 needs.
+        auto unneeded = marks.size() - 1 - marks.find_last_not_of('#');
+        for (; unneeded > 0 && text.back() == '0'; --unneeded) text.pop_back();
+    }
     text.append(picture.substr(end));
     return text;
 }

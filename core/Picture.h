@@ -9,7 +9,7 @@
 namespace korvande {
 
 // value × 10^decimals as a whole number by that rule. Returns false, and leaves the result alone, when the value is too
-// large for it (10^15 and more after scaling) or no finite number.
+// large for it (10^15 and more after scaling) or no finite number, or for more than 15 decimals.
 bool ScaledDecimal(double value, int decimals, std::int64_t& scaled);
 
 // Appends the number with this many decimals and at least `integerDigits` digits before the point; the point and a
