@@ -33,7 +33,12 @@ void LineReader::Open(TextView name) {
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
     length = LengthOf(file.get());
     buffer.resize(blockSize);
-    while (end < byteOrderMark.size() && FillMore()) {
+    try {
+        while (end < byteOrderMark.size() && FillMore()) {
+        }
+    } catch (...) {
+        Close();
+        throw;
     }
     if (std::string_view(buffer.data(), end).starts_with(byteOrderMark)) {
         utf8 = true;

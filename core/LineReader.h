@@ -21,7 +21,7 @@ class LineReader {
  public:
     LineReader() = default;
 
-    // Opens the file; a run-time error when it cannot be opened.
+    // Opens the file; a run-time error, and no open file, when it cannot be opened or its beginning cannot be read.
     explicit LineReader(TextView name) { Open(name); }
     void Open(TextView name);
     void Close() noexcept;
