@@ -1,7 +1,7 @@
 #include "core/LineWriter.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <cstring>
 
 #include "core/NativePath.h"
 #include "core/RuntimeError.h"
@@ -26,15 +26,14 @@ void LineWriter::Open(TextView name) {
 }
 
 void LineWriter::Put(std::string_view bytes) {
-    std::memcpy(Reserve(bytes.size()), bytes.data(), bytes.size());
+    std::copy(bytes.begin(), bytes.end(), Reserve(bytes.size()));
     Advance(bytes.size());
 }
 
 void LineWriter::PutLine(std::string_view bytes) {
-    char* const place = Reserve(bytes.size() + 2);
-    std::memcpy(place, bytes.data(), bytes.size());
-    place[bytes.size()] = '\r';
-    place[bytes.size() + 1] = '\n';
+    char* const lineEnd = std::copy(bytes.begin(), bytes.end(), Reserve(bytes.size() + 2));
+    lineEnd[0] = '\r';
+    lineEnd[1] = '\n';
     Advance(bytes.size() + 2);
 }
 
@@ -48,8 +47,12 @@ char* LineWriter::Reserve(std::size_t size) {
 }
 
 void LineWriter::Close() {
-    RequireOpen();
-    Flush();
+    try {
+        Flush();
+    } catch (...) {
+        Abandon();
+        throw;
+    }
     if (std::fclose(file.release()) != 0) {
         failed = true;
         throw RuntimeError(ErrorNumberOf(errno));

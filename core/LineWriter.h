@@ -27,7 +27,7 @@ class LineWriter {
     char* Reserve(std::size_t size);
     void Advance(std::size_t size) noexcept { used += size; }
 
-    // Writes what is left and closes the file.
+    // Writes what is left and closes the file, also when that fails.
     void Close();
 
     // Closes the file without a word, whatever the state of what was left to write.
