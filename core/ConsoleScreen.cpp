@@ -9,6 +9,16 @@ namespace korvande {
 
 namespace {
 
+bool IsSurrogatePair(char16_t first, char16_t second) {
+    return first >= 0xD800 && first < 0xDC00 && second >= 0xDC00 && second < 0xE000;
+}
+
+// A lone surrogate may stand for a byte that is no UTF-8.
+bool IsHarmless(char16_t character) {
+    if (character == u'\n') return true;
+    return character >= 0x20 && (character < 0x7F || character >= 0xA0) && (character < 0xD800 || character >= 0xE000);
+}
+
 void PutError(std::string_view utf8) { std::fwrite(utf8.data(), 1, utf8.size(), stderr); }
 
 }  // namespace
@@ -59,10 +69,17 @@ void ConsoleScreen::DrawProgress() {
 }
 
 std::string ForTerminal(TextView text) {
-    Text safe(text);
-    for (char16_t& character : safe) {
-        const bool control = (character < 0x20 && character != u'\n') || (character >= 0x7F && character < 0xA0);
-        if (control) character = character == u'\r' ? u'\n' : u'?';
+    Text safe;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t character = text[i];
+        const char16_t next = i + 1 < text.size() ? text[i + 1] : u'\0';
+        if (IsSurrogatePair(character, next)) {
+            safe.append(text.substr(i++, 2));
+        } else if (character == u'\r') {
+            if (next != u'\n') safe.push_back(u'\n');
+        } else {
+            safe.push_back(IsHarmless(character) ? character : u'?');
+        }
     }
     return ToUtf8(safe);
 }
