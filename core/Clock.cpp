@@ -1,9 +1,11 @@
 #include "core/Clock.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
 #include "core/Picture.h"
 #include "core/modStrings.h"
@@ -85,7 +87,7 @@ Text ShortTime(const DateTime& moment) {
 
 std::string ConvertFieldworkDate(std::string_view text) {
     const std::string stripped = StripQuotes(text);
-    const std::string date(Trim(stripped));
+    std::string date(Trim(stripped));
     const bool eightDigits = date.size() == 8 && date.find_first_not_of("0123456789") == std::string::npos;
     if (!eightDigits) return date;
     return date.substr(6, 2) + "-" + date.substr(4, 2) + "-" + date.substr(0, 4);

@@ -39,7 +39,8 @@ std::string ConvertFieldworkDate(std::string_view text);
 // 1930-1999, three are 200 and the last digit. Nothing when it is no date.
 std::optional<DateTime> ParseFieldworkDate(std::string_view text);
 
-// Platform: the locale's own short form of the date or the time; nothing when the user's locale is a plain one.
+// Platform: the locale's own short form of the date or the time; nothing when the user's locale is a plain one or is
+// not installed.
 enum class ShortForm { Date, Time };
 std::optional<Text> LocaleShortForm(const DateTime& moment, ShortForm form);
 DateTime SystemTime();

@@ -4,8 +4,6 @@
 #include <ctime>
 #include <string_view>
 
-#include <locale.h>
-
 #include "core/Clock.h"
 
 namespace korvande {
@@ -17,7 +15,7 @@ DateTime FromSystem(const std::tm& parts) {
 }
 
 // The name of the locale that the user's environment chooses for times.
-std::string_view TimeLocaleName() {
+const char* TimeLocaleName() {
     for (const char* const variable : {"LC_ALL", "LC_TIME", "LANG"}) {
         const char* const value = std::getenv(variable);
         if (value != nullptr && *value != '\0') return value;
@@ -25,9 +23,8 @@ std::string_view TimeLocaleName() {
     return "C";
 }
 
-bool IsPlain(std::string_view locale) {
-    return locale == "C" || locale == "POSIX" || locale == "C.UTF-8" || locale == "C.utf8";
-}
+// C.UTF-8 has several spellings.
+bool IsPlain(std::string_view locale) { return locale == "C" || locale == "POSIX" || locale.starts_with("C."); }
 
 }  // namespace
 
@@ -46,8 +43,9 @@ DateTime UtcTime(long long secondsSince1970) {
 }
 
 std::optional<Text> LocaleShortForm(const DateTime& moment, ShortForm form) {
-    if (IsPlain(TimeLocaleName())) return {};
-    const locale_t locale = newlocale(LC_TIME_MASK | LC_CTYPE_MASK, "", static_cast<locale_t>(nullptr));
+    const char* const name = TimeLocaleName();
+    if (IsPlain(name)) return {};
+    const locale_t locale = newlocale(LC_TIME_MASK | LC_CTYPE_MASK, name, static_cast<locale_t>(nullptr));
     if (locale == static_cast<locale_t>(nullptr)) return {};
     std::tm parts{};
     parts.tm_year = moment.year - 1900;

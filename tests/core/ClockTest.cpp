@@ -1,0 +1,263 @@
+#include "core/Clock.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <clocale>
+#include <ctime>
+#include <optional>
+
+#include "tests/support/TestFiles.h"
+
+namespace korvande::testing {
+
+namespace {
+
+constexpr DateTime moment = {2024, 3, 7, 9, 5, 2};
+
+TEST(Calendar, ADayStandsInItOrNot) {
+    EXPECT_TRUE(IsCalendarDay(2024, 1, 31));
+    EXPECT_TRUE(IsCalendarDay(2024, 2, 29));
+    EXPECT_TRUE(IsCalendarDay(2000, 2, 29));
+    EXPECT_TRUE(IsCalendarDay(1, 1, 1));
+    EXPECT_TRUE(IsCalendarDay(9999, 12, 31));
+    EXPECT_FALSE(IsCalendarDay(2023, 2, 29));
+    EXPECT_FALSE(IsCalendarDay(1900, 2, 29));
+    EXPECT_FALSE(IsCalendarDay(2024, 2, 30));
+    EXPECT_FALSE(IsCalendarDay(2024, 4, 31));
+    EXPECT_FALSE(IsCalendarDay(2024, 13, 1));
+    EXPECT_FALSE(IsCalendarDay(2024, 0, 1));
+    EXPECT_FALSE(IsCalendarDay(2024, -1, 1));
+    EXPECT_FALSE(IsCalendarDay(2024, 1, 0));
+    EXPECT_FALSE(IsCalendarDay(2024, 1, -1));
+    EXPECT_FALSE(IsCalendarDay(2024, 1, 32));
+    EXPECT_FALSE(IsCalendarDay(0, 1, 1));
+    int days = 0;
+    for (int month = 1; month <= 12; ++month) {
+        for (int day = 1; day <= 40; ++day) days += IsCalendarDay(2023, month, day) ? 1 : 0;
+    }
+    EXPECT_EQ(days, 365);
+}
+
+TEST(Clock, CompactDatesHaveLeadingZeros) {
+    EXPECT_EQ(CompactDate(moment), "20240307");
+    EXPECT_EQ(YearAndMonth(moment), "202403");
+    EXPECT_EQ(CompactDate({987, 12, 31, 0, 0, 0}), "09871231");
+}
+
+std::string AsText(const DateTime& at) {
+    std::array<char, 80> text{};
+    std::snprintf(text.data(), text.size(), "%d-%d-%d %d:%d:%d", at.year, at.month, at.day, at.hour, at.minute,
+                  at.second);
+    return text.data();
+}
+
+// The system's time in another zone, which knows nothing of time zones of its own.
+std::string HoursAheadOfUtc(std::time_t hours) {
+    const std::time_t there = std::time(nullptr) + hours * 3600;
+    const std::tm* const parts = std::gmtime(&there);
+    return AsText(
+        {parts->tm_year + 1900, parts->tm_mon + 1, parts->tm_mday, parts->tm_hour, parts->tm_min, parts->tm_sec});
+}
+
+// Tests in a time zone that is five hours ahead of UTC.
+class LocalTime : public ::testing::Test {
+ protected:
+    void SetUp() override {
+        zone.emplace("TZ", "XYZ-5");
+        ::tzset();
+    }
+    void TearDown() override {
+        zone.reset();
+        ::tzset();
+    }
+
+    std::optional<EnvironmentValue> zone;
+
+    // A second may pass between two looks at the clock.
+    static void ExpectNowIsLocal() {
+        std::string before;
+        std::string now;
+        std::string after;
+        do {
+            before = HoursAheadOfUtc(5);
+            now = AsText(Now());
+            after = HoursAheadOfUtc(5);
+        } while (before != after);
+        EXPECT_EQ(now, before);
+    }
+};
+
+TEST_F(LocalTime, SourceDateEpochIsTheMomentInUtc) {
+    const auto now = [](const char* seconds) {
+        const EnvironmentValue epoch("SOURCE_DATE_EPOCH", seconds);
+        return AsText(Now());
+    };
+    EXPECT_EQ(now("0"), "1970-1-1 0:0:0");
+    EXPECT_EQ(now("1709802302"), "2024-3-7 9:5:2");
+    EXPECT_EQ(now("253402300799"), "9999-12-31 23:59:59");
+}
+
+TEST_F(LocalTime, NowIsLocalWithoutSourceDateEpoch) {
+    const EnvironmentValue epoch("SOURCE_DATE_EPOCH", {});
+    ExpectNowIsLocal();
+}
+
+TEST_F(LocalTime, ASourceDateEpochThatIsNoMomentIsNotThere) {
+    for (const char* const value : {"", "x", "12x", " 12", "-1", "1.5", "253402300800", "99999999999999999999"}) {
+        const EnvironmentValue epoch("SOURCE_DATE_EPOCH", value);
+        ExpectNowIsLocal();
+    }
+}
+
+class ShortForms : public ::testing::Test {
+ protected:
+    static std::string Both() { return ToUtf8(Concat(ShortDate(moment), u" ", ShortTime(moment))); }
+
+    EnvironmentValue epoch{"SOURCE_DATE_EPOCH", {}};
+    EnvironmentValue all{"LC_ALL", {}};
+    EnvironmentValue time{"LC_TIME", {}};
+    EnvironmentValue language{"LANG", {}};
+};
+
+constexpr const char* plainForm = "07-03-2024 09:05:02";
+
+// The short forms of a locale as the C library has them, which are not the plain ones; the plain ones when the system
+// does not have the locale.
+std::string FormsOf(const char* name) {
+    const locale_t locale = ::newlocale(LC_ALL_MASK, name, static_cast<locale_t>(nullptr));
+    if (locale == static_cast<locale_t>(nullptr)) return plainForm;
+    std::tm parts{};
+    parts.tm_year = 124;
+    parts.tm_mon = 2;
+    parts.tm_mday = 7;
+    parts.tm_wday = 4;
+    parts.tm_yday = 66;
+    parts.tm_hour = 9;
+    parts.tm_min = 5;
+    parts.tm_sec = 2;
+    std::array<char, 200> text{};
+    ::strftime_l(text.data(), text.size(), "%x %X", &parts, locale);
+    ::freelocale(locale);
+    return text.data();
+}
+
+TEST_F(ShortForms, WithoutALocaleTheyArePlain) { EXPECT_EQ(Both(), plainForm); }
+
+TEST_F(ShortForms, InAPlainLocaleTheyArePlain) {
+    for (const char* const name : {"C", "POSIX", "C.UTF-8", "C.utf8", "C.UTF8"}) {
+        const EnvironmentValue chosen("LC_ALL", name);
+        EXPECT_EQ(Both(), plainForm) << name;
+    }
+}
+
+TEST_F(ShortForms, InAnotherLocaleTheyAreItsOwn) {
+    // The second is never there.
+    for (const char* const name : {"nl_NL.UTF-8", "xx_XX.UTF-8"}) {
+        for (const char* const variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+            const EnvironmentValue chosen(variable, name);
+            EXPECT_EQ(Both(), FormsOf(name)) << variable << "=" << name;
+        }
+    }
+}
+
+TEST_F(ShortForms, TheMoreParticularVariableDecides) {
+    const EnvironmentValue forLanguage("LANG", "nl_NL.UTF-8");
+    const EnvironmentValue forTime("LC_TIME", "C");
+    EXPECT_EQ(Both(), plainForm);
+    const EnvironmentValue forAll("LC_ALL", "nl_NL.UTF-8");
+    EXPECT_EQ(Both(), FormsOf("nl_NL.UTF-8"));
+    const EnvironmentValue empty("LC_ALL", "");
+    EXPECT_EQ(Both(), plainForm);
+}
+
+TEST_F(ShortForms, AnotherVariableThatNamesNoLocaleDoesNotMatter) {
+    const EnvironmentValue forLanguage("LANG", "xx_XX.UTF-8");
+    const EnvironmentValue forTime("LC_TIME", "nl_NL.UTF-8");
+    EXPECT_EQ(Both(), FormsOf("nl_NL.UTF-8"));
+}
+
+TEST_F(ShortForms, WithSourceDateEpochTheyArePlainInEveryLocale) {
+    const EnvironmentValue fixed("SOURCE_DATE_EPOCH", "0");
+    const EnvironmentValue chosen("LC_ALL", "nl_NL.UTF-8");
+    EXPECT_EQ(Both(), plainForm);
+}
+
+TEST(FieldworkDate, EightDigitsBecomeDayMonthYear) {
+    EXPECT_EQ(ConvertFieldworkDate("20240307"), "07-03-2024");
+    EXPECT_EQ(ConvertFieldworkDate("  \"20240307\" "), "07-03-2024");
+    EXPECT_EQ(ConvertFieldworkDate("\" 20240307 \""), "07-03-2024");
+}
+
+TEST(FieldworkDate, AnyOtherTextStaysAsItIs) {
+    EXPECT_EQ(ConvertFieldworkDate("07-03-2024"), "07-03-2024");
+    EXPECT_EQ(ConvertFieldworkDate(" \"7 maart\" "), "7 maart");
+    EXPECT_EQ(ConvertFieldworkDate("2024030"), "2024030");
+    EXPECT_EQ(ConvertFieldworkDate("202403071"), "202403071");
+    EXPECT_EQ(ConvertFieldworkDate("2024030a"), "2024030a");
+    EXPECT_EQ(ConvertFieldworkDate("-2024030"), "-2024030");
+    EXPECT_EQ(ConvertFieldworkDate(""), "");
+    EXPECT_EQ(ConvertFieldworkDate("\""), "");
+}
+
+TEST(FieldworkDate, ADateIsReadForARecord) {
+    struct Row {
+        const char* text;
+        int year;
+        int month;
+        int day;
+    };
+    constexpr Row rows[] = {
+        {"07-03-2024", 2024, 3, 7},       {"7-3-2024", 2024, 3, 7},
+        {"07/03/2024", 2024, 3, 7},       {"07.03.2024", 2024, 3, 7},
+        {"07:03:2024", 2024, 3, 7},       {"07-03/2024", 2024, 3, 7},
+        {" 7 - 3 - 2024 ", 2024, 3, 7},   {"2024-03-07", 2024, 3, 7},
+        {"2024/3/7", 2024, 3, 7},         {"07-03-2024/10:20:30.0", 2024, 3, 7},
+        {"2024-03-07:10:20", 2024, 3, 7}, {"07-03-00", 2000, 3, 7},
+        {"07-03-29", 2029, 3, 7},         {"07-03-30", 1930, 3, 7},
+        {"07-03-99", 1999, 3, 7},         {"07-03-104", 2004, 3, 7},
+        {"07-03-024", 2004, 3, 7},        {"29-02-2024", 2024, 2, 29},
+        {"0987-12-31", 987, 12, 31},
+    };
+    for (const Row& row : rows) {
+        const auto date = ParseFieldworkDate(row.text);
+        ASSERT_TRUE(date.has_value()) << row.text;
+        EXPECT_EQ(date->year, row.year) << row.text;
+        EXPECT_EQ(date->month, row.month) << row.text;
+        EXPECT_EQ(date->day, row.day) << row.text;
+    }
+}
+
+TEST(FieldworkDate, WhatIsNoDateIsNone) {
+    for (const char* const text : {"",
+                                   " ",
+                                   "x",
+                                   "20240307",
+                                   "07-03",
+                                   "07-03-",
+                                   "07--2024",
+                                   "-07-03-2024",
+                                   "07-03-4",
+                                   "07-03-20244",
+                                   "29-02-2023",
+                                   "31-04-2024",
+                                   "00-03-2024",
+                                   "07-13-2024",
+                                   "07-00-2024",
+                                   "07-03-0000",
+                                   "7 maart 2024",
+                                   "a-b-c",
+                                   "07-03-2x24",
+                                   "7,5-3-2024",
+                                   "07 03 2024",
+                                   "07-03-2024 10:20",
+                                   "2024-03-2024",
+                                   "+7-03-2024",
+                                   "99999999999-03-2024"}) {
+        EXPECT_FALSE(ParseFieldworkDate(text).has_value()) << text;
+    }
+}
+
+}  // namespace
+
+}  // namespace korvande::testing
