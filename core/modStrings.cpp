@@ -1,6 +1,7 @@
 #include "core/modStrings.h"
 
 #include <algorithm>
+#include <array>
 
 namespace korvande {
 
@@ -88,16 +89,20 @@ std::int32_t BinaryToFlags(std::string_view text) noexcept {
 }
 
 std::string FlagsToBinary(std::int32_t flags) {
+    std::array<char, 17> binary{};
+    return {binary.begin(), WriteFlags(binary.data(), flags)};
+}
+
+char* WriteFlags(char* place, std::int32_t flags) noexcept {
     constexpr int bits = 16;
-    std::string binary;
     for (int bit = bits - 1; bit >= 0; --bit) {
         const std::int32_t weight = 1 << bit;
         const bool set = flags >= weight;
         if (set) flags -= weight;
-        binary.push_back(set ? '1' : '0');
-        if (bit == bits / 2) binary.push_back(' ');
+        *place++ = set ? '1' : '0';
+        if (bit == bits / 2) *place++ = ' ';
     }
-    return binary;
+    return place;
 }
 
 char TransposeAnchorPosition(std::string_view text) noexcept {

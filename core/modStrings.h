@@ -45,6 +45,9 @@ std::int32_t BinaryToFlags(std::string_view text) noexcept;
 // zeros.
 std::string FlagsToBinary(std::int32_t flags);
 
+// The same 17 characters at a place with room for them; returns the place behind them.
+char* WriteFlags(char* place, std::int32_t flags) noexcept;
+
 // Renumbers a text's anchor position between the 3×3 numberings of the surveying package and of NEN1878/SUF2: the last
 // character n selects the n-th character of "147258369"; nothing, or what sorts up to "0", counts as 1 and what sorts
 // after "9" too.
