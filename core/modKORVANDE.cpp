@@ -1,11 +1,13 @@
 #include "core/modKORVANDE.h"
 
+#include <algorithm>
+
 namespace korvande {
 
 static_assert(sizeof(PointRec) == 232 && sizeof(LineRec) == 128 && sizeof(EdgeRec) == 36 && sizeof(TextRec) == 120);
 
 void UnknownCodeTally::Count(const FixedText<8>& code) {
-    const auto [place, isNew] = places.try_emplace(Text(code.View()), entries.size());
+    const auto [place, isNew] = places.try_emplace(code, entries.size());
     if (isNew) entries.push_back({code, 0});
     ++entries[place->second].Count;
 }
@@ -13,6 +15,13 @@ void UnknownCodeTally::Count(const FixedText<8>& code) {
 void UnknownCodeTally::Reset() {
     entries.clear();
     places.clear();
+}
+
+void UnknownCodeTally::Sort() {
+    // Codes occur once, so any sorting puts them in the same order.
+    std::sort(entries.begin(), entries.end(),
+              [](const UnknownCodeRec& a, const UnknownCodeRec& b) { return a.Code.View() < b.Code.View(); });
+    for (std::size_t place = 0; place < entries.size(); ++place) places[entries[place].Code] = place;
 }
 
 Drawing& TheDrawing() noexcept {
@@ -36,10 +45,12 @@ void ResetDrawing() {
 void CountUnknownCode(const FixedText<8>& code) { TheDrawing().UnknownCodes.Count(code); }
 
 std::string QuotedPointID(std::int32_t pointIndex) {
-    PointRec& point = TheDrawing().Points[pointIndex];
-    const Text trimmed(point.PointID.Trimmed());
-    point.PointID = trimmed;
-    return "\"" + ToWindows1252(trimmed) + "\"";
+    auto& name = TheDrawing().Points[pointIndex].PointID;
+    name = name.Trimmed();
+    std::string quoted = "\"";
+    for (const char16_t character : name.TrimmedRight()) quoted.push_back(ToWindows1252(character));
+    quoted.push_back('"');
+    return quoted;
 }
 
 }  // namespace korvande

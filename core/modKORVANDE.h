@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -67,11 +68,18 @@ class UnknownCodeTally {
  public:
     void Count(const FixedText<8>& code);
     void Reset();
+
+    // Puts the entries in the order of their codes.
+    void Sort();
     std::vector<UnknownCodeRec>& Entries() noexcept { return entries; }
 
  private:
+    struct Hash {
+        std::size_t operator()(const FixedText<8>& code) const noexcept { return std::hash<TextView>()(code.View()); }
+    };
+
     std::vector<UnknownCodeRec> entries;
-    std::unordered_map<Text, std::size_t> places;
+    std::unordered_map<FixedText<8>, std::size_t, Hash> places;  // in `entries`
 };
 
 struct Drawing {
