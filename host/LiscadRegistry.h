@@ -8,6 +8,9 @@
 // LISCAD's installation for the current user, and its "Data Conversions" menus.
 namespace korvande {
 
+// The list of versions, which is filled once and kept.
+std::vector<Text>& LiscadVersions() noexcept;
+
 // Element 0 is the preferred version (empty when there is none), the others are the installed versions in the
 // registry's order.
 void ListLiscadVersions(std::vector<Text>& versions);
