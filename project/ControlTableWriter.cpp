@@ -124,4 +124,11 @@ bool SaveProjectFile(TextView fileName) {
     });
 }
 
+bool SaveCurrentProject() {
+    if (!CurrentProject().empty()) return SaveProjectFile(Concat(ProjectFolder(), CurrentProject()));
+    SaveGridData();
+    TakeOwner();
+    return true;
+}
+
 }  // namespace korvande

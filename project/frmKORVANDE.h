@@ -147,6 +147,10 @@ void LoadEmptyProject();
 // and a person cancelled.
 bool SaveProjectFile(TextView fileName);
 
+// Saves the current project in the project folder. Without one (its name is empty) the grids and the owner boxes are
+// taken back all the same, and nothing is written.
+bool SaveCurrentProject();
+
 // The next key and value of a control table, all in capitals. `section` is kept between calls; it becomes "END" at the
 // end of the data, with an empty key and value.
 void ReadINI(LineReader& file, std::string& section, std::string& key, std::string& value);
