@@ -1,8 +1,10 @@
 #include "run/RunTranslation.h"
 
+#include "core/RuntimeError.h"
 #include "core/modScreen.h"
 #include "host/modFileHandling.h"
 #include "project/frmKORVANDE.h"
+#include "run/Listing.h"
 #include "run/RunValues.h"
 #include "run/TranslateFiles.h"
 #include "run/UserSettings.h"
@@ -10,6 +12,21 @@
 namespace korvande {
 
 namespace {
+
+bool isTranslating = false;
+bool endIsAsked = false;
+
+// The time that a translation takes.
+class Translating {
+ public:
+    Translating() {
+        isTranslating = true;
+        endIsAsked = false;
+    }
+    Translating(const Translating&) = delete;
+    Translating& operator=(const Translating&) = delete;
+    ~Translating() { isTranslating = false; }
+};
 
 // The two files of a direction, by their roles.
 struct Roles {
@@ -73,8 +90,10 @@ void ViewLogBook() {
 void DisposeOfLogBook() {
     const FormKORVANDE& form = frmKORVANDE();
     const Text& name = TheRun().LogFileName;
-    if (form.optReportDisk || form.optReportPrinter) {
+    if (form.optReportDisk) {
         ShowMessage(Concat(u"LOGBOEK is opgeslagen in:\n\n", name));
+    } else if (form.optReportPrinter) {
+        PrintLogBook();
     } else if (form.optReportScreen) {
         ViewLogBook();
     } else {
@@ -96,25 +115,51 @@ bool Translate() {
     }
     if (WouldWriteOverInput()) return false;
     SaveUserSettings();
-    SaveProjectFile(Concat(ProjectFolder(), CurrentProject()));
+    SaveCurrentProject();
     if (!TranslateFiles() || run.outcome.cancelled) return false;
     DisposeOfLogBook();
     return true;
 }
 
+// What lasts as long as the run mark should: true for a run that came to its end.
+bool TranslateWithMark() {
+    const Translating translating;
+    SetRunMark(runningMark);
+    // A missing input ends the run here, with the run mark left as it is.
+    if (StartedInteractively() && !TakeNamesFromForm()) return false;
+    bool isFinished = false;
+    try {
+        isFinished = Translate();
+    } catch (const TranslationAborted&) {
+        // While the log book was printed: it stays.
+    }
+    SetRunMark({});
+    return isFinished;
+}
+
 }  // namespace
 
 void RunTranslation() {
-    SetRunMark(runningMark);
-    // A missing input ends the run here, with the run mark left as it is.
-    if (StartedInteractively() && !TakeNamesFromForm()) return;
-    const bool isFinished = Translate();
-    SetRunMark({});
-    if (!StartedInteractively()) {
-        if (frmKORVANDE().unload) frmKORVANDE().unload();
+    if (isTranslating) return;
+    const bool isFinished = TranslateWithMark();
+    FormKORVANDE& form = frmKORVANDE();
+    // No longer translating: what the window disabled can be used again.
+    if (form.changed) form.changed();
+    if (!StartedInteractively() || endIsAsked) {
+        if (form.unload) form.unload();
     } else if (isFinished) {
         ShowMessage(u"Verwerking gereed");
     }
+}
+
+bool IsTranslating() noexcept { return isTranslating; }
+
+void AskEndOfRun() noexcept { endIsAsked = isTranslating; }
+
+bool IsEndOfRunAsked() noexcept { return endIsAsked; }
+
+void EndRunIfAsked() {
+    if (isTranslating && endIsAsked) throw TranslationAborted();
 }
 
 }  // namespace korvande
