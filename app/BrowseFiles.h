@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <optional>
+
 #include "core/Text.h"
 
 namespace korvande {
@@ -8,7 +11,7 @@ namespace korvande {
 struct FileDialog {
     Text title;
     Text filter;  // in the form "name (*.ext)|*.ext|..."
-    Text folder;
+    Text folder;  // ending in a separator; empty for a name without a folder
     Text fileName;
     bool opens = false;  // an existing file is chosen; otherwise one to be written
 };
@@ -16,5 +19,12 @@ struct FileDialog {
 // The dialogs of the two cmdBrowse buttons, from the form's names and mode.
 FileDialog SufNenFileDialog();
 FileDialog IdexFileDialog();
+
+// Shows such a dialog: the name chosen, or nothing after Cancel.
+using AskFileName = std::function<std::optional<Text>(const FileDialog& dialog)>;
+
+// The cmdBrowse buttons: the name chosen goes into the file's box. Timer1 stands still meanwhile.
+void BrowseSufNenFile(const AskFileName& ask);
+void BrowseIdexFile(const AskFileName& ask);
 
 }  // namespace korvande

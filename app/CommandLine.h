@@ -19,7 +19,11 @@ struct CommandLineConversion {
 CommandLineConversion SplitCommandLine(TextView commandLine);
 
 // The command line of a program's arguments where the system hands them over one by one: joined by blanks, those with
-// blanks between double quotes.
+// blanks between double quotes unless they hold quotes already.
 Text JoinArguments(const std::vector<Text>& arguments);
+
+// Whether the switch /LISCAD is given, in any case: anywhere in a command line, or as a whole argument.
+bool HasRegistrationSwitch(TextView commandLine);
+bool HasRegistrationSwitch(const std::vector<Text>& arguments);
 
 }  // namespace korvande

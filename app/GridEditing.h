@@ -46,7 +46,7 @@ struct EditedGrid {
     CellEditor textEditor;
     CellEditor listEditor;
     std::vector<Text> listItems;  // empty: the grid has no list editor
-    int row = 1;                  // the current cell
+    int row = 1;                  // the current cell; row 0 is the header, current in a grid without other rows
     int column = 0;
     bool gridHasFocus = false;
 };
@@ -57,17 +57,27 @@ EditedGrid& EditedPoints();
 EditedGrid& EditedLines();
 EditedGrid& EditedTexts();
 
+// The three as they are when the program starts: the first cell current, no edit.
+void InitialiseEditing();
+
 // Starts an edit of the current cell: of the list in the Type column of points and lines, of the text box elsewhere.
 // `keyCharacter` is the character typed, or keys::noCharacter. `cell` is the place of the cell within the grid and
-// `gridPlace` that of the grid in the window.
+// `gridPlace` that of the grid in the window. Without a row below the header nothing starts.
 void StartEdit(EditedGrid& edited, std::int16_t keyCharacter, TwipsRectangle gridPlace, TwipsRectangle cell);
 
 // Key-down in an editor; a key that is to have no further effect becomes 0.
 void EditKeyCodeTexts(EditedGrid& edited, std::int16_t& keyCode, std::int16_t shift);
 void EditKeyCodeLists(EditedGrid& edited, std::int16_t& keyCode, std::int16_t shift);
 
-// The editor lost the focus, or the grid left the cell: what it holds goes into the cell, and it is hidden.
+// The editor lost the focus, or the grid left the cell: what it holds goes into the cell, and it is hidden. Without an
+// edit under way nothing happens.
 void EndEdit(EditedGrid& edited);
+
+// Ends every edit, before something reads the grids.
+void EndEdits();
+
+// Forgets every edit and keeps the current cells within the grids: the grids hold another project.
+void DropEdits();
 
 // Key-down on the grid: Insert appends a row, Delete removes the current one after a question.
 void GridKeyDown(EditedGrid& edited, std::int16_t keyCode);

@@ -1,0 +1,195 @@
+#include "app/GridEditing.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/modScreen.h"
+
+namespace korvande {
+
+namespace {
+
+void TellChanged() {
+    if (frmKORVANDE().changed) frmKORVANDE().changed();
+}
+
+bool HasCurrentRow(const EditedGrid& edited) { return edited.row >= 1 && edited.row < edited.grid->RowCount(); }
+
+Text& CurrentCell(EditedGrid& edited) { return (*edited.grid)[edited.row][static_cast<std::size_t>(edited.column)]; }
+
+// The row that becomes the current one when the wanted one may lie behind the last.
+void SelectRow(EditedGrid& edited, int row) {
+    const int last = edited.grid->RowCount() - 1;
+    edited.row = std::clamp(row, std::min(1, last), last);
+}
+
+// Lays an editor over the cell and gives it the focus.
+void ShowEditor(EditedGrid& edited, CellEditor& editor, TwipsRectangle gridPlace, TwipsRectangle cell) {
+    constexpr int outwards = 20;
+    constexpr int lower = 50;
+    editor.place = {gridPlace.left + cell.left - outwards, gridPlace.top + cell.top - outwards, cell.width,
+                    cell.height - lower};
+    editor.isVisible = true;
+    editor.hasFocus = true;
+    edited.gridHasFocus = false;
+}
+
+// The character that an edit begins with; 0 for none. Which ones count is decided by their Windows-1252 bytes.
+char16_t TypedCharacter(std::int16_t keyCharacter) {
+    constexpr int firstCharacter = 32;
+    constexpr int lastCharacter = 249;
+    const auto character = static_cast<char16_t>(keyCharacter);
+    const auto byte = static_cast<unsigned char>(ToWindows1252(character));
+    const bool hasByte = windows1252Characters[byte] == character;
+    return hasByte && byte >= firstCharacter && byte <= lastCharacter ? character : u'\0';
+}
+
+void StartTextEdit(EditedGrid& edited, std::int16_t keyCharacter) {
+    constexpr int wholeText = 1000;
+    CellEditor& editor = edited.textEditor;
+    if (const char16_t character = TypedCharacter(keyCharacter); character != 0) {
+        editor.text = Text(1, character);
+        editor.selectionStart = 1;
+        editor.selectionLength = 0;
+    } else {
+        editor.text = CurrentCell(edited);
+        editor.selectionStart = 0;
+        editor.selectionLength = wholeText;
+    }
+}
+
+void StartListEdit(EditedGrid& edited) {
+    const Text wanted = ToCapitals(Trim(CurrentCell(edited)));
+    const auto item = std::find_if(edited.listItems.begin(), edited.listItems.end(),
+                                   [&wanted](const Text& text) { return ToCapitals(Trim(text)) == wanted; });
+    edited.listEditor.text = item == edited.listItems.end() ? Text() : *item;
+}
+
+// What the editors hold goes into the cell; false when no edit was under way.
+bool StoreEdit(EditedGrid& edited) {
+    const auto isInUse = [](const CellEditor& editor) { return editor.isVisible || editor.hasFocus; };
+    const bool isText = isInUse(edited.textEditor);
+    if (!isText && !isInUse(edited.listEditor)) return false;
+    CellEditor& editor = isText ? edited.textEditor : edited.listEditor;
+    editor.isVisible = editor.hasFocus = false;
+    if (HasCurrentRow(edited)) CurrentCell(edited) = isText ? editor.text : ToCapitals(editor.text);
+    TellChanged();
+    return true;
+}
+
+// The focus goes back to the grid, which ends the edit.
+void ReturnToGrid(EditedGrid& edited) {
+    edited.gridHasFocus = true;
+    EndEdit(edited);
+}
+
+void InsertRow(EditedGrid& edited) {
+    const int row = edited.grid->RowCount();
+    edited.grid->SetRowCount(row + 1);
+    (*edited.grid)[row][Grid::Liscad] = u"999";
+    TellChanged();
+    ShowMessage(
+        u"Liscad code '999' is onderaan de tabel toegevoegd.\n"
+        u"Deze regel wijzigen naar de juiste inhoud.");
+    edited.row = row;
+    TellChanged();
+}
+
+void DeleteRow(EditedGrid& edited) {
+    if (!HasCurrentRow(edited)) return;
+    const Text question = Concat(u"Liscad code '", (*edited.grid)[edited.row][Grid::Liscad], u"' zal worden gewist");
+    const MessageBox box{question, u"Wissen Tabelregel", Icon::None, Buttons::OkCancel};
+    if (TheScreen().ShowMessage(box) != Answer::Ok) return;
+    edited.grid->RemoveRow(edited.row);
+    SelectRow(edited, edited.row);
+    TellChanged();
+}
+
+EditedGrid WithoutEdit(Grid& grid, std::vector<Text> listItems) {
+    EditedGrid edited;
+    edited.grid = &grid;
+    edited.listItems = std::move(listItems);
+    return edited;
+}
+
+EditedGrid InitialPoints() {
+    return WithoutEdit(frmKORVANDE().gridPoints, {u"Punt", u"Rot.Pnt", u"Symbool", u"Grondslag", u"Dummy"});
+}
+
+EditedGrid InitialLines() { return WithoutEdit(frmKORVANDE().gridLines, {u"Lijn", u"Grens", u"Grondslag", u"Dummy"}); }
+
+EditedGrid InitialTexts() { return WithoutEdit(frmKORVANDE().gridTexts, {}); }
+
+template <class Action>
+void ForEachGrid(Action action) {
+    for (EditedGrid* const edited : {&EditedPoints(), &EditedLines(), &EditedTexts()}) action(*edited);
+}
+
+}  // namespace
+
+EditedGrid& EditedPoints() {
+    static EditedGrid edited = InitialPoints();
+    return edited;
+}
+
+EditedGrid& EditedLines() {
+    static EditedGrid edited = InitialLines();
+    return edited;
+}
+
+EditedGrid& EditedTexts() {
+    static EditedGrid edited = InitialTexts();
+    return edited;
+}
+
+void InitialiseEditing() {
+    EditedPoints() = InitialPoints();
+    EditedLines() = InitialLines();
+    EditedTexts() = InitialTexts();
+}
+
+void StartEdit(EditedGrid& edited, std::int16_t keyCharacter, TwipsRectangle gridPlace, TwipsRectangle cell) {
+    EndEdit(edited);
+    if (!HasCurrentRow(edited)) return;
+    const bool isList = edited.column == Grid::Type && !edited.listItems.empty();
+    if (isList) {
+        StartListEdit(edited);
+    } else {
+        StartTextEdit(edited, keyCharacter);
+    }
+    ShowEditor(edited, isList ? edited.listEditor : edited.textEditor, gridPlace, cell);
+}
+
+void EditKeyCodeTexts(EditedGrid& edited, std::int16_t& keyCode, std::int16_t /*shift*/) {
+    if (keyCode == keys::enter || keyCode == keys::escape) ReturnToGrid(edited);
+}
+
+void EditKeyCodeLists(EditedGrid& edited, std::int16_t& keyCode, std::int16_t /*shift*/) {
+    if (keyCode == keys::enter || keyCode == keys::escape) {
+        ReturnToGrid(edited);
+    } else if (keyCode != keys::up && keyCode != keys::down) {
+        keyCode = 0;
+    }
+}
+
+void EndEdit(EditedGrid& edited) {
+    if (StoreEdit(edited)) TheScreen().PumpEvents();
+}
+
+void EndEdits() { ForEachGrid(StoreEdit); }
+
+void DropEdits() {
+    ForEachGrid([](EditedGrid& edited) {
+        for (CellEditor* const editor : {&edited.textEditor, &edited.listEditor}) {
+            editor->isVisible = editor->hasFocus = false;
+        }
+        SelectRow(edited, edited.row);
+    });
+}
+
+void GridKeyDown(EditedGrid& edited, std::int16_t keyCode) {
+    if (keyCode == keys::insertRow) InsertRow(edited);
+    if (keyCode == keys::deleteRow) DeleteRow(edited);
+}
+
+}  // namespace korvande
