@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "cli/Arguments.h"
-#include "cli/Interrupt.h"
+#include "cli/Process.h"
 #include "core/ConsoleScreen.h"
 #include "core/NativePath.h"
 #include "core/Picture.h"

@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -7,9 +5,11 @@
 #include <unordered_set>
 
 #include "cli/Arguments.h"
-#include "cli/Interrupt.h"
+#include "cli/Process.h"
 #include "core/ConsoleScreen.h"
+#include "core/NativePath.h"
 #include "core/Numbers.h"
+#include "core/RuntimeError.h"
 #include "core/modKORVANDE.h"
 #include "host/modFileHandling.h"
 #include "project/CodeTables.h"
@@ -42,8 +42,8 @@ struct Job {
     Text logBook;  // empty: none
 };
 
-[[noreturn]] void RefuseValue(TextView option, const std::string& value) {
-    throw UsageError{Concat(u"Ongeldige waarde bij ", option, u": ", FromUtf8(value))};
+[[noreturn]] void RefuseValue(TextView option, const std::string& value, TextView wanted) {
+    throw UsageError{Concat(u"Ongeldige waarde bij ", option, u": ", FromUtf8(value), u" (", wanted, u")")};
 }
 
 int ModeIndex(const std::string& name) {
@@ -52,11 +52,11 @@ int ModeIndex(const std::string& name) {
         const bool isModeText = FromUtf8(name) == frmKORVANDE().cboXlateMode.items[i];
         if (isModeText || name == modes[i].shortName) return static_cast<int>(i);
     }
-    RefuseValue(u"--modus", name);
+    RefuseValue(u"--modus", name, u"idex-nen1878, idex-suf2, nen1878-idex of suf2-idex");
 }
 
 bool YesOrNo(TextView option, const std::string& value) {
-    if (value != "ja" && value != "nee") RefuseValue(option, value);
+    if (value != "ja" && value != "nee") RefuseValue(option, value, u"ja of nee");
     return value == "ja";
 }
 
@@ -65,29 +65,44 @@ std::optional<Answer> FixedAnswer(const std::string& value) {
     if (value == "ja") return Answer::Yes;
     if (value == "nee") return Answer::No;
     if (value == "annuleren") return Answer::Cancel;
-    RefuseValue(u"--antwoord", value);
+    RefuseValue(u"--antwoord", value, u"ja, nee of annuleren");
 }
 
-// Four numbers separated by commas, in the order of the option: the minima, then the maxima.
-void TakeSelection(const std::string& value) {
+// Takes four numbers separated by commas, in the order of the option: the minima, then the maxima. False when they are
+// no rectangle.
+bool TakeRectangle(std::string_view value) {
     FormKORVANDE& form = frmKORVANDE();
     const std::array<Text FormKORVANDE::*, 4> boxes = {&FormKORVANDE::txtMinX, &FormKORVANDE::txtMinY,
                                                        &FormKORVANDE::txtMaxX, &FormKORVANDE::txtMaxY};
-    std::string_view rest = value;
+    std::array<double, 4> metres{};
     for (std::size_t i = 0; i < boxes.size(); ++i) {
-        const std::size_t end = std::min(rest.find(','), rest.size());
+        const std::size_t end = std::min(value.find(','), value.size());
         const bool isLast = i + 1 == boxes.size();
-        const std::string_view number = rest.substr(0, end);
-        if (!IsNumber(number) || (end == rest.size()) != isLast) RefuseValue(u"--selectie", value);
+        const std::string_view number = value.substr(0, end);
+        if (!IsNumber(number) || (end == value.size()) != isLast) return false;
+        metres[i] = LeadingNumber(number);
         form.*boxes[i] = FromUtf8(number);
-        rest.remove_prefix(std::min(end + 1, rest.size()));
+        value.remove_prefix(std::min(end + 1, value.size()));
     }
-    form.chkSelectXY = true;
+    return metres[0] <= metres[2] && metres[1] <= metres[3];
+}
+
+void TakeSelection(const std::string& value) {
+    bool isRectangle = false;
+    try {
+        isRectangle = TakeRectangle(value);
+    } catch (const RuntimeError&) {  // a number beyond all bounds
+        isRectangle = false;
+    }
+    if (!isRectangle) RefuseValue(u"--selectie", value, u"MINX,MINY,MAXX,MAXY in meters");
+    frmKORVANDE().chkSelectXY = true;
 }
 
 void TakeSource(const std::string& value) {
     const int last = static_cast<int>(frmKORVANDE().lstSource.items.size()) - 1;
-    if (value.size() != 1 || value[0] < '0' || value[0] > '0' + last) RefuseValue(u"--bronvermelding", value);
+    if (value.size() != 1 || value[0] < '0' || value[0] > '0' + last) {
+        RefuseValue(u"--bronvermelding", value, u"0 tot en met 5");
+    }
     frmKORVANDE().lstSource.index = value[0] - '0';
 }
 
@@ -125,16 +140,19 @@ std::vector<Job> JobsFor(const TranslateOptions& options, const Mode& mode) {
     return jobs;
 }
 
-// No run may write over an input, nor two writers over the same file.
-void RefuseClashes(const std::vector<Job>& jobs) {
+// No run may write over an input or the control table, nor two writers over the same file.
+void RefuseClashes(const std::vector<Job>& jobs, const std::string& project) {
+    const auto refuse = [](TextView what, TextView name) {
+        throw UsageError{Concat(what, u" zijn hetzelfde bestand:\n", name)};
+    };
     std::unordered_set<std::string> inputs;
     for (const Job& job : jobs) inputs.insert(FileIdentity(job.input));
+    const std::string table = project.empty() ? std::string() : FileIdentity(FromUtf8(project));
     std::unordered_set<std::string> written;
     for (const Job& job : jobs) {
         const std::string output = FileIdentity(job.output);
-        if (inputs.count(output) != 0) {
-            throw UsageError{Concat(u"Invoer en uitvoer zijn hetzelfde bestand:\n", job.output)};
-        }
+        if (inputs.count(output) != 0) refuse(u"Invoer en uitvoer", job.output);
+        if (output == table) refuse(u"Controletabel en uitvoer", job.output);
         if (!written.insert(output).second) {
             throw UsageError{Concat(u"Meer dan een invoerbestand krijgt deze uitvoer:\n", job.output)};
         }
@@ -142,12 +160,9 @@ void RefuseClashes(const std::vector<Job>& jobs) {
     for (const Job& job : jobs) {
         if (job.logBook.empty()) continue;
         const std::string logBook = FileIdentity(job.logBook);
-        if (inputs.count(logBook) != 0) {
-            throw UsageError{Concat(u"Invoer en logboek zijn hetzelfde bestand:\n", job.logBook)};
-        }
-        if (!written.insert(logBook).second) {
-            throw UsageError{Concat(u"Uitvoer en logboek zijn hetzelfde bestand:\n", job.logBook)};
-        }
+        if (inputs.count(logBook) != 0) refuse(u"Invoer en logboek", job.logBook);
+        if (logBook == table) refuse(u"Controletabel en logboek", job.logBook);
+        if (!written.insert(logBook).second) refuse(u"Uitvoer en logboek", job.logBook);
     }
 }
 
@@ -178,7 +193,7 @@ void PrepareScreen(ConsoleScreen& screen, std::optional<Answer> fixed) {
     screen.isInterrupted = IsInterrupted;
     screen.answerQuestion = [fixed](const MessageBox& box) {
         if (fixed) return *fixed;
-        return ::isatty(STDIN_FILENO) != 0 ? AskOnTerminal(box) : Answer::Yes;
+        return InputIsTerminal() ? AskOnTerminal(box) : Answer::Yes;
     };
 }
 
@@ -195,36 +210,81 @@ void PrintResult(const Job& job) {
     PrintLine(Concat(job.output, u": ", drawing.Points.UpperBound(), u" punten, ", drawing.Lines.UpperBound(),
                      u" lijnstrings, ", drawing.Edges.UpperBound(), u" lijnsegmenten, ", drawing.Texts.UpperBound(),
                      u" teksten, ", UnknownObjects(), u" onbekende objecten, ", LogFile().ErrorCount(), u" fouten"));
+    std::fflush(stdout);
+}
+
+// Where the output is written until it is finished; empty: in its own place, because it is no regular file, or because
+// it may not be written, so that opening it tells why.
+Text TemporaryNameFor(const Text& output) {
+    if (!IsRegularFileOrMissing(output)) return {};
+    try {
+        if (FileExistsAt(output)) std::fclose(OpenNativeFile(output, OpenMode::Append));
+    } catch (const RuntimeError&) {
+        return {};
+    }
+    return TemporaryNameBeside(output);
 }
 
 // The finished output takes the place of an earlier one, which until then stayed as it was.
-bool PutInPlace(const Job& job) {
-    const RunValues& run = TheRun();
-    if (run.temporaryOutput.empty()) return true;
+void PutInPlace(const Job& job) {
+    RunValues& run = TheRun();
+    if (run.temporaryOutput.empty()) return;
     if (run.outcome.Failed()) {
         DeleteFileAt(run.temporaryOutput);
-        return false;
+    } else if (!RenameFileAt(run.temporaryOutput, job.output)) {
+        DeleteFileAt(run.temporaryOutput);
+        run.outcome.outputFailed = true;
     }
-    if (RenameFileAt(run.temporaryOutput, job.output)) return true;
-    DeleteFileAt(run.temporaryOutput);
-    PrintErrorLine(Concat(u"Kon bestand: '", job.output, u"' niet opslaan;"));
-    return false;
 }
 
-int TranslateOne(const Job& job, const Mode& mode, bool isQuiet) {
+TextView WhyNotTranslated(const RunValues& run) {
+    const RunOutcome& outcome = run.outcome;
+    if (outcome.cancelled) return u"afgebroken";
+    if (outcome.logBookFailed) return u"het logboek kan niet worden geschreven";
+    if (outcome.inputUnreadable) return u"het bestand kan niet worden gelezen";
+    if (outcome.wrongFormat) {
+        return run.XlateDirection == fromIdex ? u"het is geen IDEX bestand" : u"het is geen NEN1878 of SUF2 bestand";
+    }
+    return u"de uitvoer kan niet worden geschreven";
+}
+
+// Nothing that went wrong is kept quiet: where the log book tells more, it is named.
+void PrintTroubles(const Job& job) {
+    const bool hasFailed = TheRun().outcome.Failed();
+    const bool hasLogBook = !job.logBook.empty() && !TheRun().outcome.logBookFailed;
+    const Text seeLogBook = hasLogBook ? Concat(u" Zie het logboek: ", job.logBook) : Text();
+    if (hasFailed) {
+        PrintErrorLine(Concat(job.input, u" is niet vertaald: ", WhyNotTranslated(TheRun()), u".", seeLogBook));
+    } else if (LogFile().ErrorCount() > 0) {
+        PrintErrorLine(Concat(job.input, u" is vertaald, met fouten.", seeLogBook));
+    }
+}
+
+// How many objects of each kind were read, written and left out.
+void PrintAccount() {
+    Text summary = TheAccount().Summary();
+    if (summary.empty()) return;
+    summary.pop_back();  // the last line's end
+    PrintErrorLine(summary);
+}
+
+int TranslateOne(const Job& job, const Mode& mode, bool isQuiet, ConsoleScreen& screen) {
     RunValues& run = TheRun();
     run.XlateDirection = mode.direction;
     run.IdexFileName = mode.direction == fromIdex ? job.input : job.output;
     run.SufNenFileName = mode.direction == fromIdex ? job.output : job.input;
     run.LogFileName = job.logBook;
-    run.temporaryOutput = IsRegularFileOrMissing(job.output) ? TemporaryNameBeside(job.output) : Text();
+    run.temporaryOutput = TemporaryNameFor(job.output);
     SaveGridData();
     TranslateFiles();
-    const bool isInPlace = PutInPlace(job);
-    if (!isInPlace || run.outcome.Failed()) return status::failed;
-    PrintResult(job);
-    if (!isQuiet) PrintErrorLine(TrimRight(TheAccount().Summary()));
-    return LogFile().ErrorCount() > 0 ? status::withErrors : status::done;
+    PutInPlace(job);
+    screen.ClearProgress();
+    if (!run.outcome.Failed()) {
+        PrintResult(job);
+        if (!isQuiet) PrintAccount();
+    }
+    PrintTroubles(job);
+    return run.outcome.Failed() ? status::failed : LogFile().ErrorCount() > 0 ? status::withErrors : status::done;
 }
 
 }  // namespace
@@ -237,21 +297,33 @@ int Translate(const TranslateOptions& options) {
         options.unknowns.empty() ? std::nullopt : std::optional(YesOrNo(u"--onbekend", options.unknowns));
     const std::vector<Job> jobs = JobsFor(options, mode);
 
-    ConsoleScreen screen(!options.quiet && ::isatty(STDERR_FILENO) != 0);
+    ConsoleScreen screen(!options.quiet && ErrorIsTerminal());
     PrepareScreen(screen, answer);
+    // Without a log book the errors are told here.
+    if (options.withoutLogBook) {
+        LogFile().onError = [&screen](TextView message) {
+            screen.ClearProgress();
+            PrintErrorLine(Concat(u"FOUT:  ", message));
+        };
+    }
     const ScreenInUse inUse(screen);
-    if (!options.selection.empty()) TakeSelection(options.selection);
+    if (!options.selection.empty()) {
+        TakeSelection(options.selection);
+        if (mode.direction == fromIdex) PrintErrorLine(u"--selectie geldt alleen voor een vertaling naar IDEX.");
+    }
     if (!options.source.empty()) TakeSource(options.source);
-    RefuseClashes(jobs);
+    RefuseClashes(jobs, options.project);
     if (!LoadControlTable(options.project)) return status::failed;
     frmKORVANDE().cboXlateMode.index = modeIndex;
     if (withUnknowns) frmKORVANDE().chkExportUnknowns = frmKORVANDE().chkImportUnknowns = *withUnknowns;
 
     int worst = status::done;
     for (const Job& job : jobs) {
-        const int result = TranslateOne(job, mode, options.quiet);
+        const int result = TranslateOne(job, mode, options.quiet, screen);
         worst = std::max(worst, jobs.size() > 1 && result == status::failed ? status::withErrors : result);
-        if (IsInterrupted()) break;
+        if (!IsInterrupted()) continue;
+        if (&job != &jobs.back()) PrintErrorLine(u"De bestanden die volgen, zijn niet vertaald.");
+        break;
     }
     return worst;
 }

@@ -1,10 +1,11 @@
+#include <cerrno>
 #include <clocale>
 #include <cstdio>
 
 #include <CLI/CLI.hpp>
 
 #include "cli/Arguments.h"
-#include "cli/Interrupt.h"
+#include "cli/Process.h"
 #include "core/ConsoleScreen.h"
 #include "core/RuntimeError.h"
 #include "project/frmKORVANDE.h"
@@ -49,17 +50,39 @@ std::string BehindColon(const std::string& message) {
 }
 
 Text InDutch(const CLI::ParseError& error) {
+    constexpr TextView seeHelp = u"; zie korvande-cli --help";
     const std::string message = error.what();
+    const Text option = FromUtf8(message.substr(0, message.find(':')));
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
         return Concat(u"Onbekend argument: ", FromUtf8(BehindColon(message)));
     }
     if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
-        return u"Er ontbreekt een opdracht of een argument; zie korvande-cli --help";
+        const bool isCommand = message.find("subcommand") != std::string::npos;
+        return isCommand ? Concat(u"Er ontbreekt een opdracht", seeHelp)
+                         : Concat(u"Er ontbreekt een argument: ", FromUtf8(message.substr(0, message.find(' '))));
     }
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
-        return Concat(u"Er ontbreekt een waarde bij ", FromUtf8(message.substr(0, message.find(':'))));
+        const bool isRepeated = message.find("At Most") != std::string::npos;
+        return Concat(isRepeated ? u"Een optie staat er meer dan eens: " : u"Er ontbreekt een waarde bij ", option);
     }
-    return Concat(u"Verkeerd gebruik: ", FromUtf8(message));
+    if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) {
+        return Concat(u"Er hoort geen waarde bij een optie: ", FromUtf8(BehindColon(message)));
+    }
+    return Concat(u"Verkeerd gebruik", seeHelp);
+}
+
+// An argument without a character is a mistake, such as a script's variable that was never set.
+void RefuseEmptyValues(const CLI::App& app) {
+    for (const CLI::App* command : app.get_subcommands()) {
+        for (const CLI::Option* option : command->get_options()) {
+            for (const std::string& value : option->results()) {
+                if (value.empty()) {
+                    throw UsageError{Concat(u"Er ontbreekt een waarde bij ", FromUtf8(option->get_name()))};
+                }
+            }
+        }
+        RefuseEmptyValues(*command);
+    }
 }
 
 void TranslateHelpTexts(CLI::App& app) {
@@ -75,6 +98,14 @@ void TranslateHelpTexts(CLI::App& app) {
     app.option_defaults()->group("Opties");
     app.set_help_flag("-h,--help", "toon deze hulp");
     app.allow_windows_style_options(false);
+}
+
+// The status of a command whose result is what it prints: a failure when not all of that arrived. A reader that went
+// away needs no message.
+int Shown(int result) {
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return result;
+    if (errno != EPIPE) PrintErrorLine(u"De standaarduitvoer kan niet worden geschreven.");
+    return status::failed;
 }
 
 int RunCommandLine(int argc, char** argv) {
@@ -105,24 +136,26 @@ int RunCommandLine(int argc, char** argv) {
     CLI::App& show = *project.add_subcommand("toon", "toon de instellingen en codetabellen")->group("Opdrachten");
     show.add_option("bestand", projectFile, "de controletabel")->required()->option_text("P.nst");
 
+    for (CLI::App* command : {&translate, &check, &project, &make, &show}) command->get_help_ptr()->group("Opties");
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        const CLI::App* asked = &app;
-        while (!asked->get_subcommands().empty()) asked = asked->get_subcommands().front();
-        PrintLine(FromUtf8(TrimRight(asked->help())));
-        return status::done;
+        std::string help = app.help();
+        while (help.ends_with('\n')) help.pop_back();
+        PrintLine(FromUtf8(help));
+        return Shown(status::done);
     } catch (const CLI::ParseError& error) {
         throw UsageError{InDutch(error)};
     }
+    RefuseEmptyValues(app);
     if (wantsVersion) {
         PrintLine(Concat(u"KORVANDE ", VersionText()));
-        return status::done;
+        return Shown(status::done);
     }
     if (translate.parsed()) return Translate(options);
-    if (check.parsed()) return Check(checkProject, checkFiles);
+    if (check.parsed()) return Shown(Check(checkProject, checkFiles));
     if (make.parsed()) return MakeProject(projectFile);
-    if (show.parsed()) return ShowProject(projectFile);
+    if (show.parsed()) return Shown(ShowProject(projectFile));
     throw UsageError{u"Er ontbreekt een opdracht; zie korvande-cli --help"};
 }
 
@@ -143,15 +176,17 @@ void PrintErrorLine(TextView text) {
 int main(int argc, char** argv) {
     using namespace korvande;
     std::setlocale(LC_ALL, "");
-    CatchInterrupts();
+    PrepareProcess();
     try {
         InitialiseForm();
         return RunCommandLine(argc, argv);
     } catch (const UsageError& error) {
         PrintErrorLine(error.message);
         return status::wrongUsage;
+    } catch (const TranslationAborted&) {
+        PrintErrorLine(u"Afgebroken.");
     } catch (const std::exception&) {
         PrintErrorLine(CurrentError().Description());
-        return status::failed;
     }
+    return status::failed;
 }

@@ -1,5 +1,7 @@
 #include "run/TranslateFiles.h"
 
+#include <utility>
+
 #include "core/Clock.h"
 #include "core/modScreen.h"
 #include "core/modStrings.h"
@@ -90,7 +92,9 @@ bool TranslateFiles() {
     run.outcome = {};
     TheAccount() = {};
     TakeVariantFromMode();
+    auto onError = std::move(log.onError);
     log = LogBook();
+    log.onError = std::move(onError);
     const bool logIsOpen =
         run.LogFileName.empty() || TryWithRetry(run.LogFileName, u"opslaan", [&] { log.Open(run.LogFileName); });
     if (!logIsOpen) {

@@ -1,0 +1,17 @@
+#pragma once
+
+// What the console program needs from the system it runs on.
+namespace korvande {
+
+// To be called first. Standard streams that are not there lead nowhere, so that no file of a run takes their place and
+// gets messages written into it. A write that the system refuses (a full file size, a reader that went away) is an
+// error of that write and not the end of the program. From here on interrupts (Ctrl+C, a request to end) are noted.
+void PrepareProcess();
+
+// Whether an interrupt came; a run looks at it whenever it lets events run. A wait for input or output ends by it.
+bool IsInterrupted() noexcept;
+
+bool InputIsTerminal() noexcept;
+bool ErrorIsTerminal() noexcept;
+
+}  // namespace korvande

@@ -1,0 +1,41 @@
+#include <csignal>
+#include <initializer_list>
+
+#include <fcntl.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include "cli/Process.h"
+
+namespace korvande {
+
+namespace {
+
+volatile std::sig_atomic_t interrupted = 0;
+
+void NoteInterrupt(int) { interrupted = 1; }
+
+}  // namespace
+
+void PrepareProcess() {
+    // The lowest free number is taken, so this fills the gaps among 0 to 2.
+    int stream = 0;
+    do {
+        stream = ::open("/dev/null", O_RDWR);
+    } while (stream >= 0 && stream <= STDERR_FILENO);
+    if (stream >= 0) ::close(stream);
+
+    struct sigaction action {};
+    action.sa_handler = NoteInterrupt;
+    sigemptyset(&action.sa_mask);
+    for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP}) ::sigaction(signalNumber, &action, nullptr);
+    for (const int signalNumber : {SIGPIPE, SIGXFSZ}) std::signal(signalNumber, SIG_IGN);
+}
+
+bool IsInterrupted() noexcept { return interrupted != 0; }
+
+bool InputIsTerminal() noexcept { return ::isatty(STDIN_FILENO) != 0; }
+
+bool ErrorIsTerminal() noexcept { return ::isatty(STDERR_FILENO) != 0; }
+
+}  // namespace korvande
