@@ -23,11 +23,12 @@ enum class LeftOut {
     NoCode,
     NoCoordinates,
     MissingRecord,
-    InvalidArc,    // fewer than three points
-    NoReference,   // it refers to a point or line string that was never read
-    NotTranslated  // a kind of object that no translation carries over
+    InvalidArc,     // fewer than three points
+    NoReference,    // it refers to a point or line string that was never read
+    NotTranslated,  // a kind of object that no translation carries over
+    Unfinished      // an error or a person ended the run while it was read
 };
-inline constexpr std::size_t leftOutReasons = 12;
+inline constexpr std::size_t leftOutReasons = 13;
 
 struct KindAccount {
     std::int64_t read = 0;
