@@ -2,10 +2,10 @@
 
 #include <cmath>
 
-#include "core/RuntimeError.h"
 #include "core/modAzimuth.h"
 #include "core/modConstants.h"
 #include "core/modIntersections.h"
+#include "nensuf/Overflow.h"
 
 namespace korvande {
 
@@ -13,7 +13,9 @@ namespace {
 
 constexpr double halfTurnTolerance = 1e-9;  // radians
 
-double BearingFrom(Position from, Position to) { return Azimuth(to.east - from.east, to.north - from.north); }
+double BearingFrom(Position from, Position to) {
+    return Azimuth(WithoutOverflow(to.east - from.east), WithoutOverflow(to.north - from.north));
+}
 
 // A line square to the chord between two points, through its middle.
 struct Bisector {
@@ -23,7 +25,7 @@ struct Bisector {
 
 Bisector BisectorOf(Position a, Position b) {
     constexpr double reach = 1000.0;  // metres; it only fixes a second point of the line
-    const Position middle{(a.east + b.east) / 2, (a.north + b.north) / 2};
+    const Position middle{WithoutOverflow(a.east + b.east) / 2, WithoutOverflow(a.north + b.north) / 2};
     return {middle, PolarPoint(middle.east, middle.north, BearingFrom(a, b) + pi / 2, reach)};
 }
 
@@ -34,12 +36,11 @@ ArcCentre ArcCentreFrom3Points(Position start, Position onArc, Position end) {
     const Bisector second = BisectorOf(onArc, end);
     const Intersection crossing = IntersectSegments(first.middle, first.far, second.middle, second.far);
     if (!crossing.found) return {};
-    const Position centre = crossing.crossing;
-    if (!std::isfinite(centre.east) || !std::isfinite(centre.north)) throw RuntimeError(errors::overflow);
+    const Position centre{WithoutOverflow(crossing.crossing.east), WithoutOverflow(crossing.crossing.north)};
     return {centre, ArcDirection3Points(start, onArc, end, centre)};
 }
 
-std::int16_t ArcDirection3Points(Position start, Position onArc, Position end, Position centre) noexcept {
+std::int16_t ArcDirection3Points(Position start, Position onArc, Position end, Position centre) {
     const double toStart = BearingFrom(centre, start);
     const double toArc = BearingFrom(centre, onArc);
     const double toEnd = BearingFrom(centre, end);
@@ -47,7 +48,7 @@ std::int16_t ArcDirection3Points(Position start, Position onArc, Position end, P
     return secondIsSmaller ? ArcDirection2Points(onArc, end, centre) : ArcDirection2Points(start, onArc, centre);
 }
 
-std::int16_t ArcDirection2Points(Position a, Position b, Position centre) noexcept {
+std::int16_t ArcDirection2Points(Position a, Position b, Position centre) {
     const double toA = BearingFrom(centre, a);
     double toB = BearingFrom(centre, b);
     if (toA > toB) toB += pi + pi;

@@ -14,14 +14,15 @@ struct ArcCentre {
 };
 
 // The centre and the turning direction of the arc through three points. The direction is 0 for points on one straight
-// line, and when the pair of points that decides it lies exactly half a turn apart. Error 6 when a step overflows.
+// line, and when the pair of points that decides it lies exactly half a turn apart. Here and below a step that
+// overflows is error 6.
 ArcCentre ArcCentreFrom3Points(Position start, Position onArc, Position end);
 
 // The turning direction about a centre, decided by the pair of neighbouring points with the smaller sweep.
-std::int16_t ArcDirection3Points(Position start, Position onArc, Position end, Position centre) noexcept;
+std::int16_t ArcDirection3Points(Position start, Position onArc, Position end, Position centre);
 
 // +1 when b lies less than half a turn clockwise from a about the centre, -1 when more, 0 when half a turn (within 1e-9
 // radians).
-std::int16_t ArcDirection2Points(Position a, Position b, Position centre) noexcept;
+std::int16_t ArcDirection2Points(Position a, Position b, Position centre);
 
 }  // namespace korvande
