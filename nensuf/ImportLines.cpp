@@ -1,10 +1,10 @@
+#include <optional>
 #include <utility>
 
 #include "core/Numbers.h"
 #include "nensuf/ImportRun.h"
 #include "nensuf/modArcFunctions.h"
 #include "run/LogBook.h"
-#include "run/ObjectAccount.h"
 
 namespace korvande {
 
@@ -47,7 +47,7 @@ PointRec& LastPoint() {
 
 // Looks the group's code up; null when it is unknown and unknown objects are not imported.
 const LineCodeRow* RowOf(const ImportRun& run) {
-    const std::int32_t row = LookupLineCode(KeyOf(run.ObjectCode));
+    const std::int32_t row = LookupLineCode(KeyOf(run.group.ObjectCode));
     if (row == 0 && (!run.withUnknowns || LineCodes().rows.empty())) return nullptr;
     return &LineCodes().rows[static_cast<std::size_t>(row)];
 }
@@ -88,7 +88,8 @@ class ArcChain {
     ArcChain(ImportRun& importRun, const LineCodeRow& codeRow)
         : run(importRun), row(codeRow), lineNo(AppendLineString(row)), arcEnd(TheDrawing().Points.UpperBound() + 3) {}
 
-    void Read() {
+    // The result is the last arc's; the ones before it are accounted for.
+    std::optional<LeftOut> Read() {
         auto& points = TheDrawing().Points;
         for (const GroupField& field : run.records.GroupFields()) {
             switch (field.Key) {
@@ -106,19 +107,15 @@ class ArcChain {
             }
             if (points.UpperBound() > arcEnd) BeginNextArc();
         }
-        ++account.read;
-        if (points.UpperBound() < arcEnd) {
-            LogFile().WriteError(u"Ongeldige boog");
-            TheAccount().Leave(ObjectKind::Arc, LeftOut::InvalidArc);
-        } else {
-            FinishArc();
-        }
+        if (points.UpperBound() >= arcEnd) return FinishArc();
+        LogFile().WriteError(u"Ongeldige boog");
+        return LeftOut::InvalidArc;
     }
 
  private:
     void BeginNextArc() {
-        ++account.read;
-        FinishArc();
+        SettleObject(ObjectKind::Arc, FinishArc());
+        ++TheAccount()[ObjectKind::Arc].read;
         arcEnd += 2;
         auto& lines = TheDrawing().Lines;
         LineRec& line = lines.Append();
@@ -127,72 +124,63 @@ class ArcChain {
         lineNo = lines.UpperBound();
     }
 
-    void FinishArc() {
+    std::optional<LeftOut> FinishArc() {
         Drawing& drawing = TheDrawing();
         const PointRec& end = drawing.Points[arcEnd];
         PointRec& middle = drawing.Points[arcEnd - 1];
         const PointRec& start = drawing.Points[arcEnd - 2];
         if (run.selection.Excludes(end) || run.selection.Excludes(middle) || run.selection.Excludes(start)) {
-            TheAccount().Leave(ObjectKind::Arc, LeftOut::OutsideRectangle);
-            return;
+            return LeftOut::OutsideRectangle;
         }
         const ArcCentre arc =
             ArcCentreFrom3Points({start.East, start.North}, {middle.East, middle.North}, {end.East, end.North});
         const std::string_view lineType = arc.direction == 0 ? straight : arcByCentre;
         AppendEdge(lineNo, arcEnd - 2, arcEnd - 1, lineType);
         AppendEdge(lineNo, arcEnd - 1, arcEnd, lineType);
-        ++account.kept;
-        if (arc.direction == 0) return;
+        if (arc.direction == 0) return {};
         middle.East = arc.centre.east;
         middle.North = arc.centre.north;
         middle.PointID = TextView();
         if (arc.direction < 0) drawing.Lines[lineNo].Flags1 = anticlockwiseFlag;
+        return {};
     }
 
     ImportRun& run;
     const LineCodeRow& row;
-    KindAccount& account = TheAccount()[ObjectKind::Arc];
     std::int32_t lineNo;
     std::int32_t arcEnd;  // the index of the current arc's third point
 };
 
 }  // namespace
 
-void ImportLineGroup(ImportRun& run) {
+std::optional<LeftOut> ImportLineGroup(ImportRun& run) {
     Drawing& drawing = TheDrawing();
-    ObjectAccount& account = TheAccount();
     const std::int32_t pointsBefore = drawing.Points.UpperBound();
     const std::int32_t linesBefore = drawing.Lines.UpperBound();
     const std::int32_t edgesBefore = drawing.Edges.UpperBound();
-    ++account[ObjectKind::LineString].read;
-    if (!ReadGeometryGroup(run, u"Lijn,")) return account.Leave(ObjectKind::LineString, LeftOut::MissingRecord);
+    if (!ReadGeometryGroup(run, u"Lijn,")) return LeftOut::MissingRecord;
     const LineCodeRow* const row = RowOf(run);
-    if (row == nullptr) return account.Leave(ObjectKind::LineString, LeftOut::UnknownCode);
+    if (row == nullptr) return LeftOut::UnknownCode;
 
     const std::int32_t firstPoint = pointsBefore + 1;
     ReadLineFields(run, *row, AppendLineString(*row), firstPoint);
 
     // Only the first point decides: a line that starts inside is kept whole, one that starts outside goes whole.
-    const bool hasPoints = drawing.Points.UpperBound() >= firstPoint;
-    if (run.selection.isOn && (!hasPoints || !run.selection.Contains(drawing.Points[firstPoint]))) {
-        drawing.Points.CutTo(pointsBefore);
-        drawing.Lines.CutTo(linesBefore);
-        drawing.Edges.CutTo(edgesBefore);
-        return account.Leave(ObjectKind::LineString, LeftOut::OutsideRectangle);
-    }
-    ++account[ObjectKind::LineString].kept;
+    if (!run.selection.isOn) return {};
+    const std::int32_t lastPoint = drawing.Points.UpperBound();
+    if (lastPoint >= firstPoint && run.selection.Contains(drawing.Points[firstPoint])) return {};
+    for (std::int32_t index = firstPoint; index <= lastPoint; ++index) drawing.PointIndex.Set(index, 0);
+    drawing.Points.CutTo(pointsBefore);
+    drawing.Lines.CutTo(linesBefore);
+    drawing.Edges.CutTo(edgesBefore);
+    return LeftOut::OutsideRectangle;
 }
 
-void ImportArcGroup(ImportRun& run) {
-    ObjectAccount& account = TheAccount();
-    const auto leave = [&account](LeftOut reason) {
-        ++account[ObjectKind::Arc].read;
-        account.Leave(ObjectKind::Arc, reason);
-    };
-    if (!ReadGeometryGroup(run, u"Boog;")) return leave(LeftOut::MissingRecord);
+std::optional<LeftOut> ImportArcGroup(ImportRun& run) {
+    if (!ReadGeometryGroup(run, u"Boog;")) return LeftOut::MissingRecord;
     const LineCodeRow* const row = RowOf(run);
-    if (row == nullptr) return leave(LeftOut::UnknownCode);
-    ArcChain(run, *row).Read();
+    if (row == nullptr) return LeftOut::UnknownCode;
+    return ArcChain(run, *row).Read();
 }
 
 }  // namespace korvande

@@ -7,9 +7,9 @@
 #include "core/modScreen.h"
 #include "core/modStrings.h"
 #include "nensuf/ImportRun.h"
+#include "nensuf/Overflow.h"
 #include "project/frmKORVANDE.h"
 #include "run/LogBook.h"
-#include "run/ObjectAccount.h"
 
 namespace korvande {
 
@@ -28,17 +28,14 @@ class GroupPoints {
     PointRec& First() noexcept { return points[0]; }
     const PointRec& operator[](std::size_t place) const noexcept { return points[place]; }
 
-    // Whether there are two points far enough apart to give a direction.
-    bool HaveDirection() const noexcept {
-        return count > 1 &&
-               Distance(points[1].East - points[0].East, points[1].North - points[0].North) >= leastDistance;
-    }
-
-    // The direction from the first point to the second, in grads anticlockwise from east; 0 when there is none.
-    double Direction() const noexcept {
-        if (!HaveDirection()) return 0;
-        const double bearing = Azimuth(points[1].East - points[0].East, points[1].North - points[0].North);
-        return MirrorGrads(bearing * gradsPerRadian);
+    // The direction from the first point to the second, in grads anticlockwise from east; nothing when there are no two
+    // points, or none far enough apart.
+    std::optional<double> Direction() const {
+        if (count < 2) return {};
+        const double dEast = points[1].East - points[0].East;
+        const double dNorth = points[1].North - points[0].North;
+        if (WithoutOverflow(Distance(dEast, dNorth)) < leastDistance) return {};
+        return MirrorGrads(Azimuth(dEast, dNorth) * gradsPerRadian);
     }
 
  private:
@@ -85,19 +82,15 @@ std::optional<LeftOut> ReasonToLeave(const ImportRun& run, const CodeTable& tabl
     return {};
 }
 
-// Adds the first point of a point or symbol group, with the code and description of its row; `key` is the LKI code.
-void ImportObject(const ImportRun& run, const CodeKey& key, GroupPoints& points, double direction) {
-    const std::int32_t rowNo = LookupPointCode(key);
-    if (const auto reason = ReasonToLeave(run, PointCodes(), rowNo, points)) {
-        return TheAccount().Leave(ObjectKind::Point, *reason);
-    }
-    const PointCodeRow& row = PointCodes().rows[static_cast<std::size_t>(rowNo)];
+const CodeRow& RowAt(const CodeTable& table, std::int32_t row) { return table.rows[static_cast<std::size_t>(row)]; }
+
+// Adds the first point of a point or symbol group, with the code and description of its row. Direction in grads.
+void AddObject(GroupPoints& points, double direction, const PointCodeRow& row) {
     PointRec& point = points.First();
     point.SymDir = direction;
     point.Code = row.LiscadCode.View();
     point.Description = row.Description.View();
     AddImportedPoint(point);
-    ++TheAccount()[ObjectKind::Point].kept;
 }
 
 // The coordinates of a placement group: those of a 04 group behind it, else its own.
@@ -109,12 +102,12 @@ GroupPoints ReadPlacementPoints(ImportRun& run) {
 // Symbols of the codes S01 to S03 go by code and symbol type (positions 4-6 of the placement), when the table has a row
 // for the two together.
 CodeKey SymbolKey(const ImportRun& run) {
-    const bool hasTypes = run.ObjectCode == "S01" || run.ObjectCode == "S02" || run.ObjectCode == "S03";
-    if (hasTypes) {
-        const CodeKey withType = KeyOf(run.ObjectCode + " " + run.placement.substr(3, 3));
+    const std::string& code = run.group.ObjectCode;
+    if (code == "S01" || code == "S02" || code == "S03") {
+        const CodeKey withType = KeyOf(code + " " + run.group.placement.substr(3, 3));
         if (PointCodes().byLki.Find(PointCodes().rows, withType) != 0) return withType;
     }
-    return KeyOf(run.ObjectCode);
+    return KeyOf(code);
 }
 
 // The text in a 06 record: behind "06A", the count and "T", so from column 7; for a place name from column 14.
@@ -125,11 +118,12 @@ std::string_view TextOf(std::string_view record, std::string_view objectCode) {
 }
 
 // A text's points go without a code of their own; two that are apart are joined by a line string of the text's code.
-std::int32_t AddTextPoints(const GroupPoints& points, const TextCodeRow& row) {
+// Returns the index of the first.
+std::int32_t AddTextPoints(const GroupPoints& points, bool joined, const TextCodeRow& row) {
     Drawing& drawing = TheDrawing();
     const std::int32_t first = drawing.Points.UpperBound() + 1;
     for (std::size_t i = 0; i < points.Count(); ++i) AddImportedPoint(points[i]);
-    if (!points.HaveDirection()) return first;
+    if (!joined) return first;
     LineRec& line = drawing.Lines.Append();
     line.Code = row.LiscadCode.View();
     line.Description = row.Description.View();
@@ -143,46 +137,47 @@ std::int32_t AddTextPoints(const GroupPoints& points, const TextCodeRow& row) {
 
 }  // namespace
 
-void ImportPointGroup(ImportRun& run) {
-    ++TheAccount()[ObjectKind::Point].read;
-    if (!ReadGeometryGroup(run, u"Punt,")) return TheAccount().Leave(ObjectKind::Point, LeftOut::MissingRecord);
+std::optional<LeftOut> ImportPointGroup(ImportRun& run) {
+    if (!ReadGeometryGroup(run, u"Punt,")) return LeftOut::MissingRecord;
+    const std::int32_t row = LookupPointCode(KeyOf(run.group.ObjectCode));
     GroupPoints points(run);
-    ImportObject(run, KeyOf(run.ObjectCode), points, points.Direction());
+    if (const auto reason = ReasonToLeave(run, PointCodes(), row, points)) return reason;
+    AddObject(points, points.Direction().value_or(0), RowAt(PointCodes(), row));
+    return {};
 }
 
-void ImportSymbolGroup(ImportRun& run) {
-    ++TheAccount()[ObjectKind::Point].read;
+std::optional<LeftOut> ImportSymbolGroup(ImportRun& run) {
+    const std::int32_t row = LookupPointCode(SymbolKey(run));
     GroupPoints points = ReadPlacementPoints(run);
-    double direction = points.Direction();
+    if (const auto reason = ReasonToLeave(run, PointCodes(), row, points)) return reason;
+    std::optional<double> direction = points.Direction();
     // With this option P1-P2 points to the symbol's north, which is what its direction is counted from.
-    if (frmKORVANDE().chkImportSymRotation && points.HaveDirection()) direction = NormalizeGrads(direction - 100);
-    ImportObject(run, SymbolKey(run), points, direction);
+    if (direction && frmKORVANDE().chkImportSymRotation) direction = NormalizeGrads(*direction - 100);
+    AddObject(points, direction.value_or(0), RowAt(PointCodes(), row));
+    return {};
 }
 
-void ImportTextGroup(ImportRun& run) {
-    ObjectAccount& account = TheAccount();
-    ++account[ObjectKind::TextObject].read;
+std::optional<LeftOut> ImportTextGroup(ImportRun& run) {
     GroupPoints points = ReadPlacementPoints(run);
     if (!run.records.NextIs("06")) {
         LogFile().WriteError(u"Tekst, 06 record ontbreekt");
         ShowMessage(u"06 record ontbreekt", Icon::Critical);
-        return account.Leave(ObjectKind::TextObject, LeftOut::MissingRecord);
+        return LeftOut::MissingRecord;
     }
     const std::string_view record = run.records.ReadRecordGroup(2);
-    const std::int32_t rowNo = LookupTextCode(KeyOf(run.ObjectCode));
-    if (const auto reason = ReasonToLeave(run, TextCodes(), rowNo, points)) {
-        return account.Leave(ObjectKind::TextObject, *reason);
-    }
-    const TextCodeRow& row = TextCodes().rows[static_cast<std::size_t>(rowNo)];
-    const std::int32_t anchor = AddTextPoints(points, row);
+    const GroupObjects& group = run.group;
+    const std::int32_t rowNo = LookupTextCode(KeyOf(group.ObjectCode));
+    if (const auto reason = ReasonToLeave(run, TextCodes(), rowNo, points)) return reason;
+    const TextCodeRow& row = RowAt(TextCodes(), rowNo);
+    const std::optional<double> direction = points.Direction();
+    const std::int32_t anchor = AddTextPoints(points, direction.has_value(), row);
     TextRec& text = TheDrawing().Texts.Append();
     text.Code = row.LiscadCode.View();
     text.AnchorPointNo = anchor;
-    text.AnchorPosition =
-        static_cast<std::int16_t>(TransposeAnchorPosition(std::string_view(run.placement).substr(0, 1)) - '0');
-    text.HzDirection = static_cast<float>(points.Direction());
-    text.Text.Assign(TextOf(record, run.ObjectCode));
-    ++account[ObjectKind::TextObject].kept;
+    text.AnchorPosition = static_cast<std::int16_t>(TransposeAnchorPosition(group.placement.substr(0, 1)) - '0');
+    text.HzDirection = static_cast<float>(direction.value_or(0));
+    text.Text.Assign(TextOf(record, group.ObjectCode));
+    return {};
 }
 
 }  // namespace korvande

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "core/modKORVANDE.h"
 #include "nensuf/RecordReader.h"
 #include "project/CodeTables.h"
+#include "run/ObjectAccount.h"
 
 namespace korvande {
 
@@ -40,28 +42,53 @@ struct CoordinateFrame {
     static double Metres(std::string_view value, double factor, double origin);
 };
 
+// What a 03 or 05 group names: its code and the objects to be read from it, at most one of each kind.
+struct GroupObjects {
+    std::string ObjectCode;  // the LKI code, trimmed
+    std::string placement;   // the value of the F field, nine characters
+    bool isPoint = false;
+    bool isLine = false;
+    bool isArc = false;
+    bool isSymbol = false;
+    bool isText = false;
+
+    // It adds no object to those of its neighbours: a 03 group without a G field heads the 05 group behind it, a 05
+    // group without a code places the object of the 03 group before it.
+    bool isPart = false;
+};
+
 // What the group readers of one import share.
 struct ImportRun {
     explicit ImportRun(LineReader& file) : records(file) {}
 
     RecordReader records;
-    std::string ObjectCode;  // the LKI code of the current group, trimmed
-    std::string placement;   // the value of its F field, nine characters
+    GroupObjects group;          // the group being imported
+    bool afterGeometry = false;  // behind a 03 group with a G field, which 05 groups without a code belong to
     CoordinateFrame frame;
     SelectionRectangle selection;
     bool withUnknowns = false;  // chkImportUnknowns
 };
 
+// The objects of the group read last, of type 03 or 05.
+GroupObjects ReadObjects(ImportRun& run);
+
+// Accounts for objects that no group reader is called for.
+void LeaveObjects(const GroupObjects& objects, LeftOut reason);
+
+// Accounts for an object that counts as read already: why it was left out, or nothing when it is in the drawing.
+void SettleObject(ObjectKind kind, std::optional<LeftOut> reason);
+
 // Appends a point and returns its index, which becomes its number. A point whose code was never filled gets the code
 // "100" and the description "Onbekend Object".
 std::int32_t AddImportedPoint(const PointRec& point);
 
-// The group readers. Each reads the records that follow its group.
-void ImportPointGroup(ImportRun& run);
-void ImportLineGroup(ImportRun& run);
-void ImportArcGroup(ImportRun& run);
-void ImportSymbolGroup(ImportRun& run);
-void ImportTextGroup(ImportRun& run);
+// The group readers. Each reads the records that follow its group, and returns why the object was left out, or nothing
+// when it is in the drawing. Of a chain of arcs the result is the last one's; the others are accounted for.
+std::optional<LeftOut> ImportPointGroup(ImportRun& run);
+std::optional<LeftOut> ImportLineGroup(ImportRun& run);
+std::optional<LeftOut> ImportArcGroup(ImportRun& run);
+std::optional<LeftOut> ImportSymbolGroup(ImportRun& run);
+std::optional<LeftOut> ImportTextGroup(ImportRun& run);
 
 // Reads the 04 group that must follow. When another one does, the log book ("FOUT:  " and the object's kind) and a
 // message tell so, and the result is false; that other group is lost.

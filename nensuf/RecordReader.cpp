@@ -32,6 +32,7 @@ void RecordReader::ReadFileRecord(Record& target) {
             return;
         }
         CurrentInputLine() = file.LineNumber();
+        StepProgress(ReadUnits(file));
     } while (line.size() < shortest);
     if (line.size() > recordLength) line.remove_prefix(line.size() - recordLength);
     const std::size_t missing = recordLength - line.size();
@@ -43,7 +44,6 @@ std::string_view RecordReader::ReadRecordGroup(int mode) {
     if (hasLookAhead) {
         record = lookAhead;
     } else {
-        if (mode == 0) StepProgress(ReadUnits(file));
         ReadFileRecord(record);
     }
     hasLookAhead = mode == 1;

@@ -2,16 +2,17 @@
 
 #include <array>
 #include <charconv>
+#include <optional>
 
 #include "core/Clock.h"
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
 #include "core/modScreen.h"
 #include "nensuf/ImportRun.h"
+#include "nensuf/Overflow.h"
 #include "project/frmKORVANDE.h"
 #include "run/InputFile.h"
 #include "run/LogBook.h"
-#include "run/ObjectAccount.h"
 
 namespace korvande {
 
@@ -102,11 +103,11 @@ CoordinateFrame FrameOf(std::string_view line) {
     const std::size_t precisionColumn = TheRun().NenMode ? 7 : 8;
     const double scale = CoordinateScaleOf(static_cast<int>(number(precisionColumn, precisionColumn)));
     CoordinateFrame frame;
-    frame.originX = 1000 * number(13, 22);
-    frame.originY = 1000 * number(23, 32);
-    frame.scale = scale * number(33, 42);
-    frame.originZ = 1000 * number(43, 52);
-    frame.scaleZ = scale * number(53, 62);
+    frame.originX = WithoutOverflow(1000 * number(13, 22));
+    frame.originY = WithoutOverflow(1000 * number(23, 32));
+    frame.scale = WithoutOverflow(scale * number(33, 42));
+    frame.originZ = WithoutOverflow(1000 * number(43, 52));
+    frame.scaleZ = WithoutOverflow(scale * number(53, 62));
     return frame;
 }
 
@@ -141,62 +142,36 @@ bool ReadHeader(LineReader& file, CoordinateFrame& frame) {
     return true;
 }
 
-// Counts an object that no group reader was called for.
-void LeaveObject(ObjectKind kind, LeftOut reason) {
+// Has an object of the current group read, and accounts for it.
+void ImportObject(ImportRun& run, ObjectKind kind, std::optional<LeftOut> (*reader)(ImportRun&)) {
     ++TheAccount()[kind].read;
-    TheAccount().Leave(kind, reason);
+    try {
+        SettleObject(kind, reader(run));
+    } catch (...) {
+        SettleObject(kind, LeftOut::Unfinished);
+        throw;
+    }
 }
 
-// A 03 group: M holds the code (nine characters), G the kind of geometry in its first two.
-void ImportGeometry(ImportRun& run) {
-    bool isPoint = false;
-    bool isLine = false;
-    bool isArc = false;
-    for (const GroupField& field : run.records.GroupFields()) {
-        if (field.Key == 'M') {
-            run.ObjectCode = Trim(field.Value);
-        } else if (field.Key == 'G') {
-            const double kind = LeadingNumber(field.Value.substr(0, 2));
-            isPoint = isPoint || kind == 1;
-            isLine = isLine || kind == 3 || kind == 5 || kind == 12;
-            isArc = isArc || kind == 4 || kind == 13;
-        }
-    }
-    const bool hasCode = !run.ObjectCode.empty();
-    if (!isPoint && !isLine && !isArc) LeaveObject(ObjectKind::Other, LeftOut::NotTranslated);
-    if (isPoint) hasCode ? ImportPointGroup(run) : LeaveObject(ObjectKind::Point, LeftOut::NoCode);
-    if (isLine) hasCode ? ImportLineGroup(run) : LeaveObject(ObjectKind::LineString, LeftOut::NoCode);
-    if (isArc) hasCode ? ImportArcGroup(run) : LeaveObject(ObjectKind::Arc, LeftOut::NoCode);
-}
-
-// A 05 group: Q or K holds the code, F the placement, whose third character tells texts from symbols. One without a
-// code is the placement of a point that its 03 group has brought already.
-void ImportPlacement(ImportRun& run) {
-    bool isText = false;
-    bool isSymbol = false;
-    for (const GroupField& field : run.records.GroupFields()) {
-        if (field.Key == 'Q' || field.Key == 'K') {
-            run.ObjectCode = Trim(field.Value);
-        } else if (field.Key == 'F') {
-            run.placement = field.Value;
-            isText = isText || field.Value[2] == '1';
-            isSymbol = isSymbol || field.Value[2] == '2';
-        }
-    }
-    const bool hasCode = !run.ObjectCode.empty();
-    if (isSymbol && hasCode) ImportSymbolGroup(run);
-    if (isText) hasCode ? ImportTextGroup(run) : LeaveObject(ObjectKind::TextObject, LeftOut::NoCode);
+// Has the objects of a 03 or 05 group read. One without a code brings nothing.
+void ImportObjects(ImportRun& run) {
+    run.group = ReadObjects(run);
+    const GroupObjects& group = run.group;
+    const bool hasObjects = group.isPoint || group.isLine || group.isArc || group.isSymbol || group.isText;
+    if (!hasObjects || group.ObjectCode.empty()) return LeaveObjects(group, LeftOut::NoCode);
+    if (group.isPoint) ImportObject(run, ObjectKind::Point, ImportPointGroup);
+    if (group.isLine) ImportObject(run, ObjectKind::LineString, ImportLineGroup);
+    if (group.isArc) ImportObject(run, ObjectKind::Arc, ImportArcGroup);
+    if (group.isSymbol) ImportObject(run, ObjectKind::Point, ImportSymbolGroup);
+    if (group.isText) ImportObject(run, ObjectKind::TextObject, ImportTextGroup);
 }
 
 void ImportGroups(ImportRun& run) {
     while (true) {
-        run.ObjectCode.clear();
         run.records.ReadRecordGroup(0);
         const std::string_view type = run.records.RecordType();
-        if (type == "03") {
-            ImportGeometry(run);
-        } else if (type == "05") {
-            ImportPlacement(run);
+        if (type == "03" || type == "05") {
+            ImportObjects(run);
         } else if (type == "07") {
             if (!TheRun().NenMode) AskFormat(holdsNen1878Headers);
         } else if (type == "99") {
