@@ -68,6 +68,22 @@ EnvironmentValue::~EnvironmentValue() {
     }
 }
 
+ReadOnlyFolder::ReadOnlyFolder(const TestFolder& folder) : path(folder.Path()), wasSuperuser(::geteuid() == 0) {
+    constexpr uid_t nobody = 65534;
+    fs::permissions(path, fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
+                    fs::perm_options::remove);
+    if (wasSuperuser) {
+        EXPECT_EQ(::seteuid(nobody), 0);
+    }
+}
+
+ReadOnlyFolder::~ReadOnlyFolder() {
+    if (wasSuperuser) {
+        EXPECT_EQ(::seteuid(0), 0);
+    }
+    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add);
+}
+
 std::string WithCrLf(std::string_view linesWithLf) {
     std::string lines;
     for (const char character : linesWithLf) {

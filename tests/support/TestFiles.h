@@ -47,6 +47,20 @@ class EnvironmentValue {
     std::optional<std::string> previous;
 };
 
+// Lets nobody write into a folder as long as this object lives: the superuser, whom permissions do not stop, becomes
+// nobody meanwhile.
+class ReadOnlyFolder {
+ public:
+    explicit ReadOnlyFolder(const TestFolder& folder);
+    ReadOnlyFolder(const ReadOnlyFolder&) = delete;
+    ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+    ~ReadOnlyFolder();
+
+ private:
+    std::string path;
+    bool wasSuperuser;
+};
+
 // Lines with CR LF behind each.
 std::string WithCrLf(std::string_view linesWithLf);
 
