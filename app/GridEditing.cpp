@@ -17,12 +17,6 @@ bool HasCurrentRow(const EditedGrid& edited) { return edited.row >= 1 && edited.
 
 Text& CurrentCell(EditedGrid& edited) { return (*edited.grid)[edited.row][static_cast<std::size_t>(edited.column)]; }
 
-// The row that becomes the current one when the wanted one may lie behind the last.
-void SelectRow(EditedGrid& edited, int row) {
-    const int last = edited.grid->RowCount() - 1;
-    edited.row = std::clamp(row, std::min(1, last), last);
-}
-
 // Lays an editor over the cell and gives it the focus.
 void ShowEditor(EditedGrid& edited, CellEditor& editor, TwipsRectangle gridPlace, TwipsRectangle cell) {
     constexpr int outwards = 20;
@@ -101,7 +95,7 @@ void DeleteRow(EditedGrid& edited) {
     const MessageBox box{question, u"Wissen Tabelregel", Icon::None, Buttons::OkCancel};
     if (TheScreen().ShowMessage(box) != Answer::Ok) return;
     edited.grid->RemoveRow(edited.row);
-    SelectRow(edited, edited.row);
+    edited.row = std::min(edited.row, edited.grid->RowCount() - 1);
     TellChanged();
 }
 
@@ -183,7 +177,7 @@ void DropEdits() {
         for (CellEditor* const editor : {&edited.textEditor, &edited.listEditor}) {
             editor->isVisible = editor->hasFocus = false;
         }
-        SelectRow(edited, edited.row);
+        edited.row = 1;
     });
 }
 

@@ -76,7 +76,7 @@ void EndEdit(EditedGrid& edited);
 // Ends every edit, before something reads the grids.
 void EndEdits();
 
-// Forgets every edit and keeps the current cells within the grids: the grids hold another project.
+// Forgets every edit and makes the first rows the current ones: the grids are about to hold another project.
 void DropEdits();
 
 // Key-down on the grid: Insert appends a row, Delete removes the current one after a question.

@@ -100,10 +100,10 @@ bool IsBusy() noexcept { return loading || IsTranslating(); }
 
 bool LoadProject(Text name) {
     FormKORVANDE& form = frmKORVANDE();
+    DropEdits();
     const bool isLoaded = LoadIntoForm(name);
     if (StartedByCommandLine()) StartedInteractively() = form.framStandaloneVisible = false;
     form.File1.index = FindProject(CurrentProject());
-    DropEdits();
     if (form.changed) form.changed();
     if (std::exchange(closesAfterLoad, false) && form.unload) form.unload();
     return isLoaded;
@@ -117,6 +117,7 @@ void NewProject() {
     const std::optional<Text> name = AskName(newProjectTexts, {});
     if (!name) return;
     SaveCurrentProject();
+    DropEdits();
     ResetProject();
     LoadGridData();
     if (SaveProjectFile(PathOf(*name))) {
@@ -161,6 +162,7 @@ void DeleteProject() {
     if (next >= 0) {
         LoadProject(form.File1.items[static_cast<std::size_t>(next)]);
     } else {
+        DropEdits();
         LoadEmptyProject();
     }
 }
