@@ -89,7 +89,7 @@ void ListLiscadVersions(std::vector<Text>& versions) {
     HeldKey liscad;
     if (!liscad.Open(hives::currentUser, liscadKey)) return;
     Text name;
-    for (std::uint32_t i = 0; RegEnumSubKey(liscad.Key(), i, name) == regResults::success; ++i) {
+    for (std::uint32_t i = 0; RegEnumSubKey(liscad.Key(), i, name) == regcodes::success; ++i) {
         versions.push_back(name);
     }
     // In this order a "RELEASE" behind all higher numbers wins, and a number behind it wins from it.

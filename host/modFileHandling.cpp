@@ -259,7 +259,7 @@ bool ReadRegistryValue(RegKey hive, TextView keyName, TextView valueName, Text& 
     value.clear();
     const OpenKey open(hive, keyName);
     RegValue found;
-    if (!open.isOpen || RegQueryValue(open.key, valueName, found) != regResults::success) return false;
+    if (!open.isOpen || RegQueryValue(open.key, valueName, found) != regcodes::success) return false;
     if (found.type == RegValueType::String && found.text.size() <= room) {
         value = found.text.substr(0, found.text.find(u'\0'));
         return true;
@@ -270,7 +270,7 @@ bool ReadRegistryValue(RegKey hive, TextView keyName, TextView valueName, Text& 
 
 bool WriteRegistryValue(RegKey hive, TextView keyName, TextView valueName, TextView data) {
     const OpenKey open(hive, keyName);
-    return open.isOpen && RegSetTextValue(open.key, valueName, data) == regResults::success;
+    return open.isOpen && RegSetTextValue(open.key, valueName, data) == regcodes::success;
 }
 
 }  // namespace korvande

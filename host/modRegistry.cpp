@@ -41,27 +41,27 @@ void RememberKey(RegKey parent, TextView name, RegKey key) {
 }  // namespace
 
 bool RegCreateSubKey(RegKey parent, TextView name, RegKey& key) {
-    if (registryCalls::CreateKey(parent, name, key) != regResults::success) return false;
+    if (regcalls::CreateKey(parent, name, key) != regcodes::success) return false;
     RememberKey(parent, name, key);
     return true;
 }
 
 bool RegOpenSubKey(RegKey parent, TextView name, RegKey& key) {
-    if (registryCalls::OpenKey(parent, name, key) != regResults::success) return false;
+    if (regcalls::OpenKey(parent, name, key) != regcodes::success) return false;
     RememberKey(parent, name, key);
     return true;
 }
 
 std::int32_t RegEnumSubKey(RegKey key, std::uint32_t index, Text& name) {
     name.clear();
-    const std::int32_t result = registryCalls::EnumKey(key, index, name);
+    const std::int32_t result = regcalls::EnumKey(key, index, name);
     if (name.size() <= subKeyRoom) return result;
     name.clear();
-    return regResults::moreData;
+    return regcodes::moreData;
 }
 
 bool RegCloseKeyHandle(RegKey key) {
-    if (registryCalls::CloseKey(key) != regResults::success) return false;
+    if (regcalls::CloseKey(key) != regcodes::success) return false;
     const auto known = FindOpenKey(key);
     if (known != OpenKeys().end()) OpenKeys().erase(known);
     return true;
@@ -75,11 +75,11 @@ Text RegKeyName(RegKey key) {
 
 std::int32_t RegQueryValue(RegKey key, TextView name, RegValue& value) {
     value = {};
-    return registryCalls::QueryValue(key, name, value);
+    return regcalls::QueryValue(key, name, value);
 }
 
 std::int32_t RegSetTextValue(RegKey key, TextView name, TextView text) {
-    return registryCalls::SetTextValue(key, name, text);
+    return regcalls::SetTextValue(key, name, text);
 }
 
 }  // namespace korvande

@@ -21,13 +21,13 @@ inline constexpr RegKey users = 0x80000003U;
 }  // namespace hives
 
 // The system's result codes that callers tell apart.
-namespace regResults {
+namespace regcodes {
 inline constexpr std::int32_t success = 0;
 inline constexpr std::int32_t notFound = 2;
 inline constexpr std::int32_t invalidHandle = 6;
 inline constexpr std::int32_t moreData = 234;  // longer than the caller has room for
 inline constexpr std::int32_t noMoreItems = 259;
-}  // namespace regResults
+}  // namespace regcodes
 
 enum class RegValueType { String = 1, DoubleWord = 4, Other = 0 };
 

@@ -10,7 +10,7 @@
 
 // The registry where the system has none: a text file, read anew at every call so that programs that run side by side
 // see each other's changes. Which key a handle stands for is taken from the table of open keys.
-namespace korvande::registryCalls {
+namespace korvande::regcalls {
 
 namespace {
 
@@ -56,7 +56,7 @@ Text NameOf(RegKey key) {
 
 // The same of a key below another one; empty when the name cannot be one.
 Text NameBelow(RegKey parent, TextView name) {
-    const Text parentName = NameOf(parent);
+    Text parentName = NameOf(parent);
     while (name.ends_with(u'\\')) name.remove_suffix(1);
     if (parentName.empty() || HasControlCharacter(name)) return {};
     if (name.empty()) return parentName;
@@ -90,9 +90,9 @@ std::int32_t OpenKey(RegKey parent, TextView name, RegKey& key) {
     return Guarded([&] {
         const Text fullName = NameBelow(parent, name);
         if (fullName.empty()) return invalidParameter;
-        if (!IsHive(fullName) && !RegistryFile(FileName()).HasKey(fullName)) return regResults::notFound;
+        if (!IsHive(fullName) && !RegistryFile(FileName()).HasKey(fullName)) return regcodes::notFound;
         key = NewHandle();
-        return regResults::success;
+        return regcodes::success;
     });
 }
 
@@ -106,46 +106,46 @@ std::int32_t CreateKey(RegKey parent, TextView name, RegKey& key) {
             Save(file);
         }
         key = NewHandle();
-        return regResults::success;
+        return regcodes::success;
     });
 }
 
-std::int32_t CloseKey(RegKey key) { return RegKeyName(key).empty() ? regResults::invalidHandle : regResults::success; }
+std::int32_t CloseKey(RegKey key) { return RegKeyName(key).empty() ? regcodes::invalidHandle : regcodes::success; }
 
 std::int32_t EnumKey(RegKey key, std::uint32_t index, Text& name) {
     return Guarded([&] {
         const Text fullName = NameOf(key);
-        if (fullName.empty()) return regResults::invalidHandle;
+        if (fullName.empty()) return regcodes::invalidHandle;
         const std::vector<Text> subKeys = RegistryFile(FileName()).SubKeys(fullName);
-        if (index >= subKeys.size()) return regResults::noMoreItems;
+        if (index >= subKeys.size()) return regcodes::noMoreItems;
         name = subKeys[index];
-        return regResults::success;
+        return regcodes::success;
     });
 }
 
 std::int32_t QueryValue(RegKey key, TextView name, RegValue& value) {
     return Guarded([&] {
         const Text fullName = NameOf(key);
-        if (fullName.empty()) return regResults::invalidHandle;
+        if (fullName.empty()) return regcodes::invalidHandle;
         const std::optional<RegValue> found = RegistryFile(FileName()).FindValue(fullName, name);
-        if (!found) return regResults::notFound;
+        if (!found) return regcodes::notFound;
         value = *found;
-        return regResults::success;
+        return regcodes::success;
     });
 }
 
 std::int32_t SetTextValue(RegKey key, TextView name, TextView text) {
     return Guarded([&] {
         const Text fullName = NameOf(key);
-        if (fullName.empty()) return regResults::invalidHandle;
+        if (fullName.empty()) return regcodes::invalidHandle;
         // The file has no way to write these.
         if (HasControlCharacter(name) || HasControlCharacter(text)) return invalidParameter;
         RegistryFile file(FileName());
-        if (!IsHive(fullName) && !file.HasKey(fullName)) return regResults::notFound;
+        if (!IsHive(fullName) && !file.HasKey(fullName)) return regcodes::notFound;
         file.SetText(fullName, name, text);
         Save(file);
-        return regResults::success;
+        return regcodes::success;
     });
 }
 
-}  // namespace korvande::registryCalls
+}  // namespace korvande::regcalls

@@ -16,7 +16,7 @@ std::int32_t Lookup(CodeTable& table, CodeLookup& lookup, const CodeKey& code) {
     const std::int32_t row = lookup.Find(table.rows, code);
     ++table.rows[static_cast<std::size_t>(row)].Count;
     if (row == 0 && frmKORVANDE().chkExportUnknowns) {
-        FixedText<8> key;
+        FixedText<8> key{};
         key.characters[0] = table.letter;
         std::copy(code.characters.begin(), code.characters.end(), key.characters.begin() + 1);
         CountUnknownCode(key);

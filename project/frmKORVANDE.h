@@ -41,6 +41,8 @@ struct ListControl {
     TextView SelectedText() const;
 };
 
+// There is one form, so its parts stand in the order of the window.
+// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding)
 struct FormKORVANDE {
     // Files and mode
     Text txtFileSUFNEN;

@@ -71,10 +71,10 @@ TEST_F(Registry, AnUnknownHandleFailsEverywhere) {
     EXPECT_FALSE(RegCreateSubKey(unknown, u"A", key));
     EXPECT_FALSE(RegOpenSubKey(unknown, u"A", key));
     EXPECT_FALSE(RegCloseKeyHandle(unknown));
-    EXPECT_EQ(RegEnumSubKey(unknown, 0, name), regResults::invalidHandle);
+    EXPECT_EQ(RegEnumSubKey(unknown, 0, name), regcodes::invalidHandle);
     EXPECT_EQ(name, u"");
-    EXPECT_EQ(RegQueryValue(unknown, u"v", value), regResults::invalidHandle);
-    EXPECT_EQ(RegSetTextValue(unknown, u"v", u"x"), regResults::invalidHandle);
+    EXPECT_EQ(RegQueryValue(unknown, u"v", value), regcodes::invalidHandle);
+    EXPECT_EQ(RegSetTextValue(unknown, u"v", u"x"), regcodes::invalidHandle);
     EXPECT_EQ(folder.Listing(), "");
 }
 
@@ -95,7 +95,7 @@ TEST_F(Registry, CreatingOpensAKeyThatIsThere) {
     RegKey key = 0;
     ASSERT_TRUE(RegCreateSubKey(hives::currentUser, u"SOFTWARE\\", key));
     RegValue value;
-    EXPECT_EQ(RegQueryValue(key, u"V", value), regResults::success);
+    EXPECT_EQ(RegQueryValue(key, u"V", value), regcodes::success);
     EXPECT_EQ(value.text, u"x");
     RegCloseKeyHandle(key);
     EXPECT_EQ(FileText(), before);
@@ -120,13 +120,13 @@ TEST_F(Registry, SubkeysAreEnumeratedUntilThereAreNoMore) {
         RegCloseKeyHandle(key);
     }
     Text name;
-    EXPECT_EQ(RegEnumSubKey(list, 0, name), regResults::success);
+    EXPECT_EQ(RegEnumSubKey(list, 0, name), regcodes::success);
     EXPECT_EQ(name, u"4.0");
-    EXPECT_EQ(RegEnumSubKey(list, 1, name), regResults::success);
+    EXPECT_EQ(RegEnumSubKey(list, 1, name), regcodes::success);
     EXPECT_EQ(name, u"RELEASE");
-    EXPECT_EQ(RegEnumSubKey(list, 2, name), regResults::success);
+    EXPECT_EQ(RegEnumSubKey(list, 2, name), regcodes::success);
     EXPECT_EQ(name, longest);
-    EXPECT_EQ(RegEnumSubKey(list, 3, name), regResults::noMoreItems);
+    EXPECT_EQ(RegEnumSubKey(list, 3, name), regcodes::noMoreItems);
     EXPECT_EQ(name, u"");
     RegCloseKeyHandle(list);
 }
@@ -134,9 +134,9 @@ TEST_F(Registry, SubkeysAreEnumeratedUntilThereAreNoMore) {
 TEST_F(Registry, ASubkeyNameBeyondTheRoomForItIsNotGiven) {
     Fill("[HKEY_CURRENT_USER\\" + std::string(299, 'a') + "]\n[HKEY_CURRENT_USER\\" + std::string(300, 'b') + "]\n");
     Text name;
-    EXPECT_EQ(RegEnumSubKey(hives::currentUser, 0, name), regResults::success);
+    EXPECT_EQ(RegEnumSubKey(hives::currentUser, 0, name), regcodes::success);
     EXPECT_EQ(name.size(), 299U);
-    EXPECT_EQ(RegEnumSubKey(hives::currentUser, 1, name), regResults::moreData);
+    EXPECT_EQ(RegEnumSubKey(hives::currentUser, 1, name), regcodes::moreData);
     EXPECT_EQ(name, u"");
 }
 
@@ -203,7 +203,7 @@ TEST_F(Registry, ADoubleWordIsReadAsANumber) {
 }
 
 TEST_F(Registry, ATextEndsAtItsFirstNulCharacter) {
-    Fill(std::string("[HKEY_CURRENT_USER\\A]\n\"v\"=\"een\0twee\"\n", 39));
+    Fill("[HKEY_CURRENT_USER\\A]\n\"v\"=\"een" + std::string(1, '\0') + "twee\"\n");
     Text value;
     EXPECT_TRUE(ReadRegistryValue(hives::currentUser, u"A", u"v", value));
     EXPECT_EQ(value, u"een");
