@@ -84,6 +84,16 @@ Format Recognise(TextView name) {
     return Format::Unknown;
 }
 
+// One step of a translation: an error that escapes it is a problem, after which the next step follows.
+void RunStep(void (*step)()) {
+    try {
+        step();
+    } catch (const std::exception&) {
+        LogFile().WriteEscapedError(CurrentError());
+    }
+    CurrentInputLine() = 0;
+}
+
 // Reads the file and looks every code up, as a translation would. What an IDEX file refers to is followed by exporting
 // it to nowhere.
 void ReadFile(Format format, const Text& name) {
@@ -95,12 +105,12 @@ void ReadFile(Format format, const Text& name) {
     SaveGridData();
     if (format == Format::Idex) {
         run.IdexFileName = name;
-        ReadIdexFile();
-        ExportSufNen();
+        RunStep(ReadIdexFile);
+        RunStep(ExportSufNen);
     } else {
         run.SufNenFileName = name;
         run.NenMode = format == Format::Nen1878;
-        ImportNenSuf();
+        RunStep(ImportNenSuf);
     }
 }
 
@@ -139,8 +149,10 @@ void PrintCodes(TextView heading, const CodeTable& table) {
 
 // The codes that the control table does not know; each is a problem.
 void AddUnknownCodes(Problems& problems) {
-    CurrentInputLine() = 0;
-    for (const UnknownCodeRec& unknown : TheDrawing().UnknownCodes.Entries()) {
+    auto& entries = TheDrawing().UnknownCodes.Entries();
+    std::sort(entries.begin(), entries.end(),
+              [](const UnknownCodeRec& a, const UnknownCodeRec& b) { return a.Code.View() < b.Code.View(); });
+    for (const UnknownCodeRec& unknown : entries) {
         const TextView key = unknown.Code.View();
         const TextView kind = key[0] == u'P' ? u"Puntcode" : key[0] == u'L' ? u"Lijncode" : u"Tekstcode";
         problems.Add(Concat(kind, u" '", TrimRight(key.substr(1)), u"' staat niet in de controletabel: ", unknown.Count,
@@ -168,11 +180,7 @@ int CheckOne(const std::string& file) {
     PrintLine(Concat(u"Bestand: ", name, u" (", NameOf(format), u")"));
     PrintLine(u"Problemen:");
     LogFile().onError = [&problems](TextView message) { problems.Add(message); };
-    try {
-        ReadFile(format, name);
-    } catch (const std::exception&) {
-        LogFile().WriteEscapedError(CurrentError());
-    }
+    ReadFile(format, name);
     LogFile().onError = nullptr;
     AddUnknownCodes(problems);
     if (problems.Count() == 0) PrintLine(u"  geen");

@@ -189,11 +189,15 @@ Answer AskOnTerminal(const MessageBox& box) {
     }
 }
 
+// Questions are asked on a terminal. Elsewhere, or with an answer given beforehand, question and answer are told.
 void PrepareScreen(ConsoleScreen& screen, std::optional<Answer> fixed) {
     screen.isInterrupted = IsInterrupted;
     screen.answerQuestion = [fixed](const MessageBox& box) {
-        if (fixed) return *fixed;
-        return InputIsTerminal() ? AskOnTerminal(box) : Answer::Yes;
+        if (!fixed && InputIsTerminal()) return AskOnTerminal(box);
+        const Answer answer = fixed.value_or(Answer::Yes);
+        const TextView word = answer == Answer::Yes ? u"ja" : answer == Answer::No ? u"nee" : u"annuleren";
+        PrintErrorLine(Concat(box.text, u" ", word));
+        return answer;
     };
 }
 
