@@ -23,8 +23,10 @@ CommandLineConversion SplitCommandLine(TextView commandLine) {
     const char16_t first = capitals.front();
     if (first >= u'0' && first <= u'9') conversion.direction = static_cast<std::int16_t>(first - u'0');
     const TextView rest = Trim(TextView(capitals).substr(1));
-    const std::size_t end = rest.find(rest.starts_with(u'"') ? u'"' : u' ', 1);
-    conversion.sufNenFile = WithoutQuotes(rest.substr(0, end));
+    const bool isQuoted = rest.starts_with(u'"');
+    const std::size_t end = rest.find(isQuoted ? u'"' : u' ', 1);
+    const TextView name = rest.substr(0, end);
+    conversion.sufNenFile = isQuoted ? WithoutQuotes(name) : Text(name);
     if (end != TextView::npos) conversion.idexFile = WithoutQuotes(Trim(rest.substr(end + 1)));
     return conversion;
 }

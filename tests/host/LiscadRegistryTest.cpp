@@ -130,7 +130,7 @@ TEST_F(LiscadRegistry, MakingTheMenuKeysLeavesNoneOpen) {
 
 TEST_F(LiscadRegistry, AKeyThatCannotBeWrittenIsAFailure) {
     AddVersions({u"5.1"});
-    const ReadOnlyFolder readOnly(folder);
+    const ReadOnlyFolder readOnly(folder.Path());
     EXPECT_FALSE(EnsureDataConversionsKeys(u"5.1"));
     EXPECT_FALSE(RegisterMenuItem(u"5.1", 1, u"SUF2", u"*.sf2"));
 }

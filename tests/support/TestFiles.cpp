@@ -68,7 +68,7 @@ EnvironmentValue::~EnvironmentValue() {
     }
 }
 
-ReadOnlyFolder::ReadOnlyFolder(const TestFolder& folder) : path(folder.Path()), wasSuperuser(::geteuid() == 0) {
+ReadOnlyFolder::ReadOnlyFolder(std::string folder) : path(std::move(folder)), wasSuperuser(::geteuid() == 0) {
     constexpr uid_t nobody = 65534;
     fs::permissions(path, fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
                     fs::perm_options::remove);

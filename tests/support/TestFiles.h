@@ -51,7 +51,7 @@ class EnvironmentValue {
 // nobody meanwhile.
 class ReadOnlyFolder {
  public:
-    explicit ReadOnlyFolder(const TestFolder& folder);
+    explicit ReadOnlyFolder(std::string folder);
     ReadOnlyFolder(const ReadOnlyFolder&) = delete;
     ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
     ~ReadOnlyFolder();
