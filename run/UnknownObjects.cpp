@@ -1,7 +1,5 @@
 #include "run/UnknownObjects.h"
 
-#include <algorithm>
-
 #include "core/Picture.h"
 #include "core/modKORVANDE.h"
 #include "run/LogBook.h"
@@ -29,10 +27,8 @@ TextView HeadingOf(char16_t tableLetter) {
 
 void WriteUnknownObjectOverview() {
     LogBook& log = LogFile();
-    auto& entries = TheDrawing().UnknownCodes.Entries();
-    // Keys occur once, so any sorting puts them in the same order.
-    std::sort(entries.begin(), entries.end(),
-              [](const UnknownCodeRec& a, const UnknownCodeRec& b) { return a.Code.View() < b.Code.View(); });
+    TheDrawing().UnknownCodes.Sort();
+    const auto& entries = TheDrawing().UnknownCodes.Entries();
     if (!entries.empty()) {
         log.WriteLine();
         log.WriteLine(u"Overzicht onbekende objecten:");
