@@ -1,6 +1,7 @@
 #include "nensuf/modExportSUFNEN.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <string>
 
@@ -199,13 +200,39 @@ WhyLeftOut ExportText(std::int32_t index, const ExportCodes& codes, const CodeRe
 
 // The run
 
+constexpr std::array exportedKinds = {ObjectKind::Point, ObjectKind::LineSegment, ObjectKind::TextObject};
+
+std::int32_t CountOf(ObjectKind kind) {
+    const Drawing& drawing = TheDrawing();
+    switch (kind) {
+        case ObjectKind::Point:
+            return drawing.Points.UpperBound();
+        case ObjectKind::LineSegment:
+            return drawing.Edges.UpperBound();
+        default:
+            return drawing.Texts.UpperBound();
+    }
+}
+
+// The account of the drawing's objects begins with all of them read; an export that ends early has not come to the
+// rest.
+void CountObjectsRead() {
+    for (const ObjectKind kind : exportedKinds) TheAccount()[kind].read += CountOf(kind);
+}
+
+void LeaveTheRestUnfinished() {
+    for (const ObjectKind kind : exportedKinds) {
+        const KindAccount& account = TheAccount()[kind];
+        TheAccount().Leave(kind, LeftOut::Unfinished, account.read - account.written - account.LeftOutTotal());
+    }
+}
+
 using ExportObject = WhyLeftOut(std::int32_t index, const ExportCodes& codes, const CodeRecordTails& tails);
 
-// One step: exports the objects 1 to `count` of a kind and accounts for each.
-void ExportEach(ObjectKind kind, std::int32_t count, ExportObject exportObject, const ExportCodes& codes,
-                const CodeRecordTails& tails) {
+// One step: exports all objects of a kind and accounts for each.
+void ExportEach(ObjectKind kind, ExportObject exportObject, const ExportCodes& codes, const CodeRecordTails& tails) {
     ObjectAccount& account = TheAccount();
-    account[kind].read += count;
+    const std::int32_t count = CountOf(kind);
     BeginProgress(count);
     for (std::int32_t index = 1; index <= count; ++index) {
         if (const WhyLeftOut reason = exportObject(index, codes, tails)) {
@@ -239,16 +266,15 @@ bool OpenExportFile() {
 }
 
 void WriteExportFile() {
-    const Drawing& drawing = TheDrawing();
     const CodeRecordTails tails = PrepareCodeRecordTails();
     WriteExportHeader();
     if (!frmKORVANDE().chkExportUnknowns) LeaveUnknownObjectsOut();
     ShowStatus(u"Schrijven Exportbestand: Symbolen");
-    ExportEach(ObjectKind::Point, drawing.Points.UpperBound(), ExportPoint, PreparePointCodes(), tails);
+    ExportEach(ObjectKind::Point, ExportPoint, PreparePointCodes(), tails);
     ShowStatus(u"Schrijven Exportbestand: Lijnen");
-    ExportEach(ObjectKind::LineSegment, drawing.Edges.UpperBound(), ExportSegment, PrepareLineCodes(), tails);
+    ExportEach(ObjectKind::LineSegment, ExportSegment, PrepareLineCodes(), tails);
     ShowStatus(u"Schrijven Exportbestand: Teksten");
-    ExportEach(ObjectKind::TextObject, drawing.Texts.UpperBound(), ExportText, PrepareTextCodes(), tails);
+    ExportEach(ObjectKind::TextObject, ExportText, PrepareTextCodes(), tails);
     WriteClosingRecord();
     TheRun().output.Close();
 }
@@ -257,10 +283,15 @@ void WriteExportFile() {
 
 void ExportSufNen() {
     ShowStatus(u"Schrijven Exportbestand: Voorbereiden");
-    if (!OpenExportFile()) return;
+    CountObjectsRead();
+    if (!OpenExportFile()) return LeaveTheRestUnfinished();
     try {
         WriteExportFile();
+    } catch (const TranslationAborted&) {
+        LeaveTheRestUnfinished();
+        throw;
     } catch (const std::exception&) {
+        LeaveTheRestUnfinished();
         TheRun().outcome.outputFailed = true;
         throw;
     }
