@@ -1,5 +1,6 @@
 #include "nensuf/ExportStatistics.h"
 
+#include <algorithm>
 #include <string>
 
 #include "core/modKORVANDE.h"

@@ -99,11 +99,11 @@ RecordText FormatCoordinates(std::int32_t pointIndex) {
     return fields;
 }
 
-std::string FormatQuality(int P, int I, int B) {
+std::string FormatQuality(int p, int i, int b) {
     std::string field = TheRun().ExportNen ? "Q  P  I  B" : "K  P  I  B";
-    field[3] = LastDigit(P);
-    field[6] = LastDigit(I);
-    field[9] = LastDigit(B);
+    field[3] = LastDigit(p);
+    field[6] = LastDigit(i);
+    field[9] = LastDigit(b);
     return field;
 }
 
@@ -120,7 +120,7 @@ std::string FormatFieldworkDate() {
 
 std::string FormatSourceBlock() {
     const auto& source = TheOwner().Source;
-    if (source.IsBlank()) return std::string(10, ' ');
+    if (source.IsBlank()) return PadRight({}, 10);
     RecordText block;
     block.Put("B", MakeFixedText<5>(source.Trimmed()).View(), " 0  ");
     return std::string(block.View());

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -36,7 +35,7 @@ class RecordText {
     void PutMillimetres(char letter, double metres);
 
  private:
-    void Append(std::string_view part) { std::memcpy(Room(part.size()), part.data(), part.size()); }
+    void Append(std::string_view part) { part.copy(Room(part.size()), part.size()); }
     void Append(TextView part);
 
     char* Room(std::size_t wanted) {
@@ -64,7 +63,7 @@ void WriteClosingRecord();
 RecordText FormatCoordinates(std::int32_t pointIndex);
 
 // The quality field: the last decimal digits of P, I and B in columns 4, 7 and 10.
-std::string FormatQuality(int P, int I, int B);
+std::string FormatQuality(int p, int i, int b);
 
 // "D " and yyyymmdd of the drawing's fieldwork date. Empty when there is none; one that is no date is told in the log
 // book and left out.
