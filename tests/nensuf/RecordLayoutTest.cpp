@@ -1,0 +1,288 @@
+#include "nensuf/RecordLayout.h"
+
+#include <cmath>
+#include <limits>
+
+#include "tests/nensuf/ExportTest.h"
+
+namespace korvande::testing {
+namespace {
+
+class RecordLayout : public ExportTest {
+ protected:
+    RecordLayout() { AddPoint({.code = u""}); }
+
+    // The bytes that writing one record makes.
+    static std::string Written(std::string_view buffer, std::string_view tail, int closingFlag) {
+        OpenOutput(TheRun().SufNenFileName);
+        RecordText record;
+        record.Put(buffer);
+        WriteRecord(record, tail, closingFlag);
+        TheRun().output.Close();
+        return FileBytes(TheRun().SufNenFileName);
+    }
+    static std::vector<std::string> WrittenLines(std::string_view buffer, std::string_view tail = {}) {
+        std::string bytes = Written(buffer, tail, 1);
+        std::erase(bytes, '\r');
+        return SplitLines(bytes);
+    }
+
+    // A record of type 04 with this many characters, all of them different from their neighbours.
+    static std::string RecordOf(std::size_t length) {
+        std::string record = "04";
+        while (record.size() < length) record.push_back(static_cast<char>('A' + record.size() % 26));
+        return record;
+    }
+
+    static std::string Millimetres(double metres) {
+        RecordText field;
+        field.PutMillimetres('X', metres);
+        return std::string(field.View());
+    }
+
+    static PointRec& ThePoint() { return TheDrawing().Points[1]; }
+    static std::string Coordinates() { return std::string(FormatCoordinates(1).View()); }
+
+    static std::string DateOf(TextView date) {
+        TheDrawing().DrawingDate = date;
+        return FormatFieldworkDate();
+    }
+};
+
+using Lines = std::vector<std::string>;
+
+TEST_F(RecordLayout, ARecordIsALineOf64ColumnsThatEndsInCrLf) {
+    EXPECT_EQ(Written("06A20Tpaal", "", 1), "06A20Tpaal" + std::string(52, ' ') + "01\r\n");
+}
+
+TEST_F(RecordLayout, ARecordOf62CharactersFillsItsLine) {
+    EXPECT_EQ(WrittenLines(RecordOf(62)), Lines{RecordOf(62) + "01"});
+}
+
+TEST_F(RecordLayout, ARecordOf63To65CharactersLosesWhatIsBehindColumn62) {
+    for (const std::size_t length : {63U, 64U, 65U}) {
+        EXPECT_EQ(WrittenLines(RecordOf(length)), Lines{RecordOf(62) + "01"}) << length;
+    }
+}
+
+TEST_F(RecordLayout, ARecordOf66CharactersContinuesOnASecondLine) {
+    const std::string record = RecordOf(66);
+    EXPECT_EQ(WrittenLines(record),
+              (Lines{record.substr(0, 62) + "00", "04" + record.substr(62) + std::string(56, ' ') + "01"}));
+}
+
+TEST_F(RecordLayout, AContinuationToo63To65CharactersLongLosesWhatIsBehindColumn62) {
+    for (const std::size_t length : {123U, 124U, 125U}) {
+        const std::string record = RecordOf(length);
+        EXPECT_EQ(WrittenLines(record), (Lines{record.substr(0, 62) + "00", "04" + record.substr(62, 60) + "01"}))
+            << length;
+    }
+}
+
+TEST_F(RecordLayout, ARecordOf126CharactersTakesThreeLines) {
+    const std::string record = RecordOf(126);
+    EXPECT_EQ(WrittenLines(record), (Lines{record.substr(0, 62) + "00", "04" + record.substr(62, 60) + "00",
+                                           "04" + record.substr(122) + std::string(56, ' ') + "01"}));
+}
+
+TEST_F(RecordLayout, TheTailCountsAsPartOfTheRecord) {
+    const std::string record = RecordOf(72);
+    EXPECT_EQ(WrittenLines(record.substr(0, 62), record.substr(62)), WrittenLines(record));
+    EXPECT_EQ(WrittenLines(record.substr(0, 62), record.substr(62)).size(), 2U);
+}
+
+TEST_F(RecordLayout, AnEmptyBufferWritesNothingNotEvenItsTail) { EXPECT_EQ(Written("", "Q  1  2  3", 1), ""); }
+
+TEST_F(RecordLayout, ABareRecordTypeIsNotWritten) {
+    EXPECT_EQ(Written("04", "", 1), "");
+    EXPECT_EQ(Written("0", "4", 1), "");
+    EXPECT_EQ(Written("0", "", 1), "");
+    EXPECT_EQ(WrittenLines("04", "I"), Lines{"04I" + std::string(59, ' ') + "01"});
+}
+
+TEST_F(RecordLayout, Nen1878EndsARecordWithTheLastDigitOfTheClosingFlag) {
+    const auto endCode = [](int closingFlag) { return Written("03M", "", closingFlag).substr(62, 2); };
+    EXPECT_EQ(endCode(0), "00");
+    EXPECT_EQ(endCode(1), "01");
+    EXPECT_EQ(endCode(12), "02");
+    EXPECT_EQ(endCode(-3), "03");
+}
+
+TEST_F(RecordLayout, Suf2EndsEveryRecordWith01WhateverTheClosingFlag) {
+    TheRun().ExportNen = false;
+    EXPECT_EQ(Written("03M", "", 0).substr(62, 2), "01");
+    EXPECT_EQ(Written("03M", "", 2).substr(62, 2), "01");
+    const std::string twoLines = Written(RecordOf(66), "", 0);
+    EXPECT_EQ(twoLines.substr(62, 2), "00");
+    EXPECT_EQ(twoLines.substr(66 + 62, 2), "01");
+}
+
+TEST_F(RecordLayout, TheClosingRecordIs99And62Spaces) {
+    OpenOutput(TheRun().SufNenFileName);
+    WriteClosingRecord();
+    TheRun().output.Close();
+    EXPECT_EQ(FileBytes(TheRun().SufNenFileName), "99" + std::string(62, ' ') + "\r\n");
+}
+
+TEST_F(RecordLayout, ARecordTextHoldsNoMoreThanItsCapacity) {
+    RecordText record;
+    record.Put(std::string(RecordText::capacity, 'A'));
+    EXPECT_EQ(ErrorOf([&] { record.Put("B"); }), errors::subscriptOutOfRange);
+    EXPECT_EQ(record.View(), std::string(RecordText::capacity, 'A'));
+}
+
+TEST_F(RecordLayout, TextsBecomeOneByteForEachCharacter) {
+    RecordText record;
+    record.Put(u"Café €5 \u0416");
+    EXPECT_EQ(record.View(),
+              "Caf\xE9 \x80"
+              "5 ?");
+}
+
+TEST_F(RecordLayout, LengthsAreWholeMillimetresOnTheRightOfNineColumns) {
+    EXPECT_EQ(Millimetres(123456.7895), "X123456790");
+    EXPECT_EQ(Millimetres(1), "X     1000");
+    EXPECT_EQ(Millimetres(0), "X        0");
+    EXPECT_EQ(Millimetres(-12.345), "X   -12345");
+    EXPECT_EQ(Millimetres(-99999.999), "X-99999999");
+    EXPECT_EQ(Millimetres(999999.999), "X999999999");
+}
+
+TEST_F(RecordLayout, HalfAMillimetreRoundsAwayFromZero) {
+    EXPECT_EQ(Millimetres(0.0005), "X        1");
+    EXPECT_EQ(Millimetres(-0.0005), "X       -1");
+    EXPECT_EQ(Millimetres(1.0005), "X     1001");
+    EXPECT_EQ(Millimetres(2.0025), "X     2003");
+    EXPECT_EQ(Millimetres(0.00049), "X        0");
+}
+
+TEST_F(RecordLayout, ALengthThatRoundsToZeroCarriesNoMinusSign) {
+    EXPECT_EQ(Millimetres(-0.0004), "X        0");
+    EXPECT_EQ(Millimetres(-0.0), "X        0");
+}
+
+TEST_F(RecordLayout, ALengthOfMoreThanNineCharactersKeepsTheRightmostNine) {
+    EXPECT_EQ(Millimetres(1000000), "X000000000");
+    EXPECT_EQ(Millimetres(1234567.891), "X234567891");
+    EXPECT_EQ(Millimetres(-100000), "X100000000");
+    EXPECT_EQ(Millimetres(-1234567.891), "X234567891");
+}
+
+TEST_F(RecordLayout, ALengthOfMoreThanFifteenDigitsIsTakenByItsFirstFifteen) {
+    EXPECT_EQ(Millimetres(1234567890123.456), "X890123460");
+    EXPECT_EQ(Millimetres(-1e300), "X000000000");
+}
+
+TEST_F(RecordLayout, ALengthThatIsNoFiniteNumberOfMillimetresIsAnOverflow) {
+    for (const double metres : {1e306, std::numeric_limits<double>::infinity(), std::nan("")}) {
+        EXPECT_EQ(ErrorOf([&] { Millimetres(metres); }), errors::overflow) << metres;
+    }
+}
+
+TEST_F(RecordLayout, CoordinatesAreXAndY) {
+    ThePoint().Elevation = 1.5;
+    ThePoint().PointID = u"P1";
+    EXPECT_EQ(Coordinates(), "X   100000Y   200000");
+}
+
+TEST_F(RecordLayout, ThePointNumberFieldHoldsTheNameInNineColumns) {
+    frmKORVANDE().chkExportPointnoAsField = true;
+    ThePoint().PointID = u"P1";
+    EXPECT_EQ(Coordinates(), "NP1       X   100000Y   200000");
+    ThePoint().PointID = u"ABCDEFGHIJ";
+    EXPECT_EQ(Coordinates(), "NABCDEFGHIX   100000Y   200000");
+}
+
+TEST_F(RecordLayout, ABlankNameHasNoPointNumberField) {
+    frmKORVANDE().chkExportPointnoAsField = true;
+    EXPECT_EQ(Coordinates(), "X   100000Y   200000");
+}
+
+TEST_F(RecordLayout, TheHeightFieldComesWithThe3DOption) {
+    frmKORVANDE().chkExport3D = true;
+    ThePoint().Elevation = -1.25;
+    EXPECT_EQ(Coordinates(), "X   100000Y   200000Z    -1250");
+}
+
+TEST_F(RecordLayout, AHeightOfZeroHasNoHeightField) {
+    frmKORVANDE().chkExport3D = true;
+    EXPECT_EQ(Coordinates(), "X   100000Y   200000");
+    ThePoint().Elevation = 0.0001;
+    EXPECT_EQ(Coordinates(), "X   100000Y   200000Z        0");
+}
+
+TEST_F(RecordLayout, NameAndHeightStandBeforeAndBehindTheCoordinates) {
+    frmKORVANDE().chkExport3D = frmKORVANDE().chkExportPointnoAsField = true;
+    ThePoint().Elevation = 2;
+    ThePoint().PointID = u"P1";
+    EXPECT_EQ(Coordinates(), "NP1       X   100000Y   200000Z     2000");
+}
+
+TEST_F(RecordLayout, IndexZeroIsTheScratchPoint) {
+    TheDrawing().Points[0].East = 3;
+    TheDrawing().Points[0].North = 4;
+    EXPECT_EQ(FormatCoordinates(0).View(), "X     3000Y     4000");
+}
+
+TEST_F(RecordLayout, TheQualityFieldTakesTheLastDigitsOfPIAndB) {
+    EXPECT_EQ(FormatQuality(1, 2, 3), "Q  1  2  3");
+    EXPECT_EQ(FormatQuality(12, 0, -37), "Q  2  0  7");
+    EXPECT_EQ(FormatQuality(32767, -32768, 10), "Q  7  8  0");
+}
+
+TEST_F(RecordLayout, TheQualityFieldBeginsWithKInSuf2) {
+    TheRun().ExportNen = false;
+    EXPECT_EQ(FormatQuality(1, 2, 3), "K  1  2  3");
+}
+
+TEST_F(RecordLayout, AFieldworkDateIsWrittenAsYearMonthAndDay) {
+    EXPECT_EQ(DateOf(u"15-05-2024"), "D 20240515");
+    EXPECT_EQ(DateOf(u"5/6/2024"), "D 20240605");
+    EXPECT_EQ(DateOf(u"5.6.2024"), "D 20240605");
+    EXPECT_EQ(DateOf(u"5:6:2024"), "D 20240605");
+    EXPECT_EQ(DateOf(u"2024-06-05"), "D 20240605");
+    EXPECT_EQ(DateOf(u"05-06-2024-12:30:00"), "D 20240605");
+    EXPECT_EQ(LogText(), "");
+}
+
+TEST_F(RecordLayout, AFieldworkDateWithAShortYearIsWidened) {
+    EXPECT_EQ(DateOf(u"05-06-24"), "D 20240605");
+    EXPECT_EQ(DateOf(u"05-06-29"), "D 20290605");
+    EXPECT_EQ(DateOf(u"05-06-30"), "D 19300605");
+    EXPECT_EQ(DateOf(u"05-06-99"), "D 19990605");
+    EXPECT_EQ(DateOf(u"05-06-104"), "D 20040605");
+}
+
+TEST_F(RecordLayout, ADrawingWithoutAFieldworkDateHasAnEmptyFieldAndNoMessage) {
+    EXPECT_EQ(DateOf(u""), "");
+    EXPECT_EQ(DateOf(u"   "), "");
+    EXPECT_EQ(LogText(), "");
+}
+
+TEST_F(RecordLayout, AnInvalidFieldworkDateIsLeftOutWithAMessage) {
+    std::string messages;
+    for (const TextView date : {u"31-02-2024", u"voorjaar", u"15-05", u"15-05-4", u"15-mei-2024", u"20240515"}) {
+        EXPECT_EQ(DateOf(date), "") << ToUtf8(date);
+        messages += "Tekening bevat ongeldige veldwerkdatum, wordt weggelaten...\n";
+    }
+    EXPECT_EQ(LogFile().ErrorCount(), 0);
+    EXPECT_EQ(LogText(), messages);
+}
+
+TEST_F(RecordLayout, TheSourceBlockHoldsTheTrimmedSourceInFiveColumns) {
+    EXPECT_EQ(FormatSourceBlock(), "BBRON  0  ");
+    TheOwner().Source = u"VOSAI";
+    EXPECT_EQ(FormatSourceBlock(), "BVOSAI 0  ");
+    TheOwner().Source = u"  AB";
+    EXPECT_EQ(FormatSourceBlock(), "BAB    0  ");
+    TheOwner().Source = u"é";
+    EXPECT_EQ(FormatSourceBlock(), "B\xE9     0  ");
+}
+
+TEST_F(RecordLayout, ABlankSourceGivesTenSpaces) {
+    TheOwner().Source = u"";
+    EXPECT_EQ(FormatSourceBlock(), std::string(10, ' '));
+}
+
+}  // namespace
+}  // namespace korvande::testing
