@@ -1,0 +1,80 @@
+#include "run/CodeStatistics.h"
+
+#include "tests/support/ProgramState.h"
+
+namespace korvande::testing {
+namespace {
+
+class CodeStatistics : public ProgramTest {
+ protected:
+    CodeStatistics() { OpenLog(); }
+
+    static void AddRow(CodeTable& table, TextView liscad, TextView description, std::int32_t count) {
+        CodeRow& row = table.rows.emplace_back();
+        row.LiscadCode = liscad;
+        row.LkiCode = u"X01";
+        row.Description = description;
+        row.Count = count;
+    }
+
+    std::string Statistics(NoneFor noneFor) {
+        WriteCodeStatistics(u"Geïmporteerde", noneFor);
+        return LogText();
+    }
+};
+
+TEST_F(CodeStatistics, UsedRowsAreListedByTheirLiscadCodeInTheOrderOfTheTable) {
+    AddRow(LineCodes(), u"MUUR", u"Muur", 1234567);
+    AddRow(LineCodes(), u"KANT", u"Kant", 0);
+    AddRow(LineCodes(), u"1234567", Text(43, u'x'), 1);
+    AddRow(PointCodes(), u"BOOM", u"Boom", 12);
+    AddRow(TextCodes(), u"NAAM", u"Straatnaam", 2);
+    EXPECT_EQ(Statistics(NoneFor::TablesWithoutUsedRows),
+              "\n"
+              "Geïmporteerde lijnobjecten:\n"
+              "MUUR    = Muur                                        1234567 maal\n"
+              "1234567 = xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx 1 maal\n"
+              "\n"
+              "Geïmporteerde puntobjecten:\n"
+              "BOOM    = Boom                                        12 maal\n"
+              "\n"
+              "Geïmporteerde tekstelementen:\n"
+              "NAAM    = Straatnaam                                  2 maal\n");
+}
+
+TEST_F(CodeStatistics, TheUnknownRowIsListedLikeAnyOther) {
+    PointCodes().rows[0].Count = 3;
+    EXPECT_NE(Statistics(NoneFor::TablesWithoutRows)
+                  .find("puntobjecten:\nSTANDRD = ONBEKEND PUNTOBJECT                         3 maal\n"),
+              std::string::npos);
+}
+
+TEST_F(CodeStatistics, GeenForTablesWithoutUsedRows) {
+    PointCodes().rows[0].Count = 1;
+    TextCodes().rows.clear();
+    EXPECT_EQ(Statistics(NoneFor::TablesWithoutUsedRows),
+              "\n"
+              "Geïmporteerde lijnobjecten:\n"
+              "    GEEN\n"
+              "\n"
+              "Geïmporteerde puntobjecten:\n"
+              "STANDRD = ONBEKEND PUNTOBJECT                         1 maal\n"
+              "\n"
+              "Geïmporteerde tekstelementen:\n"
+              "    GEEN\n");
+}
+
+TEST_F(CodeStatistics, GeenForTablesWithoutRowsOnly) {
+    TextCodes().rows.clear();
+    EXPECT_EQ(Statistics(NoneFor::TablesWithoutRows),
+              "\n"
+              "Geïmporteerde lijnobjecten:\n"
+              "\n"
+              "Geïmporteerde puntobjecten:\n"
+              "\n"
+              "Geïmporteerde tekstelementen:\n"
+              "    GEEN\n");
+}
+
+}  // namespace
+}  // namespace korvande::testing
