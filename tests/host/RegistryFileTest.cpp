@@ -28,7 +28,7 @@ class TextRegistry : public ::testing::Test {
         return bytes;
     }
 
-    Text TextOf(const RegistryFile& registry, TextView key, TextView value) {
+    static Text TextOf(const RegistryFile& registry, TextView key, TextView value) {
         const std::optional<RegValue> found = registry.FindValue(key, value);
         return found && found->type == RegValueType::String ? found->text : Text(u"(none)");
     }
