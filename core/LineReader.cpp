@@ -6,6 +6,7 @@
 
 #include "core/NativePath.h"
 #include "core/RuntimeError.h"
+#include "core/modScreen.h"
 
 namespace korvande {
 
@@ -81,7 +82,12 @@ bool LineReader::FillMore() {
     }
     // The room doubles, so that a long line is not copied at every block.
     if (buffer.size() - end < blockSize) buffer.resize(std::max(buffer.size() * 2, end + blockSize));
-    const std::size_t count = std::fread(buffer.data() + end, 1, blockSize, file.get());
+    std::size_t count = 0;
+    bool isInterrupted = false;
+    do {
+        count = std::fread(buffer.data() + end, 1, blockSize, file.get());
+        isInterrupted = WasInterrupted();
+    } while (isInterrupted && count == 0);
     if (count == 0) {
         if (std::ferror(file.get()) != 0) {
             failed = true;
@@ -92,6 +98,15 @@ bool LineReader::FillMore() {
         return false;
     }
     end += count;
+    return true;
+}
+
+// Whether a signal ended the wait for input (a pipe may keep a reader waiting). It may come from a person who wants the
+// end of the run, so events run at once.
+bool LineReader::WasInterrupted() {
+    if (std::ferror(file.get()) == 0 || errno != EINTR) return false;
+    std::clearerr(file.get());
+    TheScreen().PumpEvents();
     return true;
 }
 

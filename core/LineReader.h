@@ -43,6 +43,7 @@ class LineReader {
 
  private:
     bool FillMore();
+    bool WasInterrupted();
     std::size_t FindLineEnd();
 
     FileHandle file;
