@@ -15,6 +15,8 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 namespace korvande::testing {
@@ -143,6 +145,20 @@ RunningProgram::~RunningProgram() {
 }
 
 void RunningProgram::Signal(int signalNumber) const { ::kill(process, signalNumber); }
+
+void RunningProgram::WaitUntilItWaits() const {
+    // Behind the program's name in parentheses: its state, "S" when it sleeps.
+    const std::string file = "/proc/" + std::to_string(process) + "/stat";
+    for (int sleeps = 0; sleeps < 3 && std::chrono::steady_clock::now() < deadline;) {
+        std::ifstream stream(file);
+        const std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+        const std::size_t name = text.rfind(')');
+        const bool isAsleep = name != std::string::npos && text.substr(name, 3) == ") S";
+        sleeps = isAsleep ? sleeps + 1 : 0;
+        ::usleep(5000);
+    }
+    EXPECT_LT(std::chrono::steady_clock::now(), deadline) << "the program never waits";
+}
 
 namespace {
 

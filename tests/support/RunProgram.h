@@ -17,18 +17,18 @@ enum class Terminal { None, Error, InputAndError };
 
 // How a program is started.
 struct Start {
-    std::string program;
-    std::vector<std::string> arguments;
-    std::string folder;  // the working folder; empty: the test's own
+    std::string program{};
+    std::vector<std::string> arguments{};
+    std::string folder{};  // the working folder; empty: the test's own
 
     // Variables that are set, or unset, over the test's own environment.
-    std::map<std::string, std::optional<std::string>> environment;
+    std::map<std::string, std::optional<std::string>> environment{};
 
-    std::string input;  // what comes from standard input before it ends
+    std::string input{};  // what comes from standard input before it ends
     Terminal terminal = Terminal::None;
-    std::vector<int> closedStreams;            // 0, 1 or 2: not there when the program starts
-    std::string outputFile;                    // where standard output goes instead of being caught
-    std::optional<std::uint64_t> largestFile;  // bytes; a file may not grow beyond
+    std::vector<int> closedStreams{};            // 0, 1 or 2: not there when the program starts
+    std::string outputFile{};                    // where standard output goes instead of being caught
+    std::optional<std::uint64_t> largestFile{};  // bytes; a file may not grow beyond
     std::chrono::seconds timeLimit{60};
 };
 
@@ -48,6 +48,10 @@ class RunningProgram {
     ~RunningProgram();
 
     void Signal(int signalNumber) const;
+
+    // Waits until the program itself waits, for input or for somebody to take its output; a test failure when it never
+    // does.
+    void WaitUntilItWaits() const;
 
     // Feeds standard input and reads the other streams until the program has closed them, and waits for its end. A
     // program that takes longer than its time limit is ended, which is a failure of the test.

@@ -1,0 +1,161 @@
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "tests/cli/CliTest.h"
+
+namespace korvande::testing {
+
+namespace {
+
+// A pipe with a name that this test writes into, so that a program reading it has to wait for more.
+class Fifo {
+ public:
+    explicit Fifo(const std::string& path) {
+        EXPECT_EQ(::mkfifo(path.c_str(), 0600), 0);
+        // Open for reading as well, so that opening waits for nobody.
+        descriptor = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+        EXPECT_GE(descriptor, 0);
+    }
+    Fifo(const Fifo&) = delete;
+    Fifo& operator=(const Fifo&) = delete;
+    ~Fifo() { ::close(descriptor); }
+
+    // Writes, and waits until all of it was read.
+    void Feed(const std::string& bytes) const {
+        EXPECT_EQ(::write(descriptor, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+        int left = 1;
+        for (int i = 0; i < 10000 && left > 0; ++i) {
+            ::usleep(2000);
+            ::ioctl(descriptor, FIONREAD, &left);
+        }
+        EXPECT_EQ(left, 0) << "nobody reads the pipe";
+    }
+
+ private:
+    int descriptor = -1;
+};
+
+class AnInterrupt : public CliTest {
+ protected:
+    // Runs the program, which reads the pipe "pijp", until it waits for more than these bytes; then interrupts it.
+    ProgramResult WhileReading(const std::string& bytes, const std::vector<std::string>& arguments,
+                               int signalNumber = SIGINT) {
+        const Fifo fifo(folder.Path() + "/pijp");
+        RunningProgram program(StartOf(arguments));
+        fifo.Feed(bytes);
+        program.WaitUntilItWaits();
+        namesMeanwhile = folder.Listing();
+        program.Signal(signalNumber);
+        const ProgramResult result = program.Wait();
+        std::filesystem::remove(folder.Path() + "/pijp");
+        return result;
+    }
+
+    void WriteBigDrawing() {
+        std::string many = smallIdex.substr(0, smallIdex.find("    2,\"A2\""));
+        for (int i = 2; i < 300000; ++i) many += std::to_string(i) + ",\"\",1,2,3,\"MV\",\"\",0;\r\n";
+        folder.Write("groot.idx", many + "END POINTS\r\nEND DATABASE\r\n");
+    }
+
+    std::string namesMeanwhile;
+};
+
+const std::string halfIdex = smallIdex.substr(0, 600);
+
+// Two header records and more groups than are read at a time.
+std::string HalfNen1878() {
+    std::string half = smallNen1878.substr(0, 2 * 66);
+    for (int i = 0; i < 2000; ++i) half += smallNen1878.substr(2 * 66, 2 * 66);
+    return half;
+}
+
+TEST_F(AnInterrupt, WhileADrawingIsReadKeepsAnEarlierOutput) {
+    folder.Write("uit.sfn", "van gisteren");
+    const ProgramResult result = WhileReading(halfIdex, {"vertaal", "--modus", "idex-nen1878", "pijp", "uit.sfn"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(result.error, "pijp is niet vertaald: afgebroken. Zie het logboek: uit.LOG\n");
+    EXPECT_TRUE(Has(Log("uit.LOG"), "==>  Vertaling afgebroken.\n"));
+    EXPECT_FALSE(Has(Log("uit.LOG"), "FOUT:")) << Log("uit.LOG");
+    EXPECT_EQ(Bytes("uit.sfn"), "van gisteren");
+    EXPECT_EQ(folder.Listing(), "uit.LOG uit.sfn");
+}
+
+TEST_F(AnInterrupt, WhileAnImportIsReadLeavesNoHalfOutput) {
+    const ProgramResult result = WhileReading(HalfNen1878(), {"vertaal", "--modus", "nen1878-idex", "pijp", "uit.idx"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_TRUE(Has(namesMeanwhile, "~korvande-")) << namesMeanwhile;  // what the import writes to meanwhile
+    EXPECT_EQ(folder.Listing(), "uit.LOG");
+    EXPECT_TRUE(Has(Log("uit.LOG"), "==>  Vertaling afgebroken.\n"));
+}
+
+TEST_F(AnInterrupt, MayAlsoBeARequestToEndOrALostTerminal) {
+    for (const int signalNumber : {SIGTERM, SIGHUP}) {
+        const ProgramResult result =
+            WhileReading(HalfNen1878(), {"vertaal", "--modus", "nen1878-idex", "pijp", "uit.idx"}, signalNumber);
+        EXPECT_EQ(result.status, 3) << signalNumber;
+        EXPECT_EQ(folder.Listing(), "uit.LOG");
+    }
+}
+
+TEST_F(AnInterrupt, WhileAControlTableIsReadEndsTheProgram) {
+    folder.Write("a.idx", smallIdex);
+    const ProgramResult result = WhileReading("[NEN1878]\r\nSource = ZAND\r\n",
+                                              {"vertaal", "--modus", "idex-nen1878", "--project", "pijp", "a.idx"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.error, "Afgebroken.\n");
+    EXPECT_EQ(folder.Listing(), "a.idx");
+}
+
+TEST_F(AnInterrupt, WhileAFileIsCheckedEndsTheProgram) {
+    const ProgramResult result = WhileReading(halfIdex, {"controleer", "pijp"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(folder.Listing(), "");
+}
+
+TEST_F(AnInterrupt, LeavesTheInputsThatFollowAlone) {
+    folder.Write("a.idx", smallIdex);
+    std::filesystem::create_directory(folder.Path() + "/uit");
+    const ProgramResult result =
+        WhileReading(halfIdex, {"vertaal", "--modus", "idex-suf2", "--uitvoermap", "uit", "pijp", "a.idx"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(Has(result.error, "De bestanden die volgen, zijn niet vertaald.\n")) << result.error;
+    EXPECT_TRUE(IsThere("uit/pijp.LOG"));
+    EXPECT_FALSE(IsThere("uit/a.sf2"));
+}
+
+TEST_F(AnInterrupt, AtAQuestionCancels) {
+    folder.Write("a.suf", smallSuf2);
+    RunningProgram program(
+        StartOf({"vertaal", "--modus", "nen1878-idex", "a.suf", "uit.idx"}, {.terminal = Terminal::InputAndError}));
+    program.WaitForError("[a]nnuleren");
+    program.WaitUntilItWaits();
+    program.Signal(SIGINT);
+    const ProgramResult result = program.Wait();
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(folder.Listing(), "a.suf uit.LOG");
+}
+
+TEST_F(AnInterrupt, OfABigDrawingIsNoticedInEveryStep) {
+    WriteBigDrawing();
+    for (const char* const step : {"Inlezen Punten", "Schrijven Exportbestand: Symbolen"}) {
+        RunningProgram program(
+            StartOf({"vertaal", "--modus", "idex-nen1878", "groot.idx", "uit.sfn"}, {.terminal = Terminal::Error}));
+        program.WaitForError(step);
+        program.Signal(SIGINT);
+        program.Signal(SIGINT);  // somebody in a hurry
+        const ProgramResult result = program.Wait();
+        EXPECT_EQ(result.status, 3) << step;
+        EXPECT_TRUE(Has(result.error, "groot.idx is niet vertaald: afgebroken.")) << step;
+        EXPECT_EQ(folder.Listing(), "groot.idx uit.LOG") << step;
+    }
+}
+
+}  // namespace
+
+}  // namespace korvande::testing
