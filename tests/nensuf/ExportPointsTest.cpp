@@ -143,6 +143,12 @@ TEST_F(ExportPoints, EverySourceKindIsItsIndex) {
     }
 }
 
+TEST_F(ExportPoints, WithoutAChosenSourceKindItIsUnknown) {
+    AddPoint({.code = u"PAAL"});
+    frmKORVANDE().lstSource.index = -1;
+    EXPECT_EQ(ExportObjects().substr(17, 5), "01   ");
+}
+
 TEST_F(ExportPoints, ABlankSourceLeavesItsBlockBlank) {
     TheOwner().Source = u"";
     TheDrawing().DrawingDate = u"01-02-2023";

@@ -1,3 +1,6 @@
+#include <chrono>
+#include <thread>
+
 #include "tests/nensuf/ExportTest.h"
 
 namespace korvande::testing {
@@ -110,6 +113,17 @@ TEST_F(ExportRun, APersonCanEndTheExport) {
     EXPECT_THROW(ExportSufNen(), TranslationAborted);
     EXPECT_FALSE(Outcome().outputFailed);
     EXPECT_EQ(Unfinished(ObjectKind::Point), 1);
+}
+
+TEST_F(ExportRun, APersonCanEndTheExportBetweenTwoObjects) {
+    for (int i = 0; i < 300; ++i) AddPoint({.code = u"PAAL"});
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));  // longer than progress keeps silent
+    screen.onPump = [this] {
+        if (screen.value > 0) throw TranslationAborted();
+    };
+    EXPECT_THROW(ExportSufNen(), TranslationAborted);
+    EXPECT_EQ(TheAccount()[ObjectKind::Point].written, screen.value);
+    EXPECT_EQ(Unfinished(ObjectKind::Point), 300 - screen.value);
 }
 
 TEST_F(ExportRun, WithoutUnknownObjectsTheUnknownRowsBecomeDummies) {
