@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -54,6 +55,9 @@ class IdexFile {
 
     char separator = ',';
     char terminator = ';';
+
+    // The rows of LINES tables read so far.
+    std::int64_t lineRows = 0;
 
  private:
     bool TryNextRaw(std::string_view& line);

@@ -59,7 +59,6 @@ void ReadLines(IdexFile& file, std::string_view keywordLine) {
     IdexTable table(file, {"LINENO", "CODE", "DESCRIPTION", "FLAGS1", "FLAGS2"});
     table.ReadHeader(keywordLine);
     auto& lines = TheDrawing().Lines;
-    std::int64_t rowsRead = 0;
     std::string_view row;
     while (file.NextRow(row)) {
         if (StartsWith(row, "EDGES")) {
@@ -68,7 +67,7 @@ void ReadLines(IdexFile& file, std::string_view keywordLine) {
         }
         table.Split(row);
         const std::int32_t number = LeadingWholeNumber(table.Field(lineNo));
-        GrowLinesTo(number, ++rowsRead);
+        GrowLinesTo(number, ++file.lineRows);
         LineRec& line = lines[number];
         AssignUnquoted(line.Code, table.Field(code));
         AssignUnquoted(line.Description, table.Field(description));
@@ -83,8 +82,12 @@ void ReadOverPolygons(IdexFile& file, std::string_view keywordLine) {
     ObjectAccount& account = TheAccount();
     std::string_view row;
     while (file.NextRow(row)) {
-        // A nested EDGES block ends the table at its own END; what follows is then read over as unknown keywords.
-        if (StartsWith(row, "EDGES")) return file.SkipBlock();
+        if (StartsWith(row, "EDGES")) {
+            // A nested block ends the table at its own END; what follows is then read over as unknown keywords.
+            while (file.NextRow(row)) {
+            }
+            return;
+        }
         ++account[ObjectKind::Polygon].read;
         account.Leave(ObjectKind::Polygon, LeftOut::NotTranslated);
     }
