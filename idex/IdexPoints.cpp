@@ -73,6 +73,13 @@ class PointsReader {
  private:
     enum Column { pointNo, pointId, code, description, east, north, elevation, symDir };
 
+    struct Numbers {
+        double east;
+        double north;
+        double elevation;
+        double symDir;
+    };
+
     // A row that has no terminator goes on in the next line; its escaped quotes are put in disguise.
     std::string_view WholeRow(std::string_view row) {
         if (row.find(file.terminator) == std::string_view::npos) {
@@ -85,9 +92,8 @@ class PointsReader {
             }
             row = joined;
         }
-        hasDisguise = row.find(escapedQuote) != std::string_view::npos;
-        if (hasDisguise) row = joined = ReplaceAll(row, escapedQuote, quoteInDisguise);
-        return row;
+        if (row.find(escapedQuote) == std::string_view::npos) return row;
+        return joined = ReplaceAll(row, escapedQuote, quoteInDisguise);
     }
 
     void ReadPoint(std::string_view row) {
@@ -96,26 +102,23 @@ class PointsReader {
         std::int32_t number = LeadingWholeNumber(numberField);
         const std::int32_t index = isUpdating ? firstPoints.IndexFor(number) : lastIndex + 1;
         if (numberField.empty()) number = index;
-        PointRec point;
-        point.East = LeadingNumber(table.Field(east));
-        point.North = LeadingNumber(table.Field(north));
-        point.Elevation = LeadingNumber(table.Field(elevation));
-        point.SymDir = LeadingNumber(table.Field(symDir));
-        Store(index, number, point);
+        Store(index, number,
+              {LeadingNumber(table.Field(east)), LeadingNumber(table.Field(north)),
+               LeadingNumber(table.Field(elevation)), LeadingNumber(table.Field(symDir))});
     }
 
     // Everything that can fail comes before the first change to the drawing.
-    void Store(std::int32_t index, std::int32_t number, const PointRec& numbers) {
+    void Store(std::int32_t index, std::int32_t number, const Numbers& numbers) {
         Drawing& drawing = TheDrawing();
         const bool isNew = index > drawing.Points.UpperBound();
         drawing.PointIndex.Set(number, drawing.PointIndex.Find(number));
         drawing.Points.GrowTo(index);
         PointRec& point = drawing.Points[index];
         const std::int32_t numberBefore = isNew ? number : point.PointNo;
-        point.East = numbers.East;
-        point.North = numbers.North;
-        point.Elevation = numbers.Elevation;
-        point.SymDir = numbers.SymDir;
+        point.East = numbers.east;
+        point.North = numbers.north;
+        point.Elevation = numbers.elevation;
+        point.SymDir = numbers.symDir;
         point.PointNo = number;
         AssignUnquoted(point.PointID, table.Field(pointId));
         AssignUnquoted(point.Code, table.Field(code));
@@ -125,9 +128,11 @@ class PointsReader {
         lastIndex = index;
     }
 
+    // Whatever stands in the file as a quote in disguise is one.
     std::string_view Description() {
-        if (!hasDisguise) return table.Field(description);
-        undisguised = ReplaceAll(table.Field(description), quoteInDisguise, "\"");
+        const std::string_view field = table.Field(description);
+        if (field.find(quoteInDisguise) == std::string_view::npos) return field;
+        undisguised = ReplaceAll(field, quoteInDisguise, "\"");
         return undisguised;
     }
 
@@ -136,41 +141,44 @@ class PointsReader {
     bool isUpdating = false;
     FirstPoints firstPoints;
     std::int32_t lastIndex = 0;
-    bool hasDisguise = false;
     std::string joined;
     std::string undisguised;
 };
 
-TextRec& AppendGenerated(const PointRec& point, std::int16_t anchorPosition, float direction, TextView lkiCode) {
+// A code that is an LKI code already, from what a person typed.
+FixedText<7> MarkedCode(TextView lkiCode) { return MakeFixedText<7>(Concat(TextView(&lkiCodeMark, 1), lkiCode)); }
+
+TextRec& AppendGenerated(const PointRec& point, std::int16_t anchorPosition, float direction,
+                         const FixedText<7>& code) {
     TextRec& text = TheDrawing().Texts.Append();
     text.AnchorPointNo = point.PointNo;
     text.AnchorPosition = anchorPosition;
     text.HzDirection = direction;
-    text.Code = Concat(TextView(&lkiCodeMark, 1), lkiCode);
+    text.Code = code;
     return text;
 }
 
 void AddPointNumberTexts() {
     ShowStatus(u"Toevoegen puntnr.teksten");
+    const FixedText<7> code = MarkedCode(frmKORVANDE().txtPnoTxtLKI);
     Drawing& drawing = TheDrawing();
     for (std::int32_t index = 1; index <= drawing.Points.UpperBound(); ++index) {
         const PointRec& point = drawing.Points[index];
         if (point.PointID.IsBlank()) continue;
-        TextRec& text = AppendGenerated(point, pointNumberAnchor, 0, frmKORVANDE().txtPnoTxtLKI);
-        text.Text = point.PointID.View();
+        AppendGenerated(point, pointNumberAnchor, 0, code).Text = point.PointID.View();
         ProcessEvents();
     }
 }
 
 void AddHeightTexts() {
     ShowStatus(u"Toevoegen hoogte teksten");
+    const FixedText<7> code = MarkedCode(frmKORVANDE().txtEleTxtLKI);
     Drawing& drawing = TheDrawing();
     for (std::int32_t index = 1; index <= drawing.Points.UpperBound(); ++index) {
         const PointRec& point = drawing.Points[index];
         if (point.Elevation == 0) continue;
         const std::string height = PointToComma(FormatPicture(point.Elevation, "####0.00"));
-        TextRec& text = AppendGenerated(point, heightAnchor, 50, frmKORVANDE().txtEleTxtLKI);
-        text.Text.Assign(PadLeft(height, 7));
+        AppendGenerated(point, heightAnchor, 50, code).Text.Assign(PadLeft(height, 7));
         ProcessEvents();
     }
 }
