@@ -2,20 +2,23 @@
 #include "core/RuntimeError.h"
 #include "core/modKORVANDE.h"
 #include "idex/IdexFile.h"
+#include "idex/IdexRow.h"
 
 namespace korvande {
 
 namespace {
 
-// Writes a heading and a line per element, 1 to the last, of what `lineOf` makes of it.
-template <class Records, class LineOf>
-void WriteList(TextView name, std::string_view heading, const Records& records, LineOf lineOf) {
+// Writes a heading and a line per element, 1 to the last, which `putFields` fills.
+template <class Records, class PutFields>
+void WriteList(TextView name, std::string_view heading, const Records& records, PutFields putFields) {
     try {
         LineWriter file;
         file.Open(name);
         file.PutLine(heading);
         for (std::int32_t index = 1; index <= records.UpperBound(); ++index) {
-            file.PutLine(ToWindows1252(lineOf(records[index])));
+            IdexRow row(file);
+            putFields(row, records[index]);
+            row.End();
         }
         file.Close();
     } catch (const RuntimeError&) {
@@ -28,12 +31,16 @@ void WriteList(TextView name, std::string_view heading, const Records& records, 
 
 void WriteDiagnosticFiles() {
     const Drawing& drawing = TheDrawing();
-    WriteList(u"D:\\DEBUG_LINES.TXT", "Code,Descr,Flags 1,Flags 2", drawing.Lines, [](const LineRec& line) {
-        return Concat(line.Code.View(), u",", line.Description.View(), u",", line.Flags1, u",", line.Flags2);
-    });
-    WriteList(u"D:\\DEBUG_EDGES.TXT", "Start Pt,End Pt,Line No,Line Type", drawing.Edges, [](const EdgeRec& edge) {
-        return Concat(edge.StartPt, u",", edge.EndPt, u",", edge.LineNo, u",", edge.LineType.View());
-    });
+    WriteList(u"D:\\DEBUG_LINES.TXT", "Code,Descr,Flags 1,Flags 2", drawing.Lines,
+              [](IdexRow& row, const LineRec& line) {
+                  row.PutFixed(line.Code.View()).Put(",").PutFixed(line.Description.View()).Put(",");
+                  row.PutWhole(line.Flags1).Put(",").PutWhole(line.Flags2);
+              });
+    WriteList(u"D:\\DEBUG_EDGES.TXT", "Start Pt,End Pt,Line No,Line Type", drawing.Edges,
+              [](IdexRow& row, const EdgeRec& edge) {
+                  row.PutWhole(edge.StartPt).Put(",").PutWhole(edge.EndPt).Put(",").PutWhole(edge.LineNo).Put(",");
+                  row.PutFixed(edge.LineType.View());
+              });
 }
 
 }  // namespace korvande

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "core/Picture.h"
+#include "core/modStrings.h"
 
 namespace korvande {
 
@@ -13,6 +14,12 @@ char InsideQuotes(char byte) noexcept { return byte == '"' ? '\'' : byte == ';' 
 
 char ToByte(char16_t character) noexcept {
     return character < 0x80 ? static_cast<char>(character) : ToWindows1252(character);
+}
+
+// Whether the value of a fixed-width text is that of one never assigned; see FixedText.
+template <class View>
+bool IsNeverFilled(View value) noexcept {
+    return value.starts_with(typename View::value_type());
 }
 
 // The digits of |scaled| with a point before the last `decimals`, and a minus sign when it is negative.
@@ -52,7 +59,7 @@ IdexRow& IdexRow::PutPrinted(std::int32_t number) noexcept {
 }
 
 IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
-    std::array<char, 32> buffer;
+    std::array<char, 32> buffer{};
     std::string general;
     std::string_view number;
     std::int64_t scaled = 0;
@@ -69,16 +76,31 @@ IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
     return *this;
 }
 
+IdexRow& IdexRow::PutFlags(std::int32_t flags) noexcept {
+    at = WriteFlags(at, flags);
+    return *this;
+}
+
+IdexRow& IdexRow::PutFixed(TextView text) noexcept {
+    const bool neverFilled = IsNeverFilled(text);
+    for (const char16_t character : text) *at++ = neverFilled ? ' ' : ToByte(character);
+    return *this;
+}
+
 IdexRow& IdexRow::PutQuoted(TextView value) noexcept {
     *at++ = '"';
-    for (const char16_t character : value) *at++ = InsideQuotes(ToByte(character));
+    if (!IsNeverFilled(value)) {
+        for (const char16_t character : value) *at++ = InsideQuotes(ToByte(character));
+    }
     *at++ = '"';
     return *this;
 }
 
 IdexRow& IdexRow::PutQuoted(std::string_view value) noexcept {
     *at++ = '"';
-    for (const char byte : value) *at++ = InsideQuotes(byte);
+    if (!IsNeverFilled(value)) {
+        for (const char byte : value) *at++ = InsideQuotes(byte);
+    }
     *at++ = '"';
     return *this;
 }

@@ -1,17 +1,20 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
-#include "core/FixedText.h"
 #include "core/LineWriter.h"
+#include "core/Text.h"
 
 namespace korvande {
 
 // One row of an IDEX file, built in place in the output's buffer and ended by End().
 class IdexRow {
  public:
-    explicit IdexRow(LineWriter& lineWriter) : output(lineWriter), begin(output.Reserve(longest)), at(begin) {}
+    // A row of fixed-width texts and numbers; what has no fixed width needs as much room more.
+    explicit IdexRow(LineWriter& lineWriter, std::size_t more = 0)
+        : output(lineWriter), begin(output.Reserve(longestFixed + more)), at(begin) {}
 
     IdexRow& Put(std::string_view bytes) noexcept;
 
@@ -22,16 +25,21 @@ class IdexRow {
     // A number with a point and this many decimals, padded on the right to a width, and cut to it.
     IdexRow& PutDecimal(double value, int decimals, std::size_t width);
 
+    // Sixteen bits as two groups of digits.
+    IdexRow& PutFlags(std::int32_t flags) noexcept;
+
+    // A fixed-width text at its full width; one that was never filled is blank.
+    IdexRow& PutFixed(TextView text) noexcept;
+
     // A value between double quotes. Inside them a double quote becomes a single one and the terminator a comma, which
-    // a reader would take for structure.
+    // a reader would take for structure. A text that was never filled is empty.
     IdexRow& PutQuoted(TextView value) noexcept;
     IdexRow& PutQuoted(std::string_view value) noexcept;
 
     void End() noexcept;
 
  private:
-    // More than any row of fixed-width texts and numbers has.
-    static constexpr std::size_t longest = 512;
+    static constexpr std::size_t longestFixed = 512;
 
     LineWriter& output;
     char* begin;

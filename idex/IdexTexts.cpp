@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -86,8 +88,16 @@ void ContinueText(std::string_view item) {
         LogFile().WriteError(Concat(u"Tekstregel zonder tekst (regel ", CurrentInputLine(), u")"));
         return;
     }
-    TextRec& text = texts[texts.UpperBound()];
-    text.Text = Concat(text.Text.Trimmed(), u" ", StripQuotes(item));
+    constexpr std::size_t width = decltype(TextRec::Text)::width;
+    FixedText<width>& text = texts[texts.UpperBound()].Text;
+    FixedText<width> next{};
+    AssignUnquoted(next, item, Letters::AsTheyAre);
+    std::array<char16_t, width + 1 + width> joined{};
+    const TextView before = text.Trimmed();
+    auto end = std::copy(before.begin(), before.end(), joined.begin());
+    *end++ = u' ';
+    end = std::copy(next.characters.begin(), next.characters.end(), end);
+    text = TextView(joined.begin(), end);
 }
 
 void ReadItems(IdexFile& file, const TextBoxes& boxes) {

@@ -1,10 +1,8 @@
 #include "idex/modExportIDEX.h"
 
 #include "core/Numbers.h"
-#include "core/RuntimeError.h"
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
-#include "core/modStrings.h"
 #include "idex/IdexRow.h"
 #include "run/CodeStatistics.h"
 #include "run/LogBook.h"
@@ -51,7 +49,7 @@ void WriteHeader(LineWriter& output) {
     const RunValues& run = TheRun();
     output.Put(headerStart);
     const std::string name = ToWindows1252(Trim(run.ProjectName));
-    IdexRow(output).Put("    NAME          ").PutQuoted(name).End();
+    IdexRow(output, name.size()).Put("    NAME          ").PutQuoted(name).End();
     if (run.ProjectDate) {
         const std::string date = ConvertFieldworkDate(CompactDate(*run.ProjectDate));
         IdexRow(output).Put("    CREATION_DATE ").Put(date).Put("/00:00:00.0").End();
@@ -99,7 +97,7 @@ void WriteLines(LineWriter& output) {
         const LineRec& line = lines[lineNo];
         IdexRow row(output);
         row.Put("    ").PutWhole(lineNo).Put(",").PutQuoted(line.Code.Trimmed()).Put(",");
-        row.Put(FlagsToBinary(line.Flags1)).Put(",").Put(FlagsToBinary(line.Flags2)).Put(";").End();
+        row.PutFlags(line.Flags1).Put(",").PutFlags(line.Flags2).Put(";").End();
     }
 }
 
@@ -119,7 +117,7 @@ void WriteEdges(LineWriter& output) {
         row.Put("      ").PutWhole(edge.LineNo).Put(",");
         row.PutWhole(edge.StartPt).Put(", ").PutQuoted(WithoutQuotes(startId)).Put(",");
         row.PutWhole(edge.EndPt).Put(", ").PutQuoted(WithoutQuotes(endId)).Put(",");
-        row.Put(ToWindows1252(edge.LineType.View())).Put(";").End();
+        row.PutFixed(edge.LineType.View()).Put(";").End();
     }
     output.PutLine("    END EDGES");
 }
@@ -198,9 +196,9 @@ void WriteIdexFile() {
     output.PutLine("  END LINES");
     WriteTexts(output);
     output.PutLine("END DATABASE");
+    WriteStatistics();
     output.Close();
     TheAccount().KeptAreWritten();
-    WriteStatistics();
 }
 
 }  // namespace korvande
