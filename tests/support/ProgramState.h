@@ -23,12 +23,7 @@ class ProgramTest : public ::testing::Test {
         TheDrawing().DrawingName.clear();
         InitialiseForm();
         LoadGridData();
-        RunValues& run = TheRun();
-        run.output.Abandon();
-        run.IdexFileName = run.SufNenFileName = run.LogFileName = run.temporaryOutput = run.ProjectName = Text();
-        run.XlateDirection = 0;
-        run.NenMode = run.ExportNen = true;
-        run.outcome = {};
+        TheRun() = {};
         CurrentInputLine() = 0;
         LogFile() = LogBook();
         TheAccount() = {};
