@@ -1,0 +1,193 @@
+#include "tests/idex/IdexTest.h"
+
+namespace korvande::testing {
+
+namespace {
+
+class IdexHeader : public IdexTest {
+ protected:
+    // Reads a file with these lines in its header.
+    std::string ReadHeader(std::string_view lines) {
+        return Read("HEADER\n" + std::string(lines) + "END HEADER\n" + std::string(layers));
+    }
+
+    static constexpr std::string_view layers = "LAYERS (LayerNo,Name)\nEND LAYERS\nDATABASE\n";
+};
+
+TEST_F(IdexHeader, ItsSeparatorAndTerminatorHoldForTheRestOfTheFile) {
+    ASSERT_EQ(Read("HEADER\n"
+                   "  SEPARATOR   ';'\n"
+                   "  TERMINATOR  '#'\n"
+                   "END HEADER\n"
+                   "LAYERS (LayerNo;Name)\n"
+                   "  1;\"A,B\"#\n"
+                   "END LAYERS\n"
+                   "DATABASE\n"
+                   "POINTS (PointNo;PointID;East)\n"
+                   "  7;\"P,1\";12.5# all of this is left out; 99\n"
+                   "END POINTS\n"),
+              "");
+    EXPECT_EQ(drawing.IdexSeparator, ';');
+    EXPECT_EQ(drawing.IdexTerminator, '#');
+    EXPECT_EQ(ToUtf8(drawing.LayerNames.at(1)), "A,B");
+    ASSERT_EQ(drawing.Points.UpperBound(), 1);
+    EXPECT_EQ(Shown(Point(1).PointID), "P,1");
+    EXPECT_EQ(Point(1).East, 12.5);
+}
+
+TEST_F(IdexHeader, WithoutThemFieldsAreSeparatedByCommasAlsoAfterAnotherFile) {
+    ASSERT_EQ(ReadHeader("SEPARATOR ';'\nTERMINATOR '#'\n"), "");
+    ASSERT_EQ(ReadHeader(""), "");
+    EXPECT_EQ(drawing.IdexSeparator, ',');
+    EXPECT_EQ(drawing.IdexTerminator, ';');
+}
+
+TEST_F(IdexHeader, TheSeparatorIsTheSecondCharacterOfItsValueAndABlankWhenThereIsNone) {
+    ASSERT_EQ(ReadHeader("SEPARATOR \"|\"\nTERMINATOR\n"), "");
+    EXPECT_EQ(drawing.IdexSeparator, '|');
+    EXPECT_EQ(drawing.IdexTerminator, ' ');
+}
+
+TEST_F(IdexHeader, ItsNameIsTheRestOfTheLineInCapitals) {
+    ASSERT_EQ(ReadHeader("NAME   \"Caf\xE9 de Zon\"  \n"), "");
+    EXPECT_EQ(ToUtf8(drawing.DrawingName), "\"CAFÉ DE ZON\"");
+    ASSERT_EQ(ReadHeader(""), "");
+    EXPECT_TRUE(drawing.DrawingName.empty());
+}
+
+TEST_F(IdexHeader, KeywordsAreTakenInAnyCaseAndBehindTabs) {
+    ASSERT_EQ(ReadHeader("\tSeparator\t';'\n\t name \t Kaart\t\n"), "");
+    EXPECT_EQ(drawing.IdexSeparator, ';');
+    EXPECT_EQ(ToUtf8(drawing.DrawingName), "KAART");
+}
+
+TEST_F(IdexHeader, AKeywordMustBeTheWholeFirstWord) {
+    ASSERT_EQ(ReadHeader("SEPARATORS ';'\nNAMES Kaart\nTERMINATOR';'\n"), "");
+    EXPECT_EQ(drawing.IdexSeparator, ',');
+    EXPECT_TRUE(drawing.DrawingName.empty());
+}
+
+TEST_F(IdexHeader, OtherKeywordsAndTheEndsOfBlocksAreSkipped) {
+    ASSERT_EQ(ReadHeader("VERSION 1.20\nUNITS\nLINEAR METRE\nEND UNITS\nPROJECT\nCREATION_DATE 01-02-2003\n"
+                         "END PROJECT\nEND\nFIELD_DATE 20240515\n"),
+              "");
+    EXPECT_EQ(ToUtf8(drawing.DrawingDate), "15-05-2024");
+}
+
+TEST_F(IdexHeader, ItBeginsAtTheFirstLineThatHoldsTheWordAndEndsAtEndHeader) {
+    ASSERT_EQ(
+        Read("NAME Before\n  this is the header: \nNAME Inside\nend \t Header\nNAME Behind\n" + std::string(layers)),
+        "");
+    EXPECT_EQ(ToUtf8(drawing.DrawingName), "INSIDE");
+}
+
+TEST_F(IdexHeader, OneThatTheFileDoesNotEndEndsWithTheFile) {
+    OpenLog();
+    EXPECT_EQ(Read("HEADER\nNAME Kaart\n"), "");
+    EXPECT_EQ(ToUtf8(drawing.DrawingName), "KAART");
+    EXPECT_EQ(LogText(), "FOUT:  Geen LAYERS gevonden in het IDEX bestand\n");
+}
+
+TEST_F(IdexHeader, TheWordEofEndsItToo) {
+    ASSERT_EQ(Read("HEADER\nEOF\nNAME Kaart\n" + std::string(layers)), "");
+    EXPECT_TRUE(drawing.DrawingName.empty());
+}
+
+TEST_F(IdexHeader, AFieldworkDateOfEightDigitsIsTurnedAround) {
+    ASSERT_EQ(ReadHeader("FIELD_DATE  20240515\n"), "");
+    EXPECT_EQ(ToUtf8(drawing.DrawingDate), "15-05-2024");
+    ASSERT_EQ(ReadHeader("FIELD_DATE  \"20240516\"\n"), "");
+    EXPECT_EQ(ToUtf8(drawing.DrawingDate), "16-05-2024");
+}
+
+TEST_F(IdexHeader, AnyOtherFieldworkDateIsKept) {
+    ASSERT_EQ(ReadHeader("FIELD_DATE 15-05-2024/12:30:00\n"), "");
+    EXPECT_EQ(ToUtf8(drawing.DrawingDate), "15-05-2024/12:30:00");
+}
+
+TEST_F(IdexHeader, WithoutAFieldworkDateThereIsNone) {
+    ASSERT_EQ(ReadHeader("FIELD_DATE 20240515\n"), "");
+    ASSERT_EQ(ReadHeader(""), "");
+    EXPECT_TRUE(drawing.DrawingDate.empty());
+}
+
+TEST_F(IdexHeader, TodayMayTakeThePlaceOfItsDate) {
+    const EnvironmentValue now("SOURCE_DATE_EPOCH", "1715731200");  // 15 May 2024
+    frmKORVANDE().SetDateOption(&FormKORVANDE::optDateNow, true);
+    ASSERT_EQ(ReadHeader("FIELD_DATE 20010203\n"), "");
+    EXPECT_EQ(ToUtf8(drawing.DrawingDate), "15-05-2024");
+}
+
+TEST_F(IdexHeader, ADateTypedByThePersonMayTakeThePlaceOfItsDate) {
+    frmKORVANDE().SetDateOption(&FormKORVANDE::optDateAlt, true);
+    frmKORVANDE().txtAltDatum = u"  op 20231224 ";
+    ASSERT_EQ(ReadHeader("FIELD_DATE 20010203\n"), "");
+    EXPECT_EQ(ToUtf8(drawing.DrawingDate), "24-12-2023");
+
+    // Only the last eight characters count.
+    frmKORVANDE().txtAltDatum = u"24-12-2023";
+    ASSERT_EQ(ReadHeader(""), "");
+    EXPECT_EQ(ToUtf8(drawing.DrawingDate), "-12-2023");
+
+    frmKORVANDE().txtAltDatum = u"  ";
+    ASSERT_EQ(ReadHeader("FIELD_DATE 20010203\n"), "");
+    EXPECT_EQ(ToUtf8(drawing.DrawingDate), "");
+}
+
+class IdexLayers : public IdexTest {
+ protected:
+    std::string ReadLayers(std::string_view rows, std::string_view columns = "(LayerNo,Name,Flags)") {
+        std::string file = "HEADER\nEND HEADER\nDEFINITIONS\n  LAYERS ";
+        file.append(columns).append("\n").append(rows);
+        return Read(file + "  END LAYERS\nEND DEFINITIONS\nDATABASE\n");
+    }
+    std::string Name(std::size_t number) const { return ToUtf8(drawing.LayerNames.at(number)); }
+};
+
+TEST_F(IdexLayers, AreKeptByTheirNumberInCapitalsAndWithoutQuotes) {
+    ASSERT_EQ(ReadLayers("  0,\"Stndrd\",00000001;\n  4,\"caf\xE9 \"\"X\"\"\",00000001;\n  2,Kaal;\n"), "");
+    ASSERT_EQ(drawing.LayerNames.size(), 5U);
+    EXPECT_EQ(Name(0), "STNDRD");
+    EXPECT_EQ(Name(1), "");
+    EXPECT_EQ(Name(2), "KAAL");
+    EXPECT_EQ(Name(3), "");
+    EXPECT_EQ(Name(4), "CAFÉ ''X''");
+}
+
+TEST_F(IdexLayers, OfAnEarlierFileAreForgotten) {
+    ASSERT_EQ(ReadLayers("0,\"A\";\n9,\"B\";\n"), "");
+    ASSERT_EQ(ReadLayers("1,\"C\";\n"), "");
+    ASSERT_EQ(drawing.LayerNames.size(), 2U);
+    EXPECT_EQ(Name(0), "");
+    EXPECT_EQ(Name(1), "C");
+}
+
+TEST_F(IdexLayers, EmptyLinesAreNoRowsAndALaterRowReplacesAnEarlierOne) {
+    ASSERT_EQ(ReadLayers("1,\"A\";\n\n \t \n1,\"B\";\n"), "");
+    EXPECT_EQ(Name(0), "");
+    EXPECT_EQ(Name(1), "B");
+}
+
+TEST_F(IdexLayers, TheNumberOfOneReachesToAMillion) {
+    ASSERT_EQ(ReadLayers("1000000,\"HOOG\";\n"), "");
+    EXPECT_EQ(Name(1'000'000), "HOOG");
+    EXPECT_EQ(ReadLayers("1,\"A\";\n1000001,\"TE HOOG\";\n"), "error 9 in line 6");
+    EXPECT_EQ(ReadLayers("-1,\"NEGATIEF\";\n"), "error 9 in line 5");
+    EXPECT_EQ(ReadLayers("3000000000,\"OVERLOOP\";\n"), "error 6 in line 5");
+}
+
+TEST_F(IdexLayers, ATableWithoutItsEndIsAnError) {
+    EXPECT_EQ(Read("HEADER\nEND HEADER\nLAYERS (LayerNo,Name)\n1,\"A\";\n"), "error 62 in line 4");
+    EXPECT_EQ(Name(1), "A");
+}
+
+TEST_F(IdexLayers, TheTableIsTheFirstLineThatStartsWithTheWord) {
+    ASSERT_EQ(
+        Read("HEADER\nEND HEADER\nMY LAYERS (LayerNo,Name)\n\tlayers(LayerNo,Name)\n1,\"A\";\nend layers\nDATABASE\n"),
+        "");
+    EXPECT_EQ(Name(1), "A");
+}
+
+}  // namespace
+
+}  // namespace korvande::testing

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "tests/support/ProgramState.h"
+
+namespace korvande::testing {
+
+// A fixed-width text in UTF-8, without the blanks behind it.
+template <std::size_t N>
+std::string Shown(const FixedText<N>& text) {
+    return ToUtf8(text.TrimmedRight());
+}
+
+// An IDEX file with these tables in its database: a header, layers 0 "STNDRD" and 1 "TEKSTEN", then the tables.
+std::string FileWith(std::string_view tables);
+
+// The line of such a file on which the tables begin.
+inline constexpr int firstLineOfTables = 8;
+
+// A test that reads IDEX files, with no drive D: for the diagnostic files.
+class IdexTest : public ProgramTest {
+ protected:
+    // Reads a file of these bytes. What escapes is told as "error 9 in line 12", nothing as "".
+    std::string Read(std::string_view bytes);
+    std::string ReadTables(std::string_view tables) { return Read(FileWith(tables)); }
+
+    // "error 9 in line k" for the k-th line of the tables.
+    static std::string ErrorAt(int number, int lineOfTables);
+
+    const PointRec& Point(std::int32_t index) const { return drawing.Points[index]; }
+    const LineRec& Line(std::int32_t number) const { return drawing.Lines[number]; }
+    const EdgeRec& Edge(std::int32_t index) const { return drawing.Edges[index]; }
+    const TextRec& TextAt(std::int32_t index) const { return drawing.Texts[index]; }
+
+    const Drawing& drawing = TheDrawing();
+
+ private:
+    EnvironmentValue noDriveD{"KORVANDE_DRIVE_D", std::nullopt};
+};
+
+}  // namespace korvande::testing

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "tests/idex/IdexTest.h"
+
+namespace korvande::testing {
+
+// Records for a drawing built in memory. What is not named is empty.
+struct PointOf {
+    TextView id{};
+    double east = 0;
+    double north = 0;
+    double elevation = 0;
+    TextView code{};
+    TextView description{};
+    double direction = 0;
+};
+void AddPoint(const PointOf& point);
+void AddLine(TextView code, std::int32_t flags1 = 0, std::int32_t flags2 = 0);
+void AddEdge(std::int32_t line, std::int32_t start, std::int32_t end, TextView type = u"STRAIGHT");
+void AddText(std::int32_t anchor, TextView text, std::int16_t position = 1, float direction = 0);
+
+// A test that writes IDEX files.
+class IdexWriterTest : public IdexTest {
+ protected:
+    // Writes the drawing and gives the bytes of the file.
+    std::string Write();
+
+    // The same with a line feed behind each line: the whole file, and the lines between DATABASE and END DATABASE.
+    std::string WriteLines();
+    std::string WriteTables();
+
+    Text outputName = folder / "out.idx";
+};
+
+}  // namespace korvande::testing
