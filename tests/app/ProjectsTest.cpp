@@ -75,7 +75,9 @@ TEST_F(Projects, APickedProjectIsLoadedAndTheOneLeftIsSaved) {
     LoadThree();
     frmKORVANDE().txtCity = u"NIEUWSTAD";
     frmKORVANDE().gridPoints[1][Grid::Lki] = u"Q99";
+    EditedLines().row = 20000;
     PickProject(2);
+    EXPECT_EQ(EditedLines().row, 1);
     EXPECT_EQ(Current(), "C.nst");
     EXPECT_EQ(Selected(), "C.nst");
     EXPECT_EQ(LoadedTown(), "STAD C");
