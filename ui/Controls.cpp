@@ -1,0 +1,70 @@
+#include "ui/Controls.h"
+
+#include "app/TabPlacement.h"
+#include "ui/WxText.h"
+
+namespace korvande {
+
+namespace {
+
+template <class Control>
+Control* Named(Control* control, const char* name, TextView tip) {
+    control->SetName(name);
+    if (!tip.empty()) control->SetToolTip(ToWx(tip));
+    return control;
+}
+
+}  // namespace
+
+int PixelsOf(const wxWindow& window, int twips) {
+    return wxRound(window.FromDIP(wxSize(twips, 0)).x / static_cast<double>(twipsPerPixel));
+}
+
+int TwipsOf(const wxWindow& window, int pixels) { return window.ToDIP(wxSize(pixels * twipsPerPixel, 0)).x; }
+
+Group::Group(wxWindow* page, const char* name, TextView caption)
+    : frame(new wxStaticBoxSizer(wxVERTICAL, page, ToWx(caption))),
+      box(frame->GetStaticBox()),
+      rows(new wxBoxSizer(wxVERTICAL)) {
+    box->SetName(name);
+    frame->Add(rows, wxSizerFlags(1).Expand().Border(wxALL, page->FromDIP(narrowSpace)));
+}
+
+void Group::Add(wxWindow* control, int proportion) {
+    if (!rows->IsEmpty()) rows->AddSpacer(box->FromDIP(narrowSpace));
+    rows->Add(control, wxSizerFlags(proportion).Expand());
+}
+
+void Group::Add(wxSizer* row, int proportion) {
+    if (!rows->IsEmpty()) rows->AddSpacer(box->FromDIP(narrowSpace));
+    rows->Add(row, wxSizerFlags(proportion).Expand());
+}
+
+wxStaticText* MakeLabel(wxWindow* parent, TextView caption, const char* name) {
+    return Named(new wxStaticText(parent, wxID_ANY, ToWx(caption)), name, {});
+}
+
+wxTextCtrl* MakeTextBox(wxWindow* parent, const char* name, int characters, unsigned longest, TextView tip) {
+    auto* const box = Named(new wxTextCtrl(parent, wxID_ANY), name, tip);
+    box->SetInitialSize(box->GetSizeFromTextSize(box->GetTextExtent(wxString('0', static_cast<size_t>(characters))).x));
+    box->SetMaxLength(longest);
+    return box;
+}
+
+wxCheckBox* MakeCheckBox(wxWindow* parent, const char* name, TextView caption, TextView tip) {
+    return Named(new wxCheckBox(parent, wxID_ANY, ToWx(caption)), name, tip);
+}
+
+wxButton* MakeButton(wxWindow* parent, const char* name, TextView caption, TextView tip) {
+    return Named(new wxButton(parent, wxID_ANY, ToWx(caption)), name, tip);
+}
+
+wxRadioButton* MakeOption(wxWindow* parent, const char* name, TextView caption, InGroup place, TextView tip) {
+    const long style = place == InGroup::First ? wxRB_GROUP : 0;
+    return Named(new wxRadioButton(parent, wxID_ANY, ToWx(caption), wxDefaultPosition, wxDefaultSize, style), name,
+                 tip);
+}
+
+wxSizerFlags InRow(int proportion) { return wxSizerFlags(proportion).CenterVertical(); }
+
+}  // namespace korvande
