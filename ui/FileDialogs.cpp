@@ -1,0 +1,33 @@
+#include "ui/FileDialogs.h"
+
+#include <wx/filedlg.h>
+
+#include "core/NativePath.h"
+#include "core/RuntimeError.h"
+#include "ui/WxText.h"
+
+namespace korvande {
+
+namespace {
+
+// The folder as the system knows it; empty, for its own choice, when there is no such folder.
+wxString NativeFolder(const Text& folder) {
+    if (folder.empty()) return {};
+    try {
+        return ToWx(FromUtf8(NativePath(folder)));
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+}  // namespace
+
+std::optional<Text> ShowFileDialog(wxWindow* parent, const FileDialog& dialog) {
+    const long style = dialog.opens ? wxFD_OPEN | wxFD_FILE_MUST_EXIST : wxFD_SAVE | wxFD_OVERWRITE_PROMPT;
+    wxFileDialog window(parent, ToWx(dialog.title), NativeFolder(dialog.folder), ToWx(dialog.fileName),
+                        ToWx(dialog.filter), style);
+    if (window.ShowModal() != wxID_OK) return {};
+    return FromWx(window.GetPath());
+}
+
+}  // namespace korvande

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <wx/window.h>
+
+#include <optional>
+
+#include "app/BrowseFiles.h"
+
+namespace korvande {
+
+// Shows the system's dialog for a file: the name chosen, or nothing after Cancel.
+std::optional<Text> ShowFileDialog(wxWindow* parent, const FileDialog& dialog);
+
+}  // namespace korvande

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "core/Text.h"
+
+namespace korvande {
+
+// Platform: starts a viewer for a text file, in a window of its own, without waiting for it. False when there is none
+// or it does not start.
+bool StartViewer(TextView fileName);
+
+}  // namespace korvande

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/gauge.h>
+#include <wx/print.h>
+
+#include <cstdint>
+
+#include "core/modScreen.h"
+
+namespace korvande {
+
+// The screen of the window: status bar, progress gauge, message boxes, the text viewer and the printer. Without a
+// window (as start-up runs) only the message boxes are shown.
+class WindowScreen : public Screen {
+ public:
+    void Attach(wxFrame* itsFrame, wxGauge* itsGauge);
+    void Detach();
+
+    // Where and how the listing is printed; as it stands, on the default printer.
+    wxPrintData printData;
+
+    void ShowStatus(TextView text) override;
+    void ShowProgressMaximum(std::int64_t newMaximum) override;
+    void ShowProgressValue(std::int64_t value) override;
+    void PumpEvents() override;
+    void ShowBusy(bool busy) override;
+    Answer ShowMessage(const MessageBox& box) override;
+
+    // Started with KORVANDE_VIEWER, else the system's own opener of documents.
+    bool ViewTextFile(TextView name) override;
+    bool Print(const MakePages& makePages) override;
+
+ private:
+    wxFrame* frame = nullptr;
+    wxGauge* gauge = nullptr;
+    std::int64_t maximum = 1;
+};
+
+}  // namespace korvande
