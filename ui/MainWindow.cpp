@@ -1,0 +1,245 @@
+#include "ui/MainWindow.h"
+
+#include <wx/button.h>
+#include <wx/display.h>
+#include <wx/sizer.h>
+
+#include <array>
+#include <utility>
+
+#include "app/BrowseFiles.h"
+#include "app/Projects.h"
+#include "app/TabPlacement.h"
+#include "run/RunTranslation.h"
+#include "ui/Controls.h"
+#include "ui/FileDialogs.h"
+#include "ui/Icons.h"
+#include "ui/ProjectDialog.h"
+#include "ui/TabPages.h"
+#include "ui/WxText.h"
+
+namespace korvande {
+
+namespace {
+
+constexpr int timerDelay = 500;  // milliseconds
+constexpr int gaugePanel = 1;
+
+wxSizer* MakeHeader(wxWindow* parent) {
+    const int wide = parent->FromDIP(wideSpace);
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    wxStaticText* const name = MakeLabel(parent, u"KORVANDE", "lblHeader");
+    name->SetFont(name->GetFont().Bold());
+    row->Add(name, InRow().Border(wxLEFT | wxTOP | wxBOTTOM, wide));
+    row->Add(MakeLabel(parent, u"LISCAD  –  NEN1878/SUF2 Vertaler", "lblHeaderTitle"), InRow().Border(wxLEFT, wide));
+    row->AddStretchSpacer();
+    row->Add(MakeLabel(parent, frmKORVANDE().lblVersion, "lblHeaderVersion"), InRow().Border(wxRIGHT, wide));
+    return row;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(WindowScreen& itsScreen)
+    : wxFrame(nullptr, wxID_ANY, "KORVANDE"), screen(itsScreen), timer(this) {
+    SetName("frmKORVANDE");
+    SetIcons(ProgramIcons());
+    MakeTabs();
+    MakeStatusBar();
+    binding = std::make_unique<Binding>(*this, frmKORVANDE());
+    projects = &ControlNamed<wxListBox>(*this, "File1");
+    BindControls();
+    BindForm();
+    frmKORVANDE().Timer1Enabled = true;
+    ShowForm();
+    FitContent();
+    screen.Attach(this, gauge);
+    tabs->SetFocus();
+}
+
+MainWindow::~MainWindow() {
+    screen.Detach();
+    FormKORVANDE& form = frmKORVANDE();
+    form.changed = {};
+    form.unload = {};
+    form.askProjectName = {};
+}
+
+void MainWindow::MakeTabs() {
+    auto* const content = new wxPanel(this);
+    tabs = new wxNotebook(content, wxID_ANY);
+    tabs->SetName("tabs");
+    wxWindow* const general = MakeGeneralTab(tabs);
+    wxWindow* const settings = MakeSettingsTab(tabs);
+    startRow = std::make_unique<StartRow>(general, settings);
+    tabs->AddPage(general, ToWx(u"Algemeen"));
+    tabs->AddPage(settings, ToWx(u"Instellingen"));
+    const auto addGrid = [this](TextView caption, EditedGrid& edited, const GridNames& names) {
+        gridTabs.push_back(new GridTab(tabs, edited, names));
+        tabs->AddPage(gridTabs.back(), ToWx(caption));
+    };
+    addGrid(u"Puntobjecten", EditedPoints(), {"gridPoints", "txtEditPointCell", "cboEditPointCell"});
+    addGrid(u"Lijnobjecten", EditedLines(), {"gridLines", "txtEditLineCell", "cboEditLineCell"});
+    addGrid(u"Tekstobjecten", EditedTexts(), {"gridTexts", "txtEditTextCell", ""});
+    tabs->AddPage(MakeInformationTab(tabs), ToWx(u"Informatie"));
+
+    auto* const column = new wxBoxSizer(wxVERTICAL);
+    column->Add(MakeHeader(content), wxSizerFlags().Expand());
+    column->Add(tabs, wxSizerFlags(1).Expand());
+    content->SetSizer(column);
+    auto* const whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(content, wxSizerFlags(1).Expand());
+    SetSizer(whole);
+}
+
+void MainWindow::MakeStatusBar() {
+    constexpr int gaugeRange = 1000;
+    wxStatusBar* const bar = CreateStatusBar(2);
+    bar->SetName("StatusBar1");
+    const std::array<int, 2> widths = {-3, -1};
+    bar->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
+    gauge = new wxGauge(bar, wxID_ANY, gaugeRange, wxDefaultPosition, wxDefaultSize, wxGA_HORIZONTAL | wxGA_SMOOTH);
+    gauge->SetName("ProgressBar1");
+    bar->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        PlaceGauge();
+    });
+}
+
+void MainWindow::PlaceGauge() {
+    wxRect place;
+    if (!GetStatusBar()->GetFieldRect(gaugePanel, place)) return;
+    const wxSize size(place.width - FromDIP(wideSpace), gauge->GetBestSize().y);
+    gauge->SetSize(wxRect(size).CentreIn(place));
+}
+
+// The size at which every page shows all it has, if the display is large enough.
+void MainWindow::FitContent() {
+    for (size_t i = 0; i < tabs->GetPageCount(); ++i) {
+        wxWindow* const page = tabs->GetPage(i);
+        page->SetMinClientSize(page->GetSizer()->CalcMin());
+    }
+    Fit();
+    for (size_t i = 0; i < tabs->GetPageCount(); ++i) tabs->GetPage(i)->SetMinClientSize(wxDefaultSize);
+    wxSize size = GetSize();
+    size.DecTo(wxDisplay(this).GetClientArea().GetSize());
+    SetSize(size);
+    Centre();
+}
+
+void MainWindow::BindForm() {
+    FormKORVANDE& form = frmKORVANDE();
+    form.changed = [this] { ShowForm(); };
+    form.unload = [this] { Unload(); };
+    form.askProjectName = [this](TextView caption, TextView explanation, TextView prompt, TextView name) {
+        return AskProjectName(this, caption, explanation, prompt, name);
+    };
+}
+
+void MainWindow::BindControls() {
+    const AskFileName ask = [this](const FileDialog& dialog) { return ShowFileDialog(this, dialog); };
+    WorkOn("cmdStart", RunTranslation);
+    WorkOn("cmdNewJob", NewProject);
+    WorkOn("cmdCopyJob", CopyProject);
+    WorkOn("cmdDelJob", DeleteProject);
+    WorkOn("cmdBrowseIDEX", [ask] { BrowseIdexFile(ask); });
+    WorkOn("cmdBrowseSUFNEN", [ask] { BrowseSufNenFile(ask); });
+    projects->Bind(wxEVT_LISTBOX, [this](wxCommandEvent& event) {
+        const int picked = event.GetSelection();
+        Work([picked] { PickProject(picked); });
+    });
+    tabs->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
+        event.Skip();
+        startRow->PlaceOn(event.GetSelection());
+    });
+    Bind(wxEVT_TIMER, &MainWindow::OnTimer, this);
+    Bind(wxEVT_CLOSE_WINDOW, &MainWindow::OnClose, this);
+}
+
+void MainWindow::WorkOn(const char* button, std::function<void()> action) {
+    ControlNamed<wxButton>(*this, button).Bind(wxEVT_BUTTON, [this, action = std::move(action)](wxCommandEvent&) {
+        Work(action);
+    });
+}
+
+void MainWindow::Work(const std::function<void()>& action) {
+    wxWindow* const focused = FindFocus();
+    EnableOptions(false);
+    // Also after an error, which is told elsewhere.
+    const auto finish = [&] {
+        if (isClosing) return;
+        EnableOptions(true);
+        if (focused != nullptr) focused->SetFocus();
+        ShowForm();
+    };
+    try {
+        action();
+    } catch (...) {
+        finish();
+        throw;
+    }
+    finish();
+}
+
+void MainWindow::EnableOptions(bool enable) {
+    for (size_t i = 0; i < tabs->GetPageCount(); ++i) tabs->GetPage(i)->Enable(enable);
+}
+
+void MainWindow::ShowForm() {
+    if (isClosing) return;
+    binding->Show();
+    ShowList(*projects, frmKORVANDE().File1);
+    ShowStandalone();
+    for (GridTab* const tab : gridTabs) tab->ShowForm();
+    startRow->PlaceOn(tabs->GetSelection());
+    ShowTimer();
+}
+
+void MainWindow::ShowStandalone() {
+    auto& frame = ControlNamed<wxWindow>(*this, "framStandalone");
+    const bool show = frmKORVANDE().framStandaloneVisible;
+    if (frame.IsShown() == show) return;
+    frame.Show(show);
+    for (wxWindow* const child : frame.GetChildren()) child->Show(show);
+    tabs->GetPage(tabGeneral)->Layout();
+}
+
+// The timer runs once each time the form starts it.
+void MainWindow::ShowTimer() {
+    const bool runs = frmKORVANDE().Timer1Enabled;
+    if (runs && !timer.IsRunning()) timer.StartOnce(timerDelay);
+    if (!runs) timer.Stop();
+}
+
+// Brings the window to the front.
+void MainWindow::OnTimer(wxTimerEvent& /*event*/) {
+    frmKORVANDE().Timer1Enabled = false;
+    const long style = GetWindowStyleFlag();
+    SetWindowStyleFlag(style | wxSTAY_ON_TOP);
+    SetWindowStyleFlag(style);
+}
+
+void MainWindow::OnClose(wxCloseEvent& event) {
+    if (isClosing) return;
+    if (QueryClose()) {
+        Unload();
+    } else {
+        event.Veto();
+    }
+}
+
+void MainWindow::Unload() {
+    if (isClosing) return;
+    UnloadForm();
+    isClosing = true;
+    timer.Stop();
+    Destroy();
+}
+
+MainWindow* OpenMainWindow(WindowScreen& screen, const StartUpArguments& arguments) {
+    if (StartUp(arguments) == AfterStartUp::EndProgram) return nullptr;
+    auto* const window = new MainWindow(screen);
+    window->Show();
+    return window;
+}
+
+}  // namespace korvande

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/gauge.h>
+#include <wx/listbox.h>
+#include <wx/notebook.h>
+#include <wx/timer.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "app/StartUp.h"
+#include "ui/Binding.h"
+#include "ui/GridTab.h"
+#include "ui/StartRow.h"
+#include "ui/WindowScreen.h"
+
+namespace korvande {
+
+// The window frmKORVANDE: six tabs that show the form's values and write every change back.
+class MainWindow : public wxFrame {
+ public:
+    explicit MainWindow(WindowScreen& itsScreen);
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+    ~MainWindow() override;
+
+    // Shows the form's values as they are now.
+    void ShowForm();
+
+ private:
+    void MakeTabs();
+    void MakeStatusBar();
+    void PlaceGauge();
+    void FitContent();
+    void BindControls();
+    void BindForm();
+
+    // Runs what a person asked for, with the options disabled meanwhile, and shows what it has come to.
+    void Work(const std::function<void()>& action);
+    void WorkOn(const char* button, std::function<void()> action);
+    void EnableOptions(bool enable);
+    void ShowStandalone();
+    void ShowTimer();
+    void OnTimer(wxTimerEvent& event);
+    void OnClose(wxCloseEvent& event);
+    void Unload();
+
+    WindowScreen& screen;
+    wxNotebook* tabs = nullptr;
+    wxListBox* projects = nullptr;
+    wxGauge* gauge = nullptr;
+    std::vector<GridTab*> gridTabs;
+    std::unique_ptr<StartRow> startRow;
+    std::unique_ptr<Binding> binding;
+    wxTimer timer;
+    bool isClosing = false;
+};
+
+// Start-up, and the window when it leads to one; nothing when the program is to end.
+MainWindow* OpenMainWindow(WindowScreen& screen, const StartUpArguments& arguments);
+
+}  // namespace korvande
