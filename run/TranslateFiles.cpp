@@ -73,6 +73,16 @@ void CloseOutput() {
     if (run.output.HasFailed()) run.outcome.outputFailed = true;
 }
 
+// In a run that failed, what was read and did not get into an output was left out by that.
+void AccountForTheRest() {
+    if (!TheRun().outcome.Failed()) return;
+    for (std::size_t i = 0; i < objectKinds; ++i) {
+        const auto kind = static_cast<ObjectKind>(i);
+        const KindAccount& account = TheAccount()[kind];
+        TheAccount().Leave(kind, LeftOut::Unfinished, account.read - account.written - account.LeftOutTotal());
+    }
+}
+
 void ReadAndWrite() {
     const RunValues& run = TheRun();
     const bool isFromIdex = run.XlateDirection == fromIdex;
@@ -109,6 +119,7 @@ bool TranslateFiles() {
         log.WriteLine(u"==>  Vertaling afgebroken.");
     }
     CloseOutput();
+    AccountForTheRest();
     WriteFooter();
     if (log.IsOpen()) log.Close();
     if (log.HasFailed()) {
