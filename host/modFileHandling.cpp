@@ -216,7 +216,15 @@ bool DeleteFileAt(TextView name) {
 bool RenameFileAt(TextView from, TextView to, Replace replace) {
     return OrOnFailure(false, [&] {
         if (replace == Replace::No && !IsFreeName(to)) return false;
-        fs::rename(PathOf(from), BehindLinks(PathOf(to)));
+        const fs::path source = PathOf(from);
+        const fs::path target = BehindLinks(PathOf(to));
+        if (FileExistsAt(to)) {
+            // To the system a file that may not be written may well be replaced; to its owner it may not.
+            const FileHandle writable(OpenNativeFile(to, OpenMode::Append));
+            std::error_code ignored;
+            fs::permissions(source, fs::status(target).permissions(), ignored);
+        }
+        fs::rename(source, target);
         return true;
     });
 }
