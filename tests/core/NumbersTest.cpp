@@ -82,9 +82,12 @@ TEST(Numbers, ALeadingNumberTooLargeForADoubleIsError6) {
     }
     const std::string manyDigits(400, '9');
     EXPECT_EQ(ErrorOf([&] { static_cast<void>(LeadingNumber(manyDigits)); }), 6);
-    EXPECT_EQ(LeadingNumber("0." + std::string(400, '0') + "1"), 0);
-    EXPECT_EQ(LeadingNumber("0." + std::string(400, '0') + "1e401"), 1);
-    EXPECT_EQ(LeadingNumber("1" + std::string(400, '0') + "e-400"), 1);
+    const std::string manyZeros(400, '0');
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(LeadingNumber("0." + manyZeros + "1e99999999999999999999")); }), 6);
+    EXPECT_EQ(LeadingNumber("1" + manyZeros + "e-99999999999999999999"), 0);
+    EXPECT_EQ(LeadingNumber("0." + manyZeros + "1"), 0);
+    EXPECT_EQ(LeadingNumber("0." + manyZeros + "1e401"), 1);
+    EXPECT_EQ(LeadingNumber("1" + manyZeros + "e-400"), 1);
 }
 
 TEST(Numbers, ReadingAnOrdinaryNumberTakesNoHeap) {
