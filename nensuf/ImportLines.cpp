@@ -124,7 +124,7 @@ class ArcChain {
         lineNo = lines.UpperBound();
     }
 
-    std::optional<LeftOut> FinishArc() {
+    std::optional<LeftOut> FinishArc() const {
         Drawing& drawing = TheDrawing();
         const PointRec& end = drawing.Points[arcEnd];
         PointRec& middle = drawing.Points[arcEnd - 1];

@@ -28,7 +28,7 @@ class RecordReader {
 
     // The next line as a record of 64 characters: lines below 63 are skipped, of a longer one the last 64 count, one of
     // 63 lacks its leading zero, and a first character that sorts before "0" is one. At the end of the file "99".
-    void ReadFileRecord(Record& record);
+    void ReadFileRecord(Record& target);
 
     // Mode 0 reads the next group into the type and the fields. Mode 1 looks at the next record, which stays the next
     // one; a higher mode takes it. In those modes the record is returned, and stands until the next call.
