@@ -4,7 +4,17 @@ namespace korvande::testing {
 
 namespace {
 
-using ImportArcs = ImportTest;
+class ImportArcs : public ImportTest {
+ protected:
+    static void Select(TextView minX, TextView maxX, TextView minY, TextView maxY) {
+        FormKORVANDE& form = frmKORVANDE();
+        form.chkSelectXY = true;
+        form.txtMinX = minX;
+        form.txtMaxX = maxX;
+        form.txtMinY = minY;
+        form.txtMaxY = maxY;
+    }
+};
 
 // Points on the circle of 10 metres about 100, 200: north, east, south and west of the centre.
 const std::string north = At(100000, 210000);
@@ -136,36 +146,31 @@ TEST_F(ImportArcs, AnUnknownArcIsDroppedOrImportedAsTheUnknownRow) {
     EXPECT_EQ(LineCodes().rows[0].Count, 2);
 }
 
-TEST_F(ImportArcs, AnArcWithAPointOutsideTheRectangleKeepsItsPointsWithoutEdges) {
-    FormKORVANDE& form = frmKORVANDE();
-    form.chkSelectXY = true;
-    form.txtMinX = u"90";
-    form.txtMaxX = u"110";
-    form.txtMinY = u"190";
-    form.txtMaxY = u"210";
-    Import(Arc("B10", north + east + south) + Arc("B10", west + north + east));  // the borders are inside
-    EXPECT_EQ(TheDrawing().Edges.UpperBound(), 4);
-    for (Text FormKORVANDE::*const bound :
-         {&FormKORVANDE::txtMinX, &FormKORVANDE::txtMaxX, &FormKORVANDE::txtMinY, &FormKORVANDE::txtMaxY}) {
-        const Text kept = form.*bound;
-        form.*bound = bound == &FormKORVANDE::txtMinX || bound == &FormKORVANDE::txtMinY ? u"200.001" : u"99.999";
-        if (bound == &FormKORVANDE::txtMinX) form.*bound = u"100.001";
-        if (bound == &FormKORVANDE::txtMaxY) form.*bound = u"199.999";
-        TheAccount() = {};
-        Import(Arc("B10", north + east + south));
-        EXPECT_EQ(Points(), northPoint + eastPoint + southPoint);
-        EXPECT_EQ(Lines(), "KANT\n");
-        EXPECT_EQ(Edges(), "");
-        ExpectLeft(ObjectKind::Arc, LeftOut::OutsideRectangle);
-        form.*bound = kept;
-    }
+TEST_F(ImportArcs, TheBordersOfTheRectangleBelongToIt) {
+    Select(u"100", u"110", u"190", u"210");
+    Import(Arc("B10", north + east + south));
+    EXPECT_EQ(TheDrawing().Edges.UpperBound(), 2);
+}
+
+TEST_F(ImportArcs, AnArcWithOnePointOutsideTheRectangleKeepsItsPointsWithoutEdges) {
+    Select(u"0", u"999", u"0", u"209.999");  // start
+    Import(Arc("B10", north + east + south));
+    EXPECT_EQ(Points() + Lines() + Edges(), northPoint + eastPoint + southPoint + "KANT\n");
+    Select(u"0", u"109.999", u"0", u"999");  // point on the arc
+    Import(Arc("B10", north + east + south));
+    EXPECT_EQ(Points() + Lines() + Edges(), northPoint + eastPoint + southPoint + "KANT\n");
+    Select(u"0", u"999", u"190.001", u"999");  // end
+    Import(Arc("B10", north + east + south));
+    EXPECT_EQ(Points() + Lines() + Edges(), northPoint + eastPoint + southPoint + "KANT\n");
+    Select(u"90.001", u"999", u"0", u"999");  // point on the arc, to the other side
+    Import(Arc("B10", north + west + south));
+    EXPECT_EQ(Points() + Lines() + Edges(), northPoint + westPoint + southPoint + "KANT\n");
+    ExpectLeft(ObjectKind::Arc, LeftOut::OutsideRectangle, 4);
     EXPECT_EQ(LogText(), "");
 }
 
 TEST_F(ImportArcs, InAChainTheRectangleTestsEachArc) {
-    FormKORVANDE& form = frmKORVANDE();
-    form.chkSelectXY = true;
-    form.txtMaxY = u"190";
+    Select(u"0", u"999", u"0", u"190");
     Import(Arc("B10", north + east + south + At(90000, 180000) + At(100000, 170000)));
     EXPECT_EQ(Edges(), "2: 3-4 ARC_CENT\n2: 4-5 ARC_CENT\n");
     EXPECT_EQ(Lines(), "KANT\nKANT|16\n");

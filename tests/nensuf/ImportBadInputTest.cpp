@@ -206,7 +206,7 @@ class RandomFile {
     }
 
     // The lines of groups, some of them lost, cut, lengthened, or with another end code.
-    std::string Lines(std::string groups) {
+    std::string Lines(const std::string& groups) {
         std::string lines;
         for (std::string_view rest = groups; !rest.empty(); rest.remove_prefix(66)) {
             std::string line(rest.substr(0, 64));

@@ -202,11 +202,11 @@ TEST_F(ImportGroups, ThePlacementOfAPointIsNoObjectOfItsOwn) {
 
 TEST_F(ImportGroups, APlacementWithoutACodeThatBelongsToNothingIsAccountedFor) {
     const std::string placement = Group("05", Field('F', "112") + At(1, 1));
-    Import(placement + Point("P10", At(1, 1)) + Symbol("P10", At(2, 2)) + placement +
-           Group("05", Field('F', "113") + Field('K', "P10")));
-    EXPECT_EQ(Counts(), "2 0 0 0");
-    ExpectAccount(ObjectKind::Point, 4, 2);
-    ExpectLeft(ObjectKind::Point, LeftOut::NoCode, 2);
+    Import(placement + Point("P10", At(1, 1)) + Symbol("P10", At(2, 2)) + placement + Point("P10", At(3, 3)) +
+           Group("03", Field('M', "P10")) + placement + Group("05", Field('F', "113") + Field('K', "P10")));
+    EXPECT_EQ(Counts(), "3 0 0 0");
+    ExpectAccount(ObjectKind::Point, 6, 3);
+    ExpectLeft(ObjectKind::Point, LeftOut::NoCode, 3);
     ExpectLeft(ObjectKind::Other, LeftOut::NotTranslated);
 }
 

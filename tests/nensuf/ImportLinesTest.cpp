@@ -224,7 +224,7 @@ TEST_F(ImportLines, ADroppedLineLeavesNoTrace) {
 }
 
 TEST_F(ImportLines, ALineWithoutCoordinatesIsOutsideAnyRectangle) {
-    Select();
+    frmKORVANDE().chkSelectXY = true;  // all of the grid, 0, 0 among it
     Import(Line("B10", ""));
     EXPECT_EQ(Lines(), "");
     ExpectLeft(ObjectKind::LineString, LeftOut::OutsideRectangle);
@@ -235,6 +235,12 @@ TEST_F(ImportLines, WithoutTheBoxTheRectangleTakesNoPart) {
     frmKORVANDE().chkSelectXY = false;
     Import(Line("B10", At(1, 1)));
     EXPECT_EQ(Lines(), "KANT\n");
+}
+
+TEST_F(ImportLines, MetresBeyondAllNumbersEndTheImportToo) {
+    Import(Line("B10", Field('X', "9E307")), FirstLine() + SecondLine("010255"));
+    EXPECT_EQ(Points(), "");
+    EXPECT_EQ(LogText(), "FOUT:  Overloop (regel 4)\n");
 }
 
 TEST_F(ImportLines, CoordinatesBeyondAllNumbersEndTheImportInTheMiddleOfTheLine) {
