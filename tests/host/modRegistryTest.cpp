@@ -263,6 +263,14 @@ TEST_F(Registry, WithoutAFileNamedItStandsInTheConfigurationFolder) {
     EXPECT_TRUE(FileExistsAt(folder / "een/config/korvande/registry.reg"));
 }
 
+TEST_F(Registry, WithAFileNamedTheConfigurationFolderIsLeftAlone) {
+    const EnvironmentValue configuration("XDG_CONFIG_HOME", folder.Path() + "/config");
+    RegKey key = 0;
+    ASSERT_TRUE(RegCreateSubKey(hives::currentUser, u"A", key));
+    RegCloseKeyHandle(key);
+    EXPECT_EQ(folder.Listing(), "registry.reg");
+}
+
 TEST_F(Registry, TheConfigurationFolderIsInTheHomeFolderUnlessNamed) {
     const EnvironmentValue noFile("KORVANDE_REGISTRY", "");
     const EnvironmentValue relative("XDG_CONFIG_HOME", "config");
