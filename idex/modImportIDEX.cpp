@@ -24,7 +24,6 @@ char SecondCharacter(std::string_view rest) { return rest.size() > 1 ? rest[1] :
 
 void ReadHeader(IdexFile& file) {
     Drawing& drawing = TheDrawing();
-    drawing.DrawingDate.clear();
     while (true) {
         const KeywordLine line = file.NextKeyword();
         if (line.keyword == "SEPARATOR") {
