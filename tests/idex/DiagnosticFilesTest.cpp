@@ -74,6 +74,12 @@ TEST_F(DiagnosticFiles, AreNotWrittenForAFileThatCannotBeOpened) {
     EXPECT_EQ(drives.Listing(), "");
 }
 
+TEST_F(DiagnosticFiles, AreNotWrittenForARunThatWantsNone) {
+    TheRun().withDiagnosticFiles = false;
+    ASSERT_EQ(ReadWithDriveD(FileWith("")), "");
+    EXPECT_EQ(drives.Listing(), "");
+}
+
 TEST_F(DiagnosticFiles, AreDoneWithoutWhenThereIsNoDriveD) {
     OpenLog();
     ASSERT_EQ(ReadTables("LINES (LineNo,Code)\n1,\"A\";\nEND\n"), "");

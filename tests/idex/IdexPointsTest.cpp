@@ -217,15 +217,23 @@ TEST_F(IdexPoints, ARowIsNotJoinedWithTheEndOfTheTable) {
     ASSERT_EQ(drawing.Points.UpperBound(), 1);
     EXPECT_EQ(Point(1).East, 5);
     EXPECT_EQ(ReadPoints("-1,5\n\n", "PointNo,East"), ErrorAt(errors::subscriptOutOfRange, 4));
+    // The table ends there all the same.
+    ASSERT_EQ(ReadTables("POINTS (PointNo)\n1\nEND\nLINES (LineNo)\n1;\nEND\n"), "");
+    EXPECT_EQ(drawing.Points.UpperBound(), 1);
+    EXPECT_EQ(drawing.Lines.UpperBound(), 1);
 }
 
 TEST_F(IdexPoints, ASecondTableBeginsAgainAtTheFirstPoint) {
-    ASSERT_EQ(ReadTables("POINTS (PointNo,East)\n10,1;\n20,2;\n30,3;\nEND\nPOINTS (PointNo,East)\n40,4;\nEND\n"), "");
+    ASSERT_EQ(ReadTables("POINTS (PointNo,East)\n10,1;\n20,2;\n30,3;\nEND\n"
+                         "POINTS (PointNo,East)\n40,4;\n50,5;\nEND\n"),
+              "");
     ASSERT_EQ(drawing.Points.UpperBound(), 3);
     EXPECT_EQ(Point(1).PointNo, 40);
     EXPECT_EQ(Point(1).East, 4);
-    EXPECT_EQ(Point(2).PointNo, 20);
+    EXPECT_EQ(Point(2).PointNo, 50);
+    EXPECT_EQ(Point(3).PointNo, 30);
     EXPECT_EQ(drawing.PointIndex[40], 1);
+    EXPECT_EQ(drawing.PointIndex[50], 2);
     EXPECT_EQ(drawing.PointIndex[10], 1);
 }
 
