@@ -2,6 +2,7 @@
 
 #include <wx/sizer.h>
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -87,6 +88,7 @@ void GridTab::MakeGrid(const char* name) {
     grid->EnableEditing(false);
     grid->SetRowLabelSize(0);
     grid->DisableDragRowSize();
+    grid->SetDefaultCellAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
     grid->SetColLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
     const auto& widths = edited.listItems.empty() ? widthsWithoutType : widthsWithType;
     for (int column = 0; column < Grid::columns; ++column) {
@@ -238,7 +240,10 @@ bool GridTab::ShowEditor(wxWindow& control, const CellEditor& editor) {
     if (editor.isVisible) {
         wxRect place = ToPixels(*this, editor.place);
         place.Offset(-grid->GetPosition() - grid->GetGridWindow()->GetPosition());
-        control.SetSize(place);
+        // A drop-down list is not cut down to a smaller cell: nobody could read it.
+        wxSize size = place.GetSize();
+        if (&control == listEditor) size.IncTo(control.GetBestSize());
+        control.SetSize(wxRect(place.GetPosition(), size));
     }
     control.Show(editor.isVisible);
     return editor.isVisible;
