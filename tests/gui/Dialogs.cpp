@@ -1,0 +1,62 @@
+#include "tests/gui/Dialogs.h"
+
+#include <wx/app.h>
+
+#include "ui/WxText.h"
+
+namespace korvande::testing {
+
+namespace {
+
+std::string Utf8(const wxString& text) { return text.utf8_string(); }
+
+// A button's caption without the mark of its mnemonic, however the platform marks it.
+std::string Caption(wxString label) {
+    label.Replace("_", "");
+    return Utf8(wxStripMenuCodes(label));
+}
+
+std::string Labels(const wxMessageDialog& box) {
+    const long style = box.GetMessageDialogStyle();
+    if ((style & wxYES_NO) != 0) {
+        return Caption(box.GetYesLabel()) + " " + Caption(box.GetNoLabel()) + " " + Caption(box.GetCancelLabel());
+    }
+    if ((style & wxCANCEL) != 0) return Caption(box.GetOKLabel()) + " " + Caption(box.GetCancelLabel());
+    return Caption(box.GetOKLabel());
+}
+
+}  // namespace
+
+int Dialogs::Enter(wxDialog* dialog) {
+    if (auto* const box = dynamic_cast<wxMessageDialog*>(dialog)) return Answer(*box);
+    if (auto* const file = dynamic_cast<wxFileDialog*>(dialog)) return Answer(*file);
+    if (!onDialog) return wxID_CANCEL;
+    dialog->CallAfter([this, dialog] { onDialog(*dialog); });
+    return wxID_NONE;
+}
+
+int Dialogs::Answer(wxMessageDialog& box) {
+    messages.push_back(Utf8(box.GetMessage()));
+    titles.push_back(Utf8(box.GetTitle()));
+    labels.push_back(Labels(box));
+    if (onShownMessage) {
+        wxTheApp->CallAfter([this, &box] { onShownMessage(box); });
+        return wxID_NONE;
+    }
+    if (onMessage) onMessage();
+    if (buttons.empty()) return (box.GetMessageDialogStyle() & wxCANCEL) != 0 ? wxID_CANCEL : wxID_OK;
+    const int button = buttons.front();
+    buttons.pop_front();
+    return button;
+}
+
+int Dialogs::Answer(wxFileDialog& dialog) {
+    fileQuestions.push_back({Utf8(dialog.GetMessage()), Utf8(dialog.GetWildcard()), Utf8(dialog.GetDirectory()),
+                             dialog.HasFlag(wxFD_OPEN)});
+    if (files.empty()) return wxID_CANCEL;
+    dialog.SetPath(ToWx(files.front()));
+    files.pop_front();
+    return wxID_OK;
+}
+
+}  // namespace korvande::testing

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <wx/filedlg.h>
+#include <wx/modalhook.h>
+#include <wx/msgdlg.h>
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/Text.h"
+
+namespace korvande::testing {
+
+// Answers the window's modal dialogs in a person's place, and records them (in UTF-8).
+class Dialogs : public wxModalDialogHook {
+ public:
+    Dialogs() { Register(); }
+
+    // Message boxes: each takes the next of these buttons (wxID_YES, ...); when none is left, Cancel, or OK where there
+    // is no Cancel.
+    std::deque<int> buttons;
+    std::vector<std::string> messages;
+    std::vector<std::string> titles;
+    std::vector<std::string> labels;  // of the buttons, separated by blanks
+    std::function<void()> onMessage;  // called before a message is answered
+
+    // When set, message boxes are shown in earnest, and this is called with each.
+    std::function<void(wxMessageDialog&)> onShownMessage;
+
+    // File dialogs: each takes the next of these names; when none is left, Cancel.
+    struct FileQuestion {
+        std::string title;
+        std::string wildcard;
+        std::string folder;
+        bool opens;
+    };
+    std::vector<FileQuestion> fileQuestions;
+    std::deque<Text> files;
+
+    // When set, any other dialog is shown in earnest, and this is called with it; otherwise it is cancelled.
+    std::function<void(wxDialog&)> onDialog;
+
+    std::string LastMessage() const { return messages.empty() ? "" : messages.back(); }
+
+ protected:
+    int Enter(wxDialog* dialog) override;
+
+ private:
+    int Answer(wxMessageDialog& box);
+    int Answer(wxFileDialog& dialog);
+};
+
+}  // namespace korvande::testing

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <wx/uiaction.h>
+#include <wx/weakref.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "tests/app/AppTest.h"
+#include "tests/gui/Dialogs.h"
+#include "ui/Binding.h"
+#include "ui/MainWindow.h"
+#include "ui/WxText.h"
+
+namespace korvande::testing {
+
+// Lets the window's events run until the condition holds; a test failure that says what was awaited when that takes too
+// long. True when it holds.
+bool WaitUntil(const std::string& what, const std::function<bool()>& condition);
+
+// Lets all waiting events run.
+void LetEventsRun();
+
+// A test in the real window, on a registry, a project folder and files of its own, driven as a person would: by mouse
+// and keyboard, or by the events of single controls.
+class WindowTest : public AppTest {
+ protected:
+    WindowTest();
+    ~WindowTest() override;
+
+    // Starts the program as a command line does (interactively without one); the window, or none when the program ends.
+    void Start(TextView commandLine = {}, bool asksRegistration = false);
+    bool IsOpen() const { return window != nullptr; }
+    void Close();
+
+    template <class Control>
+    Control& Find(const char* name) const {
+        return ControlNamed<Control>(*window, name);
+    }
+
+    // By the control's own events.
+    void Press(const char* button) const;
+    void Choose(const char* list, int index) const;
+    void Type(const char* textBox, const std::string& text) const;
+    void SelectTab(int tab) const;
+
+    // By mouse and keyboard.
+    void Click(const char* control);
+    void DoubleClick(wxPoint place);
+    void Keys(const std::string& characters);
+    void Key(int key);
+
+    // The texts of the status bar's first panel and of a text box, in UTF-8.
+    std::string TextOf(const char* textBox) const;
+
+    Dialogs dialogs;
+    WindowScreen windowScreen;
+    wxWeakRef<MainWindow> window;
+    wxUIActionSimulator simulator;
+
+ private:
+    ScreenInUse inUse{windowScreen};
+};
+
+}  // namespace korvande::testing
