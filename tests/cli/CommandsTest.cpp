@@ -72,19 +72,19 @@ TEST_F(Commands, AnOutputThatDoesNotArriveIsAFailure) {
 
 TEST_F(Commands, ATranslationStandsWhateverBecomesOfStandardOutput) {
     folder.Write("a.idx", smallIdex);
-    EXPECT_EQ(Translate("idex-nen1878", {"a.idx", "uit.sfn"}, {.outputFile = "/dev/full"}).status, 0);
+    Start start{.outputFile = "/dev/full"};
+    start.environment["SOURCE_DATE_EPOCH"] = "0";
+    EXPECT_EQ(Translate("idex-nen1878", {"a.idx", "uit.sfn"}, start).status, 0);
     const std::string output = Bytes("uit.sfn");
     const std::string log = Log("uit.LOG");
     // No file of the run takes the place of a stream that is not there.
+    start.outputFile.clear();
     for (const std::vector<int>& closed : {std::vector<int>{1}, {2}, {0}, {0, 1, 2}}) {
         std::filesystem::remove(folder.Path() + "/uit.sfn");
-        Start start{.closedStreams = closed};
-        start.environment["SOURCE_DATE_EPOCH"] = "0";
-        const ProgramResult result = Translate("idex-nen1878", {"a.idx", "uit.sfn"}, start);
-        EXPECT_EQ(result.status, 0) << closed.front();
-        EXPECT_EQ(Bytes("uit.sfn").substr(66), output.substr(66)) << closed.front();
-        EXPECT_FALSE(Has(Log("uit.LOG"), "gelezen")) << closed.front();
-        EXPECT_EQ(Log("uit.LOG").size(), log.size());
+        start.closedStreams = closed;
+        EXPECT_EQ(Translate("idex-nen1878", {"a.idx", "uit.sfn"}, start).status, 0) << closed.front();
+        EXPECT_EQ(Bytes("uit.sfn"), output) << closed.front();
+        EXPECT_EQ(Log("uit.LOG"), log) << closed.front();
     }
 }
 

@@ -142,11 +142,14 @@ std::string FirstDifference(const std::string& expected, const std::string& actu
     std::istringstream expectedLines(expected);
     std::istringstream actualLines(actual);
     for (int number = 1;; ++number) {
-        std::string expectedLine = "(einde)";
-        std::string actualLine = "(einde)";
-        const bool more = static_cast<bool>(std::getline(expectedLines, expectedLine)) |
-                          static_cast<bool>(std::getline(actualLines, actualLine));
-        if (expectedLine != actualLine || !more) {
+        std::string expectedLine;
+        std::string actualLine;
+        const bool moreExpected = static_cast<bool>(std::getline(expectedLines, expectedLine));
+        const bool moreActual = static_cast<bool>(std::getline(actualLines, actualLine));
+        if (!moreExpected) expectedLine = "(einde)";
+        if (!moreActual) actualLine = "(einde)";
+        const bool isOver = !moreExpected && !moreActual;
+        if (expectedLine != actualLine || isOver) {
             return "line " + std::to_string(number) + "\n  expected: " + Windows1252ToUtf8(expectedLine) +
                    "\n  actual:   " + Windows1252ToUtf8(actualLine);
         }
