@@ -25,7 +25,7 @@ struct Bisector {
 
 Bisector BisectorOf(Position a, Position b) {
     constexpr double reach = 1000.0;  // metres; it only fixes a second point of the line
-    const Position middle{WithoutOverflow(a.east + b.east) / 2, WithoutOverflow(a.north + b.north) / 2};
+    const Position middle{(a.east + b.east) / 2, (a.north + b.north) / 2};
     return {middle, PolarPoint(middle.east, middle.north, BearingFrom(a, b) + pi / 2, reach)};
 }
 
@@ -36,7 +36,8 @@ ArcCentre ArcCentreFrom3Points(Position start, Position onArc, Position end) {
     const Bisector second = BisectorOf(onArc, end);
     const Intersection crossing = IntersectSegments(first.middle, first.far, second.middle, second.far);
     if (!crossing.found) return {};
-    const Position centre{WithoutOverflow(crossing.crossing.east), WithoutOverflow(crossing.crossing.north)};
+    // A midpoint that overflowed leaves no finite centre, from which no bearing can be taken.
+    const Position centre = crossing.crossing;
     return {centre, ArcDirection3Points(start, onArc, end, centre)};
 }
 

@@ -67,8 +67,7 @@ DateTime ProjectDateOf(std::string_view line) {
     const std::string_view digits = Columns(line, 22, 27);
     int yearAndMonth = 0;
     const auto [end, problem] = std::from_chars(digits.data(), digits.data() + digits.size(), yearAndMonth);
-    const bool isNumber =
-        digits.size() == 6 && digits[0] != '-' && problem == std::errc() && end == digits.data() + digits.size();
+    const bool isNumber = digits.size() == 6 && problem == std::errc() && end == digits.data() + digits.size();
     const int year = yearAndMonth / 100;
     const int month = yearAndMonth % 100;
     if (!isNumber || !IsCalendarDay(year, month, 1)) return Now();
