@@ -219,6 +219,20 @@ TEST_F(ImportGroups, TheHeadOfATextIsNoObjectOfItsOwn) {
     ExpectLeft(ObjectKind::Other, LeftOut::NotTranslated, 2);
 }
 
+TEST_F(ImportGroups, TheProgressTellsHowFarTheFileWasRead) {
+    const std::string half = Point("P10", At(1, 1)) + Head("B10", "12") + Record("08");
+    std::string groups;
+    for (int i = 0; i < 40; ++i) groups += Point("P10", At(1, 1));
+    std::int64_t told = 0;
+    screen.onMessage = [this, &told] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+        screen.onPump = [this, &told] { told = told == 0 ? screen.value : told; };
+    };
+    Import(groups + half + groups);
+    EXPECT_GT(told, 40);  // in blocks of 128 bytes, about one for each point
+    EXPECT_LE(told, screen.maxima[0]);
+}
+
 // In this file every group comes from the look-ahead.
 TEST_F(ImportGroups, APersonCanEndTheRunBetweenTwoRecords) {
     std::string groups = Point("P10", At(1, 1)) + Head("B10", "12") + Record("08");

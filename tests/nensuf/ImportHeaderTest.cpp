@@ -68,11 +68,15 @@ TEST_F(ImportHeader, AHeaderValueBeyondAllNumbersEndsTheImport) {
 TEST_F(ImportHeader, TheProjectNameStandsInColumns39To62) {
     Import("", FirstLine(std::string(36, ' ') + " Kruispunt caf\xE9 Noord  ") + SecondLine("010215"));
     EXPECT_EQ(ToUtf8(TheRun().ProjectName), "Kruispunt café Noord");
+    Import("", FirstLine(std::string(35, ' ') + "xHeel het kruispunt Noord") + SecondLine("010215"));
+    EXPECT_EQ(ToUtf8(TheRun().ProjectName), "Heel het kruispunt Noord");
 }
 
 TEST_F(ImportHeader, WithoutAProjectNameColumns3To14AreTheName) {
     Import("", FirstLine("  Plan Zuid    202405") + SecondLine("010215"));
     EXPECT_EQ(ToUtf8(TheRun().ProjectName), "Plan Zuid");
+    Import("", FirstLine("Plan Oost 23x   202405") + SecondLine("010215"));
+    EXPECT_EQ(ToUtf8(TheRun().ProjectName), "Plan Oost 23");
 }
 
 std::string DateOf(const std::optional<DateTime>& date) { return date ? CompactDate(*date) : "-"; }
@@ -88,6 +92,8 @@ TEST_F(ImportHeader, AProjectDateThatIsNoneIsToday) {
         Import("", FirstLine("0NEN1878    V199901" + date) + SecondLine("010215"));
         EXPECT_EQ(DateOf(TheRun().ProjectDate), "20240515") << date;
     }
+    Import("", "010NEN1878    V1999012312\r\n" + SecondLine("010215"));
+    EXPECT_EQ(DateOf(TheRun().ProjectDate), "20240515");
 }
 
 TEST_F(ImportHeader, NameAndDateOfAnEarlierImportAreForgotten) {
@@ -198,6 +204,11 @@ TEST_F(ImportHeader, TheStatusTellsTheStepsAndTheVariant) {
     TheRun().NenMode = false;
     Import("", Suf2Header());
     EXPECT_EQ(screen.statuses, (std::vector<std::string>{"Inlezen SUF2", "Opschonen Puntnummers"}));
+}
+
+TEST_F(ImportHeader, BehindTheLastRecordNoLineIsBeingRead) {
+    Import(PointOf(At(1, 1)));
+    EXPECT_EQ(CurrentInputLine(), 0);
 }
 
 TEST_F(ImportHeader, ProgressIsCountedInBlocksOfTheFileAndThenInPoints) {

@@ -40,7 +40,7 @@ TEST_F(ImportLines, EachLineIsALineStringOfItsOwn) {
 TEST_F(ImportLines, ALineMayRunOverManyRecords) {
     std::string fields;
     std::string edges;
-    for (int i = 1; i <= 100; ++i) {
+    for (std::int64_t i = 1; i <= 100; ++i) {
         fields += Field('I', "2") + N("P" + std::to_string(i)) + At(i * 1000, i);
         if (i > 1) edges += "1: " + std::to_string(i - 1) + "-" + std::to_string(i) + " STRAIGHT\n";
     }

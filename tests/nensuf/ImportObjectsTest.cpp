@@ -69,7 +69,7 @@ TEST_F(ImportObjects, PointsCloserThanAMillimetreGiveNoDirection) {
 
 TEST_F(ImportObjects, OnlyTheFirstFivePointsOfAGroupAreTaken) {
     std::string fields;
-    for (int i = 1; i <= 8; ++i) fields += N("N" + std::to_string(i)) + At(i * 1000, i * 1000, i);
+    for (std::int64_t i = 1; i <= 8; ++i) fields += N("N" + std::to_string(i)) + At(i * 1000, i * 1000, i);
     Import(Point("P10", fields));
     EXPECT_EQ(Points(), "N1|BOOM|1.000 1.000 0.001|50.0000\n");
 }

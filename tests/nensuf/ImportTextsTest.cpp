@@ -39,11 +39,20 @@ TEST_F(ImportTexts, PointsCloserThanAMillimetreGiveNeitherDirectionNorLineString
 
 TEST_F(ImportTexts, MorePointsAreAddedUpToFive) {
     std::string fields;
-    for (int i = 1; i <= 7; ++i) fields += At(i * 1000, 0);
+    for (std::int64_t i = 1; i <= 7; ++i) fields += At(i * 1000, i, i);
     Import(TextGroups("Z10", fields, "Weg"));
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 5);
+    EXPECT_EQ(Points(),
+              "|100|1.000 0.001 0.001|0.0000\n|100|2.000 0.002 0.002|0.0000\n|100|3.000 0.003 0.003|0.0000\n"
+              "|100|4.000 0.004 0.004|0.0000\n|100|5.000 0.005 0.005|0.0000\n");
     EXPECT_EQ(Edges(), "1: 1-2 STRAIGHT\n");
-    EXPECT_EQ(Texts(), "STRAAT|1|1|0.000|Weg\n");
+    EXPECT_EQ(Texts(), "STRAAT|1|1|0.064|Weg\n");
+}
+
+TEST_F(ImportTexts, ANumberIsThatOfOnePointOnly) {
+    // Cancelled at the question, so that the clean-up does not hide it.
+    TheRun().NenMode = false;
+    Import(TextGroups("Z10", N("4") + At(1, 1) + At(2, 2), "Weg") + Record("07N"), Suf2Header());
+    EXPECT_EQ(Points(), "4|100|0.001 0.001 0.000|0.0000\n|100|0.002 0.002 0.000|0.0000\n");
 }
 
 TEST_F(ImportTexts, TheRotationOptionDoesNotTurnTexts) {
@@ -102,8 +111,9 @@ TEST_F(ImportTexts, BlanksBeforeAnOrdinaryTextStay) {
 }
 
 TEST_F(ImportTexts, APlaceNameBeginsAtColumn14AndIsTrimmed) {
-    Import(Placement("111", "Z01", At(1, 1)) + Record("06A20T1234567  Molveren aan de Zoom   "));
-    EXPECT_EQ(Texts(), "PLAATS|1|1|0.000|Molveren aan de Zoom\n");
+    Import(Placement("111", "Z01", At(1, 1)) + Record("06A20T1234567  Molveren aan de Zoom   ") +
+           Placement("111", "Z01", At(1, 1)) + Record("06A30T1234567" + std::string(20, ' ') + "Zoom"));
+    EXPECT_EQ(Texts(), "PLAATS|1|1|0.000|Molveren aan de Zoom\nPLAATS|2|1|0.000|Zoom\n");
 }
 
 TEST_F(ImportTexts, APlaceNameMayReachColumn62) {

@@ -100,7 +100,8 @@ TEST_F(RecordReaderTest, LinesEndAtAnyLineEndAndTheLastMayLackIt) {
     const std::string second = LineOf(64, "04X");
     for (const std::string lineEnd : {"\r\n", "\n", "\r"}) {
         for (const std::string& lastEnd : {lineEnd, std::string(), std::string("\x1A")}) {
-            Open(first + lineEnd + second + lastEnd);
+            std::string bytes = first;
+            Open(bytes.append(lineEnd).append(second).append(lastEnd));
             EXPECT_EQ(NextRecord(), first);
             EXPECT_EQ(NextRecord(), second);
             EXPECT_EQ(NextRecord(), closingRecord);

@@ -71,8 +71,6 @@ TEST(ArcFunctions, ThePairWithTheSmallerSweepDecides) {
     EXPECT_EQ(ArcDirection3Points({0, 10}, {10, 0}, {0, 10}, {0, 0}), 1);
     // Three quarters, then a quarter: the second pair.
     EXPECT_EQ(ArcDirection3Points({0, 10}, {-10, 0}, {0, 10}, {0, 0}), 1);
-    // Of equal sweeps the second pair, here half a turn.
-    EXPECT_EQ(ArcDirection3Points({0, 10}, {0, -10}, {0, 10}, {0, 0}), 0);
     // The first pair is half a turn, the second less.
     EXPECT_EQ(ArcDirection3Points({0, 10}, {0, -10}, {-10, 0}, {0, 0}), 1);
 }
