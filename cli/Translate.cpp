@@ -297,8 +297,8 @@ int Translate(const TranslateOptions& options) {
     const int modeIndex = ModeIndex(options.mode);
     const Mode& mode = modes[static_cast<std::size_t>(modeIndex)];
     const std::optional<Answer> answer = FixedAnswer(options.answer);
-    const std::optional<bool> withUnknowns =
-        options.unknowns.empty() ? std::nullopt : std::optional(YesOrNo(u"--onbekend", options.unknowns));
+    const bool choosesUnknowns = !options.unknowns.empty();
+    const bool withUnknowns = choosesUnknowns && YesOrNo(u"--onbekend", options.unknowns);
     const std::vector<Job> jobs = JobsFor(options, mode);
 
     ConsoleScreen screen(!options.quiet && ErrorIsTerminal());
@@ -319,7 +319,7 @@ int Translate(const TranslateOptions& options) {
     RefuseClashes(jobs, options.project);
     if (!LoadControlTable(options.project)) return status::failed;
     frmKORVANDE().cboXlateMode.index = modeIndex;
-    if (withUnknowns) frmKORVANDE().chkExportUnknowns = frmKORVANDE().chkImportUnknowns = *withUnknowns;
+    if (choosesUnknowns) frmKORVANDE().chkExportUnknowns = frmKORVANDE().chkImportUnknowns = withUnknowns;
 
     int worst = status::done;
     for (const Job& job : jobs) {
