@@ -98,6 +98,8 @@ bool CloseAfterLoad() noexcept {
 
 bool IsBusy() noexcept { return loading || IsTranslating(); }
 
+// The name may be the current project's own, which the load changes.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 bool LoadProject(Text name) {
     FormKORVANDE& form = frmKORVANDE();
     DropEdits();

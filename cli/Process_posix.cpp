@@ -2,7 +2,6 @@
 #include <initializer_list>
 
 #include <fcntl.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include "cli/Process.h"

@@ -151,7 +151,7 @@ void RefuseClashes(const std::vector<Job>& jobs, const std::string& project) {
     std::unordered_set<std::string> written;
     for (const Job& job : jobs) {
         const std::string output = FileIdentity(job.output);
-        if (inputs.count(output) != 0) refuse(u"Invoer en uitvoer", job.output);
+        if (inputs.contains(output)) refuse(u"Invoer en uitvoer", job.output);
         if (output == table) refuse(u"Controletabel en uitvoer", job.output);
         if (!written.insert(output).second) {
             throw UsageError{Concat(u"Meer dan een invoerbestand krijgt deze uitvoer:\n", job.output)};
@@ -160,7 +160,7 @@ void RefuseClashes(const std::vector<Job>& jobs, const std::string& project) {
     for (const Job& job : jobs) {
         if (job.logBook.empty()) continue;
         const std::string logBook = FileIdentity(job.logBook);
-        if (inputs.count(logBook) != 0) refuse(u"Invoer en logboek", job.logBook);
+        if (inputs.contains(logBook)) refuse(u"Invoer en logboek", job.logBook);
         if (logBook == table) refuse(u"Controletabel en logboek", job.logBook);
         if (!written.insert(logBook).second) refuse(u"Uitvoer en logboek", job.logBook);
     }

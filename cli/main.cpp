@@ -72,6 +72,7 @@ Text InDutch(const CLI::ParseError& error) {
 }
 
 // An argument without a character is a mistake, such as a script's variable that was never set.
+// NOLINTNEXTLINE(misc-no-recursion): commands are two deep
 void RefuseEmptyValues(const CLI::App& app) {
     for (const CLI::App* command : app.get_subcommands()) {
         for (const CLI::Option* option : command->get_options()) {
@@ -107,6 +108,10 @@ int Shown(int result) {
     if (errno != EPIPE) PrintErrorLine(u"De standaarduitvoer kan niet worden geschreven.");
     return status::failed;
 }
+
+}  // namespace korvande
+
+int main(int argc, char** argv) { return korvande::Main(argc, argv); }
 
 int RunCommandLine(int argc, char** argv) {
     CLI::App app("KORVANDE vertaalt meetkundige tekeningen tussen IDEX en NEN1878 of SUF2.", "korvande-cli");
@@ -171,10 +176,7 @@ void PrintErrorLine(TextView text) {
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
-}  // namespace korvande
-
-int main(int argc, char** argv) {
-    using namespace korvande;
+int Main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
     PrepareProcess();
     try {
@@ -190,3 +192,7 @@ int main(int argc, char** argv) {
     }
     return status::failed;
 }
+
+}  // namespace korvande
+
+int main(int argc, char** argv) { return korvande::Main(argc, argv); }

@@ -41,8 +41,8 @@ void SaveUserSettings() {
     const FormKORVANDE& form = frmKORVANDE();
     RegKey key{};
     if (RegCreateSubKey(hives::currentUser, settingsKey, key)) RegCloseKeyHandle(key);
-    const auto save = [](TextView name, TextView value) {
-        WriteRegistryValue(hives::currentUser, settingsKey, name, value);
+    const auto save = [](TextView setting, TextView data) {
+        WriteRegistryValue(hives::currentUser, settingsKey, setting, data);
     };
     save(u"CurrProject", CurrentProject());
     save(u"ClipXY", form.chkSelectXY ? u"1" : u"0");

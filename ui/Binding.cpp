@@ -79,7 +79,7 @@ Binding::Binding(wxWindow& window, FormKORVANDE& itsForm) : form(itsForm) {
                  {"optDateNow", &FormKORVANDE::optDateNow},
                  {"optDateAlt", &FormKORVANDE::optDateAlt}},
                 [this](bool FormKORVANDE::*option) { form.SetDateOption(option, true); });
-    wxWindow& altDatum = ControlNamed<wxWindow>(window, "txtAltDatum");
+    auto& altDatum = ControlNamed<wxWindow>(window, "txtAltDatum");
     showing.emplace_back([this, &altDatum] { altDatum.Enable(form.txtAltDatumEnabled); });
 }
 

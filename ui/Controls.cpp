@@ -30,12 +30,12 @@ Group::Group(wxWindow* page, const char* name, TextView caption)
     frame->Add(rows, wxSizerFlags(1).Expand().Border(wxALL, page->FromDIP(narrowSpace)));
 }
 
-void Group::Add(wxWindow* control, int proportion) {
+void Group::Add(wxWindow* control, int proportion) const {
     if (!rows->IsEmpty()) rows->AddSpacer(box->FromDIP(narrowSpace));
     rows->Add(control, wxSizerFlags(proportion).Expand());
 }
 
-void Group::Add(wxSizer* row, int proportion) {
+void Group::Add(wxSizer* row, int proportion) const {
     if (!rows->IsEmpty()) rows->AddSpacer(box->FromDIP(narrowSpace));
     rows->Add(row, wxSizerFlags(proportion).Expand());
 }

@@ -29,8 +29,8 @@ int TwipsOf(const wxWindow& window, int pixels);
 struct Group {
     Group(wxWindow* page, const char* name, TextView caption);
 
-    void Add(wxWindow* control, int proportion = 0);
-    void Add(wxSizer* row, int proportion = 0);
+    void Add(wxWindow* control, int proportion = 0) const;
+    void Add(wxSizer* row, int proportion = 0) const;
 
     wxStaticBoxSizer* frame;
     wxStaticBox* box;

@@ -10,7 +10,7 @@ namespace korvande {
 // its row 0 the form's row 1.
 class ShownTable : public wxGridTableBase {
  public:
-    explicit ShownTable(const Grid& formGrid) : cells(formGrid), shownRows(GetNumberRows()) {}
+    explicit ShownTable(const Grid& formGrid) : cells(formGrid), shownRows(formGrid.RowCount() - 1) {}
 
     int GetNumberRows() override { return cells.RowCount() - 1; }
     int GetNumberCols() override { return Grid::columns; }
