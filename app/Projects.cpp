@@ -98,9 +98,8 @@ bool CloseAfterLoad() noexcept {
 
 bool IsBusy() noexcept { return loading || IsTranslating(); }
 
-// The name may be the current project's own, which the load changes.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
-bool LoadProject(Text name) {
+bool LoadProject(TextView project) {
+    const Text name(project);  // it may be the current project's own, which the load changes
     FormKORVANDE& form = frmKORVANDE();
     DropEdits();
     const bool isLoaded = LoadIntoForm(name);

@@ -42,7 +42,7 @@ int FindProject(TextView name);
 // Makes a control table of the project folder the current project and loads it. When it cannot be read and a person
 // gives up, there is no current project and the result is false. A control table cannot turn the fixed conversion of a
 // command line into interactive use.
-bool LoadProject(Text name);
+bool LoadProject(TextView project);
 
 // While a project is being loaded: remembers that the window is to be closed when that is done. False when none is.
 bool CloseAfterLoad() noexcept;

@@ -109,10 +109,6 @@ int Shown(int result) {
     return status::failed;
 }
 
-}  // namespace korvande
-
-int main(int argc, char** argv) { return korvande::Main(argc, argv); }
-
 int RunCommandLine(int argc, char** argv) {
     CLI::App app("KORVANDE vertaalt meetkundige tekeningen tussen IDEX en NEN1878 of SUF2.", "korvande-cli");
     TranslateHelpTexts(app);

@@ -28,6 +28,9 @@ int TwipsOf(const wxWindow& window, int pixels);
 // each other with some room between.
 struct Group {
     Group(wxWindow* page, const char* name, TextView caption);
+    Group(const Group&) = delete;
+    Group& operator=(const Group&) = delete;
+    ~Group() = default;
 
     void Add(wxWindow* control, int proportion = 0) const;
     void Add(wxSizer* row, int proportion = 0) const;

@@ -46,6 +46,7 @@ MainWindow::MainWindow(WindowScreen& itsScreen)
     MakeTabs();
     MakeStatusBar();
     binding = std::make_unique<Binding>(*this, frmKORVANDE());
+    // MakeTabs has just made it. NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer)
     projects = &ControlNamed<wxListBox>(*this, "File1");
     BindControls();
     BindForm();

@@ -20,7 +20,7 @@ constexpr double characterWidth = fontSize * 0.6 / 72;
 
 class Listing : public wxPrintout {
  public:
-    explicit Listing(const Screen::MakePages& itsPages) : wxPrintout("KORVANDE"), makePages(itsPages) {}
+    explicit Listing(Screen::MakePages itsPages) : wxPrintout("KORVANDE"), makePages(std::move(itsPages)) {}
 
     void OnPreparePrinting() override;
     bool HasPage(int page) override { return page >= 1 && page <= PageCount(); }

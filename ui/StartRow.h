@@ -12,6 +12,9 @@ namespace korvande {
 class StartRow {
  public:
     StartRow(wxWindow* generalPage, wxWindow* settingsPage);
+    StartRow(const StartRow&) = delete;
+    StartRow& operator=(const StartRow&) = delete;
+    ~StartRow() = default;
 
     void PlaceOn(int tab);
 
