@@ -19,13 +19,14 @@ WrongUsage() {
     exit 2
 }
 
-# Our own source files, one per line: the rooms that exist, the tests and the benchmarks.
+# Our own source files, one per line: the rooms that exist, the tests and the benchmarks. The tests in the window are
+# left out as long as the daily run does not build them.
 Sources() {
     local folders=() folder
     for folder in core host project run idex nensuf app ui cli tests bench; do
         if [ -d "$folder" ]; then folders+=("$folder"); fi
     done
-    find "${folders[@]}" -type f \( -name '*.h' -o -name '*.cpp' \) | LC_ALL=C sort
+    find "${folders[@]}" -path tests/gui -prune -o -type f \( -name '*.h' -o -name '*.cpp' \) -print | LC_ALL=C sort
 }
 
 # Configures a preset and builds the targets named, or everything.
