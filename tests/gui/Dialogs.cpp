@@ -2,6 +2,7 @@
 
 #include <wx/app.h>
 
+#include "tests/gui/Waiting.h"
 #include "ui/WxText.h"
 
 namespace korvande::testing {
@@ -54,9 +55,18 @@ int Dialogs::Answer(wxFileDialog& dialog) {
     fileQuestions.push_back({Utf8(dialog.GetMessage()), Utf8(dialog.GetWildcard()), Utf8(dialog.GetDirectory()),
                              dialog.HasFlag(wxFD_OPEN)});
     if (files.empty()) return wxID_CANCEL;
-    dialog.SetPath(ToWx(files.front()));
+    const wxString name = ToWx(files.front());
     files.pop_front();
-    return wxID_OK;
+    // The dialog takes a name only when it has looked into the folder, which it does while it is shown.
+    wxTheApp->CallAfter([&dialog, name] {
+        dialog.SetPath(name);
+        WaitUntil("the name in the file dialog", [&dialog] {
+            wxCommandEvent ok(wxEVT_BUTTON, wxID_OK);
+            dialog.ProcessWindowEvent(ok);
+            return !dialog.IsModal();
+        });
+    });
+    return wxID_NONE;
 }
 
 }  // namespace korvande::testing

@@ -9,18 +9,12 @@
 
 #include "tests/app/AppTest.h"
 #include "tests/gui/Dialogs.h"
+#include "tests/gui/Waiting.h"
 #include "ui/Binding.h"
 #include "ui/MainWindow.h"
 #include "ui/WxText.h"
 
 namespace korvande::testing {
-
-// Lets the window's events run until the condition holds; a test failure that says what was awaited when that takes too
-// long. True when it holds.
-bool WaitUntil(const std::string& what, const std::function<bool()>& condition);
-
-// Lets all waiting events run.
-void LetEventsRun();
 
 // A test in the real window, on a registry, a project folder and files of its own, driven as a person would: by mouse
 // and keyboard, or by the events of single controls.

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <filesystem>
+
+#include "tests/gui/WindowTest.h"
+
+namespace korvande::testing {
+
+// The window with the sample project, the sample drawing in a folder, and the log book kept on disk.
+class TranslationFixture : public WindowTest {
+ protected:
+    TranslationFixture() {
+        const std::string samples = KORVANDE_SOURCE_DIR "/samples/";
+        std::filesystem::copy(samples + "voorbeeld.nst", projects + "/voorbeeld.nst");
+        std::filesystem::copy(samples + "straat.idx", folder.Path() + "/straat.idx");
+    }
+
+    void Open() {
+        Start();
+        Type("txtFileIDEX", ToUtf8(folder / "straat.idx"));
+        Type("txtFileSUFNEN", ToUtf8(folder / "straat.sfn"));
+        frmKORVANDE().SelectReport(&FormKORVANDE::optReportDisk);
+        window->ShowForm();
+    }
+
+    // Lets something happen while the translation runs: at its first look at the waiting events.
+    void DuringTheRun(std::function<void()> action) { window->CallAfter(std::move(action)); }
+
+    // A drawing of many points, which takes a while.
+    Text LargeDrawing(int points) const {
+        std::string text =
+            "HEADER\nEND HEADER\nLAYERS (LayerNo,Name)\n0,\"A\";\nEND LAYERS\nDATABASE\n"
+            "POINTS (PointNo,PointID,East,North,Elevation,Code,Description,SymDir)\n";
+        for (int i = 1; i <= points; ++i) {
+            const std::string number = std::to_string(i);
+            text += number + ",\"P" + number + "\",121000.5,487000.25,1.5,\"MV\",\"\",0;\n";
+        }
+        return folder.Write("groot.idx", WithCrLf(text + "END POINTS\nEND DATABASE\n"));
+    }
+
+    // The log book, in UTF-8 and with line feeds.
+    std::string LogBookText(const std::string& name = "straat.LOG") const {
+        std::string text = Windows1252ToUtf8(FileBytes(folder / name));
+        std::erase(text, '\r');
+        return text;
+    }
+    std::string KeptMessage(const std::string& name = "straat.LOG") const {
+        return "LOGBOEK is opgeslagen in:\n\n" + ToUtf8(folder / name);
+    }
+};
+
+}  // namespace korvande::testing
