@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 // What the console program needs from the system it runs on.
 namespace korvande {
 
@@ -7,6 +10,9 @@ namespace korvande {
 // gets messages written into it. A write that the system refuses (a full file size, a reader that went away) is an
 // error of that write and not the end of the program. From here on interrupts (Ctrl+C, a request to end) are noted.
 void PrepareProcess();
+
+// The program's name and its arguments in UTF-8, whatever the locale.
+std::vector<std::string> ProgramArguments(int argc, char** argv);
 
 // Whether an interrupt came; a run looks at it whenever it lets events run. A wait for input or output ends by it.
 bool IsInterrupted() noexcept;

@@ -31,6 +31,8 @@ void PrepareProcess() {
     for (const int signalNumber : {SIGPIPE, SIGXFSZ}) std::signal(signalNumber, SIG_IGN);
 }
 
+std::vector<std::string> ProgramArguments(int argc, char** argv) { return {argv, argv + argc}; }
+
 bool IsInterrupted() noexcept { return interrupted != 0; }
 
 bool InputIsTerminal() noexcept { return ::isatty(STDIN_FILENO) != 0; }

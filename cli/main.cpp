@@ -109,7 +109,7 @@ int Shown(int result) {
     return status::failed;
 }
 
-int RunCommandLine(int argc, char** argv) {
+int RunCommandLine(const std::vector<std::string>& arguments) {
     CLI::App app("KORVANDE vertaalt meetkundige tekeningen tussen IDEX en NEN1878 of SUF2.", "korvande-cli");
     TranslateHelpTexts(app);
     app.require_subcommand(0, 1);
@@ -138,8 +138,10 @@ int RunCommandLine(int argc, char** argv) {
     show.add_option("bestand", projectFile, "de controletabel")->required()->option_text("P.nst");
 
     for (CLI::App* command : {&translate, &check, &project, &make, &show}) command->get_help_ptr()->group("Opties");
+    std::vector<const char*> words;
+    for (const std::string& argument : arguments) words.push_back(argument.c_str());
     try {
-        app.parse(argc, argv);
+        app.parse(static_cast<int>(words.size()), words.data());
     } catch (const CLI::CallForHelp&) {
         std::string help = app.help();
         while (help.ends_with('\n')) help.pop_back();
@@ -177,7 +179,7 @@ int Main(int argc, char** argv) {
     PrepareProcess();
     try {
         InitialiseForm();
-        return RunCommandLine(argc, argv);
+        return RunCommandLine(ProgramArguments(argc, argv));
     } catch (const UsageError& error) {
         PrintErrorLine(error.message);
         return status::wrongUsage;

@@ -1,0 +1,82 @@
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+
+#include "cli/Process.h"
+#include "core/WideText_windows.h"
+
+namespace korvande {
+
+namespace {
+
+std::atomic<bool> interrupted = false;
+
+// Called in a thread of its own.
+BOOL WINAPI NoteInterrupt(DWORD event) {
+    interrupted = true;
+    // When the window or the session is closed, the process ends as soon as this returns: leave the run the time that
+    // the system grants, to clean up and to end by itself.
+    if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) ::Sleep(INFINITE);
+    return TRUE;
+}
+
+bool IsConsole(DWORD stream) {
+    DWORD mode = 0;
+    return ::GetConsoleMode(::GetStdHandle(stream), &mode) != 0;
+}
+
+UINT earlierCodePage = 0;
+
+// Our texts are UTF-8. The console keeps its setting when the program ends, so it is given back.
+void ShowUtf8() {
+    if (!IsConsole(STD_OUTPUT_HANDLE) && !IsConsole(STD_ERROR_HANDLE)) return;
+    earlierCodePage = ::GetConsoleOutputCP();
+    if (::SetConsoleOutputCP(CP_UTF8) == 0) return;
+    std::atexit([] { ::SetConsoleOutputCP(earlierCodePage); });
+}
+
+// Lets a console follow the escape sequences with which progress is drawn; false when it cannot.
+bool FollowsEscapeSequences(DWORD stream) {
+    const HANDLE handle = ::GetStdHandle(stream);
+    DWORD mode = 0;
+    return ::GetConsoleMode(handle, &mode) != 0 &&
+           ::SetConsoleMode(handle, mode | ENABLE_PROCESSED_OUTPUT | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+}
+
+}  // namespace
+
+void PrepareProcess() {
+    for (std::FILE* const stream : {stdin, stdout, stderr}) {
+        if (::_get_osfhandle(::_fileno(stream)) < 0) std::freopen("NUL", stream == stdin ? "r" : "w", stream);
+    }
+    // Lines end as they do elsewhere, so that a script finds the same bytes everywhere.
+    for (std::FILE* const stream : {stdout, stderr}) ::_setmode(::_fileno(stream), _O_BINARY);
+    ShowUtf8();
+    ::SetConsoleCtrlHandler(NoteInterrupt, TRUE);
+}
+
+std::vector<std::string> ProgramArguments(int, char**) {
+    int count = 0;
+    wchar_t** const words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 0; words != nullptr && i < count; ++i) arguments.push_back(ToUtf8(FromWide(words[i])));
+    ::LocalFree(words);
+    return arguments;
+}
+
+bool IsInterrupted() noexcept { return interrupted; }
+
+bool InputIsTerminal() noexcept { return IsConsole(STD_INPUT_HANDLE); }
+
+bool ErrorIsTerminal() noexcept {
+    static const bool isTerminal = FollowsEscapeSequences(STD_ERROR_HANDLE);
+    return isTerminal;
+}
+
+}  // namespace korvande
