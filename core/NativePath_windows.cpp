@@ -1,0 +1,109 @@
+#include "core/NativePath.h"
+
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+#include <array>
+#include <cstdint>
+
+#include "core/RuntimeError.h"
+#include "core/WideText_windows.h"
+
+namespace korvande {
+
+namespace {
+
+// Whether the name begins with the letter of a drive that is not there.
+bool IsOnMissingDrive(TextView name) {
+    if (name.size() < 2 || name[1] != u':') return false;
+    const std::array<wchar_t, 4> root = {static_cast<wchar_t>(name[0]), L':', L'\\', L'\0'};
+    return ::GetDriveTypeW(root.data()) == DRIVE_NO_ROOT_DIR;
+}
+
+bool IsFolder(const std::wstring& path) {
+    const DWORD attributes = ::GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// The run-time error for a file that the system did not open.
+int ErrorNumberOfOpening(DWORD systemError, TextView name) noexcept {
+    switch (systemError) {
+        case ERROR_FILE_NOT_FOUND:
+            return errors::fileNotFound;
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_BAD_NETPATH:
+        case ERROR_BAD_NET_NAME:
+            return IsOnMissingDrive(name) ? errors::deviceNotReady : errors::pathNotFound;
+        case ERROR_ACCESS_DENIED:
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_LOCK_VIOLATION:
+        case ERROR_WRITE_PROTECT:
+            return errors::accessDenied;
+        case ERROR_NOT_READY:
+        case ERROR_INVALID_DRIVE:
+        case ERROR_DEV_NOT_EXIST:
+            return errors::deviceNotReady;
+        case ERROR_DISK_FULL:
+        case ERROR_HANDLE_DISK_FULL:
+            return errors::diskFull;
+        case ERROR_INVALID_NAME:
+        case ERROR_BAD_PATHNAME:
+        case ERROR_FILENAME_EXCED_RANGE:
+            return errors::badFileName;
+        case ERROR_NOT_ENOUGH_MEMORY:
+        case ERROR_OUTOFMEMORY:
+            return errors::outOfMemory;
+        default:
+            return errors::pathAccess;
+    }
+}
+
+// How the system and the library are told about a mode.
+struct HowToOpen {
+    DWORD access;
+    DWORD disposition;
+    int flags;
+    const char* mode;
+};
+
+HowToOpen HowToOpenFor(OpenMode mode) {
+    switch (mode) {
+        case OpenMode::Write:
+            return {GENERIC_WRITE, CREATE_ALWAYS, _O_WRONLY, "wb"};
+        case OpenMode::Append:
+            return {FILE_APPEND_DATA | SYNCHRONIZE, OPEN_ALWAYS, _O_WRONLY | _O_APPEND, "ab"};
+        default:
+            return {GENERIC_READ, OPEN_EXISTING, _O_RDONLY, "rb"};
+    }
+}
+
+}  // namespace
+
+std::string NativePath(TextView name) { return ToUtf8(name); }
+
+TextView NullDevice() noexcept { return u"NUL"; }
+
+std::FILE* OpenNativeFile(TextView name, OpenMode mode) {
+    if (name.empty() || name.find(u'\0') != TextView::npos) throw RuntimeError(errors::badFileName);
+    const std::wstring path = ToWide(name);
+    if (IsFolder(path)) throw RuntimeError(errors::pathAccess);
+    const HowToOpen how = HowToOpenFor(mode);
+    const HANDLE handle = ::CreateFileW(path.c_str(), how.access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                        how.disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) throw RuntimeError(ErrorNumberOfOpening(::GetLastError(), name));
+    const int descriptor =
+        ::_open_osfhandle(reinterpret_cast<std::intptr_t>(handle), how.flags | _O_BINARY | _O_NOINHERIT);
+    if (descriptor < 0) {
+        ::CloseHandle(handle);
+        throw RuntimeError(errors::pathAccess);
+    }
+    std::FILE* const file = ::_fdopen(descriptor, how.mode);
+    if (file == nullptr) {
+        ::_close(descriptor);
+        throw RuntimeError(errors::pathAccess);
+    }
+    return file;
+}
+
+}  // namespace korvande
