@@ -1,0 +1,220 @@
+// Looks at the windows of other programs and works them, for the end-to-end tests: a pair of eyes and hands for a
+// script. A window is meant by its whole title. Captions are compared without the "&" of their shortcut keys. Prints
+// UTF-8; a line break inside a text is printed as " | ". Exit status: 0 done, 1 not found (in time), 2 wrong usage.
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr const char* usage =
+    "usage: windowtool list                    the titles of the visible windows, each behind its class\n"
+    "       windowtool wait TITLE SECONDS      until there is such a window\n"
+    "       windowtool gone TITLE SECONDS      until there is none\n"
+    "       windowtool text TITLE              the visible controls: class, a tab, the text\n"
+    "       windowtool items TITLE             the items of the lists to choose from; \"> \" stands before the chosen\n"
+    "       windowtool choose TITLE ITEM       chooses in the list that has the item\n"
+    "       windowtool fill TITLE LABEL TEXT   types into the box behind a label\n"
+    "       windowtool press TITLE CAPTION     presses a button, also an option or a check box\n"
+    "       windowtool close TITLE\n";
+
+// A program that hangs must not make this one hang.
+constexpr UINT patience = 5000;  // milliseconds
+
+LRESULT Ask(HWND window, UINT message, WPARAM first = 0, LPARAM second = 0) {
+    DWORD_PTR answer = 0;
+    if (::SendMessageTimeoutW(window, message, first, second, SMTO_ABORTIFHUNG, patience, &answer) == 0) return -1;
+    return static_cast<LRESULT>(answer);
+}
+
+LRESULT AskText(HWND window, UINT message, WPARAM first, const wchar_t* text) {
+    return Ask(window, message, first, reinterpret_cast<LPARAM>(text));
+}
+
+std::string ToUtf8(const std::wstring& text) {
+    const auto length = static_cast<int>(text.size());
+    std::string utf8(
+        static_cast<std::size_t>(::WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr)),
+        '\0');
+    ::WideCharToMultiByte(CP_UTF8, 0, text.data(), length, utf8.data(), static_cast<int>(utf8.size()), nullptr,
+                          nullptr);
+    return utf8;
+}
+
+std::wstring TextOf(HWND window) {
+    const LRESULT length = Ask(window, WM_GETTEXTLENGTH);
+    if (length <= 0) return {};
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    const LRESULT copied = Ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(copied > 0 ? static_cast<std::size_t>(copied) : 0);
+    return text;
+}
+
+std::wstring ClassOf(HWND window) {
+    constexpr int longest = 256;
+    wchar_t name[longest];
+    return {name, static_cast<std::size_t>(::GetClassNameW(window, name, longest))};
+}
+
+std::wstring WithoutShortcut(std::wstring caption) {
+    std::erase(caption, L'&');
+    return caption;
+}
+
+void PrintLine(const std::wstring& text) {
+    std::string line;
+    for (const char c : ToUtf8(text)) {
+        if (c == '\n') {
+            line += " | ";
+        } else if (c != '\r') {
+            line += c;
+        }
+    }
+    std::printf("%s\n", line.c_str());
+}
+
+BOOL CALLBACK Collect(HWND window, LPARAM list) {
+    if (::IsWindowVisible(window) != 0) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
+std::vector<HWND> Windows() {
+    std::vector<HWND> found;
+    ::EnumWindows(Collect, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+// All visible controls, also those inside others, in the order of the Tab key.
+std::vector<HWND> ControlsOf(HWND window) {
+    std::vector<HWND> found;
+    ::EnumChildWindows(window, Collect, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+// Some windows have a blank behind their title, which nobody sees.
+std::wstring TitleOf(HWND window) {
+    std::wstring title = TextOf(window);
+    while (title.ends_with(L' ')) title.pop_back();
+    return title;
+}
+
+HWND FindTitle(const std::wstring& title) {
+    const std::vector<HWND> all = Windows();
+    const auto found = std::find_if(all.begin(), all.end(), [&](HWND window) { return TitleOf(window) == title; });
+    return found == all.end() ? nullptr : *found;
+}
+
+bool WaitFor(const std::wstring& title, bool there, const std::wstring& seconds) {
+    constexpr DWORD pause = 50;  // milliseconds
+    const ULONGLONG end = ::GetTickCount64() + static_cast<ULONGLONG>(std::wcstol(seconds.c_str(), nullptr, 10)) * 1000;
+    while ((FindTitle(title) != nullptr) != there) {
+        if (::GetTickCount64() >= end) return false;
+        ::Sleep(pause);
+    }
+    return true;
+}
+
+// What a control tells the window that it stands in.
+void Notify(HWND control, int code) {
+    const auto id = static_cast<WORD>(::GetDlgCtrlID(control));
+    ::PostMessageW(::GetParent(control), WM_COMMAND, MAKEWPARAM(id, static_cast<WORD>(code)),
+                   reinterpret_cast<LPARAM>(control));
+}
+
+std::vector<HWND> ControlsOfClass(HWND window, const wchar_t* name) {
+    std::vector<HWND> controls = ControlsOf(window);
+    std::erase_if(controls, [name](HWND control) { return ClassOf(control) != name; });
+    return controls;
+}
+
+bool PrintItems(HWND window) {
+    const std::vector<HWND> lists = ControlsOfClass(window, L"ComboBox");
+    for (HWND const list : lists) {
+        const LRESULT count = Ask(list, CB_GETCOUNT);
+        const LRESULT chosen = Ask(list, CB_GETCURSEL);
+        for (LRESULT i = 0; i < count; ++i) {
+            const auto item = static_cast<WPARAM>(i);
+            std::wstring text(static_cast<std::size_t>(std::max<LRESULT>(Ask(list, CB_GETLBTEXTLEN, item), 0)) + 1,
+                              L'\0');
+            Ask(list, CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
+            PrintLine((i == chosen ? L"> " : L"  ") + std::wstring(text.c_str()));
+        }
+    }
+    return !lists.empty();
+}
+
+bool Choose(HWND window, const std::wstring& item) {
+    for (HWND const list : ControlsOfClass(window, L"ComboBox")) {
+        const LRESULT place = AskText(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), item.c_str());
+        if (place < 0 || ::IsWindowEnabled(list) == 0) continue;
+        Ask(list, CB_SETCURSEL, static_cast<WPARAM>(place));
+        Notify(list, CBN_SELCHANGE);
+        return true;
+    }
+    return false;
+}
+
+bool Fill(HWND window, const std::wstring& label, const std::wstring& text) {
+    bool isBehindLabel = false;
+    for (HWND const control : ControlsOf(window)) {
+        const std::wstring name = ClassOf(control);
+        if (name == L"Static" && WithoutShortcut(TextOf(control)) == label) isBehindLabel = true;
+        if (!isBehindLabel || name != L"Edit") continue;
+        AskText(control, WM_SETTEXT, 0, text.c_str());
+        return TextOf(control) == text;
+    }
+    return false;
+}
+
+bool Press(HWND window, const std::wstring& caption) {
+    for (HWND const control : ControlsOfClass(window, L"Button")) {
+        if (WithoutShortcut(TextOf(control)) != caption || ::IsWindowEnabled(control) == 0) continue;
+        // Posted: a button that opens a box would otherwise keep this program waiting.
+        return ::PostMessageW(control, BM_CLICK, 0, 0) != 0;
+    }
+    return false;
+}
+
+bool PrintControls(HWND window) {
+    for (HWND const control : ControlsOf(window)) PrintLine(ClassOf(control) + L"\t" + TextOf(control));
+    return true;
+}
+
+bool PrintWindows() {
+    for (HWND const window : Windows()) PrintLine(ClassOf(window) + L"\t" + TextOf(window));
+    return true;
+}
+
+int WrongUsage() {
+    std::fputs(usage, stderr);
+    return 2;
+}
+
+int Run(const std::vector<std::wstring>& words) {
+    const std::wstring command = words.empty() ? L"" : words[0];
+    const std::size_t count = words.size();
+    if (command == L"list" && count == 1) return PrintWindows() ? 0 : 1;
+    if (command == L"wait" && count == 3) return WaitFor(words[1], true, words[2]) ? 0 : 1;
+    if (command == L"gone" && count == 3) return WaitFor(words[1], false, words[2]) ? 0 : 1;
+    if (count < 2) return WrongUsage();
+    HWND const window = FindTitle(words[1]);
+    const auto status = [window](auto work) { return window != nullptr && work() ? 0 : 1; };
+    if (command == L"text" && count == 2) return status([&] { return PrintControls(window); });
+    if (command == L"items" && count == 2) return status([&] { return PrintItems(window); });
+    if (command == L"choose" && count == 3) return status([&] { return Choose(window, words[2]); });
+    if (command == L"fill" && count == 4) return status([&] { return Fill(window, words[2], words[3]); });
+    if (command == L"press" && count == 3) return status([&] { return Press(window, words[2]); });
+    if (command == L"close" && count == 2) {
+        return status([&] { return ::PostMessageW(window, WM_CLOSE, 0, 0) != 0; });
+    }
+    return WrongUsage();
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) { return Run(std::vector<std::wstring>(argv + 1, argv + argc)); }
