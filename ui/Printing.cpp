@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "ui/DefaultPrinter.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -25,9 +26,12 @@ class Listing : public wxPrintout {
     void OnPreparePrinting() override;
     bool HasPage(int page) override { return page >= 1 && page <= PageCount(); }
     bool OnPrintPage(int page) override;
+
+    // Asked before the pages are made too; then there may be any number of them.
     void GetPageInfo(int* first, int* last, int* from, int* to) override {
+        constexpr int anyNumber = 32000;
         *first = *from = 1;
-        *last = *to = PageCount();
+        *last = *to = pages.empty() ? anyNumber : PageCount();
     }
 
     // An error in the making of the pages may not pass through the printing system; it is kept for the caller.
@@ -83,6 +87,7 @@ bool Listing::OnPrintPage(int page) {
 }  // namespace
 
 bool PrintPages(wxWindow* parent, const wxPrintData& data, const Screen::MakePages& makePages) {
+    if (data.GetPrintMode() == wxPRINT_MODE_PRINTER && !HasDefaultPrinter()) return false;
     const wxLogNull noMessages;
     wxPrintDialogData settings(data);
     wxPrinter printer(&settings);
