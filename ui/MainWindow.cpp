@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "app/BrowseFiles.h"
+#include "app/GridEditing.h"
 #include "app/Projects.h"
 #include "app/TabPlacement.h"
 #include "run/RunTranslation.h"
@@ -164,6 +165,7 @@ void MainWindow::WorkOn(const char* button, std::function<void()> action) {
 
 void MainWindow::Work(const std::function<void()>& action) {
     wxWindow* const focused = FindFocus();
+    EndEdits();
     EnableOptions(false);
     // Also after an error, which is told elsewhere.
     const auto finish = [&] {
