@@ -1,6 +1,8 @@
 #include "ui/FileDialogs.h"
 
 #include <wx/filedlg.h>
+#include <wx/filefn.h>
+#include <wx/filename.h>
 
 #include "core/NativePath.h"
 #include "core/RuntimeError.h"
@@ -20,12 +22,28 @@ wxString NativeFolder(const Text& folder) {
     }
 }
 
+// The filter with its patterns in small letters and in capitals, where the system tells them apart: our own names are
+// in capitals.
+wxString WithBothCases(const wxString& filter) {
+    if (!wxFileName::IsCaseSensitive()) return filter;
+    wxArrayString descriptions;
+    wxArrayString patterns;
+    wxParseCommonDialogsFilter(filter, descriptions, patterns);
+    wxString both;
+    for (size_t i = 0; i < patterns.size(); ++i) {
+        if (i > 0) both += "|";
+        both += descriptions[i] + "|" + patterns[i];
+        if (patterns[i].Upper() != patterns[i]) both += ";" + patterns[i].Upper();
+    }
+    return both;
+}
+
 }  // namespace
 
 std::optional<Text> ShowFileDialog(wxWindow* parent, const FileDialog& dialog) {
     const long style = dialog.opens ? wxFD_OPEN | wxFD_FILE_MUST_EXIST : wxFD_SAVE | wxFD_OVERWRITE_PROMPT;
     wxFileDialog window(parent, ToWx(dialog.title), NativeFolder(dialog.folder), ToWx(dialog.fileName),
-                        ToWx(dialog.filter), style);
+                        WithBothCases(ToWx(dialog.filter)), style);
     if (window.ShowModal() != wxID_OK) return {};
     return FromWx(window.GetPath());
 }
