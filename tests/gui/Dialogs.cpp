@@ -1,6 +1,7 @@
 #include "tests/gui/Dialogs.h"
 
 #include <wx/app.h>
+#include <wx/printdlg.h>
 
 #include "tests/gui/Waiting.h"
 #include "ui/WxText.h"
@@ -29,11 +30,22 @@ std::string Labels(const wxMessageDialog& box) {
 }  // namespace
 
 int Dialogs::Enter(wxDialog* dialog) {
+    // Some dialogs tell twice that they are about to be shown.
+    if (dialog == shown) return wxID_NONE;
     if (auto* const box = dynamic_cast<wxMessageDialog*>(dialog)) return Answer(*box);
     if (auto* const file = dynamic_cast<wxFileDialog*>(dialog)) return Answer(*file);
+    // Printing goes through a dialog that is not shown.
+    if (dynamic_cast<wxPrintDialogBase*>(dialog) != nullptr) return wxID_NONE;
     if (!onDialog) return wxID_CANCEL;
+    shown = dialog;
     dialog->CallAfter([this, dialog] { onDialog(*dialog); });
     return wxID_NONE;
+}
+
+void Dialogs::Exit(wxDialog* dialog) {
+    if (dialog != shown) return;
+    shown = nullptr;
+    repeating.reset();
 }
 
 int Dialogs::Answer(wxMessageDialog& box) {
@@ -41,7 +53,8 @@ int Dialogs::Answer(wxMessageDialog& box) {
     titles.push_back(Utf8(box.GetTitle()));
     labels.push_back(Labels(box));
     if (onShownMessage) {
-        wxTheApp->CallAfter([this, &box] { onShownMessage(box); });
+        shown = &box;
+        repeating = std::make_unique<Repeating>(onShownMessage);
         return wxID_NONE;
     }
     if (onMessage) onMessage();
@@ -57,14 +70,13 @@ int Dialogs::Answer(wxFileDialog& dialog) {
     if (files.empty()) return wxID_CANCEL;
     const wxString name = ToWx(files.front());
     files.pop_front();
+    shown = &dialog;
     // The dialog takes a name only when it has looked into the folder, which it does while it is shown.
     wxTheApp->CallAfter([&dialog, name] {
         dialog.SetPath(name);
-        WaitUntil("the name in the file dialog", [&dialog] {
-            wxCommandEvent ok(wxEVT_BUTTON, wxID_OK);
-            dialog.ProcessWindowEvent(ok);
-            return !dialog.IsModal();
-        });
+        WaitUntil("the name in the file dialog", [&] { return dialog.GetPath() == name; });
+        wxCommandEvent ok(wxEVT_BUTTON, wxID_OK);
+        dialog.ProcessWindowEvent(ok);
     });
     return wxID_NONE;
 }

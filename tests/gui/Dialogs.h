@@ -3,9 +3,11 @@
 #include <wx/filedlg.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
+#include <wx/timer.h>
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,8 +28,8 @@ class Dialogs : public wxModalDialogHook {
     std::vector<std::string> labels;  // of the buttons, separated by blanks
     std::function<void()> onMessage;  // called before a message is answered
 
-    // When set, message boxes are shown in earnest, and this is called with each.
-    std::function<void(wxMessageDialog&)> onShownMessage;
+    // When set, message boxes are shown in earnest, and this is called again and again while one is.
+    std::function<void()> onShownMessage;
 
     // File dialogs: each takes the next of these names; when none is left, Cancel.
     struct FileQuestion {
@@ -46,10 +48,24 @@ class Dialogs : public wxModalDialogHook {
 
  protected:
     int Enter(wxDialog* dialog) override;
+    void Exit(wxDialog* dialog) override;
 
  private:
+    // Calls an action again and again as long as this object lives.
+    class Repeating : public wxTimer {
+     public:
+        explicit Repeating(std::function<void()> itsAction) : action(std::move(itsAction)) { Start(50); }
+        void Notify() override { action(); }
+
+     private:
+        std::function<void()> action;
+    };
+
     int Answer(wxMessageDialog& box);
     int Answer(wxFileDialog& dialog);
+
+    wxDialog* shown = nullptr;
+    std::unique_ptr<Repeating> repeating;
 };
 
 }  // namespace korvande::testing

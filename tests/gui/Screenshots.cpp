@@ -1,3 +1,4 @@
+#include <wx/gauge.h>
 #include <wx/grid.h>
 #include <wx/utils.h>
 
@@ -16,23 +17,21 @@ namespace {
 class Screenshots : public WindowTest {
  protected:
     Screenshots() {
-        for (const char* const name : {"voorbeeld.nst", "straat.idx"}) {
-            const std::string source = std::string(KORVANDE_SOURCE_DIR "/samples/") + name;
-            const std::string target = std::string(name) == "straat.idx" ? folder.Path() : projects;
-            std::filesystem::copy(source, target + "/" + name);
-        }
-        for (const char* const name : {"Gemeente Molveren.nst", "Ontsluitingsweg.nst"}) {
-            std::filesystem::copy(projects + "/voorbeeld.nst", projects + "/" + name);
+        const std::string samples = KORVANDE_SOURCE_DIR "/samples/";
+        std::filesystem::create_directory(folder.Path() + "/Molveren");
+        std::filesystem::copy(samples + "straat.idx", folder.Path() + "/Molveren/Dorpsstraat.idx");
+        for (const char* const name : {"voorbeeld.nst", "Gemeente Molveren.nst", "Ontsluitingsweg.nst"}) {
+            std::filesystem::copy(samples + "voorbeeld.nst", projects + "/" + name);
         }
         TestRegistry::Set(u"Software\\TERAMUND\\KORVANDE", u"CurrProject", u"voorbeeld.nst");
         Start();
-        Type("txtFileIDEX", "C:\\PROJECTEN\\MOLVEREN\\STRAAT.IDX");
-        Type("txtFileSUFNEN", "C:\\PROJECTEN\\MOLVEREN\\STRAAT.SFN");
+        Type("txtFileIDEX", "C:\\Molveren\\Dorpsstraat.idx");
+        Type("txtFileSUFNEN", "C:\\Molveren\\Dorpsstraat.sfn");
     }
 
     // A picture of a window, as the screen shows it; another program looks, for this one remembers what it saw.
     static void Take(const wxWindow& shown, const std::string& name) {
-        for (int i = 0; i < 20; ++i) {
+        for (int i = 0; i < 30; ++i) {
             LetEventsRun();
             wxMilliSleep(10);
         }
@@ -42,7 +41,19 @@ class Screenshots : public WindowTest {
         const wxString command =
             wxString::Format("import -window root -crop %dx%d%+d%+d +repage \"%s/%s.png\"", place.width, place.height,
                              place.x, place.y, wxString::FromUTF8(pictures), wxString::FromUTF8(name));
-        EXPECT_EQ(wxExecute(command, wxEXEC_SYNC), 0) << command.utf8_string();
+        EXPECT_EQ(wxExecute(command, wxEXEC_SYNC | wxEXEC_NOEVENTS), 0) << command.utf8_string();
+    }
+
+    // A drawing of as many points as take a while.
+    Text LargeDrawing() const {
+        std::string text =
+            "HEADER\nEND HEADER\nDATABASE\nPOINTS (PointNo,PointID,East,North,Elevation,Code,Description,"
+            "SymDir)\n";
+        for (int i = 1; i <= 400000; ++i) {
+            const std::string number = std::to_string(i);
+            text += number + ",\"P" + number + "\",121000.5,487000.25,1.5,\"BMK\",\"\",0;\n";
+        }
+        return folder.Write("Molveren/Dorpsstraat.idx", WithCrLf(text + "END POINTS\nEND DATABASE\n"));
     }
 
     EnvironmentValue drive{"KORVANDE_DRIVE_C", folder.Path()};
@@ -60,13 +71,44 @@ TEST_F(Screenshots, Tabs) {
 TEST_F(Screenshots, Editors) {
     SelectTab(tabPoints);
     auto& grid = Find<wxGrid>("gridPoints");
-    for (const int column : {1, 2}) {
-        const wxRect cell = grid.CellToRect(6, column);
-        DoubleClick(grid.GetGridWindow()->ClientToScreen(cell.GetPosition() + cell.GetSize() / 2));
-        Take(*window, "cel" + std::to_string(column));
-    }
-    Click("cboEditPointCell");
-    Take(*window, "cel3");
+    const wxRect cell = grid.CellToRect(6, 2);
+    DoubleClick(grid.GetGridWindow()->ClientToScreen(cell.GetPosition() + cell.GetSize() / 2));
+    Take(*window, "codetabel-wijzigen");
+}
+
+TEST_F(Screenshots, ProjectDialog) {
+    dialogs.onDialog = [this](wxDialog& dialog) {
+        Keys("proef");
+        Take(dialog, "nieuw-project");
+        Key(WXK_ESCAPE);
+    };
+    Press("cmdNewJob");
+}
+
+TEST_F(Screenshots, RunningAndFinished) {
+    LargeDrawing();
+    wxTimer timer;
+    bool isTaken = false;
+    timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+        const auto& gauge = Find<wxGauge>("ProgressBar1");
+        if (isTaken || gauge.GetValue() < gauge.GetRange() / 3) return;
+        isTaken = true;
+        Take(*window, "bezig");
+    });
+    timer.Start(20);
+    bool isFinished = false;
+    dialogs.onShownMessage = [&] {
+        timer.Stop();
+        if (isFinished) return;
+        isFinished = true;
+        Take(*window, "gereed");
+        Key(WXK_RETURN);
+    };
+    frmKORVANDE().SelectReport(&FormKORVANDE::optReportNone);
+    window->ShowForm();
+    Press("cmdStart");
+    EXPECT_TRUE(isTaken);
+    EXPECT_TRUE(isFinished);
 }
 
 }  // namespace

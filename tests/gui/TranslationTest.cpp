@@ -35,6 +35,7 @@ TEST_F(TranslationTest, FromChoosingTheFilesToTheFinishedLogBook) {
     ASSERT_EQ(dialogs.fileQuestions.size(), 2U);
     EXPECT_EQ(dialogs.fileQuestions[0].title, "Inlezen IDEX bestand");
     EXPECT_TRUE(dialogs.fileQuestions[0].opens);
+    EXPECT_EQ(dialogs.fileQuestions[0].wildcard, "IDEX bestanden (*.IDX)|*.idx;*.IDX|Alle bestanden (*.*)|*.*");
     EXPECT_EQ(dialogs.fileQuestions[1].title, "Opslaan SUF2/NEN1878 bestand");
     EXPECT_FALSE(dialogs.fileQuestions[1].opens);
     EXPECT_EQ(TextOf("txtFileIDEX"), ToUtf8(folder / "straat.idx"));
@@ -255,9 +256,8 @@ TEST_F(TranslationTest, WithoutAViewerAMessageNamesTheLogBook) {
 
 TEST_F(TranslationTest, TheFinishedMessageIsAnsweredWithEnter) {
     Open();
-    dialogs.onShownMessage = [this](wxMessageDialog& box) {
-        WaitUntil("the message", [&box] { return box.IsShownOnScreen(); });
-        simulator.MouseMove(wxGetDisplaySize().x / 2, wxGetDisplaySize().y / 2);
+    dialogs.onShownMessage = [this] {
+        simulator.MouseMove(window->GetScreenPosition() + window->GetSize() / 2);
         simulator.Char(WXK_RETURN);
     };
     Click("optReportNone");

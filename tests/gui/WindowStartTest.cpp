@@ -1,0 +1,176 @@
+#include <gmock/gmock.h>
+#include <wx/choice.h>
+
+#include "app/TabPlacement.h"
+#include "tests/gui/WindowTest.h"
+
+namespace korvande::testing {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+class WindowStartTest : public WindowTest {
+ protected:
+    std::string Modes() const {
+        std::string modes;
+        for (const wxString& mode : Find<wxChoice>("cboXlateMode").GetStrings()) modes += mode.utf8_string() + "|";
+        return modes;
+    }
+
+    // Where a control stands on its page, in twips, to a pixel.
+    void ExpectAt(const char* name, int left, int top) const {
+        const wxPoint place = Find<wxWindow>(name).GetPosition();
+        EXPECT_NEAR(place.x, window->FromDIP(left) / 15.0, 0.6) << name;
+        EXPECT_NEAR(place.y, window->FromDIP(top) / 15.0, 0.6) << name;
+    }
+};
+
+TEST_F(WindowStartTest, WithoutACommandLineEverythingIsOffered) {
+    WriteProject("EEN.NST", "EENDORP");
+    Start();
+    ASSERT_TRUE(IsOpen());
+    EXPECT_EQ(Modes(), "IDEX >> NEN1878|IDEX >> SUF2|NEN1878 >> IDEX|SUF2 >> IDEX|");
+    EXPECT_TRUE(Find<wxWindow>("framStandalone").IsShownOnScreen());
+    EXPECT_EQ(TextOf("txtProject"), "EEN");
+    EXPECT_EQ(TextOf("txtCity"), "EENDORP");
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(WindowStartTest, TheWindowHasItsSixTabs) {
+    Start();
+    const auto& tabs = Find<wxNotebook>("tabs");
+    std::string captions;
+    for (size_t i = 0; i < tabs.GetPageCount(); ++i) captions += tabs.GetPageText(i).utf8_string() + "|";
+    EXPECT_EQ(captions, "Algemeen|Instellingen|Puntobjecten|Lijnobjecten|Tekstobjecten|Informatie|");
+    EXPECT_EQ(tabs.GetSelection(), 0);
+}
+
+TEST_F(WindowStartTest, TheVersionStandsInTheHeaderAndOnTheLastTab) {
+    Start();
+    EXPECT_EQ(Find<wxStaticText>("lblVersion").GetLabelText(), "Versie:  8.01.064");
+    EXPECT_EQ(Find<wxStaticText>("lblHeaderVersion").GetLabelText(), "Versie:  8.01.064");
+}
+
+TEST_F(WindowStartTest, TheStartButtonAndTheModeListMoveAlongWithTheTabs) {
+    Start();
+    ExpectAt("cmdStart", 8040, 5040);
+    ExpectAt("cboXlateMode", 4320, 5280);
+    EXPECT_TRUE(Find<wxWindow>("cmdStart").IsShownOnScreen());
+    SelectTab(tabSettings);
+    ExpectAt("cmdStart", 5000, 480);
+    ExpectAt("cboXlateMode", 2040, 720);
+    EXPECT_TRUE(Find<wxWindow>("cmdStart").IsShownOnScreen());
+    for (const int tab : {tabPoints, tabLines, tabTexts, tabInformation}) {
+        SelectTab(tab);
+        ExpectAt("cmdStart", -9999, 5040);
+        ExpectAt("cboXlateMode", -9999, 5280);
+    }
+    SelectTab(tabGeneral);
+    ExpectAt("cmdStart", 8040, 5040);
+    EXPECT_TRUE(Find<wxWindow>("cmdStart").IsShownOnScreen());
+}
+
+TEST_F(WindowStartTest, AnImportOfTheCommandLineRunsAndEndsTheProgram) {
+    WriteProject("EEN.NST");
+    folder.Write("MIJN KAART.SFN", Nen1878());
+    Start(u"1\"" + (folder / "Mijn Kaart.sfn") + u"\" \"" + (folder / "Kaart.idx") + u"\"");
+    ASSERT_TRUE(IsOpen());
+    EXPECT_EQ(Modes(), "Import NEN1878|");
+    EXPECT_FALSE(Find<wxWindow>("framStandalone").IsShown());
+    EXPECT_FALSE(Find<wxWindow>("txtFileIDEX").IsShown());
+    SelectTab(tabSettings);
+    ExpectAt("cmdStart", -9999, 5040);
+    SelectTab(tabGeneral);
+    frmKORVANDE().SelectReport(&FormKORVANDE::optReportNone);
+    Press("cmdStart");
+    WaitUntil("the end of the window", [this] { return !IsOpen(); });
+    EXPECT_THAT(dialogs.messages, ElementsAre());
+    EXPECT_TRUE(FileIsThere(folder / "KAART.IDX"));
+}
+
+TEST_F(WindowStartTest, AnExportOfTheCommandLineCanBeRedirectedToTheOtherFormat) {
+    WriteProject("EEN.NST");
+    folder.Write("KAART.IDX", Drawing());
+    Start(u"2" + (folder / "Kaart.sf2") + u" " + (folder / "Kaart.idx"));
+    ASSERT_TRUE(IsOpen());
+    EXPECT_EQ(Modes(), "Export SUF2|Export NEN1878|");
+    Choose("cboXlateMode", 1);
+    frmKORVANDE().SelectReport(&FormKORVANDE::optReportNone);
+    Press("cmdStart");
+    WaitUntil("the end of the window", [this] { return !IsOpen(); });
+    EXPECT_THAT(FileBytes(folder / "KAART.SF2"), ::testing::StartsWith("010NEN1878"));
+}
+
+TEST_F(WindowStartTest, ADirectionThatIsNoDigitOffersTheExportsAndTranslatesNothing) {
+    WriteProject("EEN.NST");
+    Start(u"X" + (folder / "Kaart.sfn"));
+    ASSERT_TRUE(IsOpen());
+    EXPECT_EQ(Modes(), "Export NEN1878|Export SUF2|");
+    Press("cmdStart");
+    EXPECT_THAT(dialogs.messages, ElementsAre("Onbekende vertaalrichting."));
+    WaitUntil("the end of the window", [this] { return !IsOpen(); });
+}
+
+TEST_F(WindowStartTest, TheSwitchRegistersWithLiscadAndEndsTheProgram) {
+    Start(u"/LISCAD", true);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(dialogs.messages.size(), 1U);
+    EXPECT_THAT(dialogs.LastMessage(), HasSubstr("Geslaagd voor versies: 5.1"));
+    EXPECT_EQ(dialogs.titles[0], "SUF2/NEN1878 Vertaler");
+    EXPECT_THAT(TestRegistry::Value(u"SOFTWARE\\LISTECH\\LISCAD\\5.1\\SEE\\Data Conversions\\Import", u"MenuItem0"),
+                ::testing::StartsWith("2|SUF2|*.sf2|"));
+}
+
+TEST_F(WindowStartTest, WithoutLiscadAMessageEndsTheProgram) {
+    std::filesystem::remove(folder.Path() + "/registry.reg");
+    Start();
+    EXPECT_FALSE(IsOpen());
+    EXPECT_THAT(dialogs.messages, ElementsAre("Liscad niet gevonden; afbreken"));
+    EXPECT_THAT(dialogs.labels, ElementsAre("OK"));
+}
+
+TEST_F(WindowStartTest, AProjectFolderThatIsNotThereIsToldAndTheWindowOpens) {
+    std::filesystem::remove_all(projects);
+    Start();
+    ASSERT_TRUE(IsOpen());
+    ASSERT_FALSE(dialogs.messages.empty());
+    EXPECT_THAT(dialogs.messages[0], HasSubstr("Kon bestand: '" + projects + "\\Leeg Project.nst' niet opslaan;\n"));
+    EXPECT_EQ(dialogs.labels[0], "Opnieuw Annuleren");
+}
+
+TEST_F(WindowStartTest, ABrokenControlTableIsLoadedAsFarAsItGoes) {
+    folder.Write("projecten/stuk.nst",
+                 std::string("\xFF\xFE\0[NEN1878]\r\nTown\r\n=\r\n[NEN1878]\r\nTown = HEELDORP\r\n"
+                             "[Points]\r\nA = B\r\n[Export]\r\nIncludeZ = JA\r\n",
+                             93));
+    Start();
+    ASSERT_TRUE(IsOpen());
+    EXPECT_THAT(dialogs.messages, ElementsAre());
+    EXPECT_EQ(TextOf("txtCity"), "HEELDORP");
+    EXPECT_EQ(Find<wxGrid>("gridPoints").GetNumberRows(), 2);
+}
+
+TEST_F(WindowStartTest, TheTimerBringsTheWindowToTheFrontOnce) {
+    Start();
+    EXPECT_TRUE(frmKORVANDE().Timer1Enabled);
+    WaitUntil("the timer", [] { return !frmKORVANDE().Timer1Enabled; });
+    EXPECT_FALSE(window->HasFlag(wxSTAY_ON_TOP));
+}
+
+TEST_F(WindowStartTest, ClosingSavesTheProjectAndTheSettings) {
+    WriteProject("EEN.NST");
+    Start();
+    Type("txtCity", "NIEUWSTAD");
+    Type("txtMinX", "120");
+    Close();
+    EXPECT_FALSE(IsOpen());
+    EXPECT_THAT(ProjectBytes("EEN.NST"), HasSubstr("Town = NIEUWSTAD\r\n"));
+    EXPECT_EQ(TestRegistry::Value(u"Software\\TERAMUND\\KORVANDE", u"CurrProject"), "EEN.NST");
+    EXPECT_EQ(TestRegistry::Value(u"Software\\TERAMUND\\KORVANDE", u"MinX"), "120");
+}
+
+}  // namespace
+
+}  // namespace korvande::testing
