@@ -35,7 +35,7 @@ wxScrolledWindow* MakeInformationTab(wxWindow* parent) {
 
     wxStaticText* const title = MakeLabel(page, u"KORVANDE");
     title->SetFont(title->GetFont().Bold());
-    column->Add(title, wxSizerFlags().Border(wxALL, wide));
+    column->Add(title, wxSizerFlags().Expand().Border(wxALL, wide));
     column->Add(MakeLabel(page, {}, "lblVersion"), wxSizerFlags().Border(wxLEFT | wxRIGHT, wide));
 
     wxStaticText* const text = MakeLabel(page, explanation);

@@ -4,6 +4,7 @@
 #include <wx/display.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -110,15 +111,17 @@ void MainWindow::MakeStatusBar() {
 void MainWindow::PlaceGauge() {
     wxRect place;
     if (!GetStatusBar()->GetFieldRect(gaugePanel, place)) return;
-    const wxSize size(place.width - FromDIP(wideSpace), gauge->GetBestSize().y);
+    const wxSize size(std::max(place.width - FromDIP(wideSpace), 0), gauge->GetBestSize().y);
     gauge->SetSize(wxRect(size).CentreIn(place));
 }
 
-// The size at which every page shows all it has, if the display is large enough.
+// The size at which every page shows all it has, if the display is large enough. The tabs may turn out higher than they
+// say before they are shown.
 void MainWindow::FitContent() {
+    const wxSize reserve = FromDIP(wxSize(0, wideSpace));
     for (size_t i = 0; i < tabs->GetPageCount(); ++i) {
         wxWindow* const page = tabs->GetPage(i);
-        page->SetMinClientSize(page->GetSizer()->CalcMin());
+        page->SetMinClientSize(page->GetSizer()->CalcMin() + reserve);
     }
     Fit();
     for (size_t i = 0; i < tabs->GetPageCount(); ++i) tabs->GetPage(i)->SetMinClientSize(wxDefaultSize);

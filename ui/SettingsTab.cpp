@@ -54,7 +54,8 @@ wxSizer* MakeSources(wxWindow* page) {
     // High enough for all its items, which have some room around them.
     const auto items = static_cast<int>(frmKORVANDE().lstSource.items.size());
     auto* const list = new wxListBox(group.box, wxID_ANY);
-    list->SetMinSize(wxSize(list->FromDIP(150), (items + 1) * (list->GetCharHeight() + list->FromDIP(narrowSpace))));
+    list->SetInitialSize(
+        wxSize(list->FromDIP(150), (items + 1) * (list->GetCharHeight() + list->FromDIP(narrowSpace))));
     list->SetName("lstSource");
     list->SetToolTip(ToWx(u"Hoe de export-objecten zijn ingewonnen"));
     group.Add(list, 1);
