@@ -24,6 +24,7 @@ class Screenshots : public WindowTest {
             std::filesystem::copy(samples + "voorbeeld.nst", projects + "/" + name);
         }
         TestRegistry::Set(u"Software\\TERAMUND\\KORVANDE", u"CurrProject", u"voorbeeld.nst");
+        TestRegistry::Set(u"SOFTWARE\\LISTECH\\LISCAD\\5.1\\SEE", u"UserPath", u"C:\\projecten");
         Start();
         Type("txtFileIDEX", "C:\\Molveren\\Dorpsstraat.idx");
         Type("txtFileSUFNEN", "C:\\Molveren\\Dorpsstraat.sfn");
