@@ -11,6 +11,9 @@
 #include "ui/Viewer.h"
 #include "ui/WxText.h"
 
+// Windows has a macro of this name.
+#undef MessageBox
+
 namespace korvande {
 
 namespace {
