@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <filesystem>
 #include <optional>
@@ -32,6 +33,13 @@ struct Word {
 
     double CharacterWidth() const { return (right - left) / static_cast<double>(text.size()); }
 };
+
+// With a decimal point, in every locale.
+double Number(const std::string& digits) {
+    double number = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return number;
+}
 
 // The lines of a page with these words: each word at its column, an empty line where there is none. All
 // characters are equally wide and all lines equally high, so the narrowest step between two lines is a line's height.
@@ -91,8 +99,7 @@ class PrintingTest : public WindowTest {
         while (std::getline(lines, line)) {
             if (line.find("<page") != std::string::npos) pages.emplace_back();
             if (!std::regex_search(line, found, word)) continue;
-            pages.back().push_back(
-                {std::stod(found[1]), std::stod(found[3]), std::stod(found[2]), FromUtf8(found[4].str())});
+            pages.back().push_back({Number(found[1]), Number(found[3]), Number(found[2]), FromUtf8(found[4].str())});
         }
         return pages;
     }
