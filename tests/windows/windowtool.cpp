@@ -1,12 +1,17 @@
 // Looks at the windows of other programs and works them, for the end-to-end tests: a pair of eyes and hands for a
-// script. A window is meant by its whole title. Captions are compared without the "&" of their shortcut keys. Prints
-// UTF-8; a line break inside a text is printed as " | ". Exit status: 0 done, 1 not found (in time), 2 wrong usage.
+// script. A window is meant by its whole title, or by its class, a slash and its title. Captions are compared without
+// the
+// "&" of their shortcut keys. Prints UTF-8; a line break inside a text is printed as " | ". Exit status: 0 done, 1 not
+// found (in time), 2 wrong usage.
 
 #include <windows.h>
+// Behind the header above.
+#include <commctrl.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,9 +21,11 @@ constexpr const char* usage =
     "usage: windowtool list                    the titles of the visible windows, each behind its class\n"
     "       windowtool wait TITLE SECONDS      until there is such a window\n"
     "       windowtool gone TITLE SECONDS      until there is none\n"
-    "       windowtool text TITLE              the visible controls: class, a tab, the text\n"
-    "       windowtool items TITLE             the items of the lists to choose from; \"> \" stands before the chosen\n"
+    "       windowtool text TITLE              the visible controls: class, a tab, the text; of a button that is\n"
+    "                                          marked the class and \"*\"\n"
+    "       windowtool items TITLE             the items of the lists; \"> \" stands before the chosen\n"
     "       windowtool choose TITLE ITEM       chooses in the list that has the item\n"
+    "       windowtool tab TITLE NUMBER        goes to a tab, counted from 0\n"
     "       windowtool fill TITLE LABEL TEXT   types into the box behind a label\n"
     "       windowtool press TITLE CAPTION     presses a button, also an option or a check box\n"
     "       windowtool close TITLE\n";
@@ -103,27 +110,28 @@ std::wstring TitleOf(HWND window) {
     return title;
 }
 
-HWND FindTitle(const std::wstring& title) {
+HWND FindTitle(const std::wstring& wanted) {
     const std::vector<HWND> all = Windows();
-    const auto found = std::find_if(all.begin(), all.end(), [&](HWND window) { return TitleOf(window) == title; });
+    const auto found = std::find_if(all.begin(), all.end(), [&wanted](HWND window) {
+        const std::wstring title = TitleOf(window);
+        return title == wanted || ClassOf(window) + L"/" + title == wanted;
+    });
     return found == all.end() ? nullptr : *found;
 }
 
-bool WaitFor(const std::wstring& title, bool there, const std::wstring& seconds) {
+bool WaitUntil(unsigned long seconds, const std::function<bool()>& condition) {
     constexpr DWORD pause = 50;  // milliseconds
-    const ULONGLONG end = ::GetTickCount64() + static_cast<ULONGLONG>(std::wcstol(seconds.c_str(), nullptr, 10)) * 1000;
-    while ((FindTitle(title) != nullptr) != there) {
+    const ULONGLONG end = ::GetTickCount64() + 1000ULL * seconds;
+    while (!condition()) {
         if (::GetTickCount64() >= end) return false;
         ::Sleep(pause);
     }
     return true;
 }
 
-// What a control tells the window that it stands in.
-void Notify(HWND control, int code) {
-    const auto id = static_cast<WORD>(::GetDlgCtrlID(control));
-    ::PostMessageW(::GetParent(control), WM_COMMAND, MAKEWPARAM(id, static_cast<WORD>(code)),
-                   reinterpret_cast<LPARAM>(control));
+bool WaitForWindow(const std::wstring& title, bool there, const std::wstring& seconds) {
+    return WaitUntil(std::wcstoul(seconds.c_str(), nullptr, 10),
+                     [&title, there] { return (FindTitle(title) != nullptr) == there; });
 }
 
 std::vector<HWND> ControlsOfClass(HWND window, const wchar_t* name) {
@@ -132,31 +140,70 @@ std::vector<HWND> ControlsOfClass(HWND window, const wchar_t* name) {
     return controls;
 }
 
+// The messages of the two kinds of lists.
+struct ListKind {
+    const wchar_t* name;
+    UINT count;
+    UINT chosen;
+    UINT length;
+    UINT text;
+    UINT find;
+};
+constexpr ListKind listKinds[] = {
+    {L"ComboBox", CB_GETCOUNT, CB_GETCURSEL, CB_GETLBTEXTLEN, CB_GETLBTEXT, CB_FINDSTRINGEXACT},
+    {L"ListBox", LB_GETCOUNT, LB_GETCURSEL, LB_GETTEXTLEN, LB_GETTEXT, LB_FINDSTRINGEXACT},
+};
+
+std::wstring ItemText(HWND list, const ListKind& kind, LRESULT item) {
+    const LRESULT length = Ask(list, kind.length, static_cast<WPARAM>(item));
+    if (length <= 0) return {};
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    Ask(list, kind.text, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
 bool PrintItems(HWND window) {
-    const std::vector<HWND> lists = ControlsOfClass(window, L"ComboBox");
-    for (HWND const list : lists) {
-        const LRESULT count = Ask(list, CB_GETCOUNT);
-        const LRESULT chosen = Ask(list, CB_GETCURSEL);
-        for (LRESULT i = 0; i < count; ++i) {
-            const auto item = static_cast<WPARAM>(i);
-            std::wstring text(static_cast<std::size_t>(std::max<LRESULT>(Ask(list, CB_GETLBTEXTLEN, item), 0)) + 1,
-                              L'\0');
-            Ask(list, CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
-            PrintLine((i == chosen ? L"> " : L"  ") + std::wstring(text.c_str()));
+    bool found = false;
+    for (const ListKind& kind : listKinds) {
+        for (HWND const list : ControlsOfClass(window, kind.name)) {
+            found = true;
+            const LRESULT count = Ask(list, kind.count);
+            const LRESULT chosen = Ask(list, kind.chosen);
+            for (LRESULT i = 0; i < count; ++i) PrintLine((i == chosen ? L"> " : L"  ") + ItemText(list, kind, i));
         }
     }
-    return !lists.empty();
+    return found;
+}
+
+// Moves what is chosen to a place by the arrow keys, as a person without a mouse does: a message that sets it would not
+// tell the window of the change. The message asks the control where it is now.
+bool MoveTo(HWND control, UINT whereNow, LRESULT place, WPARAM back, WPARAM forth) {
+    constexpr unsigned long seconds = 5;
+    while (true) {
+        const LRESULT now = Ask(control, whereNow);
+        if (now == place) return true;
+        ::PostMessageW(control, WM_KEYDOWN, now < place ? forth : back, 0);
+        if (!WaitUntil(seconds, [=] { return Ask(control, whereNow) != now; })) return false;
+    }
 }
 
 bool Choose(HWND window, const std::wstring& item) {
-    for (HWND const list : ControlsOfClass(window, L"ComboBox")) {
-        const LRESULT place = AskText(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), item.c_str());
-        if (place < 0 || ::IsWindowEnabled(list) == 0) continue;
-        Ask(list, CB_SETCURSEL, static_cast<WPARAM>(place));
-        Notify(list, CBN_SELCHANGE);
-        return true;
+    for (const ListKind& kind : listKinds) {
+        for (HWND const list : ControlsOfClass(window, kind.name)) {
+            const LRESULT place = AskText(list, kind.find, static_cast<WPARAM>(-1), item.c_str());
+            if (place >= 0 && ::IsWindowEnabled(list) != 0) return MoveTo(list, kind.chosen, place, VK_UP, VK_DOWN);
+        }
     }
     return false;
+}
+
+bool GoToTab(HWND window, const std::wstring& number) {
+    const LRESULT wanted = std::wcstol(number.c_str(), nullptr, 10);
+    // wxWidgets has a class of its own for them.
+    const std::vector<HWND> tabs = ControlsOfClass(window, L"_wx_SysTabCtl32");
+    if (tabs.empty() || wanted >= Ask(tabs.front(), TCM_GETITEMCOUNT)) return false;
+    return MoveTo(tabs.front(), TCM_GETCURSEL, wanted, VK_LEFT, VK_RIGHT);
 }
 
 bool Fill(HWND window, const std::wstring& label, const std::wstring& text) {
@@ -181,7 +228,11 @@ bool Press(HWND window, const std::wstring& caption) {
 }
 
 bool PrintControls(HWND window) {
-    for (HWND const control : ControlsOf(window)) PrintLine(ClassOf(control) + L"\t" + TextOf(control));
+    for (HWND const control : ControlsOf(window)) {
+        const std::wstring name = ClassOf(control);
+        const bool isMarked = name == L"Button" && Ask(control, BM_GETCHECK) == BST_CHECKED;
+        PrintLine(name + (isMarked ? L"*" : L"") + L"\t" + TextOf(control));
+    }
     return true;
 }
 
@@ -199,14 +250,15 @@ int Run(const std::vector<std::wstring>& words) {
     const std::wstring command = words.empty() ? L"" : words[0];
     const std::size_t count = words.size();
     if (command == L"list" && count == 1) return PrintWindows() ? 0 : 1;
-    if (command == L"wait" && count == 3) return WaitFor(words[1], true, words[2]) ? 0 : 1;
-    if (command == L"gone" && count == 3) return WaitFor(words[1], false, words[2]) ? 0 : 1;
+    if (command == L"wait" && count == 3) return WaitForWindow(words[1], true, words[2]) ? 0 : 1;
+    if (command == L"gone" && count == 3) return WaitForWindow(words[1], false, words[2]) ? 0 : 1;
     if (count < 2) return WrongUsage();
     HWND const window = FindTitle(words[1]);
     const auto status = [window](auto work) { return window != nullptr && work() ? 0 : 1; };
     if (command == L"text" && count == 2) return status([&] { return PrintControls(window); });
     if (command == L"items" && count == 2) return status([&] { return PrintItems(window); });
     if (command == L"choose" && count == 3) return status([&] { return Choose(window, words[2]); });
+    if (command == L"tab" && count == 3) return status([&] { return GoToTab(window, words[2]); });
     if (command == L"fill" && count == 4) return status([&] { return Fill(window, words[2], words[3]); });
     if (command == L"press" && count == 3) return status([&] { return Press(window, words[2]); });
     if (command == L"close" && count == 2) {
