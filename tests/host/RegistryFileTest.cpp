@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "core/NativePath.h"
 #include "core/RuntimeError.h"
 #include "tests/support/TestFiles.h"
 
@@ -224,7 +225,7 @@ TEST_F(TextRegistry, AnotherFileIsNoRegistry) {
     EXPECT_THROW(Registry("[NEN1878]\nSUFNENFile = KAART.SFN\n"), RuntimeError);
     EXPECT_THROW(Registry("REGEDIT4\n"), RuntimeError);
     EXPECT_THROW(RegistryFile(folder / ""), RuntimeError);
-    EXPECT_THROW(RegistryFile(u"/dev/zero"), RuntimeError);
+    EXPECT_THROW(RegistryFile{NullDevice()}, RuntimeError);
 }
 
 TEST_F(TextRegistry, ASaveThatFailsLeavesNothingBehind) {

@@ -1,8 +1,6 @@
 #include "tests/support/TestFiles.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -14,29 +12,41 @@ namespace korvande::testing {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+// Names are UTF-8, whatever the library takes narrow ones for.
+fs::path PathOf(std::string_view name) { return {std::u8string(name.begin(), name.end())}; }
+
+std::string NameOf(const fs::path& path) {
+    const std::u8string name = path.u8string();
+    return {name.begin(), name.end()};
+}
+
+}  // namespace
+
 TestFolder::TestFolder() {
     static int count = 0;
-    const fs::path folder =
-        fs::temp_directory_path() / ("korvande-test-" + std::to_string(::getpid()) + "-" + std::to_string(++count));
+    const fs::path folder = fs::temp_directory_path() /
+                            ("korvande-test-" + std::to_string(ProcessNumber()) + "-" + std::to_string(++count));
     fs::remove_all(folder);
     fs::create_directories(folder);
-    path = folder.string();
+    path = NameOf(folder);
 }
 
 TestFolder::~TestFolder() {
     std::error_code ignored;
-    fs::remove_all(path, ignored);
+    fs::remove_all(PathOf(path), ignored);
 }
 
 Text TestFolder::Write(std::string_view name, std::string_view bytes) const {
     const std::string file = path + "/" + std::string(name);
-    std::ofstream(file, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    std::ofstream(PathOf(file), std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return FromUtf8(file);
 }
 
 std::string TestFolder::Listing() const {
     std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(path)) names.push_back(entry.path().filename().string());
+    for (const auto& entry : fs::directory_iterator(PathOf(path))) names.push_back(NameOf(entry.path().filename()));
     std::sort(names.begin(), names.end());
     std::string listing;
     for (const std::string& name : names) listing += (listing.empty() ? "" : " ") + name;
@@ -44,45 +54,12 @@ std::string TestFolder::Listing() const {
 }
 
 std::string FileBytes(TextView name) {
-    std::ifstream file(ToUtf8(name), std::ios::binary);
+    std::ifstream file(PathOf(ToUtf8(name)), std::ios::binary);
     EXPECT_TRUE(file.is_open()) << ToUtf8(name);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-bool FileIsThere(TextView name) { return fs::exists(ToUtf8(name)); }
-
-EnvironmentValue::EnvironmentValue(const char* variable, std::optional<std::string> value) : name(variable) {
-    if (const char* const old = ::getenv(variable)) previous = old;
-    if (value) {
-        ::setenv(variable, value->c_str(), 1);
-    } else {
-        ::unsetenv(variable);
-    }
-}
-
-EnvironmentValue::~EnvironmentValue() {
-    if (previous) {
-        ::setenv(name.c_str(), previous->c_str(), 1);
-    } else {
-        ::unsetenv(name.c_str());
-    }
-}
-
-ReadOnlyFolder::ReadOnlyFolder(std::string folder) : path(std::move(folder)), wasSuperuser(::geteuid() == 0) {
-    constexpr uid_t nobody = 65534;
-    fs::permissions(path, fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
-                    fs::perm_options::remove);
-    if (wasSuperuser) {
-        EXPECT_EQ(::seteuid(nobody), 0);
-    }
-}
-
-ReadOnlyFolder::~ReadOnlyFolder() {
-    if (wasSuperuser) {
-        EXPECT_EQ(::seteuid(0), 0);
-    }
-    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add);
-}
+bool FileIsThere(TextView name) { return fs::exists(PathOf(ToUtf8(name))); }
 
 std::string WithCrLf(std::string_view linesWithLf) {
     std::string lines;

@@ -34,6 +34,10 @@ class TestFolder {
 std::string FileBytes(TextView name);
 bool FileIsThere(TextView name);
 
+// The number by which the system knows the test program, and its file's full name.
+int ProcessNumber();
+Text TestProgram();
+
 // Sets an environment variable (or unsets it) as long as this object lives.
 class EnvironmentValue {
  public:
@@ -48,7 +52,7 @@ class EnvironmentValue {
 };
 
 // Lets nobody write into a folder as long as this object lives: the superuser, whom permissions do not stop, becomes
-// nobody meanwhile.
+// nobody meanwhile. Not on Windows, where a folder's attributes stop nobody.
 class ReadOnlyFolder {
  public:
     explicit ReadOnlyFolder(std::string folder);

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "tests/cli/CliTest.h"
+#include "tests/support/RunningProgram_posix.h"
 
 namespace korvande::testing {
 

@@ -1,5 +1,3 @@
-#include "tests/support/RunProgram.h"
-
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -18,6 +16,8 @@
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+
+#include "tests/support/RunningProgram_posix.h"
 
 namespace korvande::testing {
 

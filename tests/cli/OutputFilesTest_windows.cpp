@@ -1,0 +1,64 @@
+#include <windows.h>
+
+#include "core/WideText_windows.h"
+#include "tests/cli/OutputFilesTest.h"
+
+// Rights, devices and drives as Windows has them.
+namespace korvande::testing {
+
+namespace {
+
+class WindowsOutputFiles : public OutputFiles {};
+
+// A drive letter for a folder, as long as this object lives.
+class Drive {
+ public:
+    Drive(wchar_t letter, const std::string& folder) : name({letter, L':'}), target(ToWide(FromUtf8(folder))) {
+        EXPECT_NE(::DefineDosDeviceW(0, name.c_str(), target.c_str()), 0);
+    }
+    Drive(const Drive&) = delete;
+    Drive& operator=(const Drive&) = delete;
+    ~Drive() { ::DefineDosDeviceW(DDD_REMOVE_DEFINITION, name.c_str(), nullptr); }
+
+ private:
+    std::wstring name;
+    std::wstring target;
+};
+
+TEST_F(WindowsOutputFiles, AWriteProtectedOutputIsNotReplaced) {
+    const std::wstring output = ToWide(folder.Write("uit.sfn", "bewaren"));
+    ASSERT_NE(::SetFileAttributesW(output.c_str(), FILE_ATTRIBUTE_READONLY), 0);
+    const ProgramResult result = Translate("idex-nen1878", {"a.idx", "uit.sfn"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_TRUE(Has(result.error, "Kon bestand: 'uit.sfn' niet opslaan;\nFoutcode: 70\n")) << result.error;
+    EXPECT_EQ(Bytes("uit.sfn"), "bewaren");
+    EXPECT_EQ(folder.Listing(), "a.idx uit.LOG uit.sfn");
+    ::SetFileAttributesW(output.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(WindowsOutputFiles, ADeviceIsWrittenDirectly) {
+    const ProgramResult result = Translate("idex-nen1878", {"--logboek", "l", "a.idx", "NUL"});
+    EXPECT_EQ(result.status, 0) << result.error;
+    EXPECT_EQ(folder.Listing(), "a.idx l");
+}
+
+TEST_F(WindowsOutputFiles, ADriveThatIsNotThereIsNotReady) {
+    const ProgramResult result = Translate("idex-nen1878", {"--logboek", "l", "a.idx", "Q:\\uit.sfn"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_TRUE(Has(result.error, "Foutcode: 71")) << result.error;
+}
+
+TEST_F(WindowsOutputFiles, TheDiagnosticFilesGoToTheirDriveWhenItIsThere) {
+    fs::create_directory(Path("d"));
+    ASSERT_EQ(Translate("idex-nen1878", {"a.idx", "uit.sfn"}).status, 0);
+    {
+        const Drive drive(L'D', folder.Path() + "\\d");
+        ASSERT_EQ(Translate("idex-nen1878", {"a.idx", "uit.sfn"}).status, 0);
+    }
+    EXPECT_TRUE(Bytes("d/DEBUG_LINES.TXT").starts_with("Code,Descr,Flags 1,Flags 2\r\nMUUR   ,"));
+    EXPECT_EQ(Bytes("d/DEBUG_EDGES.TXT"), "Start Pt,End Pt,Line No,Line Type\r\n1,2,1,STRAIGHT    \r\n");
+}
+
+}  // namespace
+
+}  // namespace korvande::testing
