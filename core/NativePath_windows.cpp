@@ -21,20 +21,20 @@ bool IsOnMissingDrive(TextView name) {
     return ::GetDriveTypeW(root.data()) == DRIVE_NO_ROOT_DIR;
 }
 
-bool IsFolder(const std::wstring& path) {
+bool HasAttribute(const std::wstring& path, DWORD attribute) {
     const DWORD attributes = ::GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & attribute) != 0;
 }
 
 // The run-time error for a file that the system did not open.
-int ErrorNumberOfOpening(DWORD systemError, TextView name) noexcept {
+int ErrorNumberOfOpening(DWORD systemError, TextView name, OpenMode mode) noexcept {
     switch (systemError) {
         case ERROR_FILE_NOT_FOUND:
-            return errors::fileNotFound;
         case ERROR_PATH_NOT_FOUND:
         case ERROR_BAD_NETPATH:
         case ERROR_BAD_NET_NAME:
-            return IsOnMissingDrive(name) ? errors::deviceNotReady : errors::pathNotFound;
+            if (IsOnMissingDrive(name)) return errors::deviceNotReady;
+            return mode == OpenMode::Read ? errors::fileNotFound : errors::pathNotFound;
         case ERROR_ACCESS_DENIED:
         case ERROR_SHARING_VIOLATION:
         case ERROR_LOCK_VIOLATION:
@@ -87,11 +87,13 @@ TextView NullDevice() noexcept { return u"NUL"; }
 std::FILE* OpenNativeFile(TextView name, OpenMode mode) {
     if (name.empty() || name.find(u'\0') != TextView::npos) throw RuntimeError(errors::badFileName);
     const std::wstring path = ToWide(name);
-    if (IsFolder(path)) throw RuntimeError(errors::pathAccess);
+    if (HasAttribute(path, FILE_ATTRIBUTE_DIRECTORY)) throw RuntimeError(errors::pathAccess);
+    // Not every file system stops an administrator.
+    if (mode != OpenMode::Read && HasAttribute(path, FILE_ATTRIBUTE_READONLY)) throw RuntimeError(errors::accessDenied);
     const HowToOpen how = HowToOpenFor(mode);
     const HANDLE handle = ::CreateFileW(path.c_str(), how.access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                         how.disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) throw RuntimeError(ErrorNumberOfOpening(::GetLastError(), name));
+    if (handle == INVALID_HANDLE_VALUE) throw RuntimeError(ErrorNumberOfOpening(::GetLastError(), name, mode));
     const int descriptor =
         ::_open_osfhandle(reinterpret_cast<std::intptr_t>(handle), how.flags | _O_BINARY | _O_NOINHERIT);
     if (descriptor < 0) {

@@ -10,4 +10,7 @@ namespace korvande {
 // none.
 std::optional<std::string> ExistingFileIdentity(const std::filesystem::path& path);
 
+// Platform: whether the name is that of a device that the standard library takes for a file or for nothing.
+bool IsUnlistedDevice(const std::filesystem::path& path);
+
 }  // namespace korvande

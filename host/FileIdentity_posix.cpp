@@ -10,4 +10,7 @@ std::optional<std::string> ExistingFileIdentity(const std::filesystem::path& pat
     return std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
 }
 
+// Devices stand in folders here, like files.
+bool IsUnlistedDevice(const std::filesystem::path&) { return false; }
+
 }  // namespace korvande

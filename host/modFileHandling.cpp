@@ -6,6 +6,7 @@
 #include <exception>
 #include <filesystem>
 #include <random>
+#include <type_traits>
 #include <utility>
 
 #include "core/LineReader.h"
@@ -20,15 +21,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Paths are exchanged with the library in UTF-8, which no locale changes.
+// The library keeps paths as the system does: in our characters, or in bytes.
+constexpr bool pathsAreWide = std::is_same_v<fs::path::value_type, wchar_t>;
+
+// Paths are exchanged with the library as they are, or else in UTF-8, which no locale changes.
 fs::path PathOf(TextView name) {
     // The system would take the part before it for the name.
     if (name.find(u'\0') != TextView::npos) throw RuntimeError(errors::badFileName);
+    if (pathsAreWide) return {std::wstring(name.begin(), name.end())};
     const std::string native = NativePath(name);
     return {std::u8string(native.begin(), native.end())};
 }
 
 Text NameOf(const fs::path& path) {
+    if (pathsAreWide) return {path.native().begin(), path.native().end()};
     const std::u8string name = path.u8string();
     return FromUtf8(std::string(name.begin(), name.end()));
 }
@@ -148,7 +154,9 @@ bool IsFreeName(TextView name) {
 
 bool IsRegularFileOrMissing(TextView name) {
     return OrOnFailure(false, [name] {
-        const fs::file_type type = fs::status(PathOf(name)).type();
+        const fs::path path = PathOf(name);
+        if (IsUnlistedDevice(path)) return false;
+        const fs::file_type type = fs::status(path).type();
         return type == fs::file_type::regular || type == fs::file_type::not_found;
     });
 }

@@ -24,6 +24,12 @@ RegKey OurKey(HKEY key) { return reinterpret_cast<RegKey>(key); }
 // A handle that nobody opened may by chance be that of something else.
 bool IsOpen(RegKey key) { return !RegKeyName(key).empty(); }
 
+// To the system a name would end there.
+bool HasNul(TextView name) { return name.find(u'\0') != TextView::npos; }
+
+// Keys are opened with all the rights that the user has to them, so that one that may only be read can be read.
+constexpr REGSAM allRights = MAXIMUM_ALLOWED;
+
 template <class Action>
 std::int32_t Guarded(Action action) noexcept {
     try {
@@ -46,9 +52,9 @@ Text TextFrom(const std::vector<BYTE>& bytes) {
 std::int32_t OpenKey(RegKey parent, TextView name, RegKey& key) {
     return Guarded([&]() -> LSTATUS {
         if (!IsOpen(parent)) return regcodes::invalidHandle;
+        if (HasNul(name)) return ERROR_INVALID_PARAMETER;
         HKEY opened = nullptr;
-        const LSTATUS result =
-            ::RegOpenKeyExW(SystemKey(parent), ToWide(name).c_str(), 0, KEY_READ | KEY_WRITE, &opened);
+        const LSTATUS result = ::RegOpenKeyExW(SystemKey(parent), ToWide(name).c_str(), 0, allRights, &opened);
         if (result == ERROR_SUCCESS) key = OurKey(opened);
         return result;
     });
@@ -57,10 +63,10 @@ std::int32_t OpenKey(RegKey parent, TextView name, RegKey& key) {
 std::int32_t CreateKey(RegKey parent, TextView name, RegKey& key) {
     return Guarded([&]() -> LSTATUS {
         if (!IsOpen(parent)) return regcodes::invalidHandle;
+        if (HasNul(name)) return ERROR_INVALID_PARAMETER;
         HKEY created = nullptr;
-        const LSTATUS result =
-            ::RegCreateKeyExW(SystemKey(parent), ToWide(name).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                              KEY_READ | KEY_WRITE, nullptr, &created, nullptr);
+        const LSTATUS result = ::RegCreateKeyExW(SystemKey(parent), ToWide(name).c_str(), 0, nullptr,
+                                                 REG_OPTION_NON_VOLATILE, allRights, nullptr, &created, nullptr);
         if (result == ERROR_SUCCESS) key = OurKey(created);
         return result;
     });
@@ -85,6 +91,7 @@ std::int32_t EnumKey(RegKey key, std::uint32_t index, Text& name) {
 std::int32_t QueryValue(RegKey key, TextView name, RegValue& value) {
     return Guarded([&]() -> LSTATUS {
         if (!IsOpen(key)) return regcodes::invalidHandle;
+        if (HasNul(name)) return regcodes::notFound;
         const std::wstring wideName = ToWide(name);
         std::vector<BYTE> bytes(2048);
         DWORD type = REG_NONE;
@@ -110,6 +117,7 @@ std::int32_t QueryValue(RegKey key, TextView name, RegValue& value) {
 std::int32_t SetTextValue(RegKey key, TextView name, TextView text) {
     return Guarded([&]() -> LSTATUS {
         if (!IsOpen(key)) return regcodes::invalidHandle;
+        if (HasNul(name)) return ERROR_INVALID_PARAMETER;
         const std::wstring wide = ToWide(text);
         const auto size = static_cast<DWORD>((wide.size() + 1) * sizeof(wchar_t));
         return ::RegSetValueExW(SystemKey(key), ToWide(name).c_str(), 0, REG_SZ,
