@@ -1,5 +1,6 @@
 #include "idex/IdexRow.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -22,20 +23,6 @@ bool IsNeverFilled(View value) noexcept {
     return value.starts_with(typename View::value_type());
 }
 
-// The digits of |scaled| with a point before the last `decimals`, and a minus sign when it is negative.
-std::string_view WithPoint(std::int64_t scaled, int decimals, std::array<char, 32>& buffer) {
-    char* const end = buffer.data() + buffer.size();
-    char* digits = WriteDigitsBackwards(end, static_cast<std::uint64_t>(scaled < 0 ? -scaled : scaled));
-    while (end - digits <= decimals) *--digits = '0';
-    // The digits before the point move one place ahead to make room for it.
-    char* const point = end - decimals - 1;
-    std::memmove(digits - 1, digits, static_cast<std::size_t>(end - decimals - digits));
-    *point = '.';
-    --digits;
-    if (scaled < 0) *--digits = '-';
-    return {digits, static_cast<std::size_t>(end - digits)};
-}
-
 }  // namespace
 
 IdexRow& IdexRow::Put(std::string_view bytes) noexcept {
@@ -45,7 +32,7 @@ IdexRow& IdexRow::Put(std::string_view bytes) noexcept {
 }
 
 IdexRow& IdexRow::PutWhole(std::int32_t number) noexcept {
-    std::array<char, 16> buffer{};
+    std::array<char, 16> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled from its end
     char* const end = buffer.data() + buffer.size();
     const std::int64_t value = number;
     char* digits = WriteDigitsBackwards(end, static_cast<std::uint64_t>(value < 0 ? -value : value));
@@ -59,20 +46,22 @@ IdexRow& IdexRow::PutPrinted(std::int32_t number) noexcept {
 }
 
 IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
-    std::array<char, 32> buffer{};
+    std::array<char, 32> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled from its end
     std::string general;
     std::string_view number;
     std::int64_t scaled = 0;
     if (ScaledDecimal(value, decimals, scaled)) {
-        number = WithPoint(scaled, decimals, buffer);
+        char* const end = buffer.data() + buffer.size();
+        const char* const digits = WriteDecimalBackwards(end, scaled, decimals);
+        number = {digits, static_cast<std::size_t>(end - digits)};
     } else {
         AppendDecimal(general, value, 1, decimals);
         number = general;
     }
     number = number.substr(0, width);
-    Put(number);
-    std::memset(at, ' ', width - number.size());
-    at += width - number.size();
+    std::fill_n(at, width, ' ');
+    std::copy(number.begin(), number.end(), at);
+    at += width;
     return *this;
 }
 
