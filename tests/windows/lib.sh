@@ -31,8 +31,10 @@ Tool() {
 # Ends the test, with what stood on the screen.
 Fail() {
     printf 'FAILED: %s\n' "$*" >&2
-    printf 'The windows:\n' >&2
-    Tool list >&2 || true
+    if [ -d "$driveC" ] && [ -f "$tool" ]; then
+        printf 'The windows:\n' >&2
+        Tool list >&2 || true
+    fi
     exit 1
 }
 
