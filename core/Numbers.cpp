@@ -113,6 +113,36 @@ double Convert(std::string_view text, const Scanned& number) {
     return number.negative ? -value : value;
 }
 
+// The ordinary number, in one walk: a sign at most, 1 to 15 digits with a point at most, and no exponent. False for any
+// other text, which is left to Scan and Convert. The value is theirs, for the reason given there.
+bool ReadOrdinary(std::string_view text, double& value) {
+    constexpr std::size_t mostDigits = 15;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    const bool negative = at != end && *at == '-';
+    if (negative || (at != end && *at == '+')) ++at;
+    std::uint64_t number = 0;
+    const char* point = nullptr;
+    const char* const first = at;
+    for (; at != end; ++at) {
+        if (IsDigit(*at)) {
+            number = number * 10 + static_cast<std::uint64_t>(*at - '0');
+        } else if (*at == '.' && point == nullptr) {
+            point = at;
+        } else {
+            break;
+        }
+    }
+    const auto length = static_cast<std::size_t>(at - first);
+    const std::size_t digits = point == nullptr ? length : length - 1;
+    if (digits == 0 || digits > mostDigits) return false;
+    if (at != end && (ToCapital(*at) == 'E' || ToCapital(*at) == 'D')) return false;
+    value = static_cast<double>(number);
+    if (point != nullptr) value /= powersOfTen[static_cast<std::size_t>(at - point - 1)];
+    if (negative) value = -value;
+    return true;
+}
+
 bool IsWhole(std::string_view text, const Scanned& number) { return number.hasDigits && number.end == text.size(); }
 
 double StrictNumber(std::string_view text) {
@@ -141,8 +171,11 @@ Whole RoundedTo(double value) {
 }  // namespace
 
 double LeadingNumber(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-    return Convert(text, Scan(text));
+    std::size_t at = 0;
+    while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) ++at;
+    text.remove_prefix(at);
+    double value = 0;
+    return ReadOrdinary(text, value) ? value : Convert(text, Scan(text));
 }
 
 std::int32_t WholeNumber(double value) { return RoundedTo<std::int32_t>(value); }

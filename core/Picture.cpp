@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 
 #include "core/RuntimeError.h"
 
@@ -14,6 +15,16 @@ namespace {
 constexpr int significantDigits = 15;
 constexpr std::array<double, 16> powersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+// "00" to "99": two digits at a time take half the divisions.
+constexpr std::array<char, 200> digitPairs = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t number = 0; number < 100; ++number) {
+        pairs[2 * number] = static_cast<char>('0' + number / 10);
+        pairs[2 * number + 1] = static_cast<char>('0' + number % 10);
+    }
+    return pairs;
+}();
 
 // A rounded number: digits without a point, of which the last `decimals` stand behind it.
 struct Rounded {
@@ -81,6 +92,11 @@ bool ScaledDecimal(double value, int decimals, std::int64_t& scaled) {
     constexpr double fastLimit = 1e11;
     constexpr double doubt = 1e-3;
     if (decimals > significantDigits) return false;
+    // Most heights and directions are none.
+    if (value == 0) {
+        scaled = 0;
+        return true;
+    }
     const double size = std::fabs(value) * powersOfTen[static_cast<std::size_t>(decimals)];
     if (size < fastLimit) {
         // Both the product and the 15-digit form lie within 10^-4 of the value here, so away from a half all agree.
@@ -101,10 +117,34 @@ bool ScaledDecimal(double value, int decimals, std::int64_t& scaled) {
 }
 
 char* WriteDigitsBackwards(char* end, std::uint64_t number) noexcept {
-    do {
-        *--end = static_cast<char>('0' + number % 10);
-        number /= 10;
-    } while (number != 0);
+    while (number >= 100) {
+        end -= 2;
+        std::memcpy(end, digitPairs.data() + number % 100 * 2, 2);
+        number /= 100;
+    }
+    if (number < 10) {
+        *--end = static_cast<char>('0' + number);
+        return end;
+    }
+    end -= 2;
+    std::memcpy(end, digitPairs.data() + number * 2, 2);
+    return end;
+}
+
+char* WriteDecimalBackwards(char* end, std::int64_t scaled, int decimals) noexcept {
+    auto size = static_cast<std::uint64_t>(scaled < 0 ? -scaled : scaled);
+    for (; decimals >= 2; decimals -= 2) {
+        end -= 2;
+        std::memcpy(end, digitPairs.data() + size % 100 * 2, 2);
+        size /= 100;
+    }
+    if (decimals == 1) {
+        *--end = static_cast<char>('0' + size % 10);
+        size /= 10;
+    }
+    *--end = '.';
+    end = WriteDigitsBackwards(end, size);
+    if (scaled < 0) *--end = '-';
     return end;
 }
 

@@ -21,7 +21,11 @@ void AppendDecimal(std::string& text, double value, int integerDigits, int decim
 // first digit.
 std::string FormatPicture(double value, std::string_view picture);
 
-// The decimal digits of a whole number below 10^15 written backwards from `end`; returns the first digit's place.
+// The decimal digits of a whole number written backwards from `end`; returns the first digit's place.
 char* WriteDigitsBackwards(char* end, std::uint64_t number) noexcept;
+
+// The same of a number scaled by 10^decimals: with a point before that many digits, at least one digit before the
+// point, and a minus sign when it is negative.
+char* WriteDecimalBackwards(char* end, std::int64_t scaled, int decimals) noexcept;
 
 }  // namespace korvande

@@ -11,7 +11,18 @@ namespace korvande {
 
 namespace {
 
-char InsideQuotes(char byte) noexcept { return byte == '"' ? '\'' : byte == ';' ? ',' : byte; }
+constexpr char InsideQuotes(char byte) noexcept { return byte == '"' ? '\'' : byte == ';' ? ',' : byte; }
+
+// The bytes of the characters below 80 hex inside quotes.
+constexpr std::array<char, 0x80> quotedBytes = [] {
+    std::array<char, 0x80> bytes{};
+    for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = InsideQuotes(static_cast<char>(i));
+    return bytes;
+}();
+
+char QuotedByte(char16_t character) noexcept {
+    return character < quotedBytes.size() ? quotedBytes[character] : InsideQuotes(ToWindows1252(character));
+}
 
 char ToByte(char16_t character) noexcept {
     return character < 0x80 ? static_cast<char>(character) : ToWindows1252(character);
@@ -79,7 +90,7 @@ IdexRow& IdexRow::PutFixed(TextView text) noexcept {
 IdexRow& IdexRow::PutQuoted(TextView value) noexcept {
     *at++ = '"';
     if (!IsNeverFilled(value)) {
-        for (const char16_t character : value) *at++ = InsideQuotes(ToByte(character));
+        for (const char16_t character : value) *at++ = QuotedByte(character);
     }
     *at++ = '"';
     return *this;

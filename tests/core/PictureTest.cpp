@@ -251,6 +251,33 @@ TEST(Picture, TheWrittenFormFollowsTheRule) {
     }
 }
 
+TEST(Picture, AScaledNumberIsWrittenBackwardsWithItsPoint) {
+    struct Case {
+        std::int64_t scaled;
+        int decimals;
+        const char* text;
+    };
+    constexpr Case cases[] = {
+        {0, 4, "0.0000"},
+        {1, 4, "0.0001"},
+        {-1, 4, "-0.0001"},
+        {12345, 4, "1.2345"},
+        {1210005000, 4, "121000.5000"},
+        {-50, 3, "-0.050"},
+        {1234, 3, "1.234"},
+        {99, 1, "9.9"},
+        {100, 2, "1.00"},
+        {7, 0, "7."},
+        {999999999999999, 4, "99999999999.9999"},
+    };
+    for (const Case& each : cases) {
+        std::array<char, 32> buffer{};
+        char* const end = buffer.data() + buffer.size();
+        const char* const begin = WriteDecimalBackwards(end, each.scaled, each.decimals);
+        EXPECT_EQ(std::string(begin, end), each.text);
+    }
+}
+
 TEST(Picture, DigitsAreWrittenBackwards) {
     std::array<char, 24> room{};
     char* const end = room.data() + room.size();
