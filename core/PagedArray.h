@@ -40,21 +40,22 @@ class PagedArray {
         return (*this)[upperBound];
     }
 
+    // Adds a copy of this record, which may not be one of the array's own.
+    Record& Append(const Record& record) {
+        AddPagesFor(upperBound + 1);
+        return (*this)[++upperBound] = record;
+    }
+
     // Grows the array to this upper bound; a smaller one changes nothing. Error 7 when memory runs out, which leaves
     // the array as it was.
     void GrowTo(Index newUpperBound) {
         if (newUpperBound <= upperBound) return;
         AddPagesFor(newUpperBound);
-        upperBound = newUpperBound;
+        while (upperBound < newUpperBound) Clear(++upperBound);
     }
 
     // Drops the elements above this upper bound.
-    void CutTo(Index newUpperBound) noexcept {
-        for (Index index = newUpperBound + 1; index <= upperBound; ++index) {
-            std::memset(static_cast<void*>(&(*this)[index]), 0, sizeof(Record));
-        }
-        upperBound = std::min(upperBound, newUpperBound);
-    }
+    void CutTo(Index newUpperBound) noexcept { upperBound = std::min(upperBound, newUpperBound); }
 
     // Back to the empty array: the upper bound 0, element 0 never filled, the memory given back.
     void Reset() {
@@ -62,9 +63,13 @@ class PagedArray {
         pages.clear();
         pages.push_back(std::move(first));
         upperBound = 0;
+        Clear(0);
     }
 
-    PagedArray() { AddPagesFor(0); }
+    PagedArray() {
+        AddPagesFor(0);
+        Clear(0);
+    }
 
  private:
     struct Free {
@@ -79,12 +84,15 @@ class PagedArray {
     static std::size_t PageOf(Index index) noexcept { return static_cast<std::size_t>(index) >> shift; }
     static std::size_t PlaceOf(Index index) noexcept { return static_cast<std::size_t>(index) & (perPage - 1); }
 
-    // calloc: a large block comes from the system zeroed, so that a page is touched only when it is filled.
+    // Left as it comes: an element is zeroed when the array grows to it, just before it is filled, so that no memory
+    // is gone over twice.
     static Page NewPage() {
-        Page page(static_cast<Record*>(std::calloc(perPage, sizeof(Record))));  // NOLINT(cppcoreguidelines-no-malloc)
+        Page page(static_cast<Record*>(std::malloc(perPage * sizeof(Record))));  // NOLINT(cppcoreguidelines-no-malloc)
         if (!page) throw RuntimeError(errors::outOfMemory);
         return page;
     }
+
+    void Clear(Index index) noexcept { std::memset(static_cast<void*>(&(*this)[index]), 0, sizeof(Record)); }
 
     void AddPagesFor(Index index) {
         while (pages.size() <= PageOf(index)) pages.push_back(NewPage());
