@@ -1,6 +1,7 @@
 #include "core/Text.h"
 
 #include <cstdint>
+#include <cstring>
 
 namespace korvande {
 
@@ -82,8 +83,18 @@ Decoded DecodeUtf8(std::string_view utf8, std::size_t at) {
 
 template <class View>
 View TrimBlanks(View text, bool left) noexcept {
+    using Character = typename View::value_type;
+    // Most fixed-width texts end in many blanks; they go by so many at a time.
+    constexpr std::array<Character, 16 / sizeof(Character)> blanks = [] {
+        std::array<Character, 16 / sizeof(Character)> some{};
+        some.fill(' ');
+        return some;
+    }();
     std::size_t begin = 0;
     std::size_t end = text.size();
+    while (end >= blanks.size() && std::memcmp(&text[end - blanks.size()], blanks.data(), sizeof(blanks)) == 0) {
+        end -= blanks.size();
+    }
     while (end > 0 && text[end - 1] == ' ') --end;
     if (left) {
         while (begin < end && text[begin] == ' ') ++begin;

@@ -44,12 +44,15 @@ void ResetDrawing() {
 
 void CountUnknownCode(const FixedText<8>& code) { TheDrawing().UnknownCodes.Count(code); }
 
-std::string QuotedPointID(std::int32_t pointIndex) {
+QuotedName QuotedPointID(std::int32_t pointIndex) noexcept {
     auto& name = TheDrawing().Points[pointIndex].PointID;
-    name = name.Trimmed();
-    std::string quoted = "\"";
-    for (const char16_t character : name.TrimmedRight()) quoted.push_back(ToWindows1252(character));
-    quoted.push_back('"');
+    if (name.characters.front() == u' ') name = name.Trimmed();
+    QuotedName quoted{};
+    quoted.bytes[quoted.size++] = '"';
+    for (const char16_t character : name.TrimmedRight()) {
+        quoted.bytes[quoted.size++] = character < 0x80 ? static_cast<char>(character) : ToWindows1252(character);
+    }
+    quoted.bytes[quoted.size++] = '"';
     return quoted;
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -105,7 +108,15 @@ void ResetDrawing();
 // Adds 1 to the tally's entry of the code, given in its fixed 8-character form (table letter and code).
 void CountUnknownCode(const FixedText<8>& code);
 
-// Trims the point's PointID in place and returns it between double quotes, as Windows-1252.
-std::string QuotedPointID(std::int32_t pointIndex);
+// A point's name as Windows-1252, between double quotes.
+struct QuotedName {
+    std::array<char, decltype(PointRec::PointID)::width + 2> bytes;
+    std::size_t size;
+
+    std::string_view View() const noexcept { return {bytes.data(), size}; }
+};
+
+// Trims the point's PointID in place and returns it between double quotes.
+QuotedName QuotedPointID(std::int32_t pointIndex) noexcept;
 
 }  // namespace korvande

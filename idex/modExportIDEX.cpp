@@ -58,9 +58,7 @@ void WriteHeader(LineWriter& output) {
 }
 
 // The point's name without its blanks; QuotedPointID's quotes are put again around what may stand inside them.
-std::string_view WithoutQuotes(const std::string& quoted) {
-    return std::string_view(quoted).substr(1, quoted.size() - 2);
-}
+std::string_view WithoutQuotes(const QuotedName& quoted) { return quoted.View().substr(1, quoted.size - 2); }
 
 void WritePoints(LineWriter& output) {
     constexpr std::size_t lengthWidth = 15;
@@ -71,7 +69,7 @@ void WritePoints(LineWriter& output) {
     output.PutLine("  POINTS (PointNo,PointID,East,North,Elevation,Code,Description,SymDir)");
     for (std::int32_t index = 1; index <= points.UpperBound(); ++index) {
         StepProgress(index);
-        const std::string id = QuotedPointID(index);
+        const QuotedName id = QuotedPointID(index);
         const PointRec& point = points[index];
         IdexRow row(output);
         row.Put("    ").PutWhole(index).Put(",").PutQuoted(WithoutQuotes(id)).Put(",");
@@ -108,11 +106,15 @@ void WriteEdges(LineWriter& output) {
     BeginProgress(edges.UpperBound());
     output.PutLine({});
     output.PutLine("    EDGES (LineNo,StartPt,StartPtID,EndPt,EndPtID,LINETYPE)");
+    std::int32_t endPoint = -1;
+    QuotedName endId{};
     for (std::int32_t index = 1; index <= edges.UpperBound(); ++index) {
         StepProgress(index);
         const EdgeRec& edge = edges[index];
-        const std::string startId = QuotedPointID(edge.StartPt);
-        const std::string endId = QuotedPointID(edge.EndPt);
+        // Most edges begin where the one before ended.
+        const QuotedName startId = edge.StartPt == endPoint ? endId : QuotedPointID(edge.StartPt);
+        endId = QuotedPointID(edge.EndPt);
+        endPoint = edge.EndPt;
         IdexRow row(output);
         row.Put("      ").PutWhole(edge.LineNo).Put(",");
         row.PutWhole(edge.StartPt).Put(", ").PutQuoted(WithoutQuotes(startId)).Put(",");
