@@ -10,8 +10,8 @@ namespace korvande {
 
 namespace {
 
-constexpr std::string_view straight = "STRAIGHT";
-constexpr std::string_view arcByCentre = "ARC_CENT";
+const auto straight = MakeFixedText<12>(u"STRAIGHT");
+const auto arcByCentre = MakeFixedText<12>(u"ARC_CENT");
 constexpr std::int32_t anticlockwiseFlag = 16;
 
 std::int32_t AppendLineString(const LineCodeRow& row) {
@@ -23,21 +23,20 @@ std::int32_t AppendLineString(const LineCodeRow& row) {
 }
 
 // A point of a line string: the line's code and description, no number and no height yet.
-PointRec VertexOf(const LineCodeRow& row, double east) {
+PointRec VertexOf(const LineCodeRow& row) {
     PointRec point{};
-    point.East = east;
     point.PointID = TextView();
     point.Code = row.LiscadCode.View();
     point.Description = row.Description.View();
     return point;
 }
 
-void AppendEdge(std::int32_t lineNo, std::int32_t start, std::int32_t end, std::string_view lineType) {
+void AppendEdge(std::int32_t lineNo, std::int32_t start, std::int32_t end, const FixedText<12>& lineType) {
     EdgeRec& edge = TheDrawing().Edges.Append();
     edge.LineNo = lineNo;
     edge.StartPt = start;
     edge.EndPt = end;
-    edge.LineType.Assign(lineType);
+    edge.LineType = lineType;
 }
 
 PointRec& LastPoint() {
@@ -53,15 +52,16 @@ const LineCodeRow* RowOf(const ImportRun& run) {
 }
 
 void ReadLineFields(ImportRun& run, const LineCodeRow& row, std::int32_t lineNo, std::int32_t firstPoint) {
+    PointRec vertex = VertexOf(row);
     std::string_view number;  // of an N field that stands directly before an X field
     for (const GroupField& field : run.records.GroupFields()) {
         const std::string_view numberBefore =
             std::exchange(number, field.Key == 'N' ? field.Value : std::string_view());
         switch (field.Key) {
             case 'X': {
-                PointRec point = VertexOf(row, run.frame.X(field.Value));
-                point.PointID.Assign(numberBefore);
-                const std::int32_t index = AddImportedPoint(point);
+                vertex.East = run.frame.X(field.Value);
+                vertex.PointID.Assign(numberBefore);
+                const std::int32_t index = AddImportedPoint(vertex);
                 if (index > firstPoint) AppendEdge(lineNo, index - 1, index, straight);
                 break;
             }
@@ -86,7 +86,10 @@ void ReadLineFields(ImportRun& run, const LineCodeRow& row, std::int32_t lineNo,
 class ArcChain {
  public:
     ArcChain(ImportRun& importRun, const LineCodeRow& codeRow)
-        : run(importRun), row(codeRow), lineNo(AppendLineString(row)), arcEnd(TheDrawing().Points.UpperBound() + 3) {}
+        : run(importRun),
+          vertex(VertexOf(codeRow)),
+          lineNo(AppendLineString(codeRow)),
+          arcEnd(TheDrawing().Points.UpperBound() + 3) {}
 
     // The result is the last arc's; the ones before it are accounted for.
     std::optional<LeftOut> Read() {
@@ -94,7 +97,8 @@ class ArcChain {
         for (const GroupField& field : run.records.GroupFields()) {
             switch (field.Key) {
                 case 'X':
-                    AddImportedPoint(VertexOf(row, run.frame.X(field.Value)));
+                    vertex.East = run.frame.X(field.Value);
+                    AddImportedPoint(vertex);
                     break;
                 case 'Y':
                     LastPoint().North = run.frame.Y(field.Value);
@@ -134,7 +138,7 @@ class ArcChain {
         }
         const ArcCentre arc =
             ArcCentreFrom3Points({start.East, start.North}, {middle.East, middle.North}, {end.East, end.North});
-        const std::string_view lineType = arc.direction == 0 ? straight : arcByCentre;
+        const FixedText<12>& lineType = arc.direction == 0 ? straight : arcByCentre;
         AppendEdge(lineNo, arcEnd - 2, arcEnd - 1, lineType);
         AppendEdge(lineNo, arcEnd - 1, arcEnd, lineType);
         if (arc.direction == 0) return {};
@@ -146,7 +150,7 @@ class ArcChain {
     }
 
     ImportRun& run;
-    const LineCodeRow& row;
+    PointRec vertex;
     std::int32_t lineNo;
     std::int32_t arcEnd;  // the index of the current arc's third point
 };

@@ -85,9 +85,8 @@ void SettleObject(ObjectKind kind, std::optional<LeftOut> reason) {
 
 std::int32_t AddImportedPoint(const PointRec& point) {
     Drawing& drawing = TheDrawing();
-    PointRec& added = drawing.Points.Append();
+    PointRec& added = drawing.Points.Append(point);
     const std::int32_t index = drawing.Points.UpperBound();
-    added = point;
     added.PointNo = index;
     drawing.PointIndex.Set(index, index);
     if (added.Code.NeverFilled()) {
