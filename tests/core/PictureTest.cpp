@@ -273,7 +273,7 @@ TEST(Picture, AScaledNumberIsWrittenBackwardsWithItsPoint) {
     for (const Case& each : cases) {
         std::array<char, 32> buffer{};
         char* const end = buffer.data() + buffer.size();
-        const char* const begin = WriteDecimalBackwards(end, each.scaled, each.decimals);
+        char* const begin = WriteDecimalBackwards(end, each.scaled, each.decimals);
         EXPECT_EQ(std::string(begin, end), each.text);
     }
 }
