@@ -30,11 +30,12 @@ bool HasAttribute(const std::wstring& path, DWORD attribute) {
 int ErrorNumberOfOpening(DWORD systemError, TextView name, OpenMode mode) noexcept {
     switch (systemError) {
         case ERROR_FILE_NOT_FOUND:
+            if (IsOnMissingDrive(name)) return errors::deviceNotReady;
+            return mode == OpenMode::Read ? errors::fileNotFound : errors::pathNotFound;
         case ERROR_PATH_NOT_FOUND:
         case ERROR_BAD_NETPATH:
         case ERROR_BAD_NET_NAME:
-            if (IsOnMissingDrive(name)) return errors::deviceNotReady;
-            return mode == OpenMode::Read ? errors::fileNotFound : errors::pathNotFound;
+            return IsOnMissingDrive(name) ? errors::deviceNotReady : errors::pathNotFound;
         case ERROR_ACCESS_DENIED:
         case ERROR_SHARING_VIOLATION:
         case ERROR_LOCK_VIOLATION:
