@@ -24,7 +24,7 @@ void UnknownCodeTally::Sort() {
     for (std::size_t place = 0; place < entries.size(); ++place) places[entries[place].Code] = place;
 }
 
-Drawing& TheDrawing() noexcept {
+Drawing& TheDrawing() {
     static Drawing drawing;
     return drawing;
 }
@@ -44,16 +44,15 @@ void ResetDrawing() {
 
 void CountUnknownCode(const FixedText<8>& code) { TheDrawing().UnknownCodes.Count(code); }
 
-QuotedName QuotedPointID(std::int32_t pointIndex) noexcept {
+char* QuotedPointID(std::int32_t pointIndex, char* at) noexcept {
     auto& name = TheDrawing().Points[pointIndex].PointID;
     if (name.characters.front() == u' ') name = name.Trimmed();
-    QuotedName quoted{};
-    quoted.bytes[quoted.size++] = '"';
+    *at++ = '"';
     for (const char16_t character : name.TrimmedRight()) {
-        quoted.bytes[quoted.size++] = character < 0x80 ? static_cast<char>(character) : ToWindows1252(character);
+        *at++ = character < 0x80 ? static_cast<char>(character) : ToWindows1252(character);
     }
-    quoted.bytes[quoted.size++] = '"';
-    return quoted;
+    *at++ = '"';
+    return at;
 }
 
 }  // namespace korvande

@@ -1,11 +1,8 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -99,7 +96,8 @@ struct Drawing {
     Text DrawingDate;  // dd-mm-yyyy when it is a date
 };
 
-Drawing& TheDrawing() noexcept;
+// The first call makes it, for which memory may run out.
+Drawing& TheDrawing();
 
 // The opening step of every read: empties the arrays, the point index and the tally of unknown codes, sets the
 // separator to "," and the terminator to ";" and clears the date.
@@ -108,15 +106,8 @@ void ResetDrawing();
 // Adds 1 to the tally's entry of the code, given in its fixed 8-character form (table letter and code).
 void CountUnknownCode(const FixedText<8>& code);
 
-// A point's name as Windows-1252, between double quotes.
-struct QuotedName {
-    std::array<char, decltype(PointRec::PointID)::width + 2> bytes;
-    std::size_t size;
-
-    std::string_view View() const noexcept { return {bytes.data(), size}; }
-};
-
-// Trims the point's PointID in place and returns it between double quotes.
-QuotedName QuotedPointID(std::int32_t pointIndex) noexcept;
+// Trims the point's PointID in place and writes it between double quotes, as Windows-1252, at most eleven bytes;
+// returns the place behind it.
+char* QuotedPointID(std::int32_t pointIndex, char* at) noexcept;
 
 }  // namespace korvande
