@@ -174,6 +174,15 @@ void PrintErrorLine(TextView text) {
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
+// Tells the error being handled, also when there is no memory left to put its words together.
+void PrintCurrentError() noexcept {
+    try {
+        PrintErrorLine(CurrentError().Description());
+    } catch (const std::exception&) {
+        std::fputs("Onvoldoende geheugen\n", stderr);
+    }
+}
+
 int Main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
     PrepareProcess();
@@ -186,7 +195,7 @@ int Main(int argc, char** argv) {
     } catch (const TranslationAborted&) {
         PrintErrorLine(u"Afgebroken.");
     } catch (const std::exception&) {
-        PrintErrorLine(CurrentError().Description());
+        PrintCurrentError();
     }
     return status::failed;
 }
