@@ -229,6 +229,18 @@ Text TemporaryNameFor(const Text& output) {
     return TemporaryNameBeside(output);
 }
 
+// The run's log book is closed by now, so this goes behind its end.
+void LogNotInPlace(const Job& job) {
+    LogBook& log = LogFile();
+    try {
+        if (!job.logBook.empty()) log.Reopen(job.logBook);
+    } catch (const RuntimeError&) {
+        // Standard error tells it too.
+    }
+    log.WriteError(Concat(u"Kon bestand: '", job.output, u"' niet opslaan"));
+    if (log.IsOpen()) log.Close();
+}
+
 // The finished output takes the place of an earlier one, which until then stayed as it was.
 void PutInPlace(const Job& job) {
     RunValues& run = TheRun();
@@ -238,6 +250,7 @@ void PutInPlace(const Job& job) {
     } else if (!RenameFileAt(run.temporaryOutput, job.output)) {
         DeleteFileAt(run.temporaryOutput);
         run.outcome.outputFailed = true;
+        LogNotInPlace(job);
     }
 }
 

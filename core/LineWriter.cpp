@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "core/NativePath.h"
 #include "core/RuntimeError.h"
 
 namespace korvande {
@@ -16,9 +15,9 @@ constexpr std::size_t bufferSize = std::size_t{1} << 17;
 
 LineWriter::~LineWriter() { Abandon(); }
 
-void LineWriter::Open(TextView name) {
+void LineWriter::Open(TextView name, OpenMode mode) {
     Abandon();
-    file.reset(OpenNativeFile(name, OpenMode::Write));
+    file.reset(OpenNativeFile(name, mode));
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
     buffer.resize(bufferSize);
     used = 0;

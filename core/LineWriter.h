@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/LineReader.h"
+#include "core/NativePath.h"
 
 namespace korvande {
 
@@ -16,8 +17,9 @@ class LineWriter {
     LineWriter& operator=(LineWriter&&) noexcept = default;
     ~LineWriter();
 
-    // Creates the file, or empties it; a run-time error when that cannot be done.
-    void Open(TextView name);
+    // Creates the file, or empties it, or in append mode writes behind what it holds; a run-time error when that cannot
+    // be done.
+    void Open(TextView name, OpenMode mode = OpenMode::Write);
     bool IsOpen() const noexcept { return file != nullptr; }
 
     void Put(std::string_view bytes);

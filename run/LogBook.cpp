@@ -12,6 +12,11 @@ void LogBook::Open(TextView name) {
     errorCount = 0;
 }
 
+void LogBook::Reopen(TextView name) {
+    file.Open(name, OpenMode::Append);
+    column = 1;
+}
+
 void LogBook::Close() noexcept {
     try {
         file.Close();

@@ -16,6 +16,10 @@ class LogBook {
  public:
     // Creates the file; a run-time error when that fails. The count of errors starts at 0.
     void Open(TextView name);
+
+    // Opens one that was closed again, to write behind its end.
+    void Reopen(TextView name);
+
     bool IsOpen() const noexcept { return file.IsOpen(); }
     bool HasFailed() const noexcept { return file.HasFailed(); }
     void Close() noexcept;
