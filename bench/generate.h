@@ -20,7 +20,7 @@ struct GeneratorOptions {
 };
 
 constexpr int minTableRows = 6;
-constexpr int maxTableRows = 6000;
+constexpr int maxTableRows = 20'000;
 
 struct CodeRow {
     std::string liscad;
@@ -101,7 +101,12 @@ struct DrawingCounts {
 // Writes the drawing as an IDEX file. A write error is left in the file's error mark for the caller.
 DrawingCounts WriteIdexDrawing(const GeneratorOptions& options, std::FILE* file);
 
-// The same file as a text in memory.
+// The same drawing as a NEN1878 or a SUF2 file: a group for every object, of line strings too. Heights and
+// directions, which these formats keep elsewhere or not at all, and what texts have beyond 40 characters are left out.
+DrawingCounts WriteNenDrawing(const GeneratorOptions& options, std::FILE* file);
+DrawingCounts WriteSufDrawing(const GeneratorOptions& options, std::FILE* file);
+
+// The IDEX file as a text in memory.
 std::string IdexDrawing(const GeneratorOptions& options);
 
 // A control table file that knows every code of a drawing with the same number of rows.

@@ -1,4 +1,5 @@
-// korvande-generate: writes a drawing for the benchmarks and, when asked, the control table that fits it.
+// korvande-generate: writes a drawing for the benchmarks as IDEX and, when asked, the same as NEN1878 and SUF2 and the
+// control table that fits it.
 
 #include <charconv>
 #include <cstdio>
@@ -14,12 +15,15 @@ namespace {
 
 using korvande::bench::GeneratorOptions;
 
-constexpr const char* usage = "usage: korvande-generate N OUT.idx [--seed S] [--table ROWS P.nst]\n";
+constexpr const char* usage =
+    "usage: korvande-generate N OUT.idx [--seed S] [--rows ROWS] [--table OUT.nst] [--nen OUT.sfn] [--suf OUT.sf2]\n";
 
 struct Arguments {
     GeneratorOptions options;
-    std::string drawing;
-    std::string table;  // empty: none is written
+    std::string idex;
+    std::string nen;  // empty, as the next two may be: not written
+    std::string suf;
+    std::string table;
 };
 
 template <typename Number>
@@ -29,23 +33,30 @@ bool ReadNumber(std::string_view text, Number& number) {
     return result.ec == std::errc() && result.ptr == end;
 }
 
+// Takes the value of an option; false for one that is not known or not well formed.
+bool ReadOption(std::string_view name, const std::string& value, Arguments& arguments) {
+    if (name == "--seed") return ReadNumber(value, arguments.options.seed);
+    if (name == "--rows") return ReadNumber(value, arguments.options.tableRows);
+    if (name == "--table") arguments.table = value;
+    if (name == "--nen") arguments.nen = value;
+    if (name == "--suf") arguments.suf = value;
+    return name == "--table" || name == "--nen" || name == "--suf";
+}
+
 bool ReadArguments(const std::vector<std::string>& words, Arguments& arguments) {
     std::vector<std::string> plain;
     for (std::size_t i = 0; i < words.size(); ++i) {
-        if (words[i] == "--seed" && i + 1 < words.size()) {
-            if (!ReadNumber(words[++i], arguments.options.seed)) return false;
-        } else if (words[i] == "--table" && i + 2 < words.size()) {
-            if (!ReadNumber(words[++i], arguments.options.tableRows)) return false;
-            arguments.table = words[++i];
-        } else if (words[i].starts_with("--")) {
+        if (!words[i].starts_with("--")) {
+            plain.push_back(words[i]);
+        } else if (i + 1 == words.size() || !ReadOption(words[i], words[i + 1], arguments)) {
             return false;
         } else {
-            plain.push_back(words[i]);
+            ++i;
         }
     }
     if (plain.size() != 2 || !ReadNumber(plain[0], arguments.options.objects) || arguments.options.objects < 0)
         return false;
-    arguments.drawing = plain[1];
+    arguments.idex = plain[1];
     return true;
 }
 
@@ -68,12 +79,13 @@ bool WriteTable(const Arguments& arguments) {
     return WriteFile(arguments.table, [&](std::FILE* file) { std::fwrite(table.data(), 1, table.size(), file); });
 }
 
-bool WriteDrawing(const Arguments& arguments) {
+using WriteForm = korvande::bench::DrawingCounts (*)(const GeneratorOptions&, std::FILE*);
+
+bool WriteDrawing(const GeneratorOptions& options, const std::string& name, WriteForm form) {
+    if (name.empty()) return true;
     korvande::bench::DrawingCounts counts;
-    if (!WriteFile(arguments.drawing,
-                   [&](std::FILE* file) { counts = korvande::bench::WriteIdexDrawing(arguments.options, file); }))
-        return false;
-    std::printf("%s: %lld points, %lld line strings, %lld edges, %lld texts\n", arguments.drawing.c_str(),
+    if (!WriteFile(name, [&](std::FILE* file) { counts = form(options, file); })) return false;
+    std::printf("%s: %lld points, %lld line strings, %lld edges, %lld texts\n", name.c_str(),
                 static_cast<long long>(counts.points), static_cast<long long>(counts.lineStrings),
                 static_cast<long long>(counts.edges), static_cast<long long>(counts.texts));
     return true;
@@ -89,7 +101,10 @@ int main(int argc, char** argv) {
             return 2;
         }
         if (!arguments.table.empty() && !WriteTable(arguments)) return 3;
-        return WriteDrawing(arguments) ? 0 : 3;
+        const bool written = WriteDrawing(arguments.options, arguments.idex, korvande::bench::WriteIdexDrawing) &&
+                             WriteDrawing(arguments.options, arguments.nen, korvande::bench::WriteNenDrawing) &&
+                             WriteDrawing(arguments.options, arguments.suf, korvande::bench::WriteSufDrawing);
+        return written ? 0 : 3;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "korvande-generate: %s\n", error.what());
         return 2;
