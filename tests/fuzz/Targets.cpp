@@ -1,0 +1,14 @@
+#include "tests/fuzz/Targets.h"
+
+namespace korvande::fuzz {
+
+const std::vector<Target>& Targets() {
+    static const std::vector<Target> targets = {{"idex", TryIdex},
+                                                {"exchange", TryExchange},
+                                                {"run", TryRun},
+                                                {"table", TryControlTable},
+                                                {"command", TryCommandLine}};
+    return targets;
+}
+
+}  // namespace korvande::fuzz

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// What a fuzzer, or a plain test over the inputs it kept, does with bytes that nobody wrote on purpose. Every target
+// begins with the program as it starts, so the same bytes always do the same.
+namespace korvande::fuzz {
+
+// Something that must hold for every input did not.
+class Finding : public std::logic_error {
+    using std::logic_error::logic_error;
+};
+
+inline void Require(bool holds, const std::string& what) {
+    if (!holds) throw Finding(what);
+}
+
+// In these three the input's first byte chooses options and the rest is a file.
+void TryIdex(std::string_view input);      // an IDEX file is read
+void TryExchange(std::string_view input);  // a NEN1878 or SUF2 file is read
+void TryRun(std::string_view input);  // a control table up to its "[End]", then a drawing, in one of the four modes
+
+void TryControlTable(std::string_view input);  // a control table is loaded and saved
+void TryCommandLine(std::string_view input);   // arguments, separated by line feeds, in UTF-8
+
+struct Target {
+    std::string_view name;
+    void (*attempt)(std::string_view input);
+};
+const std::vector<Target>& Targets();
+
+}  // namespace korvande::fuzz
