@@ -1,0 +1,205 @@
+#include <chrono>
+
+#include "idex/modImportIDEX.h"
+#include "tests/run/FileRun.h"
+
+// Files whose contents mean harm: texts that look like the structure of the format they go to, and numbers beyond all
+// bounds.
+namespace korvande::testing {
+
+namespace {
+
+std::string Idex(const std::string& database) {
+    return "HEADER\r\nEND HEADER\r\nLAYERS (LayerNo,Name)\r\n0,\"NAAM\";\r\nEND LAYERS\r\nDATABASE\r\n" + database +
+           "END DATABASE\r\n";
+}
+
+std::string Record(std::string typeAndPayload, const char* endCode) {
+    typeAndPayload.resize(62, ' ');
+    return typeAndPayload + endCode + "\r\n";
+}
+
+const std::string header = Record("010NEN1878    V202405202405", "01") +
+                           "020102150201         0         0         1         0         101\r\n";
+
+class HostileInput : public FileRunTest {
+ protected:
+    void TakeTable(const std::string& points = "") {
+        LoadProjectFile(folder.Write("t.nst", "[Points]\r\nUnknown = ?, Q20, PUNT, ONBEKEND, 0, 0, 0\r\n" + points +
+                                                  "[Texts]\r\nUnknown = ?, Z19, ONBEKEND, 0, 0, 0\r\n"
+                                                  "NAAM = Z04, NAAM, 0, 0, 0\r\n[End]\r\n"));
+        frmKORVANDE().chkExportUnknowns = frmKORVANDE().chkImportUnknowns = true;
+    }
+
+    // The texts of the drawing at the other end of a translation there and back, in UTF-8 and without blanks around.
+    std::vector<std::string> TextsAfter(int there, int back, const std::string& drawing) {
+        Translate(there, folder.Write("heen", drawing), folder / "onderweg");
+        EXPECT_FALSE(TheRun().outcome.Failed());
+        EXPECT_EQ(LogFile().ErrorCount(), 0) << LogText();
+        Translate(back, folder / "onderweg", folder / "terug");
+        EXPECT_FALSE(TheRun().outcome.Failed());
+        EXPECT_EQ(LogFile().ErrorCount(), 0) << LogText();
+        const Drawing& read = TheDrawing();
+        std::vector<std::string> texts;
+        for (int i = 1; i <= read.Texts.UpperBound(); ++i) texts.push_back(ToUtf8(read.Texts[i].Text.Trimmed()));
+        return texts;
+    }
+
+    // What becomes of a number that stands as a coordinate in a drawing: its value as read, and the error, if any.
+    std::pair<double, std::string> AsCoordinate(const std::string& number) {
+        frmKORVANDE().chkExportUnknowns = true;
+        Translate(idexToNen,
+                  folder.Write("a.idx", Idex("POINTS (PointNo,East,North,Code)\r\n1," + number + ",2,\"MV\";\r\n" +
+                                             "END POINTS\r\n")),
+                  folder / "uit");
+        const std::string log = LogText();
+        const std::size_t error = log.find("FOUT:  ");
+        const std::size_t end = log.find('\n', error);
+        const bool isRead = TheDrawing().Points.UpperBound() == 1;
+        return {isRead ? TheDrawing().Points[1].East : 0,
+                error == std::string::npos ? "" : log.substr(error + 7, end - error - 7)};
+    }
+};
+
+using Texts = std::vector<std::string>;
+
+TEST_F(HostileInput, TextsThatLookLikeRecordsStayTextsInExchangeFiles) {
+    TakeTable();
+    const Texts texts = {
+        "99", "03MQ22      G0101", "06A20TABC 05F111      X  1000000Y", "00", "01", "1,2,3", "\x1B[2J", "'s-Gravenhage",
+        "T"};
+    std::string boxes;
+    std::string items;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const std::string number = std::to_string(i + 1);
+        boxes += number + ",1,1,0,0;\r\n";
+        items += number + ",1,\"" + texts[i] + "\";\r\n";
+    }
+    const std::string drawing = Idex(
+        "POINTS (PointNo,East,North,Code)\r\n1,1,2,\"MV\";\r\nEND POINTS\r\nTEXT\r\n"
+        "BOX_ON_POINT (TextBoxNo,AnchorPointNo,AnchorPosition,LayerNo,HzDirection)\r\n" +
+        boxes + "END\r\nITEMS (TextBoxNo,LineNo,TextItem)\r\n" + items + "END\r\nEND TEXT\r\n");
+    EXPECT_EQ(TextsAfter(idexToNen, nenToIdex, drawing), texts);
+    EXPECT_EQ(TextsAfter(idexToSuf, sufToIdex, drawing), texts);
+}
+
+TEST_F(HostileInput, TextsThatLookLikeRowsStayTextsInIdex) {
+    TakeTable();
+    // As they stand in records, and as IDEX can hold them.
+    const std::vector<std::pair<std::string, std::string>> texts = {{"END ITEMS", "END ITEMS"},
+                                                                    {"END DATABASE", "END DATABASE"},
+                                                                    {"\";", "',"},
+                                                                    {"a\",1,1,\"b", "a',1,1,'b"},
+                                                                    {"1;2;3", "1,2,3"},
+                                                                    {"\\\"", "\\'"},
+                                                                    {"POINTS (PointNo)", "POINTS (PointNo)"},
+                                                                    {"EXTRAINFO", "EXTRAINFO"}};
+    std::string groups;
+    Texts expected;
+    for (const auto& [asRecord, asIdex] : texts) {
+        groups += Record("03MZ04", "00") + Record("05F111      X     1000Y     2000X     2000Y     2000KZ04", "00") +
+                  Record("06A" + std::to_string(10 + asRecord.size()) + "T" + asRecord, "01");
+        expected.push_back(asIdex);
+    }
+    Translate(nenToIdex, folder.Write("heen", header + groups), folder / "terug");
+    EXPECT_EQ(LogFile().ErrorCount(), 0) << LogText();
+    TheRun().IdexFileName = folder / "terug";
+    ReadIdexFile();
+    Texts actual;
+    for (int i = 1; i <= TheDrawing().Texts.UpperBound(); ++i) {
+        actual.push_back(ToUtf8(TheDrawing().Texts[i].Text.Trimmed()));
+    }
+    EXPECT_EQ(actual, expected);
+}
+
+TEST_F(HostileInput, NamesAndCodesThatLookLikeRowsStayNamesAndCodesInIdex) {
+    TakeTable("\";\",X = Q22, PUNT, X; END, 0, 0, 0\r\n");
+    const std::string point =
+        Record("03MQ22      G0101", "00") + Record("04I1        N\",1;\";ENDX     1000Y     2000", "01");
+    Translate(nenToIdex, folder.Write("heen", header + point + point), folder / "terug");
+    TheRun().IdexFileName = folder / "terug";
+    ReadIdexFile();
+    const auto& points = TheDrawing().Points;
+    ASSERT_EQ(points.UpperBound(), 2);
+    EXPECT_EQ(ToUtf8(points[1].PointID.Trimmed()), "',1,',END");
+    EXPECT_EQ(ToUtf8(points[1].Code.Trimmed()), "',',X");
+    EXPECT_EQ(points[2].East, 1);
+}
+
+TEST_F(HostileInput, WhatIsNoNumberCountsAsNought) {
+    for (const char* const word :
+         {"NaN", "INF", "-INF", "nan(1)", "0x10", "--1", "1E", "E5", "\x1B[1m5", "-0", "+-0"}) {
+        const auto [value, error] = AsCoordinate(word);
+        EXPECT_EQ(error, "") << word;
+        EXPECT_EQ(value, std::string(word) == "1E" ? 1 : 0) << word;
+        EXPECT_TRUE(FileBytes(folder / "uit").find("X-") == std::string::npos) << word;
+    }
+}
+
+TEST_F(HostileInput, ANumberTooLargeForItsColumnsKeepsItsLastDigits) {
+    EXPECT_EQ(AsCoordinate("99999999999999999999"), std::pair(1e20, std::string()));
+    EXPECT_TRUE(FileBytes(folder / "uit").find("X000000000Y     2000") != std::string::npos);
+    EXPECT_EQ(AsCoordinate("-99999999999999999999").second, "");
+    EXPECT_EQ(AsCoordinate("1E300").second, "");
+}
+
+TEST_F(HostileInput, ANumberBeyondAllBoundsIsAnOverflow) {
+    EXPECT_EQ(AsCoordinate("1E309").second, "Overloop (regel 8)");
+    EXPECT_EQ(AsCoordinate("1D400").second, "Overloop (regel 8)");
+    EXPECT_EQ(AsCoordinate(std::string(400, '9')).second, "Overloop (regel 8)");
+    // As many metres can be read, but not as many millimetres written.
+    EXPECT_EQ(AsCoordinate("1E308").second, "Overloop");
+    EXPECT_TRUE(TheRun().outcome.outputFailed);
+}
+
+TEST_F(HostileInput, ANumberThatFillsItsFieldIsReadFromARecord) {
+    for (const auto& [field, value] :
+         {std::pair("    1E308", 1e305), std::pair("99999999 ", 99999.999), std::pair("      NaN", 0.0),
+          std::pair("     -INF", 0.0), std::pair("       -0", 0.0), std::pair("-99999999", -99999.999)}) {
+        const std::string point =
+            Record("03MQ22      G0101", "00") + Record("04I1        X" + std::string(field) + "Y     2000", "01");
+        Translate(nenToIdex, folder.Write("heen", header + point), folder / "terug");
+        ASSERT_EQ(TheDrawing().Points.UpperBound(), 1) << field;
+        EXPECT_LE(std::abs(TheDrawing().Points[1].East - value), 1e-9 * std::abs(TheDrawing().Points[1].East)) << field;
+        TheRun().IdexFileName = folder / "terug";
+        ReadIdexFile();
+        EXPECT_EQ(TheDrawing().Points.UpperBound(), 1) << field;
+    }
+}
+
+TEST_F(HostileInput, HeadersThatPromiseTooMuchTakeNoMemory) {
+    for (const char* const table : {"LINES (LineNo)\r\n1000000001;\r\n", "LINES (LineNo)\r\n99999999999999999999;\r\n",
+                                    "TEXT\r\nBOX_ON_POINT (TextBoxNo,AnchorPointNo,LayerNo)\r\n1000000001,1,0;\r\n"}) {
+        Translate(idexToNen, folder.Write("a.idx", Idex(table)), folder / "uit");
+        EXPECT_EQ(LogFile().ErrorCount(), 1) << table;
+        EXPECT_EQ(TheDrawing().Lines.UpperBound(), 0) << table;
+        EXPECT_EQ(TheDrawing().Texts.UpperBound(), 0) << table;
+    }
+    Translate(idexToNen,
+              folder.Write("a.idx", "HEADER\r\nEND HEADER\r\nLAYERS (LayerNo,Name)\r\n1000000001,\"A\";\r\n"),
+              folder / "uit");
+    EXPECT_TRUE(LogText().find("FOUT:  Index buiten bereik (regel 4)") != std::string::npos);
+    EXPECT_LE(TheDrawing().LayerNames.size(), 1U);
+}
+
+TEST_F(HostileInput, AMillionColumnsAreReadOver) {
+    std::string columns;
+    std::string values;
+    for (int i = 0; i < 1'000'000; ++i) {
+        columns += "Kolom,";
+        values += "1,";
+    }
+    const auto begin = std::chrono::steady_clock::now();
+    Translate(idexToNen,
+              folder.Write("a.idx", Idex("POINTS (" + columns + "PointNo,East,Code)\r\n" + values + "7,5,\"MV\";\r\n" +
+                                         "END POINTS\r\n")),
+              folder / "uit");
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
+    ASSERT_EQ(TheDrawing().Points.UpperBound(), 1);
+    EXPECT_EQ(TheDrawing().Points[1].PointNo, 7);
+    EXPECT_EQ(TheDrawing().Points[1].East, 5);
+}
+
+}  // namespace
+
+}  // namespace korvande::testing
