@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -15,6 +16,14 @@ namespace {
 constexpr int significantDigits = 15;
 constexpr std::array<double, 16> powersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+constexpr std::array<std::uint64_t, 20> wholePowersOfTen = [] {
+    // The first one stands for 0, which has a digit too.
+    std::array<std::uint64_t, 20> powers{0};
+    std::uint64_t power = 1;
+    for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = power *= 10;
+    return powers;
+}();
 
 // "00" to "99": two digits at a time take half the divisions.
 constexpr std::array<char, 200> digitPairs = [] {
@@ -114,6 +123,18 @@ bool ScaledDecimal(double value, int decimals, std::int64_t& scaled) {
     for (const char digit : rounded.digits) whole = whole * 10 + (digit - '0');
     scaled = rounded.negative ? -whole : whole;
     return true;
+}
+
+std::size_t DigitCount(std::uint64_t number) noexcept {
+    // 1233/4096 is the logarithm of 2: the digits by the bits, or one less.
+    const auto digits = static_cast<std::size_t>(std::bit_width(number | 1)) * 1233 >> 12;
+    return digits + (number >= wholePowersOfTen[digits] ? 1 : 0);
+}
+
+std::size_t DecimalLength(std::int64_t scaled, int decimals) noexcept {
+    const auto behind = static_cast<std::size_t>(decimals);
+    const auto size = static_cast<std::uint64_t>(scaled < 0 ? -scaled : scaled);
+    return (scaled < 0 ? 1 : 0) + std::max(DigitCount(size), behind + 1) + 1;
 }
 
 char* WriteDigitsBackwards(char* end, std::uint64_t number) noexcept {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -20,6 +21,12 @@ void AppendDecimal(std::string& text, double value, int integerDigits, int decim
 // point; any other character, before or behind the digits, stands for itself. A minus sign goes directly before the
 // first digit.
 std::string FormatPicture(double value, std::string_view picture);
+
+// How many digits a whole number has, 0 one.
+std::size_t DigitCount(std::uint64_t number) noexcept;
+
+// How many characters WriteDecimalBackwards writes.
+std::size_t DecimalLength(std::int64_t scaled, int decimals) noexcept;
 
 // The decimal digits of a whole number written backwards from `end`; returns the first digit's place.
 char* WriteDigitsBackwards(char* end, std::uint64_t number) noexcept;

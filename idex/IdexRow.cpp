@@ -1,10 +1,10 @@
 #include "idex/IdexRow.h"
 
-#include <algorithm>
 #include <array>
 #include <cstring>
 
 #include "core/Picture.h"
+#include "core/modKORVANDE.h"
 #include "core/modStrings.h"
 
 namespace korvande {
@@ -36,19 +36,13 @@ bool IsNeverFilled(View value) noexcept {
 
 }  // namespace
 
-IdexRow& IdexRow::Put(std::string_view bytes) noexcept {
-    std::memcpy(at, bytes.data(), bytes.size());
-    at += bytes.size();
-    return *this;
-}
-
 IdexRow& IdexRow::PutWhole(std::int32_t number) noexcept {
-    std::array<char, 16> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled from its end
-    char* const end = buffer.data() + buffer.size();
     const std::int64_t value = number;
-    char* digits = WriteDigitsBackwards(end, static_cast<std::uint64_t>(value < 0 ? -value : value));
-    if (value < 0) *--digits = '-';
-    return Put({digits, static_cast<std::size_t>(end - digits)});
+    const auto size = static_cast<std::uint64_t>(value < 0 ? -value : value);
+    if (value < 0) *at++ = '-';
+    at += DigitCount(size);
+    WriteDigitsBackwards(at, size);
+    return *this;
 }
 
 IdexRow& IdexRow::PutPrinted(std::int32_t number) noexcept {
@@ -57,22 +51,29 @@ IdexRow& IdexRow::PutPrinted(std::int32_t number) noexcept {
 }
 
 IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
-    std::array<char, 32> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled from its end
-    std::string general;
-    std::string_view number;
     std::int64_t scaled = 0;
     if (ScaledDecimal(value, decimals, scaled)) {
-        char* const end = buffer.data() + buffer.size();
-        const char* const digits = WriteDecimalBackwards(end, scaled, decimals);
-        number = {digits, static_cast<std::size_t>(end - digits)};
-    } else {
-        AppendDecimal(general, value, 1, decimals);
-        number = general;
+        char* const end = at + DecimalLength(scaled, decimals);
+        WriteDecimalBackwards(end, scaled, decimals);
+        // More blanks than are needed, and a number that is too long, are written over by what comes behind.
+        std::memset(end, ' ', widest);
+        at += width;
+        return *this;
     }
-    number = number.substr(0, width);
-    std::fill_n(at, width, ' ');
-    std::copy(number.begin(), number.end(), at);
-    at += width;
+    std::string number;
+    AppendDecimal(number, value, 1, decimals);
+    number.resize(width, ' ');
+    return Put(number);
+}
+
+IdexRow& IdexRow::PutPointID(std::int32_t pointIndex) noexcept {
+    char* const begins = at;
+    at = QuotedPointID(pointIndex, at);
+    for (char* byte = begins + 1; byte < at - 1; ++byte) *byte = InsideQuotes(*byte);
+    if (IsNeverFilled(std::string_view(begins + 1, 1))) {
+        at = begins + 1;
+        *at++ = '"';
+    }
     return *this;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "core/LineWriter.h"
@@ -16,13 +17,17 @@ class IdexRow {
     explicit IdexRow(LineWriter& lineWriter, std::size_t more = 0)
         : output(lineWriter), begin(output.Reserve(longestFixed + more)), at(begin) {}
 
-    IdexRow& Put(std::string_view bytes) noexcept;
+    IdexRow& Put(std::string_view bytes) noexcept {
+        std::memcpy(at, bytes.data(), bytes.size());
+        at += bytes.size();
+        return *this;
+    }
 
     // A whole number: in digits, or as a print statement writes it (a blank or "-" before, a blank behind).
     IdexRow& PutWhole(std::int32_t number) noexcept;
     IdexRow& PutPrinted(std::int32_t number) noexcept;
 
-    // A number with a point and this many decimals, padded on the right to a width, and cut to it.
+    // A number with a point and this many decimals, padded on the right to a width (up to 16), and cut to it.
     IdexRow& PutDecimal(double value, int decimals, std::size_t width);
 
     // Sixteen bits as two groups of digits.
@@ -36,10 +41,14 @@ class IdexRow {
     IdexRow& PutQuoted(TextView value) noexcept;
     IdexRow& PutQuoted(std::string_view value) noexcept;
 
+    // A point's name between double quotes, which QuotedPointID trims, with the same inside them.
+    IdexRow& PutPointID(std::int32_t pointIndex) noexcept;
+
     void End() noexcept;
 
  private:
     static constexpr std::size_t longestFixed = 512;
+    static constexpr std::size_t widest = 16;
 
     LineWriter& output;
     char* begin;

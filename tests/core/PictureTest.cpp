@@ -275,7 +275,20 @@ TEST(Picture, AScaledNumberIsWrittenBackwardsWithItsPoint) {
         char* const end = buffer.data() + buffer.size();
         char* const begin = WriteDecimalBackwards(end, each.scaled, each.decimals);
         EXPECT_EQ(std::string(begin, end), each.text);
+        EXPECT_EQ(DecimalLength(each.scaled, each.decimals), std::string_view(each.text).size());
     }
+}
+
+TEST(Picture, EveryPowerOfTenHasADigitMoreThanTheNumberBelow) {
+    EXPECT_EQ(DigitCount(0), 1U);
+    std::uint64_t power = 1;
+    for (std::size_t digits = 1; digits <= 19; ++digits, power *= 10) {
+        EXPECT_EQ(DigitCount(power), digits);
+        if (digits > 1) {
+            EXPECT_EQ(DigitCount(power - 1), digits - 1);
+        }
+    }
+    EXPECT_EQ(DigitCount(std::numeric_limits<std::uint64_t>::max()), 20U);
 }
 
 TEST(Picture, DigitsAreWrittenBackwards) {

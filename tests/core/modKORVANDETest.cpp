@@ -1,6 +1,7 @@
 #include "core/modKORVANDE.h"
 
 #include <gtest/gtest.h>
+#include <array>
 
 #include "tests/core/Allocations.h"
 
@@ -148,19 +149,24 @@ TEST_F(DrawingTest, CountingACodeThatIsThereTakesNoHeap) {
     EXPECT_EQ(drawing.UnknownCodes.Entries()[0].Count, 2);
 }
 
+std::string Quoted(std::int32_t pointIndex) {
+    std::array<char, 11> bytes{};
+    return {bytes.data(), QuotedPointID(pointIndex, bytes.data())};
+}
+
 TEST_F(DrawingTest, APointsNameIsTrimmedInPlaceAndQuoted) {
     drawing.Points.Append().PointID = u"  12a";
-    EXPECT_EQ(QuotedPointID(1).View(), "\"12a\"");
+    EXPECT_EQ(Quoted(1), "\"12a\"");
     EXPECT_EQ(drawing.Points[1].PointID.View(), TextView(u"12a      "));
     drawing.Points.Append().PointID = u"";
-    EXPECT_EQ(QuotedPointID(2).View(), "\"\"");
+    EXPECT_EQ(Quoted(2), "\"\"");
     drawing.Points.Append().PointID = u"€é";
-    EXPECT_EQ(QuotedPointID(3).View(), "\"\x80\xE9\"");
+    EXPECT_EQ(Quoted(3), "\"\x80\xE9\"");
 }
 
 TEST_F(DrawingTest, APointsNameOfFullLengthIsQuotedWhole) {
     drawing.Points.Append().PointID = u"123456789";
-    EXPECT_EQ(QuotedPointID(1).View(), "\"123456789\"");
+    EXPECT_EQ(Quoted(1), "\"123456789\"");
 }
 
 }  // namespace
