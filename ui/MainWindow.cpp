@@ -13,6 +13,7 @@
 #include "app/Projects.h"
 #include "app/TabPlacement.h"
 #include "run/RunTranslation.h"
+#include "ui/BehindDialog.h"
 #include "ui/Controls.h"
 #include "ui/FileDialogs.h"
 #include "ui/Icons.h"
@@ -226,6 +227,11 @@ void MainWindow::OnTimer(wxTimerEvent& /*event*/) {
 
 void MainWindow::OnClose(wxCloseEvent& event) {
     if (isClosing) return;
+    if (IsBehindDialog(*this)) {
+        // From another program, for a person cannot. Whoever shows the dialog goes on in this window after it.
+        if (event.CanVeto()) event.Veto();
+        return;
+    }
     if (QueryClose()) {
         Unload();
     } else {

@@ -1,0 +1,8 @@
+#include "ui/BehindDialog.h"
+
+namespace korvande {
+
+// The toolkit itself keeps close requests back meanwhile.
+bool IsBehindDialog(const wxWindow& /*window*/) { return false; }
+
+}  // namespace korvande
