@@ -218,11 +218,43 @@ bool Fill(HWND window, const std::wstring& label, const std::wstring& text) {
     return false;
 }
 
+// Marks or clears an option or a check box. A click gets lost when the focus moves at that moment, so it is looked
+// after.
+bool ClickOption(HWND control, bool isOption) {
+    constexpr int tries = 3;
+    constexpr unsigned long seconds = 2;
+    const LRESULT before = Ask(control, BM_GETCHECK);
+    if (isOption && before == BST_CHECKED) return true;
+    for (int i = 0; i < tries; ++i) {
+        ::PostMessageW(control, BM_CLICK, 0, 0);
+        if (WaitUntil(seconds, [=] { return Ask(control, BM_GETCHECK) != before; })) return true;
+    }
+    return false;
+}
+
+// What the button itself tells its window when it is pressed. Posted: a button that opens a box would otherwise keep
+// this program waiting.
+bool PressButton(HWND control) {
+    const auto id = static_cast<WORD>(::GetDlgCtrlID(control));
+    return ::PostMessageW(::GetParent(control), WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
+                          reinterpret_cast<LPARAM>(control)) != 0;
+}
+
 bool Press(HWND window, const std::wstring& caption) {
     for (HWND const control : ControlsOfClass(window, L"Button")) {
         if (WithoutShortcut(TextOf(control)) != caption || ::IsWindowEnabled(control) == 0) continue;
-        // Posted: a button that opens a box would otherwise keep this program waiting.
-        return ::PostMessageW(control, BM_CLICK, 0, 0) != 0;
+        switch (::GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) {
+            case BS_GROUPBOX:
+                continue;
+            case BS_RADIOBUTTON:
+            case BS_AUTORADIOBUTTON:
+                return ClickOption(control, true);
+            case BS_CHECKBOX:
+            case BS_AUTOCHECKBOX:
+                return ClickOption(control, false);
+            default:
+                return PressButton(control);
+        }
     }
     return false;
 }
