@@ -21,7 +21,7 @@ constexpr std::array<std::uint64_t, 20> wholePowersOfTen = [] {
     // The first one stands for 0, which has a digit too.
     std::array<std::uint64_t, 20> powers{0};
     std::uint64_t power = 1;
-    for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = power *= 10;
+    for (std::size_t i = 1; i != powers.size(); ++i) powers[i] = power *= 10;
     return powers;
 }();
 

@@ -16,7 +16,7 @@ constexpr char InsideQuotes(char byte) noexcept { return byte == '"' ? '\'' : by
 // The bytes of the characters below 80 hex inside quotes.
 constexpr std::array<char, 0x80> quotedBytes = [] {
     std::array<char, 0x80> bytes{};
-    for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = InsideQuotes(static_cast<char>(i));
+    for (std::size_t i = 0; i != bytes.size(); ++i) bytes[i] = InsideQuotes(static_cast<char>(i));
     return bytes;
 }();
 

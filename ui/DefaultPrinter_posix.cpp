@@ -1,6 +1,8 @@
 #include <wx/log.h>
 #include <wx/utils.h>
 
+#include <algorithm>
+
 #include "ui/DefaultPrinter.h"
 
 namespace korvande {
@@ -16,10 +18,7 @@ bool HasDefaultPrinter() {
     wxArrayString output;
     wxArrayString errors;
     if (wxExecute("lpstat -d", output, errors, wxEXEC_SYNC | wxEXEC_NODISABLE, &environment) != 0) return false;
-    for (const wxString& line : output) {
-        if (line.Contains(answer)) return true;
-    }
-    return false;
+    return std::any_of(output.begin(), output.end(), [](const wxString& line) { return line.Contains(answer); });
 }
 
 }  // namespace korvande
