@@ -301,19 +301,6 @@ TEST_F(StartUpTest, RetryMakesTheEmptyProjectWhenTheFolderIsBack) {
     EXPECT_EQ(ProjectNames(), "Leeg Project.nst");
 }
 
-TEST_F(StartUpTest, AProjectFolderThatMayNotBeWrittenIsTold) {
-    InstallLiscad();
-    {
-        const ReadOnlyFolder readOnly(projects);
-        EXPECT_EQ(Start(), AfterStartUp::OpenWindow);
-    }
-    ASSERT_EQ(screen.messages.size(), 1U);
-    EXPECT_EQ(screen.messages[0],
-              "Kon bestand: '" + projects + "\\Leeg Project.nst' niet opslaan;\nFoutcode: 70\nToegang geweigerd");
-    EXPECT_EQ(ProjectNames(), "");
-    EXPECT_EQ(CurrentProject(), u"");
-}
-
 }  // namespace
 
 }  // namespace korvande::testing

@@ -10,21 +10,6 @@ namespace {
 
 class WindowsOutputFiles : public OutputFiles {};
 
-// A drive letter for a folder, as long as this object lives.
-class Drive {
- public:
-    Drive(wchar_t letter, const std::string& folder) : name({letter, L':'}), target(ToWide(FromUtf8(folder))) {
-        EXPECT_NE(::DefineDosDeviceW(0, name.c_str(), target.c_str()), 0);
-    }
-    Drive(const Drive&) = delete;
-    Drive& operator=(const Drive&) = delete;
-    ~Drive() { ::DefineDosDeviceW(DDD_REMOVE_DEFINITION, name.c_str(), nullptr); }
-
- private:
-    std::wstring name;
-    std::wstring target;
-};
-
 TEST_F(WindowsOutputFiles, AWriteProtectedOutputIsNotReplaced) {
     const std::wstring output = ToWide(folder.Write("uit.sfn", "bewaren"));
     ASSERT_NE(::SetFileAttributesW(output.c_str(), FILE_ATTRIBUTE_READONLY), 0);
@@ -52,7 +37,7 @@ TEST_F(WindowsOutputFiles, TheDiagnosticFilesGoToTheirDriveWhenItIsThere) {
     fs::create_directory(Path("d"));
     ASSERT_EQ(Translate("idex-nen1878", {"a.idx", "uit.sfn"}).status, 0);
     {
-        const Drive drive(L'D', folder.Path() + "\\d");
+        const DriveFolder drive('D', folder.Path() + "/d");
         ASSERT_EQ(Translate("idex-nen1878", {"a.idx", "uit.sfn"}).status, 0);
     }
     EXPECT_TRUE(Bytes("d/DEBUG_LINES.TXT").starts_with("Code,Descr,Flags 1,Flags 2\r\nMUUR   ,"));

@@ -22,14 +22,14 @@ class RunTranslationTest : public RunTest {
 };
 
 TEST_F(RunTranslationTest, AnEmptyOutputNameIsTheInputsLessThreeCharactersAndSfn) {
-    const EnvironmentValue drive("KORVANDE_DRIVE_C", folder.Path());
+    const DriveFolder drive('K', folder.Path());
     std::filesystem::create_directory(folder.Path() + "/DATA");
     folder.Write("DATA/KAART.IDX", Drawing());
-    Choose(0, u"C:\\DATA\\KAART.IDX", u"  ");
+    Choose(0, u"K:\\DATA\\KAART.IDX", u"  ");
     RunTranslation();
-    EXPECT_EQ(ToUtf8(TheRun().SufNenFileName), "C:\\DATA\\KAART.SFN");
-    EXPECT_EQ(ToUtf8(TheRun().LogFileName), "C:\\DATA\\KAART.LOG");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtFileSUFNEN), "C:\\DATA\\KAART.SFN");
+    EXPECT_EQ(ToUtf8(TheRun().SufNenFileName), "K:\\DATA\\KAART.SFN");
+    EXPECT_EQ(ToUtf8(TheRun().LogFileName), "K:\\DATA\\KAART.LOG");
+    EXPECT_EQ(ToUtf8(frmKORVANDE().txtFileSUFNEN), "K:\\DATA\\KAART.SFN");
     EXPECT_TRUE(FileIsThere(folder / "DATA/KAART.SFN"));
     EXPECT_TRUE(FileIsThere(folder / "DATA/KAART.LOG"));
 }

@@ -1,0 +1,20 @@
+#include <gtest/gtest.h>
+
+#include "tests/project/ProjectState.h"
+#include "tests/support/ProgramState.h"
+
+namespace korvande::testing {
+
+namespace {
+
+class PosixControlTables : public ProgramTest {};
+
+TEST_F(PosixControlTables, AFileThatOpensButCannotBeReadIsReported) {
+    EXPECT_FALSE(LoadProjectFile(u"/proc/self/mem"));
+    EXPECT_EQ(screen.messages, std::vector<std::string>{"Kon bestand: '/proc/self/mem' niet openen;\nFoutcode: "
+                                                        "75\nFout bij toegang tot pad of bestand"});
+}
+
+}  // namespace
+
+}  // namespace korvande::testing
