@@ -3,7 +3,10 @@
 #include <wx/radiobut.h>
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
+#include <filesystem>
+#include <fstream>
 #include <set>
 
 #include "tests/gui/TranslationFixture.h"
@@ -154,6 +157,37 @@ TEST_F(TranslationTest, ASecondRunAfterAFailedOneSucceeds) {
     Click("cmdStart");
     EXPECT_EQ(dialogs.LastMessage(), "Verwerking gereed");
     EXPECT_TRUE(FileIsThere(folder / "straat.sfn"));
+}
+
+// Resident memory in bytes, and the number of open files, of this program.
+struct Resources {
+    std::int64_t memory = 0;
+    std::ptrdiff_t files = 0;
+};
+Resources UsedNow() {
+    std::int64_t whole = 0;
+    std::int64_t resident = 0;
+    std::ifstream("/proc/self/statm") >> whole >> resident;
+    const std::filesystem::directory_iterator files("/proc/self/fd");
+    return {resident * ::sysconf(_SC_PAGESIZE), std::distance(begin(files), end(files))};
+}
+
+TEST_F(TranslationTest, TenTranslationsInARowLeaveMemoryAndFilesWhereTheyWere) {
+    Open();
+    Type("txtFileIDEX", ToUtf8(LargeDrawing(20000)));
+    const auto translate = [this] {
+        dialogs.messages.clear();
+        Press("cmdStart");
+        ASSERT_EQ(dialogs.LastMessage(), "Verwerking gereed");
+    };
+    // The first ones fill the library's own caches.
+    for (int i = 0; i < 3; ++i) translate();
+    const Resources before = UsedNow();
+    for (int i = 0; i < 10; ++i) translate();
+    const Resources after = UsedNow();
+    EXPECT_EQ(after.files, before.files);
+    constexpr std::int64_t oneDrawing = 20000 * 232;
+    EXPECT_LT(after.memory - before.memory, oneDrawing);
 }
 
 TEST_F(TranslationTest, TheMarkOfAMissingInputDoesNotKeepTheWindowOpen) {
