@@ -5,8 +5,6 @@
 #include <map>
 
 #include "bench/generate.h"
-#include "core/Numbers.h"
-#include "core/Picture.h"
 #include "core/modKORVANDE.h"
 #include "idex/modExportIDEX.h"
 #include "idex/modImportIDEX.h"
@@ -134,23 +132,9 @@ void WholeRun(benchmark::State& state, ModeIndex mode) {
     CountObjects(state);
 }
 
-void LeadingNumbers(benchmark::State& state) {
-    for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(LeadingNumber("121006.5105"));
-}
-
-void ScaledDecimals(benchmark::State& state) {
-    std::int64_t scaled = 0;
-    for ([[maybe_unused]] auto _ : state) {
-        benchmark::DoNotOptimize(ScaledDecimal(121006.5105 * 1000, 0, scaled));
-        benchmark::DoNotOptimize(scaled);
-    }
-}
-
 constexpr std::int64_t small = 20'000;
 constexpr std::int64_t large = 200'000;
 
-BENCHMARK(LeadingNumbers);
-BENCHMARK(ScaledDecimals);
 BENCHMARK(ReadIdex)->Arg(small)->Arg(large)->Unit(benchmark::kMillisecond);
 BENCHMARK(WriteNen)->Arg(small)->Arg(large)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadNen)->Arg(small)->Arg(large)->Unit(benchmark::kMillisecond);

@@ -13,9 +13,8 @@ struct Share {
     std::uint32_t percent;
 };
 
-// Vertices of a line string, on average 4.4: most are walls, kerbs and fences of a few corners.
-constexpr std::array<Share, 9> vertexShares{
-    {{2, 31}, {3, 16}, {4, 17}, {5, 11}, {6, 7}, {7, 3}, {8, 7}, {10, 4}, {12, 4}}};
+// Vertices of a line string, on average 4: most are walls, kerbs and fences of a few corners.
+constexpr std::array<Share, 7> vertexShares{{{2, 40}, {3, 15}, {4, 15}, {5, 10}, {6, 5}, {8, 10}, {12, 5}}};
 
 constexpr std::array<std::string_view, 12> labels{"12",
                                                   "148A",
