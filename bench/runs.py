@@ -15,6 +15,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "release"
 FOLDER = ROOT / "build" / "bench"
+OUTPUTS = FOLDER / "out"
 CLI = BUILD / "cli" / "korvande-cli"
 FLOOR = BUILD / "bench" / "korvande-floor"
 GENERATE = BUILD / "bench" / "korvande-generate"
@@ -80,14 +81,14 @@ def environment():
 
 def translation(drawing, mode, table=None):
     """The console program's command, and what it must print."""
-    output = FOLDER / ("out." + mode.target)
+    output = OUTPUTS / ("out." + mode.target)
     command = [CLI, "vertaal", "--modus", mode.option, "--project", table or drawing.table, drawing.file(mode.source),
                output]
     return command, "%s: %s\n" % (output, drawing.expected(mode))
 
 
 def floor_translation(drawing, mode):
-    return [FLOOR, mode.floor, drawing.file(mode.source), FOLDER / ("floor." + mode.target)], ""
+    return [FLOOR, mode.floor, drawing.file(mode.source), OUTPUTS / ("floor." + mode.target)], ""
 
 
 @dataclass
@@ -96,9 +97,16 @@ class Times:
     wall: float
 
 
+def remove_outputs():
+    """A run that replaces a file may wait for the disk: file systems bring the old one to safety first."""
+    shutil.rmtree(OUTPUTS, ignore_errors=True)
+    OUTPUTS.mkdir(parents=True)
+
+
 def run(job, terminal=None):
     """Runs a command to its end, checks what it printed and tells what it took."""
     command, expected = job
+    remove_outputs()
     start = time.perf_counter()
     process = subprocess.Popen([str(word) for word in command], env=environment(), stdin=subprocess.DEVNULL,
                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL if terminal is None else terminal)
