@@ -36,6 +36,15 @@ bool BeginsWithDrive(std::string_view name) {
     return name.size() >= 2 && name[1] == ':' && ToCapital(name[0]) >= 'A' && ToCapital(name[0]) <= 'Z';
 }
 
+// Whether two names may be the same in capitals, told without making them: a capital has as many bytes as its letter,
+// and only bytes beyond ASCII need a closer look. A folder may hold very many names.
+bool MayBeAlike(std::string_view one, std::string_view other) noexcept {
+    return one.size() == other.size() && std::equal(one.begin(), one.end(), other.begin(), [](char a, char b) {
+               const bool isAscii = (static_cast<unsigned char>(a) | static_cast<unsigned char>(b)) < 0x80;
+               return !isAscii || ToCapital(a) == ToCapital(b);
+           });
+}
+
 // The entry of a folder whose name differs from the wanted one in case only: the first in order, so that the answer
 // does not depend on the file system. Empty when there is none.
 std::string FindWithoutCase(const std::string& folder, std::string_view wanted) {
@@ -45,7 +54,8 @@ std::string FindWithoutCase(const std::string& folder, std::string_view wanted) 
     const Text capitals = ToCapitals(FromUtf8(wanted));
     while (const dirent* const entry = ::readdir(entries.get())) {
         const std::string_view name(entry->d_name);
-        if (ToCapitals(FromUtf8(name)) == capitals && (found.empty() || name < found)) found = name;
+        if (MayBeAlike(name, wanted) && ToCapitals(FromUtf8(name)) == capitals && (found.empty() || name < found))
+            found = name;
     }
     return found;
 }
