@@ -34,14 +34,6 @@ class PagedArray {
         return (*this)[index];
     }
 
-    // Has the element brought near, if there is one, for use some elements later.
-    void Prefetch(Index index) const noexcept {
-        constexpr std::size_t cacheLine = 64;
-        if (index > upperBound) return;
-        const char* const begin = reinterpret_cast<const char*>(&(*this)[index]);
-        for (std::size_t at = 0; at < sizeof(Record); at += cacheLine) __builtin_prefetch(begin + at);
-    }
-
     // Adds an element behind the last one and returns it; its index is the new upper bound.
     Record& Append() {
         GrowTo(upperBound + 1);

@@ -57,9 +57,6 @@ void WriteHeader(LineWriter& output) {
     output.Put(definitions);
 }
 
-// So many records ahead memory is asked for: a drawing is larger than the caches.
-constexpr std::int32_t ahead = 8;
-
 void WritePoints(LineWriter& output) {
     constexpr std::size_t lengthWidth = 15;
     constexpr std::size_t directionWidth = 9;
@@ -69,7 +66,6 @@ void WritePoints(LineWriter& output) {
     output.PutLine("  POINTS (PointNo,PointID,East,North,Elevation,Code,Description,SymDir)");
     for (std::int32_t index = 1; index <= points.UpperBound(); ++index) {
         StepProgress(index);
-        points.Prefetch(index + ahead);
         const PointRec& point = points[index];
         IdexRow row(output);
         row.Put("    ").PutWhole(index).Put(",").PutPointID(index).Put(",");
@@ -101,8 +97,7 @@ void WriteLines(LineWriter& output) {
 
 void WriteEdges(LineWriter& output) {
     ShowStatus(u"Wegschrijven lijnsegmenten");
-    const Drawing& drawing = TheDrawing();
-    const auto& edges = drawing.Edges;
+    const auto& edges = TheDrawing().Edges;
     if (edges.UpperBound() == 0) return;
     BeginProgress(edges.UpperBound());
     output.PutLine({});
@@ -110,7 +105,6 @@ void WriteEdges(LineWriter& output) {
     for (std::int32_t index = 1; index <= edges.UpperBound(); ++index) {
         StepProgress(index);
         const EdgeRec& edge = edges[index];
-        if (index + ahead <= edges.UpperBound()) drawing.Points.Prefetch(edges[index + ahead].EndPt);
         IdexRow row(output);
         row.Put("      ").PutWhole(edge.LineNo).Put(",");
         row.PutWhole(edge.StartPt).Put(", ").PutPointID(edge.StartPt).Put(",");
