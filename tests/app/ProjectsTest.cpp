@@ -63,14 +63,6 @@ TEST_F(Projects, TheListHoldsTheControlTablesInOrderAndKeepsTheCurrentOneSelecte
     EXPECT_EQ(frmKORVANDE().File1.index, -1);
 }
 
-TEST_F(Projects, AProjectSpelledExactlyGoesBeforeOneThatDiffersInCase) {
-    WriteProject("a.nst");
-    WriteProject("A.NST");
-    RefreshProjects();
-    EXPECT_EQ(frmKORVANDE().File1.items[static_cast<std::size_t>(FindProject(u"a.nst"))], u"a.nst");
-    EXPECT_EQ(frmKORVANDE().File1.items[static_cast<std::size_t>(FindProject(u"A.NST"))], u"A.NST");
-}
-
 TEST_F(Projects, APickedProjectIsLoadedAndTheOneLeftIsSaved) {
     LoadThree();
     frmKORVANDE().txtCity = u"NIEUWSTAD";
@@ -253,17 +245,6 @@ TEST_F(Projects, ADuplicateWhoseNameDiffersOnlyInCaseIsRefusedWhereItIsTheSameFi
     EXPECT_EQ(Current(), "B.nst");
     EXPECT_EQ(ProjectBytes("B.nst"), before);
     EXPECT_EQ(ProjectNames(), "A.nst B.nst C.nst");
-}
-
-TEST_F(Projects, ADuplicateWhoseNameDiffersOnlyInCaseIsMadeWhereItIsAnotherFile) {
-    LoadThree();
-    WriteProject("B.NST", "ANDERE STAD");
-    typed = u"b";
-    CopyProject();
-    EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(Current(), "B.NST");
-    EXPECT_EQ(LoadedTown(), "STAD B");
-    EXPECT_EQ(ProjectBytes("B.NST"), WithCrLf("[NEN1878]\nTown = STAD B\n[End]\n"));
 }
 
 TEST_F(Projects, ADuplicateThatCannotBeMadeIsToldAndTheOldProjectStays) {

@@ -13,7 +13,10 @@ class OutputFiles : public CliTest {
  protected:
     OutputFiles() { folder.Write("a.idx", smallIdex); }
 
-    fs::path Path(const std::string& name) const { return fs::path(folder.Path()) / name; }
+    fs::path Path(const std::string& name) const {
+        const std::string path = folder.Path() + "/" + name;
+        return {std::u8string(path.begin(), path.end())};
+    }
 
     void ExpectSameFileRefused(const std::vector<std::string>& files, const std::string& which,
                                const std::string& name) {

@@ -33,17 +33,6 @@ TEST_F(WindowsOutputFiles, ADriveThatIsNotThereIsNotReady) {
     EXPECT_TRUE(Has(result.error, "Foutcode: 71")) << result.error;
 }
 
-TEST_F(WindowsOutputFiles, TheDiagnosticFilesGoToTheirDriveWhenItIsThere) {
-    fs::create_directory(Path("d"));
-    ASSERT_EQ(Translate("idex-nen1878", {"a.idx", "uit.sfn"}).status, 0);
-    {
-        const DriveFolder drive('D', folder.Path() + "/d");
-        ASSERT_EQ(Translate("idex-nen1878", {"a.idx", "uit.sfn"}).status, 0);
-    }
-    EXPECT_TRUE(Bytes("d/DEBUG_LINES.TXT").starts_with("Code,Descr,Flags 1,Flags 2\r\nMUUR   ,"));
-    EXPECT_EQ(Bytes("d/DEBUG_EDGES.TXT"), "Start Pt,End Pt,Line No,Line Type\r\n1,2,1,STRAIGHT    \r\n");
-}
-
 }  // namespace
 
 }  // namespace korvande::testing

@@ -20,7 +20,7 @@ TEST_F(SeveralInputs, AnOutputFolderTakesEachInputUnderItsNameWithItsOwnLogBook)
     folder.Write("zonder", smallIdex);
     fs::create_directory(Path("uit"));
     const ProgramResult result =
-        Translate("idex-nen1878", {"--uitvoermap", "uit", "a.idx", "b.met.punten.idx", "zonder"});
+        Translate("idex-nen1878", {"--uitvoermap", "uit/", "a.idx", "b.met.punten.idx", "zonder"});
     EXPECT_EQ(result.status, 0) << result.error;
     const std::string counts =
         ": 3 punten, 1 lijnstrings, 1 lijnsegmenten, 1 teksten, 5 onbekende objecten, 0 fouten\n";
@@ -36,7 +36,7 @@ TEST_F(SeveralInputs, TheExtensionIsThatOfTheTargetFormat) {
     folder.Write("s.sf2", smallSuf2);
     fs::create_directory(Path("uit"));
     EXPECT_EQ(Translate("idex-suf2", {"--uitvoermap", "uit/", "a.idx"}).status, 0);
-    EXPECT_EQ(Translate("nen1878-idex", {"--uitvoermap", "uit", "n.sfn"}).status, 0);
+    EXPECT_EQ(Translate("nen1878-idex", {"--uitvoermap", "uit/", "n.sfn"}).status, 0);
     EXPECT_EQ(Translate("suf2-idex", {"--uitvoermap", "./uit", "s.sf2"}).status, 0);
     for (const char* const name : {"uit/a.sf2", "uit/a.LOG", "uit/n.idx", "uit/n.LOG", "uit/s.idx", "uit/s.LOG"}) {
         EXPECT_TRUE(IsThere(name)) << name;
@@ -47,7 +47,7 @@ TEST_F(SeveralInputs, EveryInputStartsAfresh) {
     fs::create_directory(Path("uit"));
     fs::create_directory(Path("een"));
     folder.Write("b.idx", smallIdex);
-    ASSERT_EQ(Translate("idex-nen1878", {"--uitvoermap", "uit", "a.idx", "b.idx"}).status, 0);
+    ASSERT_EQ(Translate("idex-nen1878", {"--uitvoermap", "uit/", "a.idx", "b.idx"}).status, 0);
     ASSERT_EQ(Translate("idex-nen1878", {"--uitvoermap", "een", "b.idx"}).status, 0);
     EXPECT_EQ(Bytes("uit/b.sfn"), Bytes("een/b.sfn"));
     EXPECT_EQ(Bytes("uit/a.sfn"), Bytes("uit/b.sfn"));
@@ -58,7 +58,7 @@ TEST_F(SeveralInputs, AFailureAmongSeveralInputsKeepsNoneOfTheOthersBack) {
     folder.Write("c.idx", smallIdex);
     fs::create_directory(Path("uit"));
     const ProgramResult result =
-        Translate("idex-nen1878", {"--stil", "--uitvoermap", "uit", "b.idx", "nergens.idx", "a.idx", "c.idx"});
+        Translate("idex-nen1878", {"--stil", "--uitvoermap", "uit/", "b.idx", "nergens.idx", "a.idx", "c.idx"});
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(Has(result.error, "b.idx is niet vertaald: het is geen IDEX bestand. Zie het logboek: uit/b.LOG\n"));
     EXPECT_TRUE(Has(result.error, "nergens.idx is niet vertaald: het bestand kan niet worden gelezen."));
@@ -67,7 +67,7 @@ TEST_F(SeveralInputs, AFailureAmongSeveralInputsKeepsNoneOfTheOthersBack) {
     EXPECT_FALSE(IsThere("uit/b.sfn"));
     EXPECT_TRUE(Has(Log("uit/nergens.LOG"), "==>  Bestand: nergens.idx niet gevonden; verwerking afgebroken.\n"));
 
-    EXPECT_EQ(Translate("idex-nen1878", {"--uitvoermap", "uit", "b.idx"}).status, 3);
+    EXPECT_EQ(Translate("idex-nen1878", {"--uitvoermap", "uit/", "b.idx"}).status, 3);
 }
 
 TEST_F(SeveralInputs, InputsThatWouldGetTheSameOutputAreRefused) {
@@ -77,7 +77,7 @@ TEST_F(SeveralInputs, InputsThatWouldGetTheSameOutputAreRefused) {
     folder.Write("A.txt", smallIdex);
     const std::string message = "Meer dan een invoerbestand krijgt deze uitvoer:\nuit/";
     const auto arguments = [](const std::string& second) {
-        return std::vector<std::string>{"vertaal", "--modus", "idex-suf2", "--uitvoermap", "uit", "a.idx", second};
+        return std::vector<std::string>{"vertaal", "--modus", "idex-suf2", "--uitvoermap", "uit/", "a.idx", second};
     };
     ExpectRefused(arguments("map/a.IDX"), message + "a.sf2");
     ExpectRefused(arguments("A.txt"), message + "A.sf2");
@@ -87,29 +87,29 @@ TEST_F(SeveralInputs, InputsThatWouldGetTheSameOutputAreRefused) {
 
 TEST_F(SeveralInputs, AnInputThatAnotherInputWouldOverwriteIsRefused) {
     folder.Write("a.sfn", smallIdex);
-    ExpectRefused({"vertaal", "--modus", "idex-nen1878", "--uitvoermap", ".", "a.idx", "a.sfn"},
+    ExpectRefused({"vertaal", "--modus", "idex-nen1878", "--uitvoermap", "./", "a.idx", "a.sfn"},
                   "Invoer en uitvoer zijn hetzelfde bestand:\n./a.sfn");
     folder.Write("b.LOG", smallIdex);
     folder.Write("b.idx", smallIdex);
-    ExpectRefused({"vertaal", "--modus", "idex-nen1878", "--uitvoermap", ".", "b.idx", "b.LOG"},
+    ExpectRefused({"vertaal", "--modus", "idex-nen1878", "--uitvoermap", "./", "b.idx", "b.LOG"},
                   "Meer dan een invoerbestand krijgt deze uitvoer:\n./b.sfn");
     folder.Write("c.idx", smallIdex);
-    ExpectRefused({"vertaal", "--modus", "idex-nen1878", "--uitvoermap", ".", "c.idx", "b.LOG", "B.idx"},
+    ExpectRefused({"vertaal", "--modus", "idex-nen1878", "--uitvoermap", "./", "c.idx", "b.LOG", "B.idx"},
                   "Meer dan een invoerbestand krijgt deze uitvoer:\n./B.sfn");
 }
 
 TEST_F(SeveralInputs, OneLogBookGoesWithOneInputOnly) {
     folder.Write("b.idx", smallIdex);
     fs::create_directory(Path("uit"));
-    ExpectRefused({"vertaal", "--modus", "idex-suf2", "--uitvoermap", "uit", "--logboek", "l.txt", "a.idx", "b.idx"},
+    ExpectRefused({"vertaal", "--modus", "idex-suf2", "--uitvoermap", "uit/", "--logboek", "l.txt", "a.idx", "b.idx"},
                   "--logboek gaat samen met een invoerbestand; elk bestand krijgt zijn eigen logboek.");
-    EXPECT_EQ(Translate("idex-suf2", {"--uitvoermap", "uit", "--logboek", "l.txt", "a.idx"}).status, 0);
+    EXPECT_EQ(Translate("idex-suf2", {"--uitvoermap", "uit/", "--logboek", "l.txt", "a.idx"}).status, 0);
     EXPECT_TRUE(IsThere("l.txt"));
     EXPECT_FALSE(IsThere("uit/a.LOG"));
 }
 
 TEST_F(SeveralInputs, AnOutputFolderThatIsNotThereIsAFailure) {
-    const ProgramResult result = Translate("idex-suf2", {"--uitvoermap", "nergens", "a.idx"});
+    const ProgramResult result = Translate("idex-suf2", {"--uitvoermap", "nergens/", "a.idx"});
     EXPECT_EQ(result.status, 3);
     EXPECT_TRUE(Has(result.error, "Kon bestand: 'nergens/a.LOG' niet opslaan;\nFoutcode: 76\nPad niet gevonden\n"));
     EXPECT_TRUE(Has(result.error, "a.idx is niet vertaald: het logboek kan niet worden geschreven.\n"));

@@ -264,14 +264,6 @@ TEST_F(LineReaderTest, AFileThatIsMissingIsError53AndAFolderError75) {
     EXPECT_FALSE(reader.IsOpen());
 }
 
-TEST_F(LineReaderTest, AFileThatCannotBeReadIsNotOpened) {
-    LineReader reader;
-    EXPECT_FALSE(reader.HasFailed());
-    // The memory of a process can be opened, but nothing can be read at its beginning.
-    EXPECT_EQ(ErrorOf([&] { reader.Open(u"/proc/self/mem"); }), 75);
-    EXPECT_FALSE(reader.IsOpen());
-}
-
 }  // namespace
 
 }  // namespace korvande::testing

@@ -8,6 +8,7 @@
 
 #include "core/LineReader.h"
 #include "core/RuntimeError.h"
+#include "tests/core/ErrorOf.h"
 #include "tests/support/RecordingScreen.h"
 
 // Pipes, and signals that interrupt the wait for them.
@@ -91,6 +92,14 @@ TEST(LineReaderOfAPipe, AnInterruptCanEndTheRun) {
     const InterruptedPipe pipe;
     LineReader reader;
     EXPECT_THROW(reader.Open(pipe.Name()), TranslationAborted);
+    EXPECT_FALSE(reader.IsOpen());
+}
+
+TEST(LineReaderOfAPipe, AFileThatCannotBeReadIsNotOpened) {
+    LineReader reader;
+    EXPECT_FALSE(reader.HasFailed());
+    // The memory of a process can be opened, but nothing can be read at its beginning.
+    EXPECT_EQ(ErrorOf([&] { reader.Open(u"/proc/self/mem"); }), 75);
     EXPECT_FALSE(reader.IsOpen());
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "tests/support/ProgramState.h"
+#include "tests/support/TestRegistry.h"
 
 namespace korvande::testing {
 
-// A drawing of one point with the code BOOM, and what every test of a run needs: files in a folder, a registry file of
+// A drawing of one point with the code BOOM, and what every test of a run needs: files in a folder, a registry of
 // its own and a fixed moment.
 class RunTest : public ProgramTest {
  protected:
@@ -31,7 +32,7 @@ class RunTest : public ProgramTest {
                line("03MBOOM     G010111   ", "00") + line("04I1        X121000500Y487000250", "01") + line("99", "  ");
     }
 
-    EnvironmentValue registry{"KORVANDE_REGISTRY", folder.Path() + "/registry.reg"};
+    TestRegistry registry{folder};
     EnvironmentValue moment{"SOURCE_DATE_EPOCH", "1795230000"};  // 21-11-2026 03:00:00 UTC
 };
 

@@ -22,14 +22,14 @@ class RunTranslationTest : public RunTest {
 };
 
 TEST_F(RunTranslationTest, AnEmptyOutputNameIsTheInputsLessThreeCharactersAndSfn) {
-    const DriveFolder drive('K', folder.Path());
     std::filesystem::create_directory(folder.Path() + "/DATA");
     folder.Write("DATA/KAART.IDX", Drawing());
-    Choose(0, u"K:\\DATA\\KAART.IDX", u"  ");
+    const Text name = folder / "DATA\\KAART.";
+    Choose(0, Concat(name, u"IDX"), u"  ");
     RunTranslation();
-    EXPECT_EQ(ToUtf8(TheRun().SufNenFileName), "K:\\DATA\\KAART.SFN");
-    EXPECT_EQ(ToUtf8(TheRun().LogFileName), "K:\\DATA\\KAART.LOG");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtFileSUFNEN), "K:\\DATA\\KAART.SFN");
+    EXPECT_EQ(TheRun().SufNenFileName, Concat(name, u"SFN"));
+    EXPECT_EQ(TheRun().LogFileName, Concat(name, u"LOG"));
+    EXPECT_EQ(frmKORVANDE().txtFileSUFNEN, Concat(name, u"SFN"));
     EXPECT_TRUE(FileIsThere(folder / "DATA/KAART.SFN"));
     EXPECT_TRUE(FileIsThere(folder / "DATA/KAART.LOG"));
 }

@@ -51,19 +51,6 @@ class EnvironmentValue {
     std::optional<std::string> previous;
 };
 
-// Lets a drive's letter stand for a folder as long as this object lives.
-class DriveFolder {
- public:
-    DriveFolder(char letter, const std::string& folder);
-    DriveFolder(const DriveFolder&) = delete;
-    DriveFolder& operator=(const DriveFolder&) = delete;
-    ~DriveFolder();
-
- private:
-    char letter;
-    std::optional<EnvironmentValue> variable;
-};
-
 // Lets nobody write into a folder as long as this object lives: the superuser, whom permissions do not stop, becomes
 // nobody meanwhile. Not on Windows, where a folder's attributes stop nobody.
 class ReadOnlyFolder {

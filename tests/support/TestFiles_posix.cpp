@@ -31,12 +31,6 @@ EnvironmentValue::~EnvironmentValue() {
     }
 }
 
-DriveFolder::DriveFolder(char itsLetter, const std::string& folder) : letter(itsLetter) {
-    variable.emplace((std::string("KORVANDE_DRIVE_") + letter).c_str(), folder);
-}
-
-DriveFolder::~DriveFolder() = default;
-
 ReadOnlyFolder::ReadOnlyFolder(std::string folder) : path(std::move(folder)), wasSuperuser(::geteuid() == 0) {
     constexpr uid_t nobody = 65534;
     fs::permissions(path, fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,

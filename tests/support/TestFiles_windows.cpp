@@ -1,9 +1,7 @@
-#include <gtest/gtest.h>
 #include <process.h>
 #include <stdlib.h>
 #include <windows.h>
 
-#include <algorithm>
 #include <array>
 
 #include "core/WideText_windows.h"
@@ -27,18 +25,5 @@ EnvironmentValue::EnvironmentValue(const char* variable, std::optional<std::stri
 }
 
 EnvironmentValue::~EnvironmentValue() { ::_putenv_s(name.c_str(), previous.value_or("").c_str()); }
-
-// It stands for the folder in the programs that a test starts, too.
-DriveFolder::DriveFolder(char itsLetter, const std::string& folder) : letter(itsLetter) {
-    const std::wstring drive = {static_cast<wchar_t>(letter), L':'};
-    std::wstring target = ToWide(FromUtf8(folder));
-    std::replace(target.begin(), target.end(), L'/', L'\\');
-    EXPECT_NE(::DefineDosDeviceW(0, drive.c_str(), target.c_str()), 0);
-}
-
-DriveFolder::~DriveFolder() {
-    const std::wstring drive = {static_cast<wchar_t>(letter), L':'};
-    EXPECT_NE(::DefineDosDeviceW(DDD_REMOVE_DEFINITION, drive.c_str(), nullptr), 0);
-}
 
 }  // namespace korvande::testing

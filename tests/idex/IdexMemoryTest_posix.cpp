@@ -57,7 +57,7 @@ TEST_F(IdexMemory, IsNotAskedForWhenARowIsRead) {
 }
 
 TEST_F(IdexMemory, IsNotAskedForWhenADiagnosticLineIsWritten) {
-    const DriveFolder drive('D', folder.Path());
+    const EnvironmentValue drive("KORVANDE_DRIVE_D", folder.Path());
     ExpectNoneForARow();
     EXPECT_TRUE(FileIsThere(folder / "DEBUG_LINES.TXT"));
 }

@@ -10,7 +10,7 @@ namespace {
 class DiagnosticFiles : public IdexTest {
  protected:
     std::string ReadWithDriveD(std::string_view bytes) {
-        const DriveFolder drive('D', drives.Path());
+        const EnvironmentValue drive("KORVANDE_DRIVE_D", drives.Path());
         return Read(bytes);
     }
     std::string Bytes(std::string_view name) const { return FileBytes(drives / name); }
@@ -68,7 +68,7 @@ TEST_F(DiagnosticFiles, AreNotWrittenAfterAnError) {
 }
 
 TEST_F(DiagnosticFiles, AreNotWrittenForAFileThatCannotBeOpened) {
-    const DriveFolder drive('D', drives.Path());
+    const EnvironmentValue drive("KORVANDE_DRIVE_D", drives.Path());
     TheRun().IdexFileName = folder / "missing.idx";
     ReadIdexFile();
     EXPECT_EQ(drives.Listing(), "");
@@ -90,7 +90,7 @@ TEST_F(DiagnosticFiles, AreDoneWithoutWhenThereIsNoDriveD) {
 
 TEST_F(DiagnosticFiles, AreDoneWithoutWhenTheyCannotBeWritten) {
     // Folders stand in the place of the files.
-    const DriveFolder drive('D', drives.Path());
+    const EnvironmentValue drive("KORVANDE_DRIVE_D", drives.Path());
     std::filesystem::create_directories(drives.Path() + "/DEBUG_LINES.TXT");
     OpenLog();
     ASSERT_EQ(ReadTables("LINES (LineNo,Code)\n1,\"A\";\nEND\n"), "");
