@@ -1,24 +1,35 @@
 #include <windows.h>
 
 #include <array>
-#include <ctime>
 
 #include "core/Clock.h"
 #include "core/WideText_windows.h"
 
 namespace korvande {
 
+namespace {
+
+DateTime FromSystem(const SYSTEMTIME& parts) {
+    return {parts.wYear, parts.wMonth, parts.wDay, parts.wHour, parts.wMinute, parts.wSecond};
+}
+
+}  // namespace
+
 DateTime SystemTime() {
     SYSTEMTIME now{};
     ::GetLocalTime(&now);
-    return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+    return FromSystem(now);
 }
 
+// The system counts in units of 100 ns from 1601; the library's own calendar ends with the year 3000.
 DateTime UtcTime(long long secondsSince1970) {
-    const __time64_t moment = secondsSince1970;
-    std::tm parts{};
-    _gmtime64_s(&parts, &moment);
-    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec};
+    constexpr long long secondsFrom1601To1970 = 11644473600;
+    constexpr long long unitsInASecond = 10'000'000;
+    const auto units = static_cast<unsigned long long>((secondsSince1970 + secondsFrom1601To1970) * unitsInASecond);
+    const FILETIME moment{static_cast<DWORD>(units), static_cast<DWORD>(units >> 32U)};
+    SYSTEMTIME parts{};
+    ::FileTimeToSystemTime(&moment, &parts);
+    return FromSystem(parts);
 }
 
 // Windows has no plain locale; the forms are those of the user's regional settings.

@@ -52,7 +52,8 @@ void LineWriter::Close() {
         Abandon();
         throw;
     }
-    if (std::fclose(file.release()) != 0) {
+    // What failed before was told then; closing may fail of the same once more.
+    if (std::fclose(file.release()) != 0 && !failed) {
         failed = true;
         throw RuntimeError(ErrorNumberOf(errno));
     }
