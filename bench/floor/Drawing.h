@@ -2,8 +2,10 @@
 
 #include <charconv>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 // The drawing as plain vectors and a pool of texts, and the little that both formats need to read one.
@@ -63,13 +65,21 @@ struct Drawing {
     // The code's number; the one asked for last time is found at once.
     std::uint16_t Code(std::string_view code) {
         if (lastCode_ < codes.size() && codes[lastCode_] == code) return lastCode_;
-        for (lastCode_ = 0; lastCode_ < codes.size(); ++lastCode_)
-            if (codes[lastCode_] == code) return lastCode_;
+        const auto found = numberOfCode_.find(code);
+        if (found != numberOfCode_.end()) return lastCode_ = found->second;
+        lastCode_ = static_cast<std::uint16_t>(codes.size());
+        numberOfCode_.emplace(code, lastCode_);
         codes.emplace_back(code);
         return lastCode_;
     }
 
  private:
+    // Lets the map be searched for a code without a string made of it.
+    struct Hash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+
+    std::unordered_map<std::string, std::uint16_t, Hash, std::equal_to<>> numberOfCode_;
     std::uint16_t lastCode_ = 0;
 };
 

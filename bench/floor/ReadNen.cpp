@@ -15,7 +15,7 @@ constexpr std::size_t fieldWidth = 10;
 class Reader {
  public:
     Drawing Read(const char* name) {
-        drawing_.codes.emplace_back();
+        drawing_.Code("");
         Lines lines(name);
         std::string_view line;
         while (lines.Next(line)) {
