@@ -91,6 +91,26 @@ TEST(Numbers, ReadingAnOrdinaryNumberTakesNoHeap) {
     EXPECT_EQ(sum, 123456.7891 + 42);
 }
 
+// Digits are read eight at a time where eight stand; every other byte ends the number where it stands.
+TEST(Numbers, AnyByteAmongEightDigitsEndsTheNumber) {
+    for (std::size_t place = 0; place < 8; ++place) {
+        for (int byte = 0; byte < 256; ++byte) {
+            const auto character = static_cast<char>(byte);
+            // These go on with a number, or begin one.
+            if (std::string_view("0123456789.+-eEdD \t").find(character) != std::string_view::npos) continue;
+            std::string text = "123456789";
+            text[place] = character;
+            double expected = 0;
+            for (std::size_t i = 0; i < place; ++i) expected = expected * 10 + static_cast<double>(i + 1);
+            EXPECT_EQ(LeadingNumber(text), expected) << place << " " << byte;
+        }
+    }
+    for (std::size_t digits = 1; digits <= 17; ++digits) {
+        const std::string text = std::string("98765432109876543").substr(0, digits);
+        EXPECT_EQ(LeadingNumber(text), static_cast<double>(std::stoull(text))) << text;
+    }
+}
+
 TEST(Numbers, HalvesGoToTheEvenNeighbour) {
     struct Row {
         double value;
