@@ -101,11 +101,6 @@ bool ScaledDecimal(double value, int decimals, std::int64_t& scaled) {
     constexpr double fastLimit = 1e11;
     constexpr double doubt = 1e-3;
     if (decimals > significantDigits) return false;
-    // Most heights and directions are none.
-    if (value == 0) {
-        scaled = 0;
-        return true;
-    }
     const double size = std::fabs(value) * powersOfTen[static_cast<std::size_t>(decimals)];
     if (size < fastLimit) {
         // Both the product and the 15-digit form lie within 10^-4 of the value here, so away from a half all agree.

@@ -51,6 +51,13 @@ IdexRow& IdexRow::PutPrinted(std::int32_t number) noexcept {
 }
 
 IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
+    // Most heights and directions are none.
+    if (value == 0) {
+        std::memcpy(at, "0.00000000000000", widest);
+        std::memset(at + 2 + decimals, ' ', widest);
+        at += width;
+        return *this;
+    }
     std::int64_t scaled = 0;
     if (ScaledDecimal(value, decimals, scaled)) {
         char* const end = at + DecimalLength(scaled, decimals);
