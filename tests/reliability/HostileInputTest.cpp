@@ -182,6 +182,39 @@ TEST_F(HostileInput, HeadersThatPromiseTooMuchTakeNoMemory) {
     EXPECT_LE(TheDrawing().LayerNames.size(), 1U);
 }
 
+// What a reader could take the square of a file's length for: each is read in a moment.
+TEST_F(HostileInput, NoFileTakesLongerThanItsLengthAccountsFor) {
+    TakeTable();
+    const auto times = [](std::size_t bytes, const std::string& part) {
+        std::string many;
+        while (many.size() < bytes) many += part;
+        return many;
+    };
+    constexpr std::size_t size = 500'000;
+    const std::string points = "POINTS (PointNo,PointID,East,North,Code)\r\n";
+    const std::string group = Record("03MB05      G1301", "00");
+    const std::vector<std::pair<int, std::string>> files = {
+        {idexToNen, Idex(points + "1,\"" + times(size, "\"") + "\";\r\n")},
+        {idexToNen, Idex(points + "1,\"" + times(size, "\\\"") + "\";\r\n")},
+        {idexToNen, Idex(points + times(size, "1,2,3\r\n"))},
+        {idexToNen, Idex("POINTS " + times(size, "(\r\n"))},
+        {idexToNen, Idex(points + "1,\"A\";\r\n" + times(size, "EXTRAINFO (x,x,x,x,x,x,PointNo)\r\n"))},
+        {idexToNen,
+         Idex(points + times(size / 2, "0,\"A\";\r\n") + "EXTRAINFO (PointNo,East)\r\n" + times(size / 2, ",1;\r\n"))},
+        {idexToNen, Idex("LINES (LineNo,Code)\r\n" + times(size, "1,\"M\";\r\nEDGES (LineNo)\r\nEND\r\n"))},
+        {idexToNen, times(size, "\r")},
+        {nenToIdex, header + times(size, "x\r\n")},
+        {nenToIdex, header + times(size, Record("05F111      Q22", "00"))},
+        {nenToIdex, header + group + times(size, Record("04X     1000Y     2000X     5000Y     7000", "00"))},
+        {sufToIdex, header + times(size, Record("07", "01"))}};
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const auto& [mode, bytes] = files[i];
+        const auto begin = std::chrono::steady_clock::now();
+        Translate(mode, folder.Write("a", bytes), folder / "uit");
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10)) << "file " << i;
+    }
+}
+
 TEST_F(HostileInput, AMillionColumnsAreReadOver) {
     std::string columns;
     std::string values;
