@@ -139,6 +139,7 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
 
     for (CLI::App* command : {&translate, &check, &project, &make, &show}) command->get_help_ptr()->group("Opties");
     std::vector<const char*> words;
+    words.reserve(arguments.size());
     for (const std::string& argument : arguments) words.push_back(argument.c_str());
     try {
         app.parse(static_cast<int>(words.size()), words.data());
