@@ -8,8 +8,10 @@
 #include <cstring>
 #include <memory>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
+#include "core/Memory.h"
 #include "core/RuntimeError.h"
 
 namespace korvande {
@@ -95,7 +97,12 @@ class PagedArray {
     void Clear(Index index) noexcept { std::memset(static_cast<void*>(&(*this)[index]), 0, sizeof(Record)); }
 
     void AddPagesFor(Index index) {
-        while (pages.size() <= PageOf(index)) pages.push_back(NewPage());
+        while (pages.size() <= PageOf(index)) {
+            Page page = NewPage();
+            // A small drawing never fills its first pages.
+            if (!pages.empty()) ExpectToFill(page.get(), perPage * sizeof(Record));
+            pages.push_back(std::move(page));
+        }
     }
 
     std::vector<Page> pages;

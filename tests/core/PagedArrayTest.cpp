@@ -16,6 +16,15 @@ struct Record {
     FixedText<7> code;
 };
 
+TEST(Memory, ABlockThatIsExpectedToBeFilledKeepsItsBytes) {
+    // Of no whole page, of one, and across several, at any place.
+    for (const std::size_t size : {std::size_t{1}, std::size_t{5000}, std::size_t{100000}}) {
+        std::vector<char> block(size, 'x');
+        ExpectToFill(block.data() + 1, size - 1);
+        EXPECT_EQ(block, std::vector<char>(size, 'x'));
+    }
+}
+
 TEST(PagedArray, AnEmptyOneHasElementZeroOnly) {
     PagedArray<Record> records;
     EXPECT_EQ(records.UpperBound(), 0);
