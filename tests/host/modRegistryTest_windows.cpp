@@ -9,12 +9,6 @@ namespace korvande::testing {
 
 namespace {
 
-DWORD OpenHandles() {
-    DWORD count = 0;
-    ::GetProcessHandleCount(::GetCurrentProcess(), &count);
-    return count;
-}
-
 class SystemRegistry : public ::testing::Test {
  protected:
     TestFolder folder;
@@ -53,7 +47,7 @@ TEST_F(SystemRegistry, KeysOpenedForAValueAreClosedOnEveryPath) {
     TestRegistry::Set(u"A", u"v", u"x");
     TestRegistry::Set(u"A", u"lang", Text(2000, u'x'));
     registry.SetBytes(u"A", u"bytes");
-    const DWORD before = OpenHandles();
+    const std::ptrdiff_t before = OpenFiles();
     Text value;
     for (int i = 0; i < 20; ++i) {
         for (const TextView name : {u"v", u"lang", u"bytes", u"geen"}) {
@@ -63,7 +57,7 @@ TEST_F(SystemRegistry, KeysOpenedForAValueAreClosedOnEveryPath) {
         WriteRegistryValue(hives::currentUser, u"A", u"v", u"y");
         WriteRegistryValue(hives::currentUser, u"Geen", u"v", u"y");
     }
-    EXPECT_LT(OpenHandles(), before + 20);
+    EXPECT_LT(OpenFiles(), before + 20);
 }
 
 }  // namespace

@@ -20,8 +20,6 @@ class PointerScreen : public RecordingScreen {
     void ShowBusy(bool busy) override { pointer += busy ? 'B' : 'N'; }
 };
 
-std::ptrdiff_t OpenFiles() { return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()); }
-
 class ControlTableFailures : public ProgramTest {
  protected:
     ControlTableFailures() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,6 +38,9 @@ bool FileIsThere(TextView name);
 // The number by which the system knows the test program, and its file's full name.
 int ProcessNumber();
 Text TestProgram();
+
+// How many files the test program has open, with whatever else it holds of the system: to be compared.
+std::ptrdiff_t OpenFiles();
 
 // Sets an environment variable (or unsets it) as long as this object lives.
 class EnvironmentValue {

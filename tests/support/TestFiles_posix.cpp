@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <iterator>
 
 #include "tests/support/TestFiles.h"
 
@@ -13,6 +14,8 @@ namespace fs = std::filesystem;
 int ProcessNumber() { return ::getpid(); }
 
 Text TestProgram() { return FromUtf8(fs::read_symlink("/proc/self/exe").string()); }
+
+std::ptrdiff_t OpenFiles() { return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()); }
 
 EnvironmentValue::EnvironmentValue(const char* variable, std::optional<std::string> value) : name(variable) {
     if (const char* const old = ::getenv(variable)) previous = old;

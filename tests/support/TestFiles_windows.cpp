@@ -18,6 +18,12 @@ Text TestProgram() {
     return FromWide({name.data(), length});
 }
 
+std::ptrdiff_t OpenFiles() {
+    DWORD count = 0;
+    ::GetProcessHandleCount(::GetCurrentProcess(), &count);
+    return static_cast<std::ptrdiff_t>(count);
+}
+
 // A variable cannot be set to nothing: that is to be without it.
 EnvironmentValue::EnvironmentValue(const char* variable, std::optional<std::string> value) : name(variable) {
     if (const char* const old = ::getenv(variable)) previous = old;
