@@ -157,3 +157,6 @@ done
 [ -z "$(Values "$liscad")$(Values "$settings")" ] || Fail "the registry could not be cleaned"
 rm -rf "$work" "$KORVANDE_WINEPREFIX/dosdevices/d:"
 mkdir -p "$projects"
+# Looks on for as long as the test lasts: the desktop would go with its last program, and one that starts at that moment
+# would find none.
+Wine "$tool" wait "het einde van de proef" 3600 >/dev/null 2>&1 &
