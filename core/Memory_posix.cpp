@@ -9,12 +9,13 @@ namespace korvande {
 #ifdef MADV_POPULATE_WRITE
 
 void ExpectToFill(void* block, std::size_t bytes) noexcept {
-    constexpr std::uintptr_t pageSize = 4096;
-    const auto begin = reinterpret_cast<std::uintptr_t>(block);
-    const std::uintptr_t first = (begin + pageSize - 1) / pageSize * pageSize;
-    const std::uintptr_t end = (begin + bytes) / pageSize * pageSize;
+    constexpr std::size_t pageSize = 4096;
+    // From the first whole page on.
+    const std::size_t before = (pageSize - reinterpret_cast<std::uintptr_t>(block) % pageSize) % pageSize;
+    if (bytes < before + pageSize) return;
+    const std::size_t whole = (bytes - before) / pageSize * pageSize;
     // An older system does not know the wish.
-    if (end > first) static_cast<void>(::madvise(reinterpret_cast<void*>(first), end - first, MADV_POPULATE_WRITE));
+    static_cast<void>(::madvise(static_cast<char*>(block) + before, whole, MADV_POPULATE_WRITE));
 }
 
 #else
