@@ -121,7 +121,7 @@ void PrimitiveLookup(benchmark::State& state) {
     std::vector<CodeRow> rows;
     std::vector<CodeKey> keys;
     for (const auto& line : tables.lines) {
-        CodeRow row;
+        CodeRow row{};
         row.LiscadCode = FromWindows1252(line.liscad);
         rows.push_back(row);
         keys.push_back(row.LiscadCode);
