@@ -142,6 +142,9 @@ bool TranslateWithMark() {
 void RunTranslation() {
     if (isTranslating) return;
     const bool isFinished = TranslateWithMark();
+    // A step that is over is not shown as one under way.
+    ShowStatus({});
+    TheScreen().ShowProgressMaximum(1);
     FormKORVANDE& form = frmKORVANDE();
     // No longer translating: what the window disabled can be used again.
     if (form.changed) form.changed();

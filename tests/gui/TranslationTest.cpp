@@ -93,6 +93,8 @@ TEST_F(TranslationTest, TheStatusBarAndTheGaugeShowHowFarItIs) {
     EXPECT_TRUE(steps.contains("Inlezen Punten")) << ::testing::PrintToString(steps);
     EXPECT_GT(values.size(), 1U) << ::testing::PrintToString(values);
     EXPECT_LE(*values.rbegin(), Find<wxGauge>("ProgressBar1").GetRange());
+    EXPECT_EQ(window->GetStatusBar()->GetStatusText(0), "");
+    EXPECT_EQ(Find<wxGauge>("ProgressBar1").GetValue(), 0);
 }
 
 TEST_F(TranslationTest, WhileItRunsTheOptionsAreDisabled) {

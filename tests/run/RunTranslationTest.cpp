@@ -61,6 +61,17 @@ TEST_F(RunTranslationTest, TheRunIsMarkedWhileItLastsAndSaysWhenItIsDone) {
     EXPECT_EQ(LastMessage(), "Verwerking gereed");
 }
 
+TEST_F(RunTranslationTest, ARunThatIsDoneShowsNoStepAnyMore) {
+    screen.onMessage = [&] {
+        EXPECT_EQ(screen.statuses.back(), "");
+        EXPECT_EQ(screen.maxima.back(), 1);
+    };
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    RunTranslation();
+    EXPECT_EQ(LastMessage(), "Verwerking gereed");
+    EXPECT_GT(screen.statuses.size(), 5U);
+}
+
 TEST_F(RunTranslationTest, AMissingInputStopsTheRunBeforeAnythingIsWrittenAndKeepsTheRunMark) {
     Choose(0, folder / "weg.idx", folder / "uit.sfn");
     RunTranslation();
