@@ -1,54 +1,23 @@
-#include <fcntl.h>
 #include <signal.h>
-#include <sys/ioctl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
 
 #include "tests/cli/CliTest.h"
+#include "tests/support/NamedPipe_posix.h"
 #include "tests/support/RunningProgram_posix.h"
 
 namespace korvande::testing {
 
 namespace {
 
-// A pipe with a name that this test writes into, so that a program reading it has to wait for more.
-class Fifo {
- public:
-    explicit Fifo(const std::string& path) {
-        EXPECT_EQ(::mkfifo(path.c_str(), 0600), 0);
-        // Open for reading as well, so that opening waits for nobody.
-        descriptor = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
-        EXPECT_GE(descriptor, 0);
-    }
-    Fifo(const Fifo&) = delete;
-    Fifo& operator=(const Fifo&) = delete;
-    ~Fifo() { ::close(descriptor); }
-
-    // Writes, and waits until all of it was read.
-    void Feed(const std::string& bytes) const {
-        EXPECT_EQ(::write(descriptor, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-        int left = 1;
-        for (int i = 0; i < 10000 && left > 0; ++i) {
-            ::usleep(2000);
-            ::ioctl(descriptor, FIONREAD, &left);
-        }
-        EXPECT_EQ(left, 0) << "nobody reads the pipe";
-    }
-
- private:
-    int descriptor = -1;
-};
-
 class AnInterrupt : public CliTest {
  protected:
     // Runs the program, which reads the pipe "pijp", until it waits for more than these bytes; then interrupts it.
     ProgramResult WhileReading(const std::string& bytes, const std::vector<std::string>& arguments,
                                int signalNumber = SIGINT) {
-        const Fifo fifo(folder.Path() + "/pijp");
+        const NamedPipe pipe(folder.Path() + "/pijp");
         RunningProgram program(StartOf(arguments));
-        fifo.Feed(bytes);
+        pipe.Feed(bytes);
         program.WaitUntilItWaits();
         namesMeanwhile = folder.Listing();
         program.Signal(signalNumber);
