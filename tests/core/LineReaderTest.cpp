@@ -1,4 +1,4 @@
-#include "core/LineReader.h"
+#include "tests/core/LineReaderTest.h"
 
 #include <gtest/gtest.h>
 
@@ -17,15 +17,6 @@ namespace korvande::testing {
 namespace {
 
 constexpr std::size_t block = std::size_t{1} << 17;
-
-using Lines = std::vector<std::string>;
-
-Lines AllLines(LineReader& reader) {
-    Lines lines;
-    std::string_view line;
-    while (reader.Next(line)) lines.emplace_back(line);
-    return lines;
-}
 
 class LineReaderTest : public ::testing::Test {
  protected:

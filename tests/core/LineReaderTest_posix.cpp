@@ -6,24 +6,15 @@
 #include <csignal>
 #include <vector>
 
-#include "core/LineReader.h"
 #include "core/RuntimeError.h"
 #include "tests/core/ErrorOf.h"
+#include "tests/core/LineReaderTest.h"
 #include "tests/support/RecordingScreen.h"
 
 // Pipes, and signals that interrupt the wait for them.
 namespace korvande::testing {
 
 namespace {
-
-using Lines = std::vector<std::string>;
-
-Lines AllLines(LineReader& reader) {
-    Lines lines;
-    std::string_view line;
-    while (reader.Next(line)) lines.emplace_back(line);
-    return lines;
-}
 
 TEST(LineReaderOfAPipe, APipeIsReadToItsEnd) {
     std::array<int, 2> ends{};
