@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "core/WideText_windows.h"
+#include "tests/support/HeldFile_windows.h"
 #include "tests/support/RecordingScreen.h"
 #include "tests/support/TestFiles.h"
 
@@ -16,21 +17,6 @@ class WindowsFiles : public ::testing::Test {
  protected:
     TestFolder folder;
     RecordingScreen screen;
-};
-
-// A file that another program holds open, alone.
-class HeldFile {
- public:
-    explicit HeldFile(const Text& name)
-        : handle(::CreateFileW(ToWide(name).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)) {
-        EXPECT_NE(handle, INVALID_HANDLE_VALUE);
-    }
-    HeldFile(const HeldFile&) = delete;
-    HeldFile& operator=(const HeldFile&) = delete;
-    ~HeldFile() { ::CloseHandle(handle); }
-
- private:
-    HANDLE handle;
 };
 
 TEST_F(WindowsFiles, NamesGoToTheSystemAsTheyAre) {
