@@ -6,7 +6,6 @@
 
 #include <atomic>
 #include <cstdio>
-#include <cstdlib>
 
 #include "cli/Process.h"
 #include "core/WideText_windows.h"
@@ -31,16 +30,6 @@ bool IsConsole(DWORD stream) {
     return ::GetConsoleMode(::GetStdHandle(stream), &mode) != 0;
 }
 
-UINT earlierCodePage = 0;
-
-// Our texts are UTF-8. The console keeps its setting when the program ends, so it is given back.
-void ShowUtf8() {
-    if (!IsConsole(STD_OUTPUT_HANDLE) && !IsConsole(STD_ERROR_HANDLE)) return;
-    earlierCodePage = ::GetConsoleOutputCP();
-    if (::SetConsoleOutputCP(CP_UTF8) == 0) return;
-    std::atexit([] { ::SetConsoleOutputCP(earlierCodePage); });
-}
-
 // Lets a console follow the escape sequences with which progress is drawn; false when it cannot.
 bool FollowsEscapeSequences(DWORD stream) {
     const HANDLE handle = ::GetStdHandle(stream);
@@ -57,7 +46,6 @@ void PrepareProcess() {
     }
     // Lines end as they do elsewhere, so that a script finds the same bytes everywhere.
     for (std::FILE* const stream : {stdout, stderr}) ::_setmode(::_fileno(stream), _O_BINARY);
-    ShowUtf8();
     ::SetConsoleCtrlHandler(NoteInterrupt, TRUE);
 }
 

@@ -7,6 +7,7 @@
 #include "cli/Arguments.h"
 #include "cli/Process.h"
 #include "core/ConsoleScreen.h"
+#include "core/ConsoleText.h"
 #include "core/RuntimeError.h"
 #include "project/frmKORVANDE.h"
 
@@ -165,15 +166,9 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
 
 }  // namespace
 
-void PrintLine(TextView text) {
-    const std::string line = ForTerminal(text) + "\n";
-    std::fwrite(line.data(), 1, line.size(), stdout);
-}
+void PrintLine(TextView text) { PutText(stdout, ForTerminal(text) + "\n"); }
 
-void PrintErrorLine(TextView text) {
-    const std::string line = ForTerminal(text) + "\n";
-    std::fwrite(line.data(), 1, line.size(), stderr);
-}
+void PrintErrorLine(TextView text) { PutText(stderr, ForTerminal(text) + "\n"); }
 
 // Tells the error being handled, also when there is no memory left to put its words together.
 void PrintCurrentError() noexcept {

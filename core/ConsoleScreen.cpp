@@ -1,8 +1,8 @@
 #include "core/ConsoleScreen.h"
 
 #include <algorithm>
-#include <cstdio>
 
+#include "core/ConsoleText.h"
 #include "core/RuntimeError.h"
 
 namespace korvande {
@@ -19,7 +19,7 @@ bool IsHarmless(char16_t character) {
     return character >= 0x20 && (character < 0x7F || character >= 0xA0) && (character < 0xD800 || character >= 0xE000);
 }
 
-void PutError(std::string_view utf8) { std::fwrite(utf8.data(), 1, utf8.size(), stderr); }
+void PutError(std::string_view utf8) { PutText(stderr, utf8); }
 
 }  // namespace
 
