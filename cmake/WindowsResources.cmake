@@ -20,6 +20,20 @@ function(korvande_program_resources target description)
   endif()
 endfunction()
 
+# The window library's own texts in Dutch, from its translation on the machine that builds: where that has none, they stay
+# English.
+function(korvande_dutch_resources target)
+  if(WIN32)
+    find_file(KORVANDE_WX_DUTCH wxstd-3.2.mo PATHS /usr/share/locale/nl/LC_MESSAGES NO_DEFAULT_PATH
+              NO_CMAKE_FIND_ROOT_PATH)
+    if(KORVANDE_WX_DUTCH)
+      set(resources ${PROJECT_BINARY_DIR}/generated/dutch.rc)
+      configure_file(${PROJECT_SOURCE_DIR}/cmake/windows/dutch.rc.in ${resources} @ONLY)
+      target_sources(${target} PRIVATE ${resources})
+    endif()
+  endif()
+endfunction()
+
 # The manifest alone, so that a test meets the same system as the program.
 function(korvande_test_resources target)
   if(WIN32)

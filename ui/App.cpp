@@ -1,26 +1,13 @@
 #include "ui/App.h"
 
-#include <wx/intl.h>
-
 #include <vector>
 
 #include "app/CommandLine.h"
 #include "core/RuntimeError.h"
+#include "ui/DutchTexts.h"
 #include "ui/MainWindow.h"
 
 namespace korvande {
-
-namespace {
-
-// The library's own texts, as in the file dialogs, in Dutch where its translation is installed.
-void SpeakDutch() {
-    auto* const translations = new wxTranslations();
-    wxTranslations::Set(translations);
-    translations->SetLanguage(wxLANGUAGE_DUTCH);
-    translations->AddStdCatalog();
-}
-
-}  // namespace
 
 bool App::OnInit() {
     // The base class would refuse arguments that it does not know; ours are read by the start-up.

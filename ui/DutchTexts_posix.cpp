@@ -1,0 +1,14 @@
+#include <wx/translation.h>
+
+#include "ui/DutchTexts.h"
+
+namespace korvande {
+
+void SpeakDutch() {
+    auto* const translations = new wxTranslations();
+    wxTranslations::Set(translations);
+    translations->SetLanguage(wxLANGUAGE_DUTCH);
+    translations->AddStdCatalog();
+}
+
+}  // namespace korvande

@@ -1,0 +1,15 @@
+#include <wx/translation.h>
+
+#include "ui/DutchTexts.h"
+
+namespace korvande {
+
+void SpeakDutch() {
+    auto* const translations = new wxTranslations();
+    translations->SetLoader(new wxResourceTranslationsLoader());
+    translations->SetLanguage(wxLANGUAGE_DUTCH);
+    translations->AddStdCatalog();
+    wxTranslations::Set(translations);
+}
+
+}  // namespace korvande
