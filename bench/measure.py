@@ -50,9 +50,12 @@ class Figures:
                 self.ours[mode, size], self.floors[mode, size] = medians(self.runs_of(size), ours, floor)
                 self.memory[mode, size] = peak_memory(ours)
 
-    def per_object(self, mode, size):
+    def per_object(self, mode, size, kind="cpu"):
         """Seconds of the processor for one object, start-up taken off."""
-        return (self.ours[mode, size].cpu - self.start[mode].cpu) / size
+        return (getattr(self.ours[mode, size], kind) - getattr(self.start[mode], kind)) / size
+
+    def growth(self, mode, kind):
+        return self.per_object(mode, self.sizes[-1], kind) / self.per_object(mode, SMALL, kind)
 
     def over_floor(self, mode, size):
         ours, floor = self.ours[mode, size], self.floors[mode, size]
@@ -69,11 +72,12 @@ class Figures:
             for size, drawing in self.drawings.items():
                 ours, memory = self.ours[mode, size], self.bytes_per_object(mode, size)
                 rows.append([mode.name, count(size), "%.1f" % drawing.megabytes(mode), "%.3f" % ours.cpu,
-                             "%.3f" % ours.wall, "%.0f" % (drawing.megabytes(mode) / ours.cpu),
+                             "%.3f" % (ours.cpu - ours.own), "%.3f" % ours.wall,
+                             "%.0f" % (drawing.megabytes(mode) / ours.cpu),
                              "%.2f" % (self.per_object(mode, size) * 1e6), "%.3f" % self.floors[mode, size].cpu,
                              "%.2f" % self.over_floor(mode, size)[0], "–" if memory is None else count(round(memory))])
-        return table(["mode", "objects", "input, MB", "processor, s", "wall, s", "MB/s", "µs an object", "floor, s",
-                      "over floor", "bytes an object"], rows)
+        return table(["mode", "objects", "input, MB", "processor, s", "system's, s", "wall, s", "MB/s", "µs an object",
+                      "floor, s", "over floor", "bytes an object"], rows)
 
     def goals_table(self):
         """The goals, each with what was measured on the drawing of 200,000 objects or the one named."""
@@ -87,9 +91,8 @@ class Figures:
                  "%.2f (wall %.2f)" % self.over_floor(mode, MIDDLE))
         largest = self.sizes[-1]
         for mode in MODES:
-            growth = self.per_object(mode, largest) / self.per_object(mode, SMALL)
             goal("%s, time per object at %s over %s" % (mode.name, count(largest), count(SMALL)), "≤ 1.35", "1.1",
-                 "%.2f" % growth)
+                 "%.2f (without the system's %.2f)" % (self.growth(mode, "cpu"), self.growth(mode, "own")))
         memory = [self.bytes_per_object(mode, largest) for mode in MODES]
         if None not in memory:
             goal("peak memory above start, bytes per object at %s" % count(largest), "≤ 1,150", "1,030",

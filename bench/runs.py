@@ -9,7 +9,7 @@ import subprocess
 import sys
 import threading
 import time
-from dataclasses import dataclass
+from dataclasses import dataclass, fields
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -94,6 +94,7 @@ def floor_translation(drawing, mode):
 @dataclass
 class Times:
     cpu: float  # seconds of the processor, the program's and the system's on its behalf
+    own: float  # of those, the program's
     wall: float
 
 
@@ -118,7 +119,7 @@ def run(job, terminal=None):
     if process.returncode != 0 or printed != expected:
         sys.exit("bench: %s\nended with status %d and printed\n%sinstead of\n%s" % (
             " ".join(map(str, command)), process.returncode, printed, expected))
-    return Times(usage.ru_utime + usage.ru_stime, wall)
+    return Times(usage.ru_utime + usage.ru_stime, usage.ru_utime, wall)
 
 
 def run_on_terminal(job):
@@ -142,14 +143,21 @@ def run_on_terminal(job):
 
 
 def medians(runs, *jobs, start=run):
-    """Runs the jobs in turn, so many times, each second time in the other order; the median times of each."""
+    """Runs the jobs in turn, so many times, each second time in the other order; the median times of each.
+
+    A round before is not counted: a virtual machine has its host give it memory that was not in use of late, which may
+    take several times as long as using it.
+    """
     starts = start if isinstance(start, tuple) else (start,) * len(jobs)
     taken = [[] for _ in jobs]
-    for i in range(runs):
+    for i in range(-1, runs):
         order = range(len(jobs)) if i % 2 == 0 else reversed(range(len(jobs)))
         for j in order:
-            taken[j].append(starts[j](jobs[j]))
-    return [Times(statistics.median(t.cpu for t in times), statistics.median(t.wall for t in times)) for times in taken]
+            times = starts[j](jobs[j])
+            if i >= 0:
+                taken[j].append(times)
+    return [Times(*(statistics.median(getattr(t, field.name) for t in times) for field in fields(Times)))
+            for times in taken]
 
 
 def peak_memory(job):
