@@ -1,12 +1,11 @@
-#include <dirent.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <memory>
-#include <vector>
+#include <optional>
 
+#include "core/FolderNames.h"
 #include "core/NativePath.h"
 #include "core/RuntimeError.h"
 
@@ -34,30 +33,6 @@ std::string DriveFolder(char letter) {
 
 bool BeginsWithDrive(std::string_view name) {
     return name.size() >= 2 && name[1] == ':' && ToCapital(name[0]) >= 'A' && ToCapital(name[0]) <= 'Z';
-}
-
-// Whether two names may be the same in capitals, told without making them: a capital has as many bytes as its letter,
-// and only bytes beyond ASCII need a closer look. A folder may hold very many names.
-bool MayBeAlike(std::string_view one, std::string_view other) noexcept {
-    return one.size() == other.size() && std::equal(one.begin(), one.end(), other.begin(), [](char a, char b) {
-               const bool isAscii = (static_cast<unsigned char>(a) | static_cast<unsigned char>(b)) < 0x80;
-               return !isAscii || ToCapital(a) == ToCapital(b);
-           });
-}
-
-// The entry of a folder whose name differs from the wanted one in case only: the first in order, so that the answer
-// does not depend on the file system. Empty when there is none.
-std::string FindWithoutCase(const std::string& folder, std::string_view wanted) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folder.empty() ? "." : folder.c_str()), ::closedir);
-    std::string found;
-    if (!entries) return found;
-    const Text capitals = ToCapitals(FromUtf8(wanted));
-    while (const dirent* const entry = ::readdir(entries.get())) {
-        const std::string_view name(entry->d_name);
-        if (MayBeAlike(name, wanted) && ToCapitals(FromUtf8(name)) == capitals && (found.empty() || name < found))
-            found = name;
-    }
-    return found;
 }
 
 // Spells the path as the file system does, component by component; from the first one that does not exist on it stays
@@ -101,6 +76,8 @@ std::FILE* OpenNativeFile(TextView name, OpenMode mode) {
     const std::string path = NativePath(name);
     if (path.empty() || path.find('\0') != std::string::npos) throw RuntimeError(errors::badFileName);
     if (IsFolder(path)) throw RuntimeError(errors::pathAccess);
+    std::optional<OwnChange> change;
+    if (mode != OpenMode::Read) change.emplace(path);
     const char* const how = mode == OpenMode::Read ? "rbe" : mode == OpenMode::Write ? "wbe" : "abe";
     std::FILE* const file = std::fopen(path.c_str(), how);
     if (file == nullptr) {

@@ -9,6 +9,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "core/FolderNames.h"
 #include "core/LineReader.h"
 #include "core/NativePath.h"
 #include "core/RuntimeError.h"
@@ -217,6 +218,7 @@ bool CopyFileWithReport(TextView source, TextView target, bool showError) {
 bool DeleteFileAt(TextView name) {
     return OrOnFailure(false, [name] {
         const fs::path path = PathOf(name);
+        const OwnChange change(ToUtf8(NameOf(path)));
         return !fs::is_directory(fs::symlink_status(path)) && fs::remove(path);
     });
 }
@@ -232,6 +234,8 @@ bool RenameFileAt(TextView from, TextView to, Replace replace) {
             std::error_code ignored;
             fs::permissions(source, fs::status(target).permissions(), ignored);
         }
+        const OwnChange leaving(ToUtf8(NameOf(source)));
+        const OwnChange arriving(ToUtf8(NameOf(target)));
         fs::rename(source, target);
         return true;
     });

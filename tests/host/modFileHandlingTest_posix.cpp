@@ -1,12 +1,16 @@
 #include "host/modFileHandling.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
 
+#include "core/LineReader.h"
+#include "core/NativePath.h"
 #include "tests/support/RecordingScreen.h"
 #include "tests/support/TestFiles.h"
 
@@ -191,6 +195,34 @@ TEST_F(PosixFiles, FileNamesThatAreNoUtf8AreListedAndFound) {
     const std::vector<Text> names = ListFiles(folder / "", u"*.nst");
     ASSERT_EQ(names.size(), 1U);
     EXPECT_TRUE(FileExistsAt(Concat(folder / "", names[0])));
+}
+
+TEST_F(PosixFiles, OwnChangesDoNotMakeItReadAFolderAgain) {
+    const auto folderTime = [this] {
+        struct stat status {};
+        EXPECT_EQ(::stat(folder.Path().c_str(), &status), 0);
+        return status.st_mtim;
+    };
+    const auto setFolderTime = [this](timespec time) {
+        const timespec times[] = {time, time};
+        EXPECT_EQ(::utimensat(AT_FDCWD, folder.Path().c_str(), times, 0), 0);
+    };
+    // Whether a file that comes unseen is found after this action: then the folder was read again.
+    const auto readsAgainAfter = [&](const auto& action) {
+        setFolderTime({1'000'000'000, 0});
+        EXPECT_FALSE(FileExistsAt(folder / "STIEKEM"));
+        action();
+        const timespec time = folderTime();
+        folder.Write("stiekem", "");
+        setFolderTime(time);
+        const bool isFound = FileExistsAt(folder / "STIEKEM");
+        fs::remove(Path("stiekem"));
+        return isFound;
+    };
+    EXPECT_FALSE(readsAgainAfter([&] { FileHandle(OpenNativeFile(folder / "a", OpenMode::Write)); }));
+    EXPECT_FALSE(readsAgainAfter([&] { EXPECT_TRUE(RenameFileAt(folder / "a", folder / "B")); }));
+    EXPECT_FALSE(readsAgainAfter([&] { EXPECT_TRUE(DeleteFileAt(folder / "b")); }));
+    EXPECT_TRUE(readsAgainAfter([&] { fs::create_directory(Path("c")); }));
 }
 
 }  // namespace
