@@ -54,7 +54,7 @@ TEST_F(Closing, ARunIsBrokenOffAtItsNextEventsAndThenTheWindowCloses) {
 }
 
 TEST_F(Closing, ASecondRequestDuringTheSameRunIsNotToldAgain) {
-    screen.onPump = [this] {
+    screen.onPump = [] {
         EXPECT_FALSE(QueryClose());
         EXPECT_FALSE(QueryClose());
         EndRunIfAsked();

@@ -112,6 +112,12 @@ std::string CliTest::Log(const std::string& name) const {
     return text;
 }
 
+std::string Nen1878Points(int count) {
+    std::string points = smallNen1878.substr(0, 2 * recordBytes);
+    for (int i = 0; i < count; ++i) points.append(smallNen1878, 2 * recordBytes, 2 * recordBytes);
+    return points;
+}
+
 bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 }  // namespace korvande::testing

@@ -17,6 +17,13 @@ extern const std::string smallNen1878;
 extern const std::string smallSuf2;
 extern const std::string smallTable;
 
+// A record of an exchange file, with its CR LF. In the small NEN1878 file the first two are its header, the next two a
+// point.
+inline constexpr std::size_t recordBytes = 66;
+
+// The header of the small NEN1878 file, and its point so many times.
+std::string Nen1878Points(int count);
+
 // Runs the console program in a folder of the test's own, with a registry file and a home there too.
 class CliTest : public ::testing::Test {
  protected:

@@ -169,7 +169,7 @@ TEST_F(Commands, CheckingTellsProblemsWithTheirLines) {
     EXPECT_TRUE(Has(result.output, "Aantallen: 3 punten, 1 lijnstrings, 0 lijnsegmenten, 0 teksten\n"));
     EXPECT_TRUE(Has(result.output, "Puntcode 'VREEMD'"));
 
-    const std::string withoutGeometry = smallNen1878.substr(0, 3 * 66) + smallNen1878.substr(8 * 66);
+    const std::string withoutGeometry = smallNen1878.substr(0, 3 * recordBytes) + smallNen1878.substr(8 * recordBytes);
     folder.Write("b", withoutGeometry);
     EXPECT_TRUE(Has(Run({"controleer", "b"}).output, "  Punt, 04 record ontbreekt (regel "));
 }

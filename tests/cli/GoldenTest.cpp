@@ -124,7 +124,7 @@ Files LeftBehind(const ProgramResult& result, const Files& before, const Files& 
         if (earlier == before.end() || earlier->second != bytes) files[name] = bytes;
     }
     for (const auto& [name, bytes] : before) {
-        if (after.count(name) == 0) files[name] = "(verdwenen)";
+        if (!after.contains(name)) files[name] = "(verdwenen)";
     }
     return files;
 }
@@ -180,7 +180,7 @@ TEST_P(ConsoleProgram, LeavesBehind) {
             EXPECT_TRUE(found->second == bytes) << name << ", " << FirstDifference(bytes, found->second);
         }
     }
-    for (const auto& [name, bytes] : actual) EXPECT_TRUE(expected.count(name) != 0) << name << " was not expected";
+    for (const auto& [name, bytes] : actual) EXPECT_TRUE(expected.contains(name)) << name << " was not expected";
 }
 
 INSTANTIATE_TEST_SUITE_P(Golden, ConsoleProgram, ::testing::ValuesIn(GoldenCases()),

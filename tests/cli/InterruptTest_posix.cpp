@@ -1,5 +1,4 @@
-#include <signal.h>
-
+#include <csignal>
 #include <filesystem>
 
 #include "tests/cli/CliTest.h"
@@ -21,7 +20,7 @@ class AnInterrupt : public CliTest {
         program.WaitUntilItWaits();
         namesMeanwhile = folder.Listing();
         program.Signal(signalNumber);
-        const ProgramResult result = program.Wait();
+        ProgramResult result = program.Wait();
         std::filesystem::remove(folder.Path() + "/pijp");
         return result;
     }
@@ -35,18 +34,14 @@ class AnInterrupt : public CliTest {
     std::string namesMeanwhile;
 };
 
-const std::string halfIdex = smallIdex.substr(0, 600);
+std::string HalfIdex() { return smallIdex.substr(0, 600); }
 
-// Two header records and more groups than are read at a time.
-std::string HalfNen1878() {
-    std::string half = smallNen1878.substr(0, 2 * 66);
-    for (int i = 0; i < 2000; ++i) half += smallNen1878.substr(2 * 66, 2 * 66);
-    return half;
-}
+// More than is read at a time.
+std::string HalfNen1878() { return Nen1878Points(2000); }
 
 TEST_F(AnInterrupt, WhileADrawingIsReadKeepsAnEarlierOutput) {
     folder.Write("uit.sfn", "van gisteren");
-    const ProgramResult result = WhileReading(halfIdex, {"vertaal", "--modus", "idex-nen1878", "pijp", "uit.sfn"});
+    const ProgramResult result = WhileReading(HalfIdex(), {"vertaal", "--modus", "idex-nen1878", "pijp", "uit.sfn"});
     EXPECT_EQ(result.status, 3);
     EXPECT_EQ(result.output, "");
     EXPECT_EQ(result.error, "pijp is niet vertaald: afgebroken. Zie het logboek: uit.LOG\n");
@@ -83,7 +78,7 @@ TEST_F(AnInterrupt, WhileAControlTableIsReadEndsTheProgram) {
 }
 
 TEST_F(AnInterrupt, WhileAFileIsCheckedEndsTheProgram) {
-    const ProgramResult result = WhileReading(halfIdex, {"controleer", "pijp"});
+    const ProgramResult result = WhileReading(HalfIdex(), {"controleer", "pijp"});
     EXPECT_EQ(result.status, 3);
     EXPECT_EQ(folder.Listing(), "");
 }
@@ -92,7 +87,7 @@ TEST_F(AnInterrupt, LeavesTheInputsThatFollowAlone) {
     folder.Write("a.idx", smallIdex);
     std::filesystem::create_directory(folder.Path() + "/uit");
     const ProgramResult result =
-        WhileReading(halfIdex, {"vertaal", "--modus", "idex-suf2", "--uitvoermap", "uit", "pijp", "a.idx"});
+        WhileReading(HalfIdex(), {"vertaal", "--modus", "idex-suf2", "--uitvoermap", "uit", "pijp", "a.idx"});
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(Has(result.error, "De bestanden die volgen, zijn niet vertaald.\n")) << result.error;
     EXPECT_TRUE(IsThere("uit/pijp.LOG"));

@@ -58,9 +58,7 @@ TEST_F(OnAConsole, AnInterruptAtAQuestionCancelsWhateverIsAnswered) {
 }
 
 TEST_F(OnAConsole, AnInterruptDuringARunKeepsAnEarlierOutput) {
-    std::string groups = smallNen1878.substr(0, 2 * 66);
-    for (int i = 0; i < 1'000'000; ++i) groups.append(smallNen1878, 2 * 66, 2 * 66);
-    folder.Write("groot.nen", groups);
+    folder.Write("groot.nen", Nen1878Points(1'000'000));
     folder.Write("uit.idx", "van gisteren");
     ConsoleProgram program(StartOf({"vertaal", "--modus", "nen1878-idex", "groot.nen", "uit.idx"}));
     WaitForOutput();

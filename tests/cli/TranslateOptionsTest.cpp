@@ -242,7 +242,7 @@ TEST_F(TranslateOptions, TheLogBookGoesWhereAsked) {
 }
 
 TEST_F(TranslateOptions, WithoutALogBookTheErrorsAreTold) {
-    folder.Write("b.nen", smallNen1878.substr(0, 3 * 66) + smallNen1878.substr(8 * 66));
+    folder.Write("b.nen", smallNen1878.substr(0, 3 * recordBytes) + smallNen1878.substr(8 * recordBytes));
     const ProgramResult result = Translate("nen1878-idex", {"--geen-logboek", "b.nen", "uit.idx"});
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(Has(result.error, "FOUT:  Punt, 04 record ontbreekt\n")) << result.error;

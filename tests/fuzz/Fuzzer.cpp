@@ -7,7 +7,8 @@
 
 // A fuzzer of one target. It stops at whatever must not happen; the library then keeps the input and shows it.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    using namespace korvande::fuzz;
+    using korvande::fuzz::Target;
+    using korvande::fuzz::Targets;
     static const Target target = *std::find_if(Targets().begin(), Targets().end(), [](const Target& candidate) {
         return candidate.name == KORVANDE_FUZZ_TARGET;
     });

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <array>
+
 #include "project/CodeTables.h"
 #include "project/frmKORVANDE.h"
 #include "tests/fuzz/Targets.h"
@@ -15,9 +18,11 @@ std::string Resaved(std::string_view table) {
         Require(!codes->rows.empty(), "a code table lost its unknown row");
     }
     const FormKORVANDE& form = frmKORVANDE();
-    Require(form.optReportScreen + form.optReportDisk + form.optReportPrinter + form.optReportNone == 1,
-            "not one listing destination");
-    Require(form.optDateSEE + form.optDateNow + form.optDateAlt <= 1, "more than one date option");
+    const std::array destinations = {form.optReportScreen, form.optReportDisk, form.optReportPrinter,
+                                     form.optReportNone};
+    Require(std::count(destinations.begin(), destinations.end(), true) == 1, "not one listing destination");
+    const std::array dates = {form.optDateSEE, form.optDateNow, form.optDateAlt};
+    Require(std::count(dates.begin(), dates.end(), true) <= 1, "more than one date option");
     Require(SaveProjectFile(NameOf("bewaard")), "the control table was not saved");
     return FileBytes("bewaard");
 }

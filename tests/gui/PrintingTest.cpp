@@ -20,7 +20,6 @@ namespace {
 
 using ::testing::_;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 
 using Page = std::vector<Text>;
 

@@ -52,7 +52,7 @@ class Screenshots : public WindowTest {
             "SymDir)\n";
         for (int i = 1; i <= 400000; ++i) {
             const std::string number = std::to_string(i);
-            text += number + ",\"P" + number + "\",121000.5,487000.25,1.5,\"BMK\",\"\",0;\n";
+            text.append(number).append(",\"P").append(number).append("\",121000.5,487000.25,1.5,\"BMK\",\"\",0;\n");
         }
         return folder.Write("Molveren/Dorpsstraat.idx", WithCrLf(text + "END POINTS\nEND DATABASE\n"));
     }

@@ -24,7 +24,7 @@ class TranslationFixture : public WindowTest {
     }
 
     // Lets something happen while the translation runs: at its first look at the waiting events.
-    void DuringTheRun(std::function<void()> action) { window->CallAfter(std::move(action)); }
+    void DuringTheRun(const std::function<void()>& action) { window->CallAfter(action); }
 
     // A drawing of many points, which takes a while.
     Text LargeDrawing(int points) const {
@@ -33,7 +33,7 @@ class TranslationFixture : public WindowTest {
             "POINTS (PointNo,PointID,East,North,Elevation,Code,Description,SymDir)\n";
         for (int i = 1; i <= points; ++i) {
             const std::string number = std::to_string(i);
-            text += number + ",\"P" + number + "\",121000.5,487000.25,1.5,\"MV\",\"\",0;\n";
+            text.append(number).append(",\"P").append(number).append("\",121000.5,487000.25,1.5,\"MV\",\"\",0;\n");
         }
         return folder.Write("groot.idx", WithCrLf(text + "END POINTS\nEND DATABASE\n"));
     }

@@ -189,7 +189,7 @@ TEST_F(TranslationTest, TenTranslationsInARowLeaveMemoryAndFilesWhereTheyWere) {
     for (int i = 0; i < 10; ++i) translate();
     const Resources after = UsedNow();
     EXPECT_EQ(after.files, before.files);
-    constexpr std::int64_t oneDrawing = 20000 * 232;
+    constexpr std::int64_t oneDrawing = std::int64_t{20000} * 232;
     EXPECT_LT(after.memory - before.memory, oneDrawing);
 }
 

@@ -19,9 +19,11 @@ namespace korvande::testing {
 // A test in the real window, on a registry, a project folder and files of its own, driven as a person would: by mouse
 // and keyboard, or by the events of single controls.
 class WindowTest : public AppTest {
+ public:
+    ~WindowTest() override;
+
  protected:
     WindowTest();
-    ~WindowTest() override;
 
     // Starts the program as a command line does (interactively without one); the window, or none when the program ends.
     void Start(TextView commandLine = {}, bool asksRegistration = false);

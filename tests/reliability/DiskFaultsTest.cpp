@@ -10,6 +10,9 @@ namespace korvande::testing {
 
 namespace {
 
+// More than is read at a time.
+std::string ManyPoints() { return Nen1878Points(4000); }
+
 class DiskFaults : public FaultTest {
  protected:
     // A run whose output folder goes while the program waits for the rest of its input.
@@ -23,13 +26,6 @@ class DiskFaults : public FaultTest {
         fs::remove_all(Path("uit"));
         pipe.End();
         return program.Wait();
-    }
-
-    // Two header records and more groups than are read at a time.
-    static std::string ManyGroups() {
-        std::string groups = smallNen1878.substr(0, 2 * 66);
-        for (int i = 0; i < 4000; ++i) groups += smallNen1878.substr(2 * 66, 2 * 66);
-        return groups;
     }
 
     // Has the program's reads fail behind so many bytes.
@@ -54,7 +50,7 @@ TEST_F(DiskFaults, AnOutputFolderThatGoesDuringARunIsAFailedOutput) {
          {Case{"idex-nen1878", smallIdex, "FOUT:  Kon bestand: 'uit/a' niet opslaan; Foutcode: 76\n"},
           Case{"idex-suf2", smallIdex, "FOUT:  Kon bestand: 'uit/a' niet opslaan; Foutcode: 76\n"},
           Case{"nen1878-idex", smallNen1878, "FOUT:  Error:76 - Pad niet gevonden uit/a\n"},
-          Case{"nen1878-idex", ManyGroups(), "FOUT:  Kon bestand: 'uit/a' niet opslaan\n"}}) {
+          Case{"nen1878-idex", ManyPoints(), "FOUT:  Kon bestand: 'uit/a' niet opslaan\n"}}) {
         const ProgramResult result = WhileTheFolderGoes(mode, input);
         EXPECT_EQ(result.status, 3) << mode;
         EXPECT_EQ(result.output, "");
@@ -86,7 +82,7 @@ TEST_F(DiskFaults, ADiskThatFillsUpKeepsAnEarlierOutput) {
     EXPECT_EQ(std::distance(fs::directory_iterator(Path("schijf")), fs::directory_iterator()), 1);
 
     // Without the log book elsewhere nothing at all fits any more, which is told on the screen.
-    folder.Write("schijf/vol", std::string(52 * 1024, 'x'));
+    folder.Write("schijf/vol", std::string(std::size_t{52} * 1024, 'x'));
     const ProgramResult full = Translate("idex-nen1878", {"--project", "t.nst", "groot.idx", "schijf/uit.sfn"});
     EXPECT_EQ(full.status, 3);
     EXPECT_EQ(Bytes("schijf/uit.sfn"), "van gisteren");
@@ -96,7 +92,7 @@ TEST_F(DiskFaults, ADiskThatFillsUpKeepsAnEarlierOutput) {
 
 TEST_F(DiskFaults, AReadThatFailsHalfWayKeepsAnEarlierOutputAndNamesTheLine) {
     folder.Write("groot.idx", Points(20'000));
-    folder.Write("groot.nen", ManyGroups());
+    folder.Write("groot.nen", ManyPoints());
     folder.Write("uit", "van gisteren");
     for (const auto& [mode, input] : {std::pair("idex-nen1878", "groot.idx"), std::pair("nen1878-idex", "groot.nen")}) {
         const ProgramResult result = Translate(mode, {"--logboek", "l.log", input, "uit"}, ReadingFailsBehind(200'000));

@@ -35,15 +35,18 @@ std::size_t Read(void* target, std::size_t size, std::size_t count, std::FILE* f
 
 extern "C" {
 
+// The library's own names of the parameters differ. NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 std::size_t fread(void* target, std::size_t size, std::size_t count, std::FILE* file) {
     return Read(target, size, count, file);
 }
 
 // What a program calls that was built with checks of its buffers.
+// NOLINTNEXTLINE(bugprone-reserved-identifier, readability-identifier-naming)
 std::size_t __fread_chk(void* target, std::size_t, std::size_t size, std::size_t count, std::FILE* file) {
     return Read(target, size, count, file);
 }
 
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 int ferror(std::FILE* file) noexcept {
     if (file == failed) return 1;
     static const auto next = Next<int (*)(std::FILE*)>("ferror");

@@ -1,6 +1,5 @@
-#include <signal.h>
-
 #include <chrono>
+#include <csignal>
 
 #include "tests/reliability/FaultTest.h"
 
@@ -28,7 +27,9 @@ class ProcessFaults : public FaultTest {
 #ifndef __SANITIZE_ADDRESS__
 
 TEST_F(ProcessFaults, ADrawingThatDoesNotFitInMemoryIsAnErrorLikeAnyOther) {
-    folder.Write("rij.idx", smallIdex.substr(0, 500) + std::string(60'000'000, 'a'));
+    std::string longRow = smallIdex.substr(0, 500);
+    longRow.resize(60'000'000, 'a');
+    folder.Write("rij.idx", longRow);
     std::string many = Points(1);
     folder.Write("lijnen.idx", many.substr(0, many.rfind("END DATABASE")) +
                                    "LINES (LineNo,Code)\r\n1000000,\"MUUR\";\r\nEND LINES\r\nEND DATABASE\r\n");
@@ -85,14 +86,15 @@ TEST_F(ProcessFaults, ManyTranslationsFitInTheRoomOfOne) {
 #endif
 
 TEST_F(ProcessFaults, AKilledRunReplacesNoEarlierOutputByHalfAFile) {
-    using namespace std::chrono;
+    using std::chrono::microseconds;
+    using std::chrono::steady_clock;
     folder.Write("groot.idx", Points(60'000));
     const std::string grootBefore = Bytes("groot.idx");
     const std::vector<std::string> arguments = {"vertaal", "--modus",   "idex-nen1878", "--project", "t.nst",
                                                 "--stil",  "--logboek", "l.log",        "groot.idx", "uit.sfn"};
     const auto begin = steady_clock::now();
     ASSERT_EQ(Run(arguments).status, 0);
-    const auto whole = duration_cast<microseconds>(steady_clock::now() - begin);
+    const auto whole = std::chrono::duration_cast<microseconds>(steady_clock::now() - begin);
     const std::string complete = Bytes("uit.sfn");
 
     constexpr int moments = 12;

@@ -234,7 +234,8 @@ TEST_F(BadInput, PointNumbersThatAreNoNumbersCountAsNought) {
 }
 
 TEST_F(BadInput, ARowOfTenMegabytesIsARowLikeAnyOther) {
-    const std::string longName(10'000'000, 'a');
+    std::string longName;
+    longName.resize(10'000'000, 'a');
     TranslateBytes(idexToNen, Idex(std::string(points) + "3,\"" + longName + "\",1,2,3,\"MV\";\nEND POINTS\n"));
     EXPECT_EQ(TheDrawing().Points.UpperBound(), 3);
     EXPECT_EQ(TheDrawing().Points[3].PointID.View(), u"AAAAAAAAA");

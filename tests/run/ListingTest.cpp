@@ -78,7 +78,7 @@ class PrintLogBookTest : public RunTest {
  protected:
     PrintLogBookTest() { TheRun().LogFileName = folder / "uit.LOG"; }
 
-    void WriteLogBook(int lineCount) {
+    static void WriteLogBook(int lineCount) {
         LogFile().Open(TheRun().LogFileName);
         for (const Text& line : Lines(lineCount)) LogFile().WriteLine(line);
         LogFile().Close();

@@ -11,8 +11,9 @@ std::vector<RandomCode> MakeCodes(const std::string& liscad, const std::string& 
     std::vector<RandomCode> codes;
     for (int i = 0; i < count; ++i) {
         const std::string number = std::to_string(i);
-        codes.push_back({liscad + number, lki + number, types[static_cast<std::size_t>(i) % types.size()],
-                         "OMSCHRIJVING VAN " + liscad + number});
+        const std::string code = liscad + number;
+        codes.push_back(
+            {code, lki + number, types[static_cast<std::size_t>(i) % types.size()], "OMSCHRIJVING VAN " + code});
     }
     return codes;
 }

@@ -85,7 +85,7 @@ class RoundTrip : public FileRunTest {
         bool withUnknowns = false;
     };
 
-    Options TakeOptions(unsigned seed) {
+    static Options TakeOptions(unsigned seed) {
         const Options options{seed % 2 == 0, seed % 3 != 0, seed % 5 == 0};
         FormKORVANDE& form = frmKORVANDE();
         form.chkExport3D = options.withHeight;
@@ -122,7 +122,7 @@ class RoundTrip : public FileRunTest {
     }
 
     // What an IDEX file holds, by the reader of such files.
-    Content ContentOf(const Text& idexFile) {
+    static Content ContentOf(const Text& idexFile) {
         TheRun().IdexFileName = idexFile;
         ReadIdexFile();
         Content content;
@@ -211,12 +211,12 @@ TEST_F(RoundTrip, OfIdexBySuf2KeepsTheSame) {
 // Exchange files as another program may write them: points and lines of several vertices, over continuation lines.
 class ExchangeFile {
  public:
-    explicit ExchangeFile(bool isNen1878) : isNen(isNen1878) {
-        text = isNen ? "010NEN1878    V202405202405       0101S05                     01\r\n"
+    explicit ExchangeFile(bool isNen1878)
+        : isNen(isNen1878),
+          text(isNen ? "010NEN1878    V202405202405       0101S05                     01\r\n"
                        "020102150201         0         0         1         0         101\r\n"
                      : "010           V      202405       VAIKLI, LisCAD              01\r\n"
-                       "02010201             0         0         1         0         101\r\n";
-    }
+                       "02010201             0         0         1         0         101\r\n") {}
 
     void Put(const std::string& code, bool isPoint, const std::vector<Place>& places) {
         std::string kind = isPoint ? "G0101" : "G1201";
@@ -257,8 +257,19 @@ class ExchangeFile {
 
 using CodeAndPlaces = std::pair<std::string, std::vector<Place>>;
 
-// The points and straight segments in a file that the program wrote: every record one group, X and Y and Z in fields of
-// ten columns.
+// X and Y and Z in fields of ten columns.
+std::vector<Place> PlacesIn(const std::string& payload) {
+    std::vector<Place> places;
+    for (std::size_t field = 0; field + 10 <= payload.size(); field += 10) {
+        const auto number = [&] { return std::stoll(payload.substr(field + 1, 9)); };
+        if (payload[field] == 'X') places.push_back({number(), 0, 0});
+        if (payload[field] == 'Y') places.back().north = number();
+        if (payload[field] == 'Z') places.back().height = number();
+    }
+    return places;
+}
+
+// The points and straight segments in a file that the program wrote: every record one group.
 struct Exchanged {
     std::multiset<CodeAndPlaces> points;
     std::multiset<CodeAndPlaces> segments;
@@ -280,14 +291,7 @@ Exchanged Exchange(const std::string& bytes) {
                 at += 66;
                 payload += bytes.substr(at + 2, 60);
             }
-            std::vector<Place> places;
-            for (std::size_t field = 0; field + 10 <= payload.size(); field += 10) {
-                const auto number = [&] { return std::stoll(payload.substr(field + 1, 9)); };
-                if (payload[field] == 'X') places.push_back({number(), 0, 0});
-                if (payload[field] == 'Y') places.back().north = number();
-                if (payload[field] == 'Z') places.back().height = number();
-            }
-            (isPoint ? content.points : content.segments).insert({code, places});
+            (isPoint ? content.points : content.segments).insert({code, PlacesIn(payload)});
         }
     }
     return content;

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
-#include <signal.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <termios.h>
@@ -11,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -69,7 +69,7 @@ std::vector<std::string> EnvironmentOf(const Start& start) {
     std::vector<std::string> variables;
     for (char** variable = environ; *variable != nullptr; ++variable) {
         const std::string text(*variable);
-        if (start.environment.count(text.substr(0, text.find('='))) == 0) variables.push_back(text);
+        if (!start.environment.contains(text.substr(0, text.find('=')))) variables.push_back(text);
     }
     for (const auto& [name, value] : start.environment) {
         if (value) variables.push_back(name + "=" + *value);
@@ -79,6 +79,7 @@ std::vector<std::string> EnvironmentOf(const Start& start) {
 
 std::vector<char*> PointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
     return pointers;
@@ -164,7 +165,7 @@ namespace {
 
 // Takes what a stream has to give; forgets the descriptor at its end. A terminal ends with an error.
 void ReadSome(int& descriptor, std::string& text) {
-    std::array<char, 65536> buffer;
+    std::array<char, 65536> buffer{};
     const ssize_t count = ::read(descriptor, buffer.data(), buffer.size());
     if (count > 0) {
         text.append(buffer.data(), static_cast<std::size_t>(count));
@@ -174,6 +175,14 @@ void ReadSome(int& descriptor, std::string& text) {
 }
 
 }  // namespace
+
+// Gives the program as much of its input as it takes.
+void RunningProgram::WriteSome() {
+    const std::string_view rest = std::string_view(start.input).substr(inputWritten);
+    const ssize_t count = ::write(toInput, rest.data(), rest.size());
+    if (count >= 0) inputWritten += static_cast<std::size_t>(count);
+    if (count < 0 && errno != EINTR && errno != EAGAIN) CloseAndForget(toInput);
+}
 
 void RunningProgram::Exchange(const std::string* awaited) {
     const auto isDone = [&] {
@@ -195,12 +204,7 @@ void RunningProgram::Exchange(const std::string* awaited) {
             ::kill(process, SIGKILL);
             return;
         }
-        if (descriptors[0].revents != 0) {
-            const std::string_view rest = std::string_view(start.input).substr(inputWritten);
-            const ssize_t count = ::write(toInput, rest.data(), rest.size());
-            if (count >= 0) inputWritten += static_cast<std::size_t>(count);
-            if (count < 0 && errno != EINTR && errno != EAGAIN) CloseAndForget(toInput);
-        }
+        if (descriptors[0].revents != 0) WriteSome();
         if (descriptors[1].revents != 0) ReadSome(fromOutput, result.output);
         if (descriptors[2].revents != 0) ReadSome(fromError, result.error);
     }

@@ -9,7 +9,7 @@ namespace korvande::testing {
 // A program that runs. It is ended with this object, if it has not ended before.
 class RunningProgram {
  public:
-    explicit RunningProgram(const Start& start);
+    explicit RunningProgram(const Start& how);
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;
     ~RunningProgram();
@@ -29,6 +29,7 @@ class RunningProgram {
 
  private:
     void Exchange(const std::string* awaited);
+    void WriteSome();
 
     Start start;
     pid_t process = -1;

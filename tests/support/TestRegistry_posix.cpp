@@ -7,6 +7,8 @@
 namespace korvande::testing {
 
 struct TestRegistry::Place {
+    explicit Place(const std::string& itsName) : name(itsName), file("KORVANDE_REGISTRY", itsName) {}
+
     std::string name;
     EnvironmentValue file;
 
@@ -20,7 +22,7 @@ struct TestRegistry::Place {
 
 TestRegistry::TestRegistry(const TestFolder& folder) {
     const std::string name = folder.Path() + "/registry.reg";
-    place.reset(new Place{name, {"KORVANDE_REGISTRY", name}});
+    place = std::make_unique<Place>(name);
 }
 
 TestRegistry::~TestRegistry() = default;
