@@ -2,6 +2,7 @@
 // Behind the header above.
 #include <wx/app.h>
 #include <wx/init.h>
+#include <wx/sysopt.h>
 
 #include <clocale>
 
@@ -24,6 +25,8 @@ korvande::TextView BehindProgramName(korvande::TextView commandLine) {
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int howToShow) {
     std::setlocale(LC_ALL, "");
     const korvande::Text commandLine(BehindProgramName(korvande::FromWide(::GetCommandLineW())));
+    // The system paints the frames: where the library does, some stay away after their window was disabled.
+    wxSystemOptions::SetOption("msw.staticbox.optimized-paint", 0);
     wxApp::SetInstance(new korvande::App({commandLine, korvande::HasRegistrationSwitch(commandLine)}));
     return wxEntry(instance, nullptr, nullptr, howToShow);
 }
