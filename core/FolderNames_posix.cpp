@@ -79,7 +79,7 @@ std::string FindWithoutCase(const std::string& folder, std::string_view wanted) 
     const Stamp stamp = StampOf(folder);
     const auto now = system_clock::now();
     const auto age = now - kept.readAt;
-    if (!IsKept(folder, stamp) || age > longest || age < age.zero()) Read(folder, stamp, now);
+    if (!IsKept(folder, stamp) || age > longest || age < system_clock::duration::zero()) Read(folder, stamp, now);
     const Name first(ToCapitals(FromUtf8(wanted)), std::string());
     const auto found = kept.names.lower_bound(first);
     return found == kept.names.end() || found->first != first.first ? std::string() : found->second;
