@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <chrono>
+#include <ctime>
 #include <exception>
 #include <memory>
 #include <set>
@@ -21,7 +22,8 @@ using std::chrono::system_clock;
 struct Stamp {
     dev_t device = 0;
     ino_t number = 0;
-    system_clock::time_point changed;
+    std::time_t seconds = 0;  // when it was last changed
+    long nanoseconds = 0;
 
     bool operator==(const Stamp&) const = default;
 };
@@ -29,8 +31,7 @@ struct Stamp {
 Stamp StampOf(const std::string& folder) {
     struct stat status {};
     if (::stat(folder.empty() ? "." : folder.c_str(), &status) != 0) return {};
-    const auto changed = std::chrono::seconds(status.st_mtim.tv_sec) + std::chrono::nanoseconds(status.st_mtim.tv_nsec);
-    return {status.st_dev, status.st_ino, system_clock::time_point(changed)};
+    return {status.st_dev, status.st_ino, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
 // A name, behind its capitals.
@@ -44,13 +45,15 @@ std::string_view FolderPart(std::string_view path) { return path.substr(0, path.
 struct Kept {
     std::string folder;
     Stamp stamp;
-    system_clock::time_point readAt;
     std::set<Name> names;
+    system_clock::time_point readAt;
+    bool isOwnState = false;  // this program was the last to change it
+    bool isTrusted = false;   // while its stamp is the same, so are its names
 };
 
 Kept kept;
 
-bool IsKept(const std::string& folder, const Stamp& stamp) {
+bool HasKept(const std::string& folder, const Stamp& stamp) {
     return stamp.number != 0 && kept.folder == folder && kept.stamp == stamp;
 }
 
@@ -62,24 +65,30 @@ std::set<Name> NamesIn(const std::string& folder) {
     return names;
 }
 
-void Read(const std::string& folder, Stamp stamp, system_clock::time_point now) {
-    // Within so short a time the system may give a second change the time of the first.
-    constexpr auto tick = std::chrono::milliseconds(50);
-    const bool isOwnChange = IsKept(folder, stamp);
+bool IsFresh(system_clock::time_point now) {
+    constexpr auto longest = std::chrono::seconds(2);
+    const auto age = now - kept.readAt;
+    return age >= system_clock::duration::zero() && age <= longest;
+}
+
+void Read(const std::string& folder, const Stamp& stamp, system_clock::time_point now) {
+    kept.isOwnState = kept.isOwnState && HasKept(folder, stamp);
+    kept.isTrusted = false;  // until all is read
+    // Of a folder that another program has changed just now a further change may not show.
+    const bool isSettled = stamp.seconds < system_clock::to_time_t(now) - 1;
     kept.names = NamesIn(folder);
     kept.folder = folder;
-    kept.stamp = isOwnChange || now - stamp.changed > tick ? stamp : Stamp();
+    kept.stamp = stamp;
     kept.readAt = now;
+    kept.isTrusted = kept.isOwnState || isSettled;
 }
 
 }  // namespace
 
 std::string FindWithoutCase(const std::string& folder, std::string_view wanted) {
-    constexpr auto longest = std::chrono::seconds(2);
     const Stamp stamp = StampOf(folder);
     const auto now = system_clock::now();
-    const auto age = now - kept.readAt;
-    if (!IsKept(folder, stamp) || age > longest || age < system_clock::duration::zero()) Read(folder, stamp, now);
+    if (!kept.isTrusted || !HasKept(folder, stamp) || !IsFresh(now)) Read(folder, stamp, now);
     const Name first(ToCapitals(FromUtf8(wanted)), std::string());
     const auto found = kept.names.lower_bound(first);
     return found == kept.names.end() || found->first != first.first ? std::string() : found->second;
@@ -87,7 +96,7 @@ std::string FindWithoutCase(const std::string& folder, std::string_view wanted) 
 
 OwnChange::OwnChange(std::string_view nativePath) {
     const std::string folder(FolderPart(nativePath));
-    if (IsKept(folder, StampOf(folder))) path = nativePath;
+    if (HasKept(folder, StampOf(folder))) path = nativePath;
 }
 
 OwnChange::~OwnChange() {
@@ -101,9 +110,10 @@ OwnChange::~OwnChange() {
             kept.names.erase(name);
         }
         kept.stamp = StampOf(kept.folder);
+        kept.isOwnState = true;
     } catch (const std::exception&) {
         // No memory to keep it with: it is read again.
-        kept.stamp = Stamp();
+        kept.isTrusted = kept.isOwnState = false;
     }
 }
 
