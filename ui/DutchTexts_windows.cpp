@@ -6,10 +6,10 @@ namespace korvande {
 
 void SpeakDutch() {
     auto* const translations = new wxTranslations();
+    wxTranslations::Set(translations);
     translations->SetLoader(new wxResourceTranslationsLoader());
     translations->SetLanguage(wxLANGUAGE_DUTCH);
     translations->AddStdCatalog();
-    wxTranslations::Set(translations);
 }
 
 }  // namespace korvande
