@@ -7,6 +7,8 @@
 
 namespace korvande {
 
+struct FormKORVANDE;
+
 // What a file dialog for one of the two files shows.
 struct FileDialog {
     Text title;
@@ -17,14 +19,14 @@ struct FileDialog {
 };
 
 // The dialogs of the two cmdBrowse buttons, from the form's names and mode.
-FileDialog SufNenFileDialog();
-FileDialog IdexFileDialog();
+FileDialog SufNenFileDialog(const FormKORVANDE& form);
+FileDialog IdexFileDialog(const FormKORVANDE& form);
 
 // Shows such a dialog: the name chosen, or nothing after Cancel.
 using AskFileName = std::function<std::optional<Text>(const FileDialog& dialog)>;
 
 // The cmdBrowse buttons: the name chosen goes into the file's box. Timer1 stands still meanwhile.
-void BrowseSufNenFile(const AskFileName& ask);
-void BrowseIdexFile(const AskFileName& ask);
+void BrowseSufNenFile(FormKORVANDE& form, const AskFileName& ask);
+void BrowseIdexFile(FormKORVANDE& form, const AskFileName& ask);
 
 }  // namespace korvande

@@ -1,21 +1,17 @@
 #include "app/GridEditing.h"
 
 #include <algorithm>
-#include <utility>
 
+#include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
 
 namespace korvande {
 
 namespace {
 
-void TellChanged() {
-    if (frmKORVANDE().changed) frmKORVANDE().changed();
-}
+bool HasCurrentRow(const EditedGrid& edited) { return edited.row >= 1 && edited.row < edited.grid.RowCount(); }
 
-bool HasCurrentRow(const EditedGrid& edited) { return edited.row >= 1 && edited.row < edited.grid->RowCount(); }
-
-Text& CurrentCell(EditedGrid& edited) { return (*edited.grid)[edited.row][static_cast<std::size_t>(edited.column)]; }
+Text& CurrentCell(EditedGrid& edited) { return edited.grid[edited.row][static_cast<std::size_t>(edited.column)]; }
 
 // Lays an editor over the cell and gives it the focus.
 void ShowEditor(EditedGrid& edited, CellEditor& editor, TwipsRectangle gridPlace, TwipsRectangle cell) {
@@ -60,90 +56,55 @@ void StartListEdit(EditedGrid& edited) {
 }
 
 // What the editors hold goes into the cell; false when no edit was under way.
-bool StoreEdit(EditedGrid& edited) {
+bool StoreEdit(FormKORVANDE& form, EditedGrid& edited) {
     const auto isInUse = [](const CellEditor& editor) { return editor.isVisible || editor.hasFocus; };
     const bool isText = isInUse(edited.textEditor);
     if (!isText && !isInUse(edited.listEditor)) return false;
     CellEditor& editor = isText ? edited.textEditor : edited.listEditor;
     editor.isVisible = editor.hasFocus = false;
     if (HasCurrentRow(edited)) CurrentCell(edited) = isText ? editor.text : ToCapitals(editor.text);
-    TellChanged();
+    TellChanged(form);
     return true;
 }
 
 // The focus goes back to the grid, which ends the edit.
-void ReturnToGrid(EditedGrid& edited) {
+void ReturnToGrid(FormKORVANDE& form, EditedGrid& edited) {
     edited.gridHasFocus = true;
-    EndEdit(edited);
+    EndEdit(form, edited);
 }
 
-void InsertRow(EditedGrid& edited) {
-    const int row = edited.grid->RowCount();
-    edited.grid->SetRowCount(row + 1);
-    (*edited.grid)[row][Grid::Liscad] = u"999";
-    TellChanged();
-    ShowMessage(
-        u"Liscad code '999' is onderaan de tabel toegevoegd.\n"
-        u"Deze regel wijzigen naar de juiste inhoud.");
+void InsertRow(FormKORVANDE& form, EditedGrid& edited) {
+    const int row = edited.grid.RowCount();
+    edited.grid.SetRowCount(row + 1);
+    edited.grid[row][Grid::Liscad] = u"999";
+    TellChanged(form);
+    ShowMessage(form.screen,
+                u"Liscad code '999' is onderaan de tabel toegevoegd.\n"
+                u"Deze regel wijzigen naar de juiste inhoud.");
     edited.row = row;
-    TellChanged();
+    TellChanged(form);
 }
 
-void DeleteRow(EditedGrid& edited) {
+void DeleteRow(FormKORVANDE& form, EditedGrid& edited) {
     if (!HasCurrentRow(edited)) return;
-    const Text question = Concat(u"Liscad code '", (*edited.grid)[edited.row][Grid::Liscad], u"' zal worden gewist");
+    const Text question = Concat(u"Liscad code '", edited.grid[edited.row][Grid::Liscad], u"' zal worden gewist");
     const MessageBox box{question, u"Wissen Tabelregel", Icon::None, Buttons::OkCancel};
-    if (TheScreen().ShowMessage(box) != Answer::Ok) return;
-    edited.grid->RemoveRow(edited.row);
-    edited.row = std::min(edited.row, edited.grid->RowCount() - 1);
-    TellChanged();
+    if (form.screen.ShowMessage(box) != Answer::Ok) return;
+    edited.grid.RemoveRow(edited.row);
+    edited.row = std::min(edited.row, edited.grid.RowCount() - 1);
+    TellChanged(form);
 }
-
-EditedGrid WithoutEdit(Grid& grid, std::vector<Text> listItems) {
-    EditedGrid edited;
-    edited.grid = &grid;
-    edited.listItems = std::move(listItems);
-    return edited;
-}
-
-EditedGrid InitialPoints() {
-    return WithoutEdit(frmKORVANDE().gridPoints, {u"Punt", u"Rot.Pnt", u"Symbool", u"Grondslag", u"Dummy"});
-}
-
-EditedGrid InitialLines() { return WithoutEdit(frmKORVANDE().gridLines, {u"Lijn", u"Grens", u"Grondslag", u"Dummy"}); }
-
-EditedGrid InitialTexts() { return WithoutEdit(frmKORVANDE().gridTexts, {}); }
 
 template <class Action>
-void ForEachGrid(Action action) {
-    for (EditedGrid* const edited : {&EditedPoints(), &EditedLines(), &EditedTexts()}) action(*edited);
+void ForEachGrid(FormKORVANDE& form, Action action) {
+    for (EditedGrid* const edited : {&form.editedPoints, &form.editedLines, &form.editedTexts}) action(*edited);
 }
 
 }  // namespace
 
-EditedGrid& EditedPoints() {
-    static EditedGrid edited = InitialPoints();
-    return edited;
-}
-
-EditedGrid& EditedLines() {
-    static EditedGrid edited = InitialLines();
-    return edited;
-}
-
-EditedGrid& EditedTexts() {
-    static EditedGrid edited = InitialTexts();
-    return edited;
-}
-
-void InitialiseEditing() {
-    EditedPoints() = InitialPoints();
-    EditedLines() = InitialLines();
-    EditedTexts() = InitialTexts();
-}
-
-void StartEdit(EditedGrid& edited, std::int16_t keyCharacter, TwipsRectangle gridPlace, TwipsRectangle cell) {
-    EndEdit(edited);
+void StartEdit(FormKORVANDE& form, EditedGrid& edited, std::int16_t keyCharacter, TwipsRectangle gridPlace,
+               TwipsRectangle cell) {
+    EndEdit(form, edited);
     if (!HasCurrentRow(edited)) return;
     const bool isList = edited.column == Grid::Type && !edited.listItems.empty();
     if (isList) {
@@ -154,26 +115,28 @@ void StartEdit(EditedGrid& edited, std::int16_t keyCharacter, TwipsRectangle gri
     ShowEditor(edited, isList ? edited.listEditor : edited.textEditor, gridPlace, cell);
 }
 
-void EditKeyCodeTexts(EditedGrid& edited, std::int16_t& keyCode, std::int16_t /*shift*/) {
-    if (keyCode == keys::enter || keyCode == keys::escape) ReturnToGrid(edited);
+void EditKeyCodeTexts(FormKORVANDE& form, EditedGrid& edited, std::int16_t& keyCode, std::int16_t /*shift*/) {
+    if (keyCode == keys::enter || keyCode == keys::escape) ReturnToGrid(form, edited);
 }
 
-void EditKeyCodeLists(EditedGrid& edited, std::int16_t& keyCode, std::int16_t /*shift*/) {
+void EditKeyCodeLists(FormKORVANDE& form, EditedGrid& edited, std::int16_t& keyCode, std::int16_t /*shift*/) {
     if (keyCode == keys::enter || keyCode == keys::escape) {
-        ReturnToGrid(edited);
+        ReturnToGrid(form, edited);
     } else if (keyCode != keys::up && keyCode != keys::down) {
         keyCode = 0;
     }
 }
 
-void EndEdit(EditedGrid& edited) {
-    if (StoreEdit(edited)) TheScreen().PumpEvents();
+void EndEdit(FormKORVANDE& form, EditedGrid& edited) {
+    if (StoreEdit(form, edited)) form.screen.PumpEvents();
 }
 
-void EndEdits() { ForEachGrid(StoreEdit); }
+void EndEdits(FormKORVANDE& form) {
+    ForEachGrid(form, [&form](EditedGrid& edited) { StoreEdit(form, edited); });
+}
 
-void DropEdits() {
-    ForEachGrid([](EditedGrid& edited) {
+void DropEdits(FormKORVANDE& form) {
+    ForEachGrid(form, [](EditedGrid& edited) {
         for (CellEditor* const editor : {&edited.textEditor, &edited.listEditor}) {
             editor->isVisible = editor->hasFocus = false;
         }
@@ -181,9 +144,9 @@ void DropEdits() {
     });
 }
 
-void GridKeyDown(EditedGrid& edited, std::int16_t keyCode) {
-    if (keyCode == keys::insertRow) InsertRow(edited);
-    if (keyCode == keys::deleteRow) DeleteRow(edited);
+void GridKeyDown(FormKORVANDE& form, EditedGrid& edited, std::int16_t keyCode) {
+    if (keyCode == keys::insertRow) InsertRow(form, edited);
+    if (keyCode == keys::deleteRow) DeleteRow(form, edited);
 }
 
 }  // namespace korvande

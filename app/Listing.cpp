@@ -1,10 +1,9 @@
-#include "run/Listing.h"
+#include "app/Listing.h"
 
 #include "core/LineReader.h"
 #include "core/RuntimeError.h"
 #include "core/modScreen.h"
 #include "host/modFileHandling.h"
-#include "run/RunValues.h"
 
 namespace korvande {
 
@@ -16,13 +15,13 @@ constexpr std::size_t endColumn = 25;
 // A line with a text at a print column, counted from 1.
 Text AtColumn(std::size_t column, TextView text) { return Concat(Text(column - 1, u' '), text); }
 
-std::vector<Text> ReadLogBook() {
-    LineReader file(TheRun().LogFileName);
+std::vector<Text> ReadLogBook(Screen& screen, TextView name) {
+    LineReader file(name, &screen);
     std::vector<Text> lines;
     std::string_view line;
     while (file.Next(line)) {
         lines.push_back(FromWindows1252(line));
-        ProcessEvents();
+        ProcessEvents(screen);
     }
     return lines;
 }
@@ -42,17 +41,16 @@ std::vector<std::vector<Text>> ListingPages(const std::vector<Text>& lines, int 
     return pages;
 }
 
-void PrintLogBook() {
-    const Text& name = TheRun().LogFileName;
+void PrintLogBook(Screen& screen, const Text& name) {
     try {
-        const std::vector<Text> lines = ReadLogBook();
-        if (TheScreen().Print([&lines](int linesPerPage) { return ListingPages(lines, linesPerPage); })) {
+        const std::vector<Text> lines = ReadLogBook(screen, name);
+        if (screen.Print([&lines](int linesPerPage) { return ListingPages(lines, linesPerPage); })) {
             DeleteFileAt(name);
         } else {
-            ShowMessage(Concat(u"Het logboek kan niet worden afgedrukt. Het is opgeslagen in:\n\n", name));
+            ShowMessage(screen, Concat(u"Het logboek kan niet worden afgedrukt. Het is opgeslagen in:\n\n", name));
         }
     } catch (const RuntimeError& error) {
-        ShowMessage(Concat(u"Het logboek kan niet worden afgedrukt:\n", name, u"\n", error.Description()));
+        ShowMessage(screen, Concat(u"Het logboek kan niet worden afgedrukt:\n", name, u"\n", error.Description()));
     }
 }
 

@@ -5,11 +5,10 @@
 #include <utility>
 
 #include "app/GridEditing.h"
-#include "app/StartUp.h"
+#include "app/RunTranslation.h"
+#include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
 #include "host/modFileHandling.h"
-#include "project/frmKORVANDE.h"
-#include "run/RunTranslation.h"
 
 namespace korvande {
 
@@ -24,47 +23,46 @@ const ProjectDialogTexts deleteProjectTexts = {u"Project Wissen", u"Het project 
 
 namespace {
 
-void SetTimer(bool isEnabled) {
-    FormKORVANDE& form = frmKORVANDE();
+void SetTimer(FormKORVANDE& form, bool isEnabled) {
     form.Timer1Enabled = isEnabled;
-    if (form.changed) form.changed();
+    TellChanged(form);
 }
 
-Text PathOf(TextView project) { return Concat(ProjectFolder(), project); }
+Text PathOf(const FormKORVANDE& form, TextView project) { return Concat(form.ProjectFolder, project); }
 
 // The dialog; the file name that it leads to, or nothing after Cancel.
-std::optional<Text> AskName(const ProjectDialogTexts& texts, TextView name) {
-    const auto& ask = frmKORVANDE().askProjectName;
-    if (!ask) return {};
-    const std::optional<Text> typed = ask(texts.caption, texts.explanation, texts.prompt, name);
+std::optional<Text> AskName(const FormKORVANDE& form, const ProjectDialogTexts& texts, TextView name) {
+    if (!form.askProjectName) return {};
+    const std::optional<Text> typed = form.askProjectName(texts.caption, texts.explanation, texts.prompt, name);
     return typed ? std::optional(ProjectFileName(*typed)) : std::nullopt;
 }
 
-bool loading = false;
-bool closesAfterLoad = false;
-
+// The time that the load of a project takes.
 class Loading {
  public:
-    Loading() { loading = true; }
+    explicit Loading(Activity& itsActivity) : activity(itsActivity) { activity.isLoading = true; }
     Loading(const Loading&) = delete;
     Loading& operator=(const Loading&) = delete;
-    ~Loading() { loading = false; }
+    ~Loading() { activity.isLoading = false; }
+
+ private:
+    Activity& activity;
 };
 
-bool LoadIntoForm(const Text& name) {
-    const Loading isLoading;
-    CurrentProject() = name;
-    if (LoadProjectFile(PathOf(name))) return true;
-    CurrentProject().clear();
-    frmKORVANDE().txtProject.clear();
+bool LoadIntoForm(FormKORVANDE& form, const Text& name) {
+    const Loading loading(form.activity);
+    form.CurrentProject = name;
+    if (LoadProjectFile(form, PathOf(form, name))) return true;
+    form.CurrentProject.clear();
+    form.txtProject.clear();
     return false;
 }
 
 }  // namespace
 
-StoppedTimer::StoppedTimer() { SetTimer(false); }
+StoppedTimer::StoppedTimer(FormKORVANDE& itsForm) : form(itsForm) { SetTimer(form, false); }
 
-StoppedTimer::~StoppedTimer() { SetTimer(true); }
+StoppedTimer::~StoppedTimer() { SetTimer(form, true); }
 
 Text ProjectFileName(TextView typed) {
     constexpr TextView extension = u".NST";
@@ -73,8 +71,8 @@ Text ProjectFileName(TextView typed) {
     return name;
 }
 
-int FindProject(TextView name) {
-    const std::vector<Text>& names = frmKORVANDE().File1.items;
+int FindProject(const FormKORVANDE& form, TextView name) {
+    const std::vector<Text>& names = form.File1.items;
     auto found = std::find(names.begin(), names.end(), name);
     if (found == names.end()) {
         const Text capitals = ToCapitals(name);
@@ -84,97 +82,94 @@ int FindProject(TextView name) {
     return found == names.end() ? -1 : static_cast<int>(found - names.begin());
 }
 
-void RefreshProjects() {
-    FormKORVANDE& form = frmKORVANDE();
-    form.File1.items = ListFiles(ProjectFolder(), u"*.nst");
-    form.File1.index = FindProject(CurrentProject());
-    if (form.changed) form.changed();
+void RefreshProjects(FormKORVANDE& form) {
+    form.File1.items = ListFiles(form.ProjectFolder, u"*.nst");
+    form.File1.index = FindProject(form, form.CurrentProject);
+    TellChanged(form);
 }
 
-bool CloseAfterLoad() noexcept {
-    closesAfterLoad = loading;
-    return loading;
+bool CloseAfterLoad(FormKORVANDE& form) noexcept {
+    form.activity.closesAfterLoad = form.activity.isLoading;
+    return form.activity.isLoading;
 }
 
-bool IsBusy() noexcept { return loading || IsTranslating(); }
+bool IsBusy(const FormKORVANDE& form) noexcept { return form.activity.isLoading || IsTranslating(form); }
 
-bool LoadProject(TextView project) {
+bool LoadProject(FormKORVANDE& form, TextView project) {
     const Text name(project);  // it may be the current project's own, which the load changes
-    FormKORVANDE& form = frmKORVANDE();
-    DropEdits();
-    const bool isLoaded = LoadIntoForm(name);
-    if (StartedByCommandLine()) StartedInteractively() = form.framStandaloneVisible = false;
-    form.File1.index = FindProject(CurrentProject());
-    if (form.changed) form.changed();
-    if (std::exchange(closesAfterLoad, false) && form.unload) form.unload();
+    DropEdits(form);
+    const bool isLoaded = LoadIntoForm(form, name);
+    if (form.StartedByCommandLine) form.project.options.StartedInteractively = false;
+    form.File1.index = FindProject(form, form.CurrentProject);
+    TellChanged(form);
+    if (std::exchange(form.activity.closesAfterLoad, false)) Unload(form);
     return isLoaded;
 }
 
-void NewProject() {
-    if (IsBusy()) return;
-    const StoppedTimer timer;
-    EndEdits();
-    const Text previous = CurrentProject();
-    const std::optional<Text> name = AskName(newProjectTexts, {});
+void NewProject(FormKORVANDE& form) {
+    if (IsBusy(form)) return;
+    const StoppedTimer timer(form);
+    EndEdits(form);
+    const Text previous = form.CurrentProject;
+    const std::optional<Text> name = AskName(form, newProjectTexts, {});
     if (!name) return;
-    SaveCurrentProject();
-    DropEdits();
-    ResetProject();
-    LoadGridData();
-    if (SaveProjectFile(PathOf(*name))) {
-        LoadProject(*name);
-        RefreshProjects();
+    SaveCurrentProject(form);
+    DropEdits(form);
+    ResetProject(form.project);
+    LoadGridData(form);
+    if (SaveProjectFile(form, PathOf(form, *name))) {
+        LoadProject(form, *name);
+        RefreshProjects(form);
     } else if (!previous.empty()) {
-        LoadProject(previous);
+        LoadProject(form, previous);
     }
 }
 
-void CopyProject() {
-    if (IsBusy() || CurrentProject().empty()) return;
-    const StoppedTimer timer;
-    EndEdits();
-    const Text previous = CurrentProject();
-    const std::optional<Text> name = AskName(copyProjectTexts, previous);
+void CopyProject(FormKORVANDE& form) {
+    if (IsBusy(form) || form.CurrentProject.empty()) return;
+    const StoppedTimer timer(form);
+    EndEdits(form);
+    const Text previous = form.CurrentProject;
+    const std::optional<Text> name = AskName(form, copyProjectTexts, previous);
     if (!name) return;
-    if (*name == previous || SameFile(PathOf(*name), PathOf(previous))) {
-        ShowMessage(u"Nieuwe naam moet anders zijn dan de oude", Icon::None, u"Dupliceren is mislukt");
+    if (*name == previous || SameFile(PathOf(form, *name), PathOf(form, previous))) {
+        ShowMessage(form.screen, u"Nieuwe naam moet anders zijn dan de oude", Icon::None, u"Dupliceren is mislukt");
         return;
     }
-    if (!CopyFileWithReport(PathOf(previous), PathOf(*name), true)) return;
+    if (!CopyFileWithReport(form.screen, PathOf(form, previous), PathOf(form, *name), true)) return;
     // The copy is of the file on disk: what was not saved yet stays with the old project.
-    SaveCurrentProject();
-    RefreshProjects();
-    LoadProject(*name);
+    SaveCurrentProject(form);
+    RefreshProjects(form);
+    LoadProject(form, *name);
 }
 
-void DeleteProject() {
-    if (IsBusy()) return;
-    const StoppedTimer timer;
-    EndEdits();
-    FormKORVANDE& form = frmKORVANDE();
+void DeleteProject(FormKORVANDE& form) {
+    if (IsBusy(form)) return;
+    const StoppedTimer timer(form);
+    EndEdits(form);
     const int position = form.File1.index;
-    const std::optional<Text> name = AskName(deleteProjectTexts, CurrentProject());
+    const std::optional<Text> name = AskName(form, deleteProjectTexts, form.CurrentProject);
     if (!name) return;
-    if (!SameFile(PathOf(*name), PathOf(CurrentProject()))) SaveCurrentProject();
-    DeleteFileAt(PathOf(*name));
-    CurrentProject().clear();
-    RefreshProjects();
+    if (!SameFile(PathOf(form, *name), PathOf(form, form.CurrentProject))) SaveCurrentProject(form);
+    DeleteFileAt(PathOf(form, *name));
+    form.CurrentProject.clear();
+    RefreshProjects(form);
     const int next = std::min(position, static_cast<int>(form.File1.items.size()) - 1);
     if (next >= 0) {
-        LoadProject(form.File1.items[static_cast<std::size_t>(next)]);
+        LoadProject(form, form.File1.items[static_cast<std::size_t>(next)]);
     } else {
-        DropEdits();
-        LoadEmptyProject();
+        DropEdits(form);
+        LoadEmptyProject(form);
     }
 }
 
-void PickProject(int index) {
-    const std::vector<Text>& names = frmKORVANDE().File1.items;
-    if (IsBusy() || index < 0 || static_cast<std::size_t>(index) >= names.size()) return;
-    const StoppedTimer timer;
-    EndEdits();
-    SaveCurrentProject();
-    LoadProject(names[static_cast<std::size_t>(index)]);
+void PickProject(FormKORVANDE& form, int index) {
+    const std::vector<Text>& names = form.File1.items;
+    if (IsBusy(form) || index < 0 || static_cast<std::size_t>(index) >= names.size()) return;
+    const StoppedTimer timer(form);
+    EndEdits(form);
+    SaveCurrentProject(form);
+    LoadProject(form, names[static_cast<std::size_t>(index)]);
 }
 
 }  // namespace korvande

@@ -1,168 +1,194 @@
-#include "run/RunTranslation.h"
+#include "app/RunTranslation.h"
 
+#include "app/Listing.h"
+#include "app/UserSettings.h"
+#include "app/frmKORVANDE.h"
 #include "core/RuntimeError.h"
 #include "core/modScreen.h"
 #include "host/modFileHandling.h"
-#include "project/frmKORVANDE.h"
-#include "run/Listing.h"
-#include "run/RunValues.h"
 #include "run/TranslateFiles.h"
-#include "run/UserSettings.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
 namespace {
 
-bool isTranslating = false;
-bool endIsAsked = false;
-
 // The time that a translation takes.
 class Translating {
  public:
-    Translating() {
-        isTranslating = true;
-        endIsAsked = false;
+    explicit Translating(Activity& itsActivity) : activity(itsActivity) {
+        activity.isTranslating = true;
+        activity.endIsAsked = false;
     }
     Translating(const Translating&) = delete;
     Translating& operator=(const Translating&) = delete;
-    ~Translating() { isTranslating = false; }
+    ~Translating() { activity.isTranslating = false; }
+
+ private:
+    Activity& activity;
 };
 
 // The two files of a direction, by their roles.
 struct Roles {
     Text& input;
     Text& output;
-    Text FormKORVANDE::*outputBox;
+    Text Options::*outputBox;
     TextView outputExtension;
 };
 
-Roles RolesOf(std::int16_t direction) {
-    RunValues& run = TheRun();
-    if (direction == fromIdex) return {run.IdexFileName, run.SufNenFileName, &FormKORVANDE::txtFileSUFNEN, u"SFN"};
-    return {run.SufNenFileName, run.IdexFileName, &FormKORVANDE::txtFileIDEX, u"IDX"};
+Roles RolesOf(Conversion& conversion) {
+    if (conversion.direction == Direction::FromIdex) {
+        return {conversion.IdexFileName, conversion.SufNenFileName, &Options::txtFileSUFNEN, u"SFN"};
+    }
+    return {conversion.SufNenFileName, conversion.IdexFileName, &Options::txtFileIDEX, u"IDX"};
 }
 
 // Takes names and direction from the window's controls. False when the input does not exist.
-bool TakeNamesFromForm() {
-    constexpr int firstModeToIdex = 2;
-    FormKORVANDE& form = frmKORVANDE();
-    RunValues& run = TheRun();
-    run.IdexFileName = form.txtFileIDEX;
-    run.SufNenFileName = form.txtFileSUFNEN;
-    run.XlateDirection = form.cboXlateMode.index < firstModeToIdex ? fromIdex : toIdex;
-    const Roles roles = RolesOf(run.XlateDirection);
+bool TakeNamesFromForm(FormKORVANDE& form) {
+    Options& options = form.project.options;
+    Conversion& conversion = form.conversion;
+    conversion.IdexFileName = options.txtFileIDEX;
+    conversion.SufNenFileName = options.txtFileSUFNEN;
+    conversion.direction = SelectedMode(form).direction;
+    const Roles roles = RolesOf(conversion);
     if (!FileExistsAt(roles.input)) {
-        ShowMessage(Concat(u"Invoerbestand niet gevonden:\n'", roles.input, u"'"));
+        ShowMessage(form.screen, Concat(u"Invoerbestand niet gevonden:\n'", roles.input, u"'"));
         return false;
     }
     if (Trim(roles.output).empty()) {
         roles.output = WithLastThreeReplaced(roles.input, roles.outputExtension);
-        form.*roles.outputBox = roles.output;
-        if (form.changed) form.changed();
+        options.*roles.outputBox = roles.output;
+        TellChanged(form);
     }
-    run.LogFileName = WithLastThreeReplaced(roles.output, u"LOG");
+    conversion.LogFileName = WithLastThreeReplaced(roles.output, u"LOG");
     return true;
 }
 
 // A run that would write over its own input never starts.
-bool WouldWriteOverInput() {
-    const RunValues& run = TheRun();
-    const Text& input = RolesOf(run.XlateDirection).input;
+bool WouldWriteOverInput(FormKORVANDE& form) {
+    Conversion& conversion = form.conversion;
+    const Text& input = RolesOf(conversion).input;
     TextView what;
-    if (SameFile(run.IdexFileName, run.SufNenFileName)) {
+    if (SameFile(conversion.IdexFileName, conversion.SufNenFileName)) {
         what = u"uitvoer";
-    } else if (SameFile(run.LogFileName, input)) {
+    } else if (SameFile(conversion.LogFileName, input)) {
         what = u"logboek";
     } else {
         return false;
     }
-    ShowMessage(Concat(u"Invoer en ", what, u" zijn hetzelfde bestand:\n", input));
+    ShowMessage(form.screen, Concat(u"Invoer en ", what, u" zijn hetzelfde bestand:\n", input));
     return true;
 }
 
-void ViewLogBook() {
-    const Text& name = TheRun().LogFileName;
-    if (!TheScreen().ViewTextFile(name)) {
-        ShowMessage(Concat(u"Het logboek kan niet worden getoond. Het is opgeslagen in:\n\n", name));
+void ViewLogBook(Screen& screen, const Text& name) {
+    if (!screen.ViewTextFile(name)) {
+        ShowMessage(screen, Concat(u"Het logboek kan niet worden getoond. Het is opgeslagen in:\n\n", name));
     }
 }
 
-void DisposeOfLogBook() {
-    const FormKORVANDE& form = frmKORVANDE();
-    const Text& name = TheRun().LogFileName;
-    if (form.optReportDisk) {
-        ShowMessage(Concat(u"LOGBOEK is opgeslagen in:\n\n", name));
-    } else if (form.optReportPrinter) {
-        PrintLogBook();
-    } else if (form.optReportScreen) {
-        ViewLogBook();
+void DisposeOfLogBook(FormKORVANDE& form) {
+    const Options& options = form.project.options;
+    const Text& name = form.conversion.LogFileName;
+    if (options.optReportDisk) {
+        ShowMessage(form.screen, Concat(u"LOGBOEK is opgeslagen in:\n\n", name));
+    } else if (options.optReportPrinter) {
+        PrintLogBook(form.screen, name);
+    } else if (options.optReportScreen) {
+        ViewLogBook(form.screen, name);
     } else {
         DeleteFileAt(name);
     }
 }
 
-void SetRunMark(TextView mark) {
-    frmKORVANDE().runMark = mark;
-    if (frmKORVANDE().changed) frmKORVANDE().changed();
+void SetRunMark(FormKORVANDE& form, TextView mark) {
+    form.runMark = mark;
+    TellChanged(form);
+}
+
+// Translates with the settings of the form, whose project has just been saved: the code tables are the grids as they
+// are. False when that was cancelled.
+bool TranslateProject(const FormKORVANDE& form) {
+    Translation translation(form.screen);
+    translation.options = form.project.options;
+    translation.owner = form.project.owner;
+    translation.codes = form.project.codes;
+    translation.mode = SelectedMode(form);
+    translation.modeText = form.cboXlateMode.SelectedText();
+    translation.IdexFileName = form.conversion.IdexFileName;
+    translation.SufNenFileName = form.conversion.SufNenFileName;
+    translation.LogFileName = form.conversion.LogFileName;
+    return TranslateFiles(translation) && !translation.outcome.cancelled;
 }
 
 // The run itself; false when it was stopped or cancelled, and nothing more is to be said.
-bool Translate() {
-    const RunValues& run = TheRun();
-    if (run.XlateDirection != toIdex && run.XlateDirection != fromIdex) {
-        ShowMessage(u"Onbekende vertaalrichting.");
+bool Translate(FormKORVANDE& form) {
+    if (form.conversion.direction == Direction::None) {
+        ShowMessage(form.screen, u"Onbekende vertaalrichting.");
         return false;
     }
-    if (WouldWriteOverInput()) return false;
-    SaveUserSettings();
-    SaveCurrentProject();
-    if (!TranslateFiles() || run.outcome.cancelled) return false;
-    DisposeOfLogBook();
+    if (WouldWriteOverInput(form)) return false;
+    SaveUserSettings(form);
+    SaveCurrentProject(form);
+    if (!TranslateProject(form)) return false;
+    DisposeOfLogBook(form);
     return true;
 }
 
 // What lasts as long as the run mark should: true for a run that came to its end.
-bool TranslateWithMark() {
-    const Translating translating;
-    SetRunMark(runningMark);
+bool TranslateWithMark(FormKORVANDE& form) {
+    const Translating translating(form.activity);
+    SetRunMark(form, runningMark);
     // A missing input ends the run here, with the run mark left as it is.
-    if (StartedInteractively() && !TakeNamesFromForm()) return false;
+    if (form.project.options.StartedInteractively && !TakeNamesFromForm(form)) return false;
     bool isFinished = false;
     try {
-        isFinished = Translate();
+        isFinished = Translate(form);
     } catch (const TranslationAborted&) {
         // While the log book was printed: it stays.
     }
-    SetRunMark({});
+    SetRunMark(form, {});
     return isFinished;
 }
 
 }  // namespace
 
-void RunTranslation() {
-    if (isTranslating) return;
-    const bool isFinished = TranslateWithMark();
+void RunTranslation(FormKORVANDE& form) {
+    if (IsTranslating(form)) return;
+    const bool isFinished = TranslateWithMark(form);
     // A step that is over is not shown as one under way.
-    ShowStatus({});
-    TheScreen().ShowProgressMaximum(1);
-    FormKORVANDE& form = frmKORVANDE();
+    form.screen.ShowStatus({});
+    form.screen.ShowProgressMaximum(1);
     // No longer translating: what the window disabled can be used again.
-    if (form.changed) form.changed();
-    if (!StartedInteractively() || endIsAsked) {
-        if (form.unload) form.unload();
+    TellChanged(form);
+    if (!form.project.options.StartedInteractively || IsEndOfRunAsked(form)) {
+        Unload(form);
     } else if (isFinished) {
-        ShowMessage(u"Verwerking gereed");
+        ShowMessage(form.screen, u"Verwerking gereed");
     }
 }
 
-bool IsTranslating() noexcept { return isTranslating; }
+Mode SelectedMode(const FormKORVANDE& form) {
+    constexpr int firstModeToIdex = 2;
+    const ListControl& list = form.cboXlateMode;
+    Mode mode;
+    // The texts of a list of modes tell it, whether it is the whole list or a command line's.
+    mode.variant = list.SelectedText().find(u"NEN1878") == TextView::npos ? Variant::Suf2 : Variant::Nen1878;
+    if (form.project.options.StartedInteractively) {
+        mode.direction = list.index < firstModeToIdex ? Direction::FromIdex : Direction::ToIdex;
+    } else {
+        mode.direction = form.conversion.direction;
+    }
+    return mode;
+}
 
-void AskEndOfRun() noexcept { endIsAsked = isTranslating; }
+bool IsTranslating(const FormKORVANDE& form) noexcept { return form.activity.isTranslating; }
 
-bool IsEndOfRunAsked() noexcept { return endIsAsked; }
+void AskEndOfRun(FormKORVANDE& form) noexcept { form.activity.endIsAsked = form.activity.isTranslating; }
 
-void EndRunIfAsked() {
-    if (isTranslating && endIsAsked) throw TranslationAborted();
+bool IsEndOfRunAsked(const FormKORVANDE& form) noexcept { return form.activity.endIsAsked; }
+
+void EndRunIfAsked(const FormKORVANDE& form) {
+    if (form.activity.isTranslating && form.activity.endIsAsked) throw TranslationAborted();
 }
 
 }  // namespace korvande

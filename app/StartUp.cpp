@@ -3,110 +3,104 @@
 #include "app/CommandLine.h"
 #include "app/GridEditing.h"
 #include "app/Projects.h"
+#include "app/RunTranslation.h"
+#include "app/UserSettings.h"
+#include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
 #include "host/LiscadRegistry.h"
 #include "host/modFileHandling.h"
-#include "project/frmKORVANDE.h"
-#include "run/RunTranslation.h"
-#include "run/RunValues.h"
-#include "run/UserSettings.h"
+#include "translation/Mode.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
 namespace {
 
-// False when no LISCAD is installed.
-bool FindLiscad() {
-    std::vector<Text>& versions = LiscadVersions();
+// False when no LISCAD is installed; the versions that are go into the list.
+bool FindLiscad(FormKORVANDE& form, std::vector<Text>& versions) {
     ListLiscadVersions(versions);
     if (versions.front().empty()) {
-        ShowMessage(u"Liscad niet gevonden; afbreken", Icon::Critical);
+        ShowMessage(form.screen, u"Liscad niet gevonden; afbreken", Icon::Critical);
         return false;
     }
-    LiscadInstallation& liscad = TheLiscad();
+    LiscadInstallation& liscad = form.liscad;
     liscad.version = versions.front();
     liscad.language = GetLiscadLanguage(liscad.version);
-    ReadUserSettings();
+    ReadUserSettings(form);
     liscad.dataPath = GetLiscadDataPath(liscad.version);
-    ProjectFolder() = GetLiscadUserPath(liscad.version);
+    form.ProjectFolder = GetLiscadUserPath(liscad.version);
     return true;
 }
 
-// One conversion, as the command line asks for it.
-void TakeConversion(TextView commandLine) {
-    constexpr TextView nen1878 = u"NEN1878";
-    constexpr TextView suf2 = u"SUF2";
-    RunValues& run = TheRun();
-    const CommandLineConversion conversion = SplitCommandLine(commandLine);
-    run.XlateDirection = conversion.direction;
-    run.SufNenFileName = conversion.sufNenFile;
-    run.IdexFileName = conversion.idexFile;
-    run.LogFileName = WithLastThreeReplaced(run.SufNenFileName, u"LOG");
-    const bool isNen = run.SufNenFileName.ends_with(u"SFN") || run.SufNenFileName.ends_with(u"NEN");
-    run.NenMode = run.ExportNen = isNen;
-    ListControl& modes = frmKORVANDE().cboXlateMode;
-    if (run.XlateDirection == toIdex) {
-        modes.items = {Concat(u"Import ", isNen ? nen1878 : suf2)};
-    } else {
-        modes.items = {Concat(u"Export ", isNen ? nen1878 : suf2), Concat(u"Export ", isNen ? suf2 : nen1878)};
+// Any other digit is none.
+Direction DirectionOf(std::int16_t digit) {
+    for (const Direction direction : {Direction::ToIdex, Direction::FromIdex}) {
+        if (digit == static_cast<std::int16_t>(direction)) return direction;
     }
-    modes.index = 0;
+    return Direction::None;
 }
 
-void TakeCommandLine(TextView commandLine) {
-    StartedByCommandLine() = !commandLine.empty();
-    StartedInteractively() = frmKORVANDE().framStandaloneVisible = commandLine.empty();
-    if (commandLine.empty()) {
-        TheRun().ExportNen = true;
+Text LabelOf(Direction direction, Variant variant) { return Text(NamesOf({direction, variant}).commandLineText); }
+
+// One conversion, as the command line asks for it. An export can be redirected to the other format.
+void TakeConversion(FormKORVANDE& form, TextView commandLine) {
+    const CommandLineConversion asked = SplitCommandLine(commandLine);
+    Conversion& conversion = form.conversion;
+    conversion.direction = DirectionOf(asked.direction);
+    conversion.SufNenFileName = asked.sufNenFile;
+    conversion.IdexFileName = asked.idexFile;
+    conversion.LogFileName = WithLastThreeReplaced(asked.sufNenFile, u"LOG");
+    const bool isNen = asked.sufNenFile.ends_with(u"SFN") || asked.sufNenFile.ends_with(u"NEN");
+    const Variant variant = isNen ? Variant::Nen1878 : Variant::Suf2;
+    const Variant other = isNen ? Variant::Suf2 : Variant::Nen1878;
+    ListControl& list = form.cboXlateMode;
+    if (conversion.direction == Direction::ToIdex) {
+        list.items = {LabelOf(Direction::ToIdex, variant)};
     } else {
-        TakeConversion(commandLine);
+        list.items = {LabelOf(Direction::FromIdex, variant), LabelOf(Direction::FromIdex, other)};
     }
+    list.index = 0;
+}
+
+void TakeCommandLine(FormKORVANDE& form, TextView commandLine) {
+    form.StartedByCommandLine = !commandLine.empty();
+    form.project.options.StartedInteractively = commandLine.empty();
+    if (!commandLine.empty()) TakeConversion(form, commandLine);
 }
 
 // Loads the remembered project, or else the first of the list; an empty folder gets an empty project.
-void LoadFirstProject() {
-    const Text remembered = CurrentProject();
-    CurrentProject().clear();
-    RefreshProjects();
-    const FormKORVANDE& form = frmKORVANDE();
+void LoadFirstProject(FormKORVANDE& form) {
+    const Text remembered = form.CurrentProject;
+    form.CurrentProject.clear();
+    RefreshProjects(form);
     if (form.File1.items.empty()) {
-        SaveProjectFile(Concat(ProjectFolder(), u"Leeg Project.nst"));
-        RefreshProjects();
+        SaveProjectFile(form, Concat(form.ProjectFolder, u"Leeg Project.nst"));
+        RefreshProjects(form);
     }
-    if (form.File1.items.empty()) return LoadEmptyProject();
-    const int place = FindProject(remembered);
-    LoadProject(form.File1.items[place < 0 ? 0 : static_cast<std::size_t>(place)]);
+    if (form.File1.items.empty()) return LoadEmptyProject(form);
+    const int place = FindProject(form, remembered);
+    LoadProject(form, form.File1.items[place < 0 ? 0 : static_cast<std::size_t>(place)]);
 }
 
 }  // namespace
 
-LiscadInstallation& TheLiscad() noexcept {
-    static LiscadInstallation installation;
-    return installation;
-}
-
-bool& StartedByCommandLine() noexcept {
-    static bool byCommandLine = false;
-    return byCommandLine;
-}
-
-AfterStartUp StartUp(const StartUpArguments& arguments) {
-    InitialiseForm();
-    InitialiseEditing();
-    if (!FindLiscad()) return AfterStartUp::EndProgram;
+AfterStartUp StartUp(FormKORVANDE& form, const StartUpArguments& arguments) {
+    std::vector<Text> versions;
+    if (!FindLiscad(form, versions)) return AfterStartUp::EndProgram;
     if (arguments.asksRegistration) {
-        AnnounceToLiscad();
+        AnnounceToLiscad(form.screen, versions);
         return AfterStartUp::EndProgram;
     }
-    if (ProjectFolder().empty()) {
+    if (form.ProjectFolder.empty()) {
         // Without it, the program would take the current folder's files for its projects.
-        ShowMessage(Concat(u"De gebruikersmap van Liscad ", TheLiscad().version, u" is niet gevonden; afbreken"),
+        ShowMessage(form.screen,
+                    Concat(u"De gebruikersmap van Liscad ", form.liscad.version, u" is niet gevonden; afbreken"),
                     Icon::Critical);
         return AfterStartUp::EndProgram;
     }
-    TakeCommandLine(Trim(arguments.commandLine));
-    MigrateProjectFiles(ProjectFolder());
-    LoadFirstProject();
+    TakeCommandLine(form, Trim(arguments.commandLine));
+    MigrateProjectFiles(form.ProjectFolder);
+    LoadFirstProject(form);
     return AfterStartUp::OpenWindow;
 }
 
@@ -119,23 +113,23 @@ void MigrateProjectFiles(TextView folder) {
     }
 }
 
-bool QueryClose() {
-    if (CloseAfterLoad()) return false;
-    if (!IsTranslating()) {
-        if (!frmKORVANDE().runMark.empty()) ShowMessage(u"Vertaling afgebroken.");
+bool QueryClose(FormKORVANDE& form) {
+    if (CloseAfterLoad(form)) return false;
+    if (!IsTranslating(form)) {
+        if (!form.runMark.empty()) ShowMessage(form.screen, u"Vertaling afgebroken.");
         return true;
     }
-    if (!IsEndOfRunAsked()) {
-        AskEndOfRun();
-        ShowMessage(u"Vertaling afgebroken.");
+    if (!IsEndOfRunAsked(form)) {
+        AskEndOfRun(form);
+        ShowMessage(form.screen, u"Vertaling afgebroken.");
     }
     return false;
 }
 
-void UnloadForm() {
-    EndEdits();
-    SaveCurrentProject();
-    SaveUserSettings();
+void UnloadForm(FormKORVANDE& form) {
+    EndEdits(form);
+    SaveCurrentProject(form);
+    SaveUserSettings(form);
 }
 
 }  // namespace korvande

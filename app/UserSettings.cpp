@@ -1,52 +1,62 @@
-#include "run/UserSettings.h"
+#include "app/UserSettings.h"
 
-#include <array>
-
+#include "app/frmKORVANDE.h"
 #include "host/modFileHandling.h"
 #include "host/modRegistry.h"
-#include "project/frmKORVANDE.h"
+#include "project/Options.h"
 
 namespace korvande {
 
 namespace {
 
 constexpr TextView settingsKey = u"Software\\TERAMUND\\KORVANDE";
-
-struct BoundSetting {
-    TextView name;
-    Text FormKORVANDE::*box;
-    TextView initial;
-};
-constexpr std::array<BoundSetting, 4> bounds = {{{u"MinX", &FormKORVANDE::txtMinX, u"0"},
-                                                 {u"MaxX", &FormKORVANDE::txtMaxX, u"999999"},
-                                                 {u"MinY", &FormKORVANDE::txtMinY, u"0"},
-                                                 {u"MaxY", &FormKORVANDE::txtMaxY, u"999999"}}};
+constexpr TextView currentProject = u"CurrProject";
+constexpr TextView isSet = u"1";
+constexpr TextView isNotSet = u"0";
 
 Text Setting(TextView name, TextView initial) {
     Text value;
     return ReadRegistryValue(hives::currentUser, settingsKey, name, value) ? value : Text(initial);
 }
 
-}  // namespace
+void Save(TextView name, TextView data) { WriteRegistryValue(hives::currentUser, settingsKey, name, data); }
 
-void ReadUserSettings() {
-    FormKORVANDE& form = frmKORVANDE();
-    CurrentProject() = Setting(u"CurrProject", {});
-    form.chkSelectXY = Setting(u"ClipXY", u"0") == u"1";
-    for (const BoundSetting& bound : bounds) form.*bound.box = Setting(bound.name, bound.initial);
-    if (form.changed) form.changed();
+// Calls an action with the name and the option of each setting that is kept per user.
+template <class Action>
+void ForEachSetting(Action action) {
+    for (const Option& option : AllOptions()) {
+        if (option.kind == OptionKind::PerUser) action(FromWindows1252(option.key), option);
+    }
 }
 
-void SaveUserSettings() {
-    const FormKORVANDE& form = frmKORVANDE();
+}  // namespace
+
+void ReadUserSettings(FormKORVANDE& form) {
+    Options& options = form.project.options;
+    form.CurrentProject = Setting(currentProject, {});
+    ForEachSetting([&options](const Text& name, const Option& option) {
+        const Text value = Setting(name, option.initial);
+        if (const auto* const text = std::get_if<Text Options::*>(&option.member)) {
+            options.** text = value;
+        } else {
+            options.*std::get<bool Options::*>(option.member) = value == isSet;
+        }
+    });
+    TellChanged(form);
+}
+
+void SaveUserSettings(const FormKORVANDE& form) {
+    const Options& options = form.project.options;
     RegKey key{};
     if (RegCreateSubKey(hives::currentUser, settingsKey, key)) RegCloseKeyHandle(key);
-    const auto save = [](TextView setting, TextView data) {
-        WriteRegistryValue(hives::currentUser, settingsKey, setting, data);
-    };
-    save(u"CurrProject", CurrentProject());
-    save(u"ClipXY", form.chkSelectXY ? u"1" : u"0");
-    for (const BoundSetting& bound : bounds) save(bound.name, form.*bound.box);
+    Save(currentProject, form.CurrentProject);
+    ForEachSetting([&options](const Text& name, const Option& option) {
+        if (const auto* const text = std::get_if<Text Options::*>(&option.member)) {
+            Save(name, options.**text);
+        } else {
+            Save(name, options.*std::get<bool Options::*>(option.member) ? isSet : isNotSet);
+        }
+    });
 }
 
 }  // namespace korvande

@@ -2,9 +2,11 @@
 
 namespace korvande {
 
-// The per-user settings: the current project ("CurrProject"), the coordinate selection ("ClipXY") and its rectangle
-// ("MinX", "MaxX", "MinY", "MaxY", metres), kept in the registry of the current user.
-void ReadUserSettings();
-void SaveUserSettings();
+struct FormKORVANDE;
+
+// The per-user settings: the current project ("CurrProject") and the options that are kept per user, the coordinate
+// selection and its rectangle, in the registry of the current user.
+void ReadUserSettings(FormKORVANDE& form);
+void SaveUserSettings(const FormKORVANDE& form);
 
 }  // namespace korvande

@@ -5,14 +5,15 @@
 #include <map>
 
 #include "bench/generate.h"
-#include "core/modKORVANDE.h"
+#include "core/modScreen.h"
 #include "idex/modExportIDEX.h"
 #include "idex/modImportIDEX.h"
 #include "nensuf/modExportSUFNEN.h"
 #include "nensuf/modImportSUFNEN.h"
-#include "project/frmKORVANDE.h"
-#include "run/RunValues.h"
+#include "project/ControlTable.h"
 #include "run/TranslateFiles.h"
+#include "translation/Files.h"
+#include "translation/Translation.h"
 
 // What reading, writing and the whole run cost, on generated drawings of the number of objects given as argument.
 namespace korvande {
@@ -21,7 +22,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-enum ModeIndex { idexToNen = 0, idexToSuf = 1, nenToIdex = 2 };
+constexpr Mode idexToNen{Direction::FromIdex, Variant::Nen1878};
+constexpr Mode idexToSuf{Direction::FromIdex, Variant::Suf2};
+constexpr Mode nenToIdex{Direction::ToIdex, Variant::Nen1878};
 
 // The files of one size of drawing, made once and removed at the end.
 class Files {
@@ -34,12 +37,8 @@ class Files {
         std::FILE* const drawing = std::fopen((folder / "in.idx").c_str(), "wb");
         bench::WriteIdexDrawing(options, drawing);
         std::fclose(drawing);
-        const std::string table = bench::ControlTable(options.tableRows);
-        std::FILE* const project = std::fopen((folder / "p.nst").c_str(), "wb");
-        std::fwrite(table.data(), 1, table.size(), project);
-        std::fclose(project);
-        Prepare(idexToNen);
-        Run(In("in.idx"), In("in.sfn"));
+        LoadProjectBytes(screen, project, bench::ControlTable(options.tableRows));
+        Run(idexToNen, "in.idx", "in.sfn");
     }
     Files(const Files&) = delete;
     Files& operator=(const Files&) = delete;
@@ -47,28 +46,28 @@ class Files {
 
     Text In(const char* name) const { return FromUtf8((folder / name).string()); }
 
-    // The program ready for a run of a mode.
-    void Prepare(ModeIndex mode) const {
-        InitialiseForm();
-        LoadProjectFile(In("p.nst"));
-        frmKORVANDE().cboXlateMode.index = mode;
-        TheRun().XlateDirection = mode == nenToIdex ? toIdex : fromIdex;
-        TakeVariantFromMode();
-        TheRun().LogFileName.clear();
+    // A translation between two of the files, which keeps no log book.
+    void Prepare(Translation& translation, const char* idex, const char* sufNen, Mode mode) const {
+        translation.mode = mode;
+        translation.IdexFileName = In(idex);
+        translation.SufNenFileName = In(sufNen);
     }
 
-    static void Run(const Text& idex, const Text& sufNen) {
-        TheRun().IdexFileName = idex;
-        TheRun().SufNenFileName = sufNen;
-        SaveGridData();
-        TranslateFiles();
+    // A whole run, with the grids' way of the code tables.
+    void Run(Mode mode, const char* idex, const char* sufNen) {
+        Translation translation(screen, project);
+        Prepare(translation, idex, sufNen, mode);
+        TranslateFiles(translation);
     }
+
+    SilentScreen screen;
+    Project project;
 
  private:
     fs::path folder;
 };
 
-const Files& FilesOf(std::int64_t objects) {
+Files& FilesOf(std::int64_t objects) {
     static std::map<std::int64_t, Files> files;
     return files.try_emplace(objects, objects).first->second;
 }
@@ -79,54 +78,50 @@ void CountObjects(benchmark::State& state) {
 }
 
 void ReadIdex(benchmark::State& state) {
-    const Files& files = FilesOf(state.range(0));
-    files.Prepare(idexToNen);
-    TheRun().IdexFileName = files.In("in.idx");
-    for ([[maybe_unused]] auto _ : state) ReadIdexFile();
+    Files& files = FilesOf(state.range(0));
+    Translation translation(files.screen, files.project);
+    files.Prepare(translation, "in.idx", "out.sfn", idexToNen);
+    for ([[maybe_unused]] auto _ : state) ReadIdexFile(translation);
     CountObjects(state);
 }
 
 void WriteNen(benchmark::State& state) {
-    const Files& files = FilesOf(state.range(0));
-    files.Prepare(idexToNen);
-    TheRun().IdexFileName = files.In("in.idx");
-    TheRun().SufNenFileName = files.In("out.sfn");
-    ReadIdexFile();
-    for ([[maybe_unused]] auto _ : state) ExportSufNen();
+    Files& files = FilesOf(state.range(0));
+    Translation translation(files.screen, files.project);
+    files.Prepare(translation, "in.idx", "out.sfn", idexToNen);
+    ReadIdexFile(translation);
+    for ([[maybe_unused]] auto _ : state) ExportSufNen(translation);
     CountObjects(state);
 }
 
 void ReadNen(benchmark::State& state) {
-    const Files& files = FilesOf(state.range(0));
-    files.Prepare(nenToIdex);
-    TheRun().IdexFileName = files.In("out.idx");
-    TheRun().SufNenFileName = files.In("in.sfn");
-    for ([[maybe_unused]] auto _ : state) ImportNenSuf();
-    TheRun().output.Abandon();
+    Files& files = FilesOf(state.range(0));
+    Translation translation(files.screen, files.project);
+    files.Prepare(translation, "out.idx", "in.sfn", nenToIdex);
+    for ([[maybe_unused]] auto _ : state) ImportNenSuf(translation);
+    translation.output.Abandon();
     CountObjects(state);
 }
 
 void WriteIdex(benchmark::State& state) {
-    const Files& files = FilesOf(state.range(0));
-    files.Prepare(nenToIdex);
-    TheRun().IdexFileName = files.In("out.idx");
-    TheRun().SufNenFileName = files.In("in.sfn");
-    ImportNenSuf();
+    Files& files = FilesOf(state.range(0));
+    Translation translation(files.screen, files.project);
+    files.Prepare(translation, "out.idx", "in.sfn", nenToIdex);
+    ImportNenSuf(translation);
     for ([[maybe_unused]] auto _ : state) {
-        OpenOutput(TheRun().IdexFileName);
-        WriteIdexFile();
+        OpenOutput(translation, translation.IdexFileName);
+        WriteIdexFile(translation);
     }
     CountObjects(state);
 }
 
-void WholeRun(benchmark::State& state, ModeIndex mode) {
-    const Files& files = FilesOf(state.range(0));
-    files.Prepare(mode);
+void WholeRun(benchmark::State& state, Mode mode) {
+    Files& files = FilesOf(state.range(0));
     for ([[maybe_unused]] auto _ : state) {
         if (mode == nenToIdex) {
-            Files::Run(files.In("out.idx"), files.In("in.sfn"));
+            files.Run(mode, "out.idx", "in.sfn");
         } else {
-            Files::Run(files.In("in.idx"), files.In("out.sfn"));
+            files.Run(mode, "in.idx", "out.sfn");
         }
     }
     CountObjects(state);

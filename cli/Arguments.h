@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,19 +34,5 @@ struct TranslateOptions {
     bool quiet = false;
     std::vector<std::string> files;
 };
-
-// The commands; each returns the exit status. A UsageError is thrown before anything is written.
-int Translate(const TranslateOptions& options);
-int Check(const std::string& project, const std::vector<std::string>& files);
-int MakeProject(const std::string& file);
-int ShowProject(const std::string& file);
-
-// A line on standard output (UTF-8, safe for a terminal), and one on standard error.
-void PrintLine(TextView text);
-void PrintErrorLine(TextView text);
-
-// Loads a control table into the form, or the defaults with unknown objects taken along when no file is named. False
-// when it cannot be read; the message has been shown.
-bool LoadControlTable(const std::string& file);
 
 }  // namespace korvande

@@ -1,47 +1,29 @@
+#include "cli/Check.h"
+
 #include <algorithm>
+#include <optional>
 
 #include "cli/Arguments.h"
+#include "cli/ConsoleScreen.h"
+#include "cli/Print.h"
 #include "cli/Process.h"
-#include "core/ConsoleScreen.h"
-#include "core/NativePath.h"
+#include "cli/Projects.h"
 #include "core/Picture.h"
-#include "core/modKORVANDE.h"
-#include "idex/modImportIDEX.h"
-#include "nensuf/modExportSUFNEN.h"
-#include "nensuf/modImportSUFNEN.h"
-#include "project/CodeTables.h"
-#include "project/frmKORVANDE.h"
-#include "run/InputFile.h"
-#include "run/LogBook.h"
-#include "run/ObjectAccount.h"
+#include "core/RuntimeError.h"
+#include "run/Check.h"
+#include "run/Recognise.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
 namespace {
 
-enum class Format { Idex, Nen1878, Suf2, Unknown };
-
-TextView NameOf(Format format) {
-    switch (format) {
-        case Format::Idex:
-            return u"IDEX";
-        case Format::Nen1878:
-            return u"NEN1878";
-        case Format::Suf2:
-            return u"SUF2";
-        default:
-            return u"onbekend";
-    }
-}
-
 // What is wrong with the file being checked, one line each.
-class Problems {
+class Findings {
  public:
     void Add(TextView message) {
         ++count;
-        const std::int64_t line = CurrentInputLine();
-        const bool tellsLine = message.ends_with(u")") && message.find(u" (regel ") != TextView::npos;
-        PrintLine(line > 0 && !tellsLine ? Concat(u"  ", message, u" (regel ", line, u")") : Concat(u"  ", message));
+        PrintLine(Concat(u"  ", message));
     }
     std::int64_t Count() const noexcept { return count; }
 
@@ -49,69 +31,18 @@ class Problems {
     std::int64_t count = 0;
 };
 
-// A screen for checking: messages say what the problems say already, and a question about the format is a problem,
-// after which the check goes on with what is proposed.
+// A screen for checking: but for questions, its messages say what the problems say already.
 class CheckScreen : public ConsoleScreen {
  public:
-    explicit CheckScreen(Problems& problemList) : ConsoleScreen(false), problems(problemList) {
-        isInterrupted = IsInterrupted;
-    }
+    CheckScreen() : ConsoleScreen(false) { isInterrupted = IsInterrupted; }
     Answer ShowMessage(const MessageBox& box) override {
-        if (box.buttons != Buttons::YesNoCancel) return Answer::Ok;
-        Text message = box.text;
-        std::replace(message.begin(), message.end(), u'\n', u' ');
-        problems.Add(message);
-        return Answer::Yes;
+        return box.buttons == Buttons::YesNoCancel ? ConsoleScreen::ShowMessage(box) : Answer::Ok;
     }
-
- private:
-    Problems& problems;
 };
 
-// The format by the file's content: a HEADER line, or an 01 and an 02 record, whose precision digit stands in column 7
-// for NEN1878. A RuntimeError when the file cannot be read.
-Format Recognise(TextView name) {
-    LineReader file(name);
-    std::string_view line;
-    if (!file.Next(line)) return Format::Unknown;
-    if (line.starts_with("01")) {
-        if (!file.Next(line) || !line.starts_with("02") || line.size() < 8) return Format::Unknown;
-        return line[6] == '0' ? Format::Suf2 : Format::Nen1878;
-    }
-    do {
-        if (ToCapitals(line).find("HEADER") != std::string::npos) return Format::Idex;
-    } while (file.Next(line));
-    return Format::Unknown;
-}
-
-// One step of a translation: an error that escapes it is a problem, after which the next step follows.
-void RunStep(void (*step)()) {
-    try {
-        step();
-    } catch (const std::exception&) {
-        LogFile().WriteEscapedError(CurrentError());
-    }
-    CurrentInputLine() = 0;
-}
-
-// Reads the file and looks every code up, as a translation would. What an IDEX file refers to is followed by exporting
-// it to nowhere.
-void ReadFile(Format format, const Text& name) {
-    RunValues& run = TheRun();
-    run.outcome = {};
-    run.withDiagnosticFiles = false;
-    run.temporaryOutput = NullDevice();
-    TheAccount() = {};
-    SaveGridData();
-    if (format == Format::Idex) {
-        run.IdexFileName = name;
-        RunStep(ReadIdexFile);
-        RunStep(ExportSufNen);
-    } else {
-        run.SufNenFileName = name;
-        run.NenMode = format == Format::Nen1878;
-        RunStep(ImportNenSuf);
-    }
+Text QuestionWithLine(Text question, std::int64_t line) {
+    std::replace(question.begin(), question.end(), u'\n', u' ');
+    return line > 0 ? Concat(question, u" (regel ", line, u")") : question;
 }
 
 void PrintCounts(const Drawing& drawing) {
@@ -148,63 +79,70 @@ void PrintCodes(TextView heading, const CodeTable& table) {
 }
 
 // The codes that the control table does not know; each is a problem.
-void AddUnknownCodes(Problems& problems) {
-    auto& entries = TheDrawing().UnknownCodes.Entries();
-    std::sort(entries.begin(), entries.end(),
-              [](const UnknownCodeRec& a, const UnknownCodeRec& b) { return a.Code.View() < b.Code.View(); });
-    for (const UnknownCodeRec& unknown : entries) {
+void AddUnknownCodes(UnknownCodeTally& unknowns, Findings& findings) {
+    unknowns.Sort();
+    for (const UnknownCodeRec& unknown : unknowns.Entries()) {
         const TextView key = unknown.Code.View();
         const TextView kind = key[0] == u'P' ? u"Puntcode" : key[0] == u'L' ? u"Lijncode" : u"Tekstcode";
-        problems.Add(Concat(kind, u" '", TrimRight(key.substr(1)), u"' staat niet in de controletabel: ", unknown.Count,
+        findings.Add(Concat(kind, u" '", TrimRight(key.substr(1)), u"' staat niet in de controletabel: ", unknown.Count,
                             u" maal"));
     }
 }
 
-int CheckOne(const std::string& file) {
-    const Text name = FromUtf8(file);
-    Problems problems;
-    CheckScreen screen(problems);
-    const ScreenInUse inUse(screen);
-    Format format = Format::Unknown;
+// Goes through the drawing and tells all there is to tell of it; the exit status.
+int CheckFile(CheckScreen& screen, const Project& project, const Text& name, Format format) {
+    Findings findings;
+    Translation translation(screen, project);
+    translation.mode = ModeReading(format);
+    (format == Format::Idex ? translation.IdexFileName : translation.SufNenFileName) = name;
+    translation.problems.onProblem = [&findings](const Problem& problem) { findings.Add(SentenceWithLine(problem)); };
+    // A question about the format is a problem, after which the check goes on with what is proposed.
+    screen.answerQuestion = [&findings, &translation](const MessageBox& box) {
+        findings.Add(QuestionWithLine(box.text, translation.inputLine));
+        return Answer::Yes;
+    };
+    PrintLine(Concat(u"Bestand: ", name, u" (", NameOf(format), u")"));
+    PrintLine(u"Problemen:");
+    CheckDrawing(translation);
+    if (translation.outcome.cancelled) throw TranslationAborted();
+    AddUnknownCodes(translation.unknowns, findings);
+    if (findings.Count() == 0) PrintLine(u"  geen");
+    PrintCounts(translation.drawing);
+    PrintCodes(u"Lijncodes:", translation.codes.lines);
+    PrintCodes(u"Puntcodes:", translation.codes.points);
+    PrintCodes(u"Tekstcodes:", translation.codes.texts);
+    if (translation.outcome.inputUnreadable || translation.outcome.wrongFormat) return status::failed;
+    return findings.Count() == 0 ? status::done : status::withErrors;
+}
+
+int CheckOne(const Project& project, const Text& name) {
+    CheckScreen screen;
+    std::optional<Format> format;
     try {
-        format = Recognise(name);
+        LineReader file(name, &screen);
+        format = Recognise(file);
     } catch (const RuntimeError& error) {
         PrintErrorLine(
             Concat(u"Kon bestand: '", name, u"' niet openen;\nFoutcode: ", error.Number(), u"\n", error.Description()));
         return status::failed;
     }
-    if (format == Format::Unknown) {
+    if (!format) {
         PrintErrorLine(Concat(name, u": geen IDEX, NEN1878 of SUF2 bestand."));
         return status::failed;
     }
-    PrintLine(Concat(u"Bestand: ", name, u" (", NameOf(format), u")"));
-    PrintLine(u"Problemen:");
-    LogFile().onError = [&problems](TextView message) { problems.Add(message); };
-    ReadFile(format, name);
-    LogFile().onError = nullptr;
-    AddUnknownCodes(problems);
-    if (problems.Count() == 0) PrintLine(u"  geen");
-    PrintCounts(TheDrawing());
-    PrintCodes(u"Lijncodes:", LineCodes());
-    PrintCodes(u"Puntcodes:", PointCodes());
-    PrintCodes(u"Tekstcodes:", TextCodes());
-    if (TheRun().outcome.inputUnreadable || TheRun().outcome.wrongFormat) return status::failed;
-    return problems.Count() == 0 ? status::done : status::withErrors;
+    return CheckFile(screen, project, name, *format);
 }
 
 }  // namespace
 
 int Check(const std::string& project, const std::vector<std::string>& files) {
-    {
-        ConsoleScreen screen(false);
-        const ScreenInUse inUse(screen);
-        if (!LoadControlTable(project)) return status::failed;
-    }
-    frmKORVANDE().chkExportUnknowns = frmKORVANDE().chkImportUnknowns = true;
+    Project settings;
+    ConsoleScreen screen(false);
+    if (!LoadControlTable(screen, settings, project)) return status::failed;
     int worst = status::done;
     for (const std::string& file : files) {
         try {
-            worst = std::max(worst, CheckOne(file));
+            worst = std::max(worst, CheckOne(settings, FromUtf8(file)));
         } catch (const TranslationAborted&) {
             return status::failed;
         }

@@ -1,4 +1,4 @@
-#include "core/ConsoleScreen.h"
+#include "cli/ConsoleScreen.h"
 
 #include <algorithm>
 

@@ -62,9 +62,6 @@ bool IsInterrupted() noexcept { return interrupted; }
 
 bool InputIsTerminal() noexcept { return IsConsole(STD_INPUT_HANDLE); }
 
-bool ErrorIsTerminal() noexcept {
-    static const bool isTerminal = FollowsEscapeSequences(STD_ERROR_HANDLE);
-    return isTerminal;
-}
+bool ErrorIsTerminal() noexcept { return FollowsEscapeSequences(STD_ERROR_HANDLE); }
 
 }  // namespace korvande

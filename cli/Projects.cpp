@@ -1,8 +1,15 @@
+#include "cli/Projects.h"
+
+#include <algorithm>
+#include <array>
+#include <variant>
+
 #include "cli/Arguments.h"
-#include "core/ConsoleScreen.h"
+#include "cli/ConsoleScreen.h"
+#include "cli/Print.h"
 #include "host/modFileHandling.h"
-#include "project/CodeTables.h"
-#include "project/frmKORVANDE.h"
+#include "project/ControlTable.h"
+#include "project/Grid.h"
 
 namespace korvande {
 
@@ -15,53 +22,51 @@ void PrintValue(TextView label, TextView value) {
     PrintLine(TrimRight(TextView(Concat(line, value))));
 }
 
-void PrintCheck(TextView label, bool value) { PrintValue(label, value ? u"ja" : u"nee"); }
-
-TextView ReportText(const FormKORVANDE& form) {
-    return form.optReportDisk      ? u"schijf"
-           : form.optReportPrinter ? u"printer"
-           : form.optReportNone    ? u"geen"
-                                   : u"scherm";
+TextView ReportText(const Options& options) {
+    return options.optReportDisk      ? u"schijf"
+           : options.optReportPrinter ? u"printer"
+           : options.optReportNone    ? u"geen"
+                                      : u"scherm";
 }
 
-Text DateText(const FormKORVANDE& form) {
-    if (form.optDateNow) return u"vandaag";
-    if (form.optDateAlt) return Concat(u"alternatief: ", form.txtAltDatum);
+Text DateText(const Options& options) {
+    if (options.optDateNow) return u"vandaag";
+    if (options.optDateAlt) return Concat(u"alternatief: ", options.txtAltDatum);
     return u"uit het bestand";
 }
 
-void PrintSettings(const FormKORVANDE& form) {
-    PrintLine(u"[Algemeen]");
-    PrintValue(u"NEN1878/SUF2 bestand", form.txtFileSUFNEN);
-    PrintValue(u"IDEX bestand", form.txtFileIDEX);
-    PrintValue(u"Naam", form.txtNameLong);
-    PrintValue(u"Korte naam", form.txtNameShort);
-    PrintValue(u"Straat", form.txtStreet);
-    PrintValue(u"Nummer", form.txtNumber);
-    PrintValue(u"Toevoeging", form.txtSuffix);
-    PrintValue(u"Postcode", form.txtZipcode);
-    PrintValue(u"Plaats", form.txtCity);
-    PrintValue(u"Bron", form.txtSource);
-    PrintValue(u"Logboek", ReportText(form));
-    PrintLine(u"");
-    PrintLine(u"[Import]");
-    PrintCheck(u"Onbekende objecten", form.chkImportUnknowns);
-    PrintCheck(u"Symboolrotatie aanpassen", form.chkImportSymRotation);
-    PrintLine(u"");
-    PrintLine(u"[Export]");
-    PrintCheck(u"Onbekende objecten", form.chkExportUnknowns);
-    PrintCheck(u"Puntnummer als veld", form.chkExportPointnoAsField);
-    PrintCheck(u"Puntnummer als tekst", form.chkExportPointnoAsText);
-    PrintValue(u"LKI-code puntnummertekst", form.txtPnoTxtLKI);
-    PrintCheck(u"3D", form.chkExport3D);
-    PrintCheck(u"Hoogte als tekst", form.chkExportHeightAsText);
-    PrintValue(u"LKI-code hoogtetekst", form.txtEleTxtLKI);
-    PrintCheck(u"Symboolrotatie aanpassen", form.chkExportSymRotation);
-    PrintValue(u"Veldwerkdatum", DateText(form));
+// An option as a person reads it; what belongs to it is told with it.
+Text ValueText(const Options& options, const Option& option) {
+    switch (option.kind) {
+        case OptionKind::Report:
+            return Text(ReportText(options));
+        case OptionKind::DateText:
+            return DateText(options);
+        default:
+            break;
+    }
+    if (const auto* const text = std::get_if<Text Options::*>(&option.member)) return options.**text;
+    return options.*std::get<bool Options::*>(option.member) ? u"ja" : u"nee";
 }
 
-void PrintGrid(TextView heading, const Grid& grid) {
+void PrintSettings(const Options& options) {
+    constexpr std::string_view generalSection = "NEN1878";
+    std::string_view section;
+    for (const Option& option : AllOptions()) {
+        if (option.label.empty()) continue;
+        if (option.section != section) {
+            if (!section.empty()) PrintLine(u"");
+            section = option.section;
+            PrintLine(Concat(u"[", section == generalSection ? "Algemeen" : section, u"]"));
+        }
+        PrintValue(option.label, ValueText(options, option));
+    }
+}
+
+void PrintTable(TextView heading, TextView header, const CodeTable& table) {
     constexpr std::array<std::size_t, Grid::columns> widths = {9, 9, 9, 45, 6, 6, 0};
+    Grid grid(header);
+    LoadGrid(grid, table);
     PrintLine(u"");
     PrintLine(Concat(u"[", heading, u"] ", grid.RowCount() - 1, u" regels"));
     for (int row = 0; row < grid.RowCount(); ++row) {
@@ -77,39 +82,32 @@ void PrintGrid(TextView heading, const Grid& grid) {
 
 }  // namespace
 
-bool LoadControlTable(const std::string& file) {
-    if (file.empty()) {
-        LoadEmptyProject();
-        frmKORVANDE().chkExportUnknowns = frmKORVANDE().chkImportUnknowns = true;
-    } else {
-        const Text name = FromUtf8(file);
-        CurrentProject() = FileNameOf(name);
-        if (!LoadProjectFile(name)) return false;
-    }
-    StartedInteractively() = false;
+bool LoadControlTable(Screen& screen, Project& project, const std::string& file) {
+    if (!file.empty()) return LoadProjectFile(screen, project, FromUtf8(file));
+    LoadEmptyProject(project);
+    project.options.chkExportUnknowns = project.options.chkImportUnknowns = true;
     return true;
 }
 
 int MakeProject(const std::string& file) {
-    ConsoleScreen screen(false);
-    const ScreenInUse inUse(screen);
     const Text name = FromUtf8(file);
     if (!IsFreeName(name)) {
         throw UsageError{Concat(u"Er bestaat al een bestand met deze naam:\n", name)};
     }
-    LoadEmptyProject();
-    return SaveProjectFile(name) ? status::done : status::failed;
+    ConsoleScreen screen(false);
+    Project project;
+    LoadEmptyProject(project);
+    return SaveProjectFile(screen, project, name) ? status::done : status::failed;
 }
 
 int ShowProject(const std::string& file) {
     ConsoleScreen screen(false);
-    const ScreenInUse inUse(screen);
-    if (!LoadControlTable(file)) return status::failed;
-    const FormKORVANDE& form = frmKORVANDE();
-    PrintSettings(form);
-    PrintGrid(u"Puntobjecten", form.gridPoints);
-    PrintGrid(u"Lijnobjecten", form.gridLines);
-    PrintGrid(u"Tekstobjecten", form.gridTexts);
+    Project project;
+    if (!LoadControlTable(screen, project, file)) return status::failed;
+    PrintSettings(project.options);
+    PrintTable(u"Puntobjecten", gridHeader, project.codes.points);
+    PrintTable(u"Lijnobjecten", gridHeader, project.codes.lines);
+    PrintTable(u"Tekstobjecten", textGridHeader, project.codes.texts);
     return status::done;
 }
 

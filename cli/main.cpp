@@ -5,11 +5,13 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/Arguments.h"
+#include "cli/Check.h"
+#include "cli/Print.h"
 #include "cli/Process.h"
-#include "core/ConsoleScreen.h"
-#include "core/ConsoleText.h"
+#include "cli/Projects.h"
+#include "cli/Translate.h"
 #include "core/RuntimeError.h"
-#include "project/frmKORVANDE.h"
+#include "core/VersionText.h"
 
 namespace korvande {
 
@@ -166,24 +168,10 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
 
 }  // namespace
 
-void PrintLine(TextView text) { PutText(stdout, ForTerminal(text) + "\n"); }
-
-void PrintErrorLine(TextView text) { PutText(stderr, ForTerminal(text) + "\n"); }
-
-// Tells the error being handled, also when there is no memory left to put its words together.
-void PrintCurrentError() noexcept {
-    try {
-        PrintErrorLine(CurrentError().Description());
-    } catch (const std::exception&) {
-        std::fputs("Onvoldoende geheugen\n", stderr);
-    }
-}
-
 int Main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
     PrepareProcess();
     try {
-        InitialiseForm();
         return RunCommandLine(ProgramArguments(argc, argv));
     } catch (const UsageError& error) {
         PrintErrorLine(error.message);

@@ -10,6 +10,9 @@
 
 namespace korvande {
 
+// Whether the letters of a file's bytes are put into capitals on their way.
+enum class Letters { AsTheyAre, Capitals };
+
 // A text of exactly N characters, left-aligned: a shorter value is padded with blanks on the right, a longer one is
 // cut. One that was never assigned holds NUL characters ("never filled"), which assigning the empty text does not. It
 // is trivial, so that whole pages of records can begin as zeroed memory.
@@ -27,8 +30,9 @@ struct FixedText {
         return *this;
     }
 
-    // Windows-1252 bytes, put into capitals on their way when `capitals` is set.
-    void Assign(std::string_view bytes, bool capitals = false) noexcept {
+    // Windows-1252 bytes.
+    void Assign(std::string_view bytes, Letters letters = Letters::AsTheyAre) noexcept {
+        const bool capitals = letters == Letters::Capitals;
         const std::size_t length = std::min(bytes.size(), N);
         for (std::size_t i = 0; i < length; ++i) {
             const auto byte = static_cast<unsigned char>(bytes[i]);

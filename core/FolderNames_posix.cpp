@@ -7,6 +7,7 @@
 #include <ctime>
 #include <exception>
 #include <memory>
+#include <mutex>
 #include <set>
 #include <utility>
 
@@ -51,7 +52,9 @@ struct Kept {
     bool isTrusted = false;   // while its stamp is the same, so are its names
 };
 
+// The one value that translations share, whatever their thread: it only saves reading a folder again.
 Kept kept;
+std::mutex keptLock;
 
 bool HasKept(const std::string& folder, const Stamp& stamp) {
     return stamp.number != 0 && kept.folder == folder && kept.stamp == stamp;
@@ -86,6 +89,7 @@ void Read(const std::string& folder, const Stamp& stamp, system_clock::time_poin
 }  // namespace
 
 std::string FindWithoutCase(const std::string& folder, std::string_view wanted) {
+    const std::lock_guard lock(keptLock);
     const Stamp stamp = StampOf(folder);
     const auto now = system_clock::now();
     if (!kept.isTrusted || !HasKept(folder, stamp) || !IsFresh(now)) Read(folder, stamp, now);
@@ -95,11 +99,13 @@ std::string FindWithoutCase(const std::string& folder, std::string_view wanted) 
 }
 
 OwnChange::OwnChange(std::string_view nativePath) {
+    const std::lock_guard lock(keptLock);
     const std::string folder(FolderPart(nativePath));
     if (HasKept(folder, StampOf(folder))) path = nativePath;
 }
 
 OwnChange::~OwnChange() {
+    const std::lock_guard lock(keptLock);
     if (path.empty() || FolderPart(path) != kept.folder) return;
     try {
         const Name name = NameOf(std::string_view(path).substr(kept.folder.size()));

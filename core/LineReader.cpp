@@ -28,12 +28,15 @@ std::int64_t LengthOf(std::FILE* file) {
 
 }  // namespace
 
-void LineReader::Open(TextView name) {
+void LineReader::Open(TextView name, Screen* waiting) {
     Close();
     file.reset(OpenNativeFile(name, OpenMode::Read));
+    screen = waiting;
+    isOpen = true;
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
     length = LengthOf(file.get());
     buffer.resize(blockSize);
+    data = buffer.data();
     try {
         while (end < byteOrderMark.size() && FillMore()) {
         }
@@ -41,25 +44,44 @@ void LineReader::Open(TextView name) {
         Close();
         throw;
     }
-    if (std::string_view(buffer.data(), end).starts_with(byteOrderMark)) {
-        utf8 = true;
-        at = nextLineFeed = nextReturn = byteOrderMark.size();
-    }
+    SkipByteOrderMark();
+}
+
+void LineReader::OpenBytes(std::string_view bytes) noexcept {
+    Close();
+    isOpen = atEnd = true;
+    data = bytes.data();
+    end = bytes.size();
+    length = static_cast<std::int64_t>(end);
+    DropEndOfFileMark();
+    SkipByteOrderMark();
+}
+
+void LineReader::SkipByteOrderMark() noexcept {
+    if (!std::string_view(data, end).starts_with(byteOrderMark)) return;
+    utf8 = true;
+    at = nextLineFeed = nextReturn = byteOrderMark.size();
+}
+
+void LineReader::DropEndOfFileMark() noexcept {
+    if (end > at && data[end - 1] == endOfFileMark) --end;
 }
 
 void LineReader::Close() noexcept {
     file.reset();
+    screen = nullptr;
+    isOpen = false;
     at = end = nextLineFeed = nextReturn = 0;
     atEnd = utf8 = failed = false;
     blockStart = lineNumber = length = 0;
 }
 
 bool LineReader::Next(std::string_view& line) {
-    if (!file) throw RuntimeError(errors::badFileName);
+    if (!isOpen) throw RuntimeError(errors::badFileName);
     const std::size_t lineEnd = FindLineEnd();
     if (lineEnd == end && at == end) return false;
-    line = std::string_view(buffer.data() + at, lineEnd - at);
-    const bool pair = lineEnd + 1 < end && buffer[lineEnd] == '\r' && buffer[lineEnd + 1] == '\n';
+    line = std::string_view(data + at, lineEnd - at);
+    const bool pair = lineEnd + 1 < end && data[lineEnd] == '\r' && data[lineEnd + 1] == '\n';
     at = std::min(lineEnd + (pair ? 2 : 1), end);
     ++lineNumber;
     if (utf8) {
@@ -81,7 +103,10 @@ bool LineReader::FillMore() {
         at = 0;
     }
     // The room doubles, so that a long line is not copied at every block.
-    if (buffer.size() - end < blockSize) buffer.resize(std::max(buffer.size() * 2, end + blockSize));
+    if (buffer.size() - end < blockSize) {
+        buffer.resize(std::max(buffer.size() * 2, end + blockSize));
+        data = buffer.data();
+    }
     std::size_t count = 0;
     bool isInterrupted = false;
     do {
@@ -94,7 +119,7 @@ bool LineReader::FillMore() {
             throw RuntimeError(ErrorNumberOf(errno));
         }
         atEnd = true;
-        if (end > at && buffer[end - 1] == endOfFileMark) --end;
+        DropEndOfFileMark();
         return false;
     }
     end += count;
@@ -106,7 +131,7 @@ bool LineReader::FillMore() {
 bool LineReader::WasInterrupted() {
     if (std::ferror(file.get()) == 0 || errno != EINTR) return false;
     std::clearerr(file.get());
-    TheScreen().PumpEvents();
+    if (screen != nullptr) screen->PumpEvents();
     return true;
 }
 
@@ -115,10 +140,10 @@ std::size_t LineReader::FindLineEnd() {
     while (true) {
         const auto search = [this](std::size_t& place, char byte) {
             place = std::max(place, at);
-            if (place < end && buffer[place] == byte) return true;
+            if (place < end && data[place] == byte) return true;
             if (place >= end) return false;
-            const void* const found = std::memchr(buffer.data() + place, byte, end - place);
-            place = found == nullptr ? end : static_cast<std::size_t>(static_cast<const char*>(found) - buffer.data());
+            const void* const found = std::memchr(data + place, byte, end - place);
+            place = found == nullptr ? end : static_cast<std::size_t>(static_cast<const char*>(found) - data);
             return found != nullptr;
         };
         const bool feed = search(nextLineFeed, '\n');
@@ -126,7 +151,7 @@ std::size_t LineReader::FindLineEnd() {
         if (feed || carriage) {
             const std::size_t lineEnd = std::min(feed ? nextLineFeed : end, carriage ? nextReturn : end);
             // Whether a return is the first half of CR LF shows only when the byte behind it is there.
-            if (lineEnd + 1 < end || buffer[lineEnd] == '\n' || atEnd) return lineEnd;
+            if (lineEnd + 1 < end || data[lineEnd] == '\n' || atEnd) return lineEnd;
         } else if (atEnd) {
             return end;
         }

@@ -15,17 +15,24 @@ struct CloseFile {
 };
 using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
-// Reads a text file line by line, in blocks. Lines end at CR LF, LF or CR; a last byte 1A hex is no character of the
-// file. Lines come as Windows-1252 bytes; a file that begins with a UTF-8 byte order mark is converted.
+class Screen;
+
+// Reads a text line by line: of a file, in blocks, or of bytes in memory. Lines end at CR LF, LF or CR; a last byte 1A
+// hex is no character of the file. Lines come as Windows-1252 bytes; a file that begins with a UTF-8 byte order mark is
+// converted.
 class LineReader {
  public:
     LineReader() = default;
 
     // Opens the file; a run-time error, and no open file, when it cannot be opened or its beginning cannot be read.
-    explicit LineReader(TextView name) { Open(name); }
-    void Open(TextView name);
+    // When a signal interrupts the wait for input, the events of `waiting` run.
+    explicit LineReader(TextView name, Screen* waiting = nullptr) { Open(name, waiting); }
+    void Open(TextView name, Screen* waiting = nullptr);
+
+    // Reads bytes as if they were a file; they must outlive the reading.
+    void OpenBytes(std::string_view bytes) noexcept;
     void Close() noexcept;
-    bool IsOpen() const noexcept { return file != nullptr; }
+    bool IsOpen() const noexcept { return isOpen; }
 
     // The next line, without its end; false at the end of the file. The line stands until the next call. A file that
     // is not open is error 52, a read that fails the run-time error of its cause.
@@ -42,12 +49,17 @@ class LineReader {
     std::int64_t Position() const noexcept { return blockStart + static_cast<std::int64_t>(at); }
 
  private:
+    void SkipByteOrderMark() noexcept;
+    void DropEndOfFileMark() noexcept;
     bool FillMore();
     bool WasInterrupted();
     std::size_t FindLineEnd();
 
-    FileHandle file;
-    std::string buffer;            // the block being read, and of the one before what had no line end yet
+    bool isOpen = false;
+    FileHandle file;  // none for bytes in memory
+    Screen* screen = nullptr;
+    std::string buffer;            // of a file: the block being read, and of the one before what had no line end yet
+    const char* data = nullptr;    // the buffer, or the bytes in memory
     std::size_t at = 0;            // where the next line begins
     std::size_t end = 0;           // behind the last byte read
     std::size_t nextLineFeed = 0;  // the first of its kind at or behind `at`, or how far it was looked for

@@ -15,11 +15,37 @@ constexpr std::size_t bufferSize = std::size_t{1} << 17;
 
 LineWriter::~LineWriter() { Abandon(); }
 
+LineWriter& LineWriter::operator=(LineWriter&& other) noexcept {
+    file = std::move(other.file);
+    buffer = std::move(other.buffer);
+    memory = other.memory;
+    sink = std::exchange(other.sink, Sink::None);
+    used = std::exchange(other.used, 0);
+    failed = other.failed;
+    return *this;
+}
+
 void LineWriter::Open(TextView name, OpenMode mode) {
     Abandon();
     file.reset(OpenNativeFile(name, mode));
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    Begin(Sink::File);
+}
+
+void LineWriter::OpenBytes(std::string& bytes) {
+    Abandon();
+    memory = &bytes;
+    Begin(Sink::Memory);
+}
+
+void LineWriter::OpenNowhere() {
+    Abandon();
+    Begin(Sink::Nowhere);
+}
+
+void LineWriter::Begin(Sink newSink) {
     buffer.resize(bufferSize);
+    sink = newSink;
     used = 0;
     failed = false;
 }
@@ -52,8 +78,10 @@ void LineWriter::Close() {
         Abandon();
         throw;
     }
+    const bool isFile = sink == Sink::File;
+    sink = Sink::None;
     // What failed before was told then; closing may fail of the same once more.
-    if (std::fclose(file.release()) != 0 && !failed) {
+    if (isFile && std::fclose(file.release()) != 0 && !failed) {
         failed = true;
         throw RuntimeError(ErrorNumberOf(errno));
     }
@@ -61,6 +89,7 @@ void LineWriter::Close() {
 
 void LineWriter::Abandon() noexcept {
     file.reset();
+    sink = Sink::None;
     used = 0;
 }
 
@@ -69,14 +98,15 @@ void LineWriter::Flush() {
     const std::size_t size = used;
     used = 0;
     if (failed || size == 0) return;
-    if (std::fwrite(buffer.data(), 1, size, file.get()) != size) {
+    if (sink == Sink::Memory) memory->append(buffer.data(), size);
+    if (sink == Sink::File && std::fwrite(buffer.data(), 1, size, file.get()) != size) {
         failed = true;
         throw RuntimeError(ErrorNumberOf(errno));
     }
 }
 
 void LineWriter::RequireOpen() const {
-    if (!file) throw RuntimeError(errors::badFileName);
+    if (!IsOpen()) throw RuntimeError(errors::badFileName);
 }
 
 }  // namespace korvande

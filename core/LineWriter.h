@@ -1,26 +1,36 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/LineReader.h"
 #include "core/NativePath.h"
 
 namespace korvande {
 
-// Writes a text file of Windows-1252 bytes through a buffer; lines end with CR LF. A write that fails is the run-time
-// error of its cause (61 for a full disk), now or when the file is closed; after one, nothing more is written.
+// Writes a text of Windows-1252 bytes through a buffer, into a file, into memory or to nowhere; lines end with CR LF. A
+// write that fails is the run-time error of its cause (61 for a full disk), now or when the file is closed; after one,
+// nothing more is written.
 class LineWriter {
  public:
     LineWriter() = default;
-    LineWriter(LineWriter&&) noexcept = default;
-    LineWriter& operator=(LineWriter&&) noexcept = default;
+    LineWriter(LineWriter&& other) noexcept { *this = std::move(other); }
+    LineWriter& operator=(LineWriter&& other) noexcept;
     ~LineWriter();
 
     // Creates the file, or empties it, or in append mode writes behind what it holds; a run-time error when that cannot
     // be done.
     void Open(TextView name, OpenMode mode = OpenMode::Write);
-    bool IsOpen() const noexcept { return file != nullptr; }
+
+    // Appends to these bytes, which must outlive the writing.
+    void OpenBytes(std::string& bytes);
+
+    // Takes everything and keeps nothing.
+    void OpenNowhere();
+
+    bool IsOpen() const noexcept { return sink != Sink::None; }
 
     void Put(std::string_view bytes);
     void PutLine(std::string_view bytes);
@@ -38,10 +48,15 @@ class LineWriter {
     bool HasFailed() const noexcept { return failed; }
 
  private:
+    enum class Sink { None, File, Memory, Nowhere };
+
+    void Begin(Sink newSink);
     void Flush();
     void RequireOpen() const;
 
+    Sink sink = Sink::None;
     FileHandle file;
+    std::string* memory = nullptr;
     std::string buffer;
     std::size_t used = 0;
     bool failed = false;

@@ -12,8 +12,6 @@ namespace {
 constexpr double parallelTolerance = 1e-8;   // radians
 constexpr double onSegmentTolerance = 1e-6;  // metres
 
-std::int32_t crossingsFound = 0;
-
 bool AreParallel(double bearing1, double bearing2) {
     const double turn = AngleFromTo(bearing1, bearing2);
     return turn < parallelTolerance || std::fabs(turn - pi) < parallelTolerance ||
@@ -28,7 +26,8 @@ bool LiesOnSegment(Position point, Position end1, Position end2) {
 
 }  // namespace
 
-Intersection IntersectSegments(Position a1, Position a2, Position b1, Position b2) noexcept {
+Intersection IntersectSegments(Position a1, Position a2, Position b1, Position b2,
+                               std::int32_t& crossingsFound) noexcept {
     const Position a{a2.east - a1.east, a2.north - a1.north};
     const Position b{b2.east - b1.east, b2.north - b1.north};
     if (Distance(a.east, a.north) == 0 || Distance(b.east, b.north) == 0) return {};
@@ -43,7 +42,5 @@ Intersection IntersectSegments(Position a1, Position a2, Position b1, Position b
     ++crossingsFound;
     return result;
 }
-
-std::int32_t IntersectionCount() noexcept { return crossingsFound; }
 
 }  // namespace korvande

@@ -13,10 +13,8 @@ struct Intersection {
 };
 
 // Crosses the lines through a1-a2 and b1-b2 (metres). They count as parallel when their bearings differ by 0 or half a
-// turn within 1e-8 radians, or when one of them has no length.
-Intersection IntersectSegments(Position a1, Position a2, Position b1, Position b2) noexcept;
-
-// How many crossings have been found since the program started.
-std::int32_t IntersectionCount() noexcept;
+// turn within 1e-8 radians, or when one of them has no length. A crossing adds 1 to the caller's count of them.
+Intersection IntersectSegments(Position a1, Position a2, Position b1, Position b2,
+                               std::int32_t& crossingsFound) noexcept;
 
 }  // namespace korvande

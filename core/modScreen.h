@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <exception>
 #include <functional>
@@ -7,8 +8,8 @@
 
 #include "core/Text.h"
 
-// How the program speaks to a person. Everything below the front ends uses these procedures; what they do is decided by
-// the screen that a front end (or a test) has put in place.
+// How the program speaks to a person. Everything below the front ends is handed the screen of the front end (or of the
+// test) that it works for.
 namespace korvande {
 
 enum class Icon { None, Information, Question, Critical };
@@ -20,6 +21,17 @@ struct MessageBox {
     Text title;
     Icon icon = Icon::None;
     Buttons buttons = Buttons::Ok;
+};
+
+// How often a screen hears of progress and lets events run: at most every 50 ms, however many records pass.
+struct ProgressPace {
+    unsigned recordsSinceLook = 0;  // at the clock
+    std::chrono::steady_clock::time_point lastShown;
+
+    // How far the step has come, until the screen has heard of it: a reader steps at every line and lets events run at
+    // every row, and whichever of the two the time falls on tells the screen.
+    std::int64_t value = 0;
+    bool hasValue = false;
 };
 
 class Screen {
@@ -48,53 +60,74 @@ class Screen {
     // lines that the printer's page holds. False when it could not be printed.
     using MakePages = std::function<std::vector<std::vector<Text>>(int linesPerPage)>;
     virtual bool Print(const MakePages& makePages) = 0;
+
+    ProgressPace pace;
 };
 
-// The screen in place. Without one, everything is shown to nobody: messages are answered with Cancel or OK.
-Screen& TheScreen() noexcept;
-
-// Puts a screen in place as long as this object lives.
-class ScreenInUse {
+// A screen that nobody looks at: messages are answered with OK when they have only that button, with Cancel otherwise.
+class SilentScreen : public Screen {
  public:
-    explicit ScreenInUse(Screen& screen) noexcept;
-    ScreenInUse(const ScreenInUse&) = delete;
-    ScreenInUse& operator=(const ScreenInUse&) = delete;
-    ~ScreenInUse();
-
- private:
-    Screen* previous;
+    void ShowStatus(TextView) override {}
+    void ShowProgressMaximum(std::int64_t) override {}
+    void ShowProgressValue(std::int64_t) override {}
+    void PumpEvents() override {}
+    void ShowBusy(bool) override {}
+    Answer ShowMessage(const MessageBox& box) override {
+        return box.buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
+    }
+    bool ViewTextFile(TextView) override { return false; }
+    bool Print(const MakePages&) override { return false; }
 };
-
-inline void ShowStatus(TextView text) { TheScreen().ShowStatus(text); }
 
 // Begins the progress of a step: `maximum` units, none done yet.
-void BeginProgress(std::int64_t maximum);
+void BeginProgress(Screen& screen, std::int64_t maximum);
 
-// Tells how far a step has come and lets waiting events run. Made to be called for every record: the screen hears of it
-// at most every 50 ms.
-void StepProgress(std::int64_t value);
+// Tells the screen how far the step has come when that is due, and lets waiting events run.
+void TellProgress(Screen& screen);
 
-// Lets waiting events run; the screen hears of it at most every 50 ms.
-void ProcessEvents();
+// Lets waiting events run. Made to be called for every record, of which only some look at the clock.
+inline void ProcessEvents(Screen& screen) {
+    constexpr unsigned recordsPerLook = 16;
+    if (++screen.pace.recordsSinceLook >= recordsPerLook) TellProgress(screen);
+}
+
+// The same, having come so far in the step.
+inline void StepProgress(Screen& screen, std::int64_t value) {
+    screen.pace.value = value;
+    screen.pace.hasValue = true;
+    ProcessEvents(screen);
+}
 
 // A message with an OK button.
-void ShowMessage(TextView text, Icon icon = Icon::None, TextView title = {});
+void ShowMessage(Screen& screen, TextView text, Icon icon = Icon::None, TextView title = {});
 
 // The Retry/Cancel message about a file for the error being handled (call inside a catch block): whether to try again.
-bool AskRetry(TextView name, TextView verb);
+bool AskRetry(Screen& screen, TextView name, TextView verb);
 
 // Runs an action that opens a file. When it fails, the Retry/Cancel message "Kon bestand: 'name' niet <verb>;" tells
 // so; Retry runs it again, as often as asked. False after Cancel.
 template <class Action>
-bool TryWithRetry(TextView name, TextView verb, Action action) {
+bool TryWithRetry(Screen& screen, TextView name, TextView verb, Action action) {
     while (true) {
         try {
             action();
             return true;
         } catch (const std::exception&) {
-            if (!AskRetry(name, verb)) return false;
+            if (!AskRetry(screen, name, verb)) return false;
         }
     }
 }
+
+// The busy pointer, as long as this object lives.
+class BusyPointer {
+ public:
+    explicit BusyPointer(Screen& itsScreen) : screen(itsScreen) { screen.ShowBusy(true); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+    ~BusyPointer() { screen.ShowBusy(false); }
+
+ private:
+    Screen& screen;
+};
 
 }  // namespace korvande

@@ -79,11 +79,6 @@ struct Results {
 
 }  // namespace
 
-std::vector<Text>& LiscadVersions() noexcept {
-    static std::vector<Text> versions;
-    return versions;
-}
-
 void ListLiscadVersions(std::vector<Text>& versions) {
     versions.assign(1, Text());
     HeldKey liscad;
@@ -150,16 +145,16 @@ Text RegisterWithLiscad(std::int16_t selector, TextView label, TextView pattern,
                   u"%5");
 }
 
-void AnnounceToLiscad() {
+void AnnounceToLiscad(Screen& screen, std::vector<Text>& versions) {
     constexpr std::int16_t importAndExport = 3;
     Text report;
     for (const MenuItem& item : menuItems) {
-        report = RegisterWithLiscad(importAndExport, item.label, item.pattern, LiscadVersions());
+        report = RegisterWithLiscad(importAndExport, item.label, item.pattern, versions);
     }
     report = report.substr(0, report.find(u", %3"));
     report = ReplaceAll(report, u"%1", u"Aanmelding bij Liscad:\nGeslaagd voor versies:");
     report = ReplaceAll(report, u", %2", u"\nMislukt voor versies:");
-    ShowMessage(report, Icon::Information, u"SUF2/NEN1878 Vertaler");
+    ShowMessage(screen, report, Icon::Information, u"SUF2/NEN1878 Vertaler");
 }
 
 }  // namespace korvande

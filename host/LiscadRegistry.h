@@ -8,8 +8,7 @@
 // LISCAD's installation for the current user, and its "Data Conversions" menus.
 namespace korvande {
 
-// The list of versions, which is filled once and kept.
-std::vector<Text>& LiscadVersions() noexcept;
+class Screen;
 
 // Element 0 is the preferred version (empty when there is none), the others are the installed versions in the
 // registry's order.
@@ -34,7 +33,7 @@ bool RegisterMenuItem(TextView version, std::int16_t kind, TextView label, TextV
 // marks %1 to %5 between its four lists.
 Text RegisterWithLiscad(std::int16_t selector, TextView label, TextView pattern, std::vector<Text>& versions);
 
-// Registers the translator's menu items and shows the report.
-void AnnounceToLiscad();
+// Registers the translator's menu items with these versions and shows the report.
+void AnnounceToLiscad(Screen& screen, std::vector<Text>& versions);
 
 }  // namespace korvande

@@ -118,9 +118,9 @@ void Copy(TextView source, TextView target) {
     }
 }
 
-void ShowCopyError(TextView source, TextView target, const RuntimeError& error) {
-    ShowMessage(
-        Concat(u"FileCopy failed:\nSource: ", source, u"\nTarget: ", target, u"\nCause: ", error.Description()));
+void ShowCopyError(Screen& screen, TextView source, TextView target, const RuntimeError& error) {
+    ShowMessage(screen, Concat(u"FileCopy failed:\nSource: ", source, u"\nTarget: ", target, u"\nCause: ",
+                               error.Description()));
 }
 
 // A key below a hive, open as long as this object lives.
@@ -205,12 +205,12 @@ Text FolderWithSeparator(TextView folder) {
     return result;
 }
 
-bool CopyFileWithReport(TextView source, TextView target, bool showError) {
+bool CopyFileWithReport(Screen& screen, TextView source, TextView target, bool showError) {
     try {
         Copy(source, target);
         return true;
     } catch (const std::exception&) {
-        if (showError) ShowCopyError(source, target, CurrentError());
+        if (showError) ShowCopyError(screen, source, target, CurrentError());
     }
     return false;
 }

@@ -11,6 +11,8 @@
 // nothing.
 namespace korvande {
 
+class Screen;
+
 // Whether there is a file of this name; a folder is no file.
 bool FileExistsAt(TextView name);
 
@@ -40,7 +42,7 @@ Text FolderOf(TextView name);
 Text FolderWithSeparator(TextView folder);
 
 // Copies a file, over an earlier one as well. When it fails and `showError` is set a message box tells why.
-bool CopyFileWithReport(TextView source, TextView target, bool showError);
+bool CopyFileWithReport(Screen& screen, TextView source, TextView target, bool showError);
 
 // Deletes a file (no folder); false when there is none or it stays.
 bool DeleteFileAt(TextView name);

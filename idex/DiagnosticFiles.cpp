@@ -1,7 +1,8 @@
+#include "idex/DiagnosticFiles.h"
+
 #include "core/LineWriter.h"
 #include "core/RuntimeError.h"
 #include "core/modKORVANDE.h"
-#include "idex/IdexFile.h"
 #include "idex/IdexRow.h"
 
 namespace korvande {
@@ -29,17 +30,17 @@ void WriteList(TextView name, std::string_view heading, const Records& records, 
 
 }  // namespace
 
-void WriteDiagnosticFiles() {
-    const Drawing& drawing = TheDrawing();
+void WriteDiagnosticFiles(const Drawing& drawing) {
     WriteList(u"D:\\DEBUG_LINES.TXT", "Code,Descr,Flags 1,Flags 2", drawing.Lines,
-              [](IdexRow& row, const LineRec& line) {
-                  row.PutFixed(line.Code.View()).Put(",").PutFixed(line.Description.View()).Put(",");
+              [&drawing](IdexRow& row, const LineRec& line) {
+                  row.PutFixed(drawing.Code(line).View()).Put(",");
+                  row.PutFixed(drawing.Description(line).View()).Put(",");
                   row.PutWhole(line.Flags1).Put(",").PutWhole(line.Flags2);
               });
     WriteList(u"D:\\DEBUG_EDGES.TXT", "Start Pt,End Pt,Line No,Line Type", drawing.Edges,
-              [](IdexRow& row, const EdgeRec& edge) {
+              [&drawing](IdexRow& row, const EdgeRec& edge) {
                   row.PutWhole(edge.StartPt).Put(",").PutWhole(edge.EndPt).Put(",").PutWhole(edge.LineNo).Put(",");
-                  row.PutFixed(edge.LineType.View());
+                  row.PutFixed(drawing.LineType(edge).View());
               });
 }
 

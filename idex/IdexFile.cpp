@@ -5,7 +5,7 @@
 #include "core/RuntimeError.h"
 #include "core/modParser.h"
 #include "core/modScreen.h"
-#include "run/InputFile.h"
+#include "translation/Files.h"
 
 namespace korvande {
 
@@ -27,8 +27,8 @@ bool IdexFile::TryNextRaw(std::string_view& line) {
         takenBack = false;
     } else {
         if (!reader.Next(current)) return false;
-        CurrentInputLine() = reader.LineNumber();
-        StepProgress(ReadUnits(reader));
+        inputLine = reader.LineNumber();
+        StepProgress(screen, ReadUnits(reader));
     }
     line = current;
     return true;
@@ -117,6 +117,12 @@ void IdexTable::ReadHeader(std::string_view headerLine) {
     }
     lastPosition = *std::max_element(positions.begin(), positions.end());
     fields.clear();
+}
+
+std::string_view IdexTable::WithSingleQuotes(std::string_view value) {
+    unquoted = value;
+    std::replace(unquoted.begin(), unquoted.end(), '"', '\'');
+    return unquoted;
 }
 
 void IdexTable::Split(std::string_view row) {

@@ -7,12 +7,13 @@
 #include <string_view>
 #include <vector>
 
-#include "core/FixedText.h"
 #include "core/LineReader.h"
 
 // The line level of an IDEX file: lines, keyword lines, table headers and rows. Lines are trimmed of spaces and tabs.
 // Keywords are met in any case; what stands in rows is put into capitals by who stores it.
 namespace korvande {
+
+class Screen;
 
 // Whether a line starts with a keyword (given in capitals), whatever the line's case.
 bool StartsWith(std::string_view line, std::string_view keyword) noexcept;
@@ -26,7 +27,9 @@ struct KeywordLine {
 
 class IdexFile {
  public:
-    explicit IdexFile(LineReader& lineReader) : reader(lineReader) {}
+    // Each line that is read is noted by its number, and is progress on the screen.
+    IdexFile(LineReader& lineReader, Screen& itsScreen, std::int64_t& lineNumber)
+        : reader(lineReader), screen(itsScreen), inputLine(lineNumber) {}
 
     // The next line, trimmed; false at the end of the file. It stands until the next call.
     bool TryNext(std::string_view& line);
@@ -63,6 +66,8 @@ class IdexFile {
     bool TryNextRaw(std::string_view& line);
 
     LineReader& reader;
+    Screen& screen;
+    std::int64_t& inputLine;
     std::string_view current;
     bool takenBack = false;
     std::string capitals;  // the keyword line
@@ -86,35 +91,24 @@ class IdexTable {
         return position == 0 || position > fields.size() ? std::string_view() : fields[position - 1];
     }
 
+    // The same without its quotes: one at each end is taken away, any other becomes a single one. It stands until the
+    // next call.
+    std::string_view Unquoted(std::size_t column) { return WithoutQuotes(Field(column)); }
+    std::string_view WithoutQuotes(std::string_view field) {
+        if (!field.empty() && field.front() == '"') field.remove_prefix(1);
+        if (!field.empty() && field.back() == '"') field.remove_suffix(1);
+        return field.find('"') == std::string_view::npos ? field : WithSingleQuotes(field);
+    }
+
  private:
+    std::string_view WithSingleQuotes(std::string_view value);
+
     IdexFile& file;
     std::vector<std::string_view> names;
     std::vector<std::size_t> positions;  // from 1; 0: the file has no such column
     std::size_t lastPosition = 0;
     std::vector<std::string_view> fields;
+    std::string unquoted;
 };
-
-// A field without its quotes (see StripQuotes) into a fixed-width text.
-enum class Letters { AsTheyAre, Capitals };
-template <std::size_t N>
-void AssignUnquoted(FixedText<N>& text, std::string_view field, Letters letters = Letters::Capitals) {
-    if (!field.empty() && field.front() == '"') field.remove_prefix(1);
-    if (!field.empty() && field.back() == '"') field.remove_suffix(1);
-    text.Assign(field, letters == Letters::Capitals);
-    if (field.find('"') == std::string_view::npos) return;
-    for (char16_t& character : text.characters) {
-        if (character == u'"') character = u'\'';
-    }
-}
-
-// The tables of the database. Each is handed the line with its keyword.
-void ReadPoints(IdexFile& file, std::string_view keywordLine);
-void ReadLines(IdexFile& file, std::string_view keywordLine);
-void ReadOverPolygons(IdexFile& file, std::string_view keywordLine);
-void ReadTexts(IdexFile& file);
-
-// "D:\DEBUG_LINES.TXT" and "D:\DEBUG_EDGES.TXT": the lines and edges of the drawing as read. Nothing is said when they
-// cannot be written, for the drawing is complete.
-void WriteDiagnosticFiles();
 
 }  // namespace korvande

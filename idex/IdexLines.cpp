@@ -1,10 +1,12 @@
+#include "idex/IdexLines.h"
+
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
 #include "core/modStrings.h"
 #include "idex/IdexFile.h"
-#include "run/ObjectAccount.h"
+#include "translation/ObjectAccount.h"
 
 namespace korvande {
 
@@ -12,26 +14,25 @@ namespace {
 
 // Grows the lines array to a line number; the records in between are blank. A number far beyond what the rows read so
 // far account for is no line number.
-void GrowLinesTo(std::int32_t lineNo, std::int64_t rowsRead) {
+void GrowLinesTo(Drawing& drawing, std::int32_t lineNo, std::int64_t rowsRead) {
     constexpr std::int32_t alwaysAllowed = 1'000'000;
     if (lineNo < 0 || (lineNo > alwaysAllowed && lineNo > 10 * rowsRead)) {
         throw RuntimeError(errors::subscriptOutOfRange);
     }
-    auto& lines = TheDrawing().Lines;
+    auto& lines = drawing.Lines;
     const std::int32_t first = lines.UpperBound() + 1;
     lines.GrowTo(lineNo);
     for (std::int32_t index = first; index <= lineNo; ++index) {
-        lines[index].Code = TextView();
-        lines[index].Description = TextView();
+        drawing.SetCode(lines[index], TextView());
+        drawing.SetDescription(lines[index], TextView());
     }
 }
 
-void ReadEdges(IdexFile& file, std::string_view headerLine) {
+void ReadEdges(Screen& screen, IdexFile& file, std::string_view headerLine, Drawing& drawing) {
     enum { lineNo, startPt, endPt, lineType };
-    ShowStatus(u"Inlezen Lijnsegmenten");
+    screen.ShowStatus(u"Inlezen Lijnsegmenten");
     IdexTable table(file, {"LINENO", "STARTPT", "ENDPT", "LINETYPE"});
     table.ReadHeader(headerLine);
-    Drawing& drawing = TheDrawing();
     std::string_view row;
     while (file.NextRow(row)) {
         if (StartsWith(row, "EXTRAINFO")) {
@@ -46,40 +47,38 @@ void ReadEdges(IdexFile& file, std::string_view headerLine) {
         edge.LineNo = line;
         edge.StartPt = start;
         edge.EndPt = end;
-        edge.LineType.Assign(table.Field(lineType), true);
+        drawing.SetLineType(edge, table.Field(lineType), Letters::Capitals);
     }
-    ShowStatus(u"Inlezen Lijnstrings");
+    screen.ShowStatus(u"Inlezen Lijnstrings");
 }
 
 }  // namespace
 
-void ReadLines(IdexFile& file, std::string_view keywordLine) {
+void ReadLines(Screen& screen, IdexFile& file, std::string_view keywordLine, Drawing& drawing) {
     enum { lineNo, code, description, flags1, flags2 };
-    ShowStatus(u"Inlezen Lijnstrings");
+    screen.ShowStatus(u"Inlezen Lijnstrings");
     IdexTable table(file, {"LINENO", "CODE", "DESCRIPTION", "FLAGS1", "FLAGS2"});
     table.ReadHeader(keywordLine);
-    auto& lines = TheDrawing().Lines;
     std::string_view row;
     while (file.NextRow(row)) {
         if (StartsWith(row, "EDGES")) {
-            ReadEdges(file, std::string(row));
+            ReadEdges(screen, file, std::string(row), drawing);
             continue;
         }
         table.Split(row);
         const std::int32_t number = LeadingWholeNumber(table.Field(lineNo));
-        GrowLinesTo(number, ++file.lineRows);
-        LineRec& line = lines[number];
-        AssignUnquoted(line.Code, table.Field(code));
-        AssignUnquoted(line.Description, table.Field(description));
+        GrowLinesTo(drawing, number, ++file.lineRows);
+        LineRec& line = drawing.Lines[number];
+        drawing.SetCode(line, table.Unquoted(code), Letters::Capitals);
+        drawing.SetDescription(line, table.Unquoted(description), Letters::Capitals);
         line.Flags1 = BinaryToFlags(table.Field(flags1));
         line.Flags2 = BinaryToFlags(table.Field(flags2));
     }
 }
 
-void ReadOverPolygons(IdexFile& file, std::string_view keywordLine) {
-    ShowStatus(u"Inlezen Veelhoeken");
+void ReadOverPolygons(Screen& screen, IdexFile& file, std::string_view keywordLine, ObjectAccount& account) {
+    screen.ShowStatus(u"Inlezen Veelhoeken");
     IdexTable(file, {"LINENO", "CODE", "DESCRIPTION"}).ReadHeader(keywordLine);
-    ObjectAccount& account = TheAccount();
     std::string_view row;
     while (file.NextRow(row)) {
         if (StartsWith(row, "EDGES")) {

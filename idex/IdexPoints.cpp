@@ -1,10 +1,12 @@
+#include "idex/IdexPoints.h"
+
 #include "core/Numbers.h"
 #include "core/Picture.h"
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
 #include "core/modStrings.h"
 #include "idex/IdexFile.h"
-#include "project/frmKORVANDE.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
@@ -17,11 +19,13 @@ constexpr std::string_view quoteInDisguise = "\\@\\";
 // The first stored point of each point number, for rows that update points. Built when the first such row comes.
 class FirstPoints {
  public:
+    explicit FirstPoints(const Drawing& itsDrawing) : drawing(itsDrawing) {}
+
     // The index of the first point with this number; one past the last point when there is none.
     std::int32_t IndexFor(std::int32_t pointNo) {
         Build();
         const std::int32_t index = firsts.Find(pointNo);
-        return index != 0 ? index : TheDrawing().Points.UpperBound() + 1;
+        return index != 0 ? index : drawing.Points.UpperBound() + 1;
     }
 
     // Notes that the point at this index has (from now on) this number; before it had another one, or was not there.
@@ -37,24 +41,26 @@ class FirstPoints {
     void Build() {
         if (isBuilt) return;
         isBuilt = true;
-        const auto& points = TheDrawing().Points;
+        const auto& points = drawing.Points;
         for (std::int32_t index = points.UpperBound(); index >= 1; --index) firsts.Set(points[index].PointNo, index);
     }
 
-    static std::int32_t NextWith(std::int32_t pointNo, std::int32_t from) {
-        const auto& points = TheDrawing().Points;
+    std::int32_t NextWith(std::int32_t pointNo, std::int32_t from) const {
+        const auto& points = drawing.Points;
         while (from <= points.UpperBound() && points[from].PointNo != pointNo) ++from;
         return from <= points.UpperBound() ? from : 0;
     }
 
+    const Drawing& drawing;
     SparseIndex firsts;
     bool isBuilt = false;
 };
 
 class PointsReader {
  public:
-    explicit PointsReader(IdexFile& idexFile)
+    PointsReader(IdexFile& idexFile, Drawing& itsDrawing)
         : file(idexFile),
+          drawing(itsDrawing),
           table(file, {"POINTNO", "POINTID", "CODE", "DESCRIPTION", "EAST", "NORTH", "ELEVATION", "SYMDIR"}) {}
 
     void Read(std::string_view headerLine) {
@@ -109,7 +115,6 @@ class PointsReader {
 
     // Everything that can fail comes before the first change to the drawing.
     void Store(std::int32_t index, std::int32_t number, const Numbers& numbers) {
-        Drawing& drawing = TheDrawing();
         const bool isNew = index > drawing.Points.UpperBound();
         drawing.PointIndex.Set(number, drawing.PointIndex.Find(number));
         drawing.Points.GrowTo(index);
@@ -120,9 +125,9 @@ class PointsReader {
         point.Elevation = numbers.elevation;
         point.SymDir = numbers.symDir;
         point.PointNo = number;
-        AssignUnquoted(point.PointID, table.Field(pointId));
-        AssignUnquoted(point.Code, table.Field(code));
-        AssignUnquoted(point.Description, Description());
+        point.SetPointID(table.Unquoted(pointId), Letters::Capitals);
+        drawing.SetCode(point, table.Unquoted(code), Letters::Capitals);
+        drawing.SetDescription(point, table.WithoutQuotes(Description()), Letters::Capitals);
         drawing.PointIndex.Set(number, index);
         if (isUpdating) firstPoints.Note(index, numberBefore, number);
         lastIndex = index;
@@ -137,9 +142,10 @@ class PointsReader {
     }
 
     IdexFile& file;
+    Drawing& drawing;
     IdexTable table;
     bool isUpdating = false;
-    FirstPoints firstPoints;
+    FirstPoints firstPoints{drawing};
     std::int32_t lastIndex = 0;
     std::string joined;
     std::string undisguised;
@@ -148,48 +154,50 @@ class PointsReader {
 // A code that is an LKI code already, from what a person typed.
 FixedText<7> MarkedCode(TextView lkiCode) { return MakeFixedText<7>(Concat(TextView(&lkiCodeMark, 1), lkiCode)); }
 
-TextRec& AppendGenerated(const PointRec& point, std::int16_t anchorPosition, float direction,
+TextRec& AppendGenerated(Drawing& drawing, const PointRec& point, std::int16_t anchorPosition, float direction,
                          const FixedText<7>& code) {
-    TextRec& text = TheDrawing().Texts.Append();
+    TextRec& text = drawing.Texts.Append();
     text.AnchorPointNo = point.PointNo;
     text.AnchorPosition = anchorPosition;
     text.HzDirection = direction;
-    text.Code = code;
+    drawing.SetCode(text, code.View());
     return text;
 }
 
-void AddPointNumberTexts() {
-    ShowStatus(u"Toevoegen puntnr.teksten");
-    const FixedText<7> code = MarkedCode(frmKORVANDE().txtPnoTxtLKI);
-    Drawing& drawing = TheDrawing();
+void AddPointNumberTexts(Screen& screen, Drawing& drawing, TextView lkiCode) {
+    screen.ShowStatus(u"Toevoegen puntnr.teksten");
+    const FixedText<7> code = MarkedCode(lkiCode);
     for (std::int32_t index = 1; index <= drawing.Points.UpperBound(); ++index) {
         const PointRec& point = drawing.Points[index];
-        if (point.PointID.IsBlank()) continue;
-        AppendGenerated(point, pointNumberAnchor, 0, code).Text = point.PointID.View();
-        ProcessEvents();
+        const auto& name = point.PointID();
+        if (name.IsBlank()) continue;
+        AppendGenerated(drawing, point, pointNumberAnchor, 0, code).SetCharacters(name.View());
+        ProcessEvents(screen);
     }
 }
 
-void AddHeightTexts() {
-    ShowStatus(u"Toevoegen hoogte teksten");
-    const FixedText<7> code = MarkedCode(frmKORVANDE().txtEleTxtLKI);
-    Drawing& drawing = TheDrawing();
+void AddHeightTexts(Screen& screen, Drawing& drawing, TextView lkiCode) {
+    screen.ShowStatus(u"Toevoegen hoogte teksten");
+    const FixedText<7> code = MarkedCode(lkiCode);
     for (std::int32_t index = 1; index <= drawing.Points.UpperBound(); ++index) {
         const PointRec& point = drawing.Points[index];
         if (point.Elevation == 0) continue;
         const std::string height = PointToComma(FormatPicture(point.Elevation, "####0.00"));
-        AppendGenerated(point, heightAnchor, 50, code).Text.Assign(PadLeft(height, 7));
-        ProcessEvents();
+        AppendGenerated(drawing, point, heightAnchor, 50, code).SetCharacters(PadLeft(height, 7));
+        ProcessEvents(screen);
     }
 }
 
 }  // namespace
 
-void ReadPoints(IdexFile& file, std::string_view keywordLine) {
-    ShowStatus(u"Inlezen Punten");
-    PointsReader(file).Read(keywordLine);
-    if (frmKORVANDE().chkExportPointnoAsText) AddPointNumberTexts();
-    if (frmKORVANDE().chkExportHeightAsText) AddHeightTexts();
+void ReadPoints(Translation& translation, IdexFile& file, std::string_view keywordLine) {
+    Screen& screen = translation.screen;
+    Drawing& drawing = translation.drawing;
+    const Options& options = translation.options;
+    screen.ShowStatus(u"Inlezen Punten");
+    PointsReader(file, drawing).Read(keywordLine);
+    if (options.chkExportPointnoAsText) AddPointNumberTexts(screen, drawing, options.txtPnoTxtLKI);
+    if (options.chkExportHeightAsText) AddHeightTexts(screen, drawing, options.txtEleTxtLKI);
 }
 
 }  // namespace korvande

@@ -73,9 +73,9 @@ IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
     return Put(number);
 }
 
-IdexRow& IdexRow::PutPointID(std::int32_t pointIndex) noexcept {
+IdexRow& IdexRow::PutPointID(const PointRec& point) noexcept {
     char* const begins = at;
-    at = QuotedPointID(pointIndex, at);
+    at = QuotedPointID(point, at);
     for (char* byte = begins + 1; byte < at - 1; ++byte) *byte = InsideQuotes(*byte);
     if (IsNeverFilled(std::string_view(begins + 1, 1))) {
         at = begins + 1;

@@ -10,6 +10,8 @@
 
 namespace korvande {
 
+struct PointRec;
+
 // One row of an IDEX file, built in place in the output's buffer and ended by End().
 class IdexRow {
  public:
@@ -42,7 +44,7 @@ class IdexRow {
     IdexRow& PutQuoted(std::string_view value) noexcept;
 
     // A point's name between double quotes, which QuotedPointID trims, with the same inside them.
-    IdexRow& PutPointID(std::int32_t pointIndex) noexcept;
+    IdexRow& PutPointID(const PointRec& point) noexcept;
 
     void End() noexcept;
 

@@ -1,16 +1,18 @@
+#include "idex/IdexTexts.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
+#include <type_traits>
+#include <vector>
 
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
-#include "core/modStrings.h"
 #include "idex/IdexFile.h"
-#include "run/LogBook.h"
-#include "run/RunValues.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
@@ -41,11 +43,10 @@ std::string SkipToTable(IdexFile& file, std::string_view keyword) {
     return line;
 }
 
-TextBoxes ReadBoxes(IdexFile& file) {
+TextBoxes ReadBoxes(IdexFile& file, const std::vector<Text>& layerNames) {
     enum { anchorPointNo, anchorPosition, hzDirection, layerNo };
     IdexTable table(file, {"ANCHORPOINTNO", "ANCHORPOSITION", "HZDIRECTION", "LAYERNO"});
     table.ReadHeader(SkipToTable(file, "BOX_ON_POINT"));
-    const auto& layerNames = TheDrawing().LayerNames;
     TextBoxes boxes;
     std::string_view row;
     while (file.NextRow(row)) {
@@ -68,59 +69,59 @@ TextBoxes ReadBoxes(IdexFile& file) {
     return boxes;
 }
 
-void AppendText(const TextBoxes& boxes, std::int32_t boxNo, std::string_view item) {
+void AppendText(Drawing& drawing, const TextBoxes& boxes, std::int32_t boxNo, std::string_view item) {
     const bool isDeclared = boxNo >= 0 && static_cast<std::size_t>(boxNo) < boxes.size() &&
                             boxes[static_cast<std::size_t>(boxNo)].isDeclared;
     if (!isDeclared) throw RuntimeError(errors::subscriptOutOfRange);
     const TextBox& box = boxes[static_cast<std::size_t>(boxNo)];
-    TextRec& text = TheDrawing().Texts.Append();
+    TextRec& text = drawing.Texts.Append();
     text.AnchorPointNo = box.anchorPointNo;
     text.AnchorPosition = box.anchorPosition;
     text.HzDirection = box.direction;
-    text.Code = box.layer.View();
-    AssignUnquoted(text.Text, item, Letters::AsTheyAre);
+    drawing.SetCode(text, box.layer.View());
+    text.SetCharacters(item);
 }
 
 // A further line of a text joins the text before it.
-void ContinueText(std::string_view item) {
-    auto& texts = TheDrawing().Texts;
+void ContinueText(Translation& translation, std::string_view item) {
+    auto& texts = translation.drawing.Texts;
     if (texts.UpperBound() == 0) {
-        LogFile().WriteError(Concat(u"Tekstregel zonder tekst (regel ", CurrentInputLine(), u")"));
-        return;
+        return Report(translation, {.kind = ProblemKind::ContinuationWithoutText});
     }
-    constexpr std::size_t width = decltype(TextRec::Text)::width;
-    FixedText<width>& text = texts[texts.UpperBound()].Text;
+    TextRec& text = texts[texts.UpperBound()];
+    const auto& characters = text.Characters();
+    constexpr std::size_t width = std::remove_cvref_t<decltype(characters)>::width;
     FixedText<width> next{};
-    AssignUnquoted(next, item, Letters::AsTheyAre);
+    next.Assign(item);
     std::array<char16_t, width + 1 + width> joined{};
-    const TextView before = text.Trimmed();
+    const TextView before = characters.Trimmed();
     auto end = std::copy(before.begin(), before.end(), joined.begin());
     *end++ = u' ';
     end = std::copy(next.characters.begin(), next.characters.end(), end);
-    text = TextView(joined.begin(), end);
+    text.SetCharacters(TextView(joined.begin(), end));
 }
 
-void ReadItems(IdexFile& file, const TextBoxes& boxes) {
+void ReadItems(Translation& translation, IdexFile& file, const TextBoxes& boxes) {
     enum { textBoxNo, lineNo, textItem };
     IdexTable table(file, {"TEXTBOXNO", "LINENO", "TEXTITEM"});
     table.ReadHeader(SkipToTable(file, "ITEMS"));
     std::string_view row;
     while (file.NextRow(row)) {
         table.Split(row);
-        const std::string_view item = table.Field(textItem);
+        const std::string_view item = table.Unquoted(textItem);
         if (LeadingNumber(table.Field(lineNo)) == 1) {
-            AppendText(boxes, LeadingWholeNumber(table.Field(textBoxNo)), item);
+            AppendText(translation.drawing, boxes, LeadingWholeNumber(table.Field(textBoxNo)), item);
         } else {
-            ContinueText(item);
+            ContinueText(translation, item);
         }
     }
 }
 
 }  // namespace
 
-void ReadTexts(IdexFile& file) {
-    ShowStatus(u"Inlezen Teksten");
-    ReadItems(file, ReadBoxes(file));
+void ReadTexts(Translation& translation, IdexFile& file) {
+    translation.screen.ShowStatus(u"Inlezen Teksten");
+    ReadItems(translation, file, ReadBoxes(file, translation.drawing.LayerNames));
 }
 
 }  // namespace korvande

@@ -4,11 +4,9 @@
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
 #include "idex/IdexRow.h"
-#include "run/CodeStatistics.h"
-#include "run/LogBook.h"
-#include "run/ObjectAccount.h"
-#include "run/RunValues.h"
-#include "run/UnknownObjects.h"
+#include "translation/CodeStatistics.h"
+#include "translation/Translation.h"
+#include "translation/UnknownObjects.h"
 
 namespace korvande {
 
@@ -44,78 +42,77 @@ constexpr std::string_view definitions =
     "\r\n"
     "DATABASE\r\n";
 
-void WriteHeader(LineWriter& output) {
-    ShowStatus(u"Wegschrijven Header");
-    const RunValues& run = TheRun();
+void WriteHeader(Screen& screen, LineWriter& output, TextView projectName, const std::optional<DateTime>& projectDate) {
+    screen.ShowStatus(u"Wegschrijven Header");
     output.Put(headerStart);
-    const std::string name = ToWindows1252(Trim(run.ProjectName));
+    const std::string name = ToWindows1252(Trim(projectName));
     IdexRow(output, name.size()).Put("    NAME          ").PutQuoted(name).End();
-    if (run.ProjectDate) {
-        const std::string date = ConvertFieldworkDate(CompactDate(*run.ProjectDate));
+    if (projectDate) {
+        const std::string date = ConvertFieldworkDate(CompactDate(*projectDate));
         IdexRow(output).Put("    CREATION_DATE ").Put(date).Put("/00:00:00.0").End();
     }
     output.Put(definitions);
 }
 
-void WritePoints(LineWriter& output) {
+void WritePoints(Screen& screen, LineWriter& output, const Drawing& drawing) {
     constexpr std::size_t lengthWidth = 15;
     constexpr std::size_t directionWidth = 9;
-    ShowStatus(u"Wegschrijven punten");
-    const auto& points = TheDrawing().Points;
-    BeginProgress(points.UpperBound());
+    screen.ShowStatus(u"Wegschrijven punten");
+    const auto& points = drawing.Points;
+    BeginProgress(screen, points.UpperBound());
     output.PutLine("  POINTS (PointNo,PointID,East,North,Elevation,Code,Description,SymDir)");
     for (std::int32_t index = 1; index <= points.UpperBound(); ++index) {
-        StepProgress(index);
+        StepProgress(screen, index);
         const PointRec& point = points[index];
         IdexRow row(output);
-        row.Put("    ").PutWhole(index).Put(",").PutPointID(index).Put(",");
+        row.Put("    ").PutWhole(index).Put(",").PutPointID(point).Put(",");
         row.PutDecimal(point.East, 4, lengthWidth).Put(",");
         row.PutDecimal(point.North, 4, lengthWidth).Put(",");
         row.PutDecimal(point.Elevation, 4, lengthWidth).Put(",");
-        row.PutQuoted(point.Code.TrimmedRight()).Put(",");
-        row.PutQuoted(point.Description.TrimmedRight()).Put(",");
+        row.PutQuoted(drawing.Code(point).TrimmedRight()).Put(",");
+        row.PutQuoted(drawing.Description(point).TrimmedRight()).Put(",");
         row.PutDecimal(point.SymDir, 4, directionWidth).Put(";").End();
     }
     output.PutLine("  END POINTS");
 }
 
-void WriteLines(LineWriter& output) {
-    ShowStatus(u"Wegschrijven lijnstrings");
-    const auto& lines = TheDrawing().Lines;
+void WriteLines(Screen& screen, LineWriter& output, const Drawing& drawing) {
+    screen.ShowStatus(u"Wegschrijven lijnstrings");
+    const auto& lines = drawing.Lines;
     if (lines.UpperBound() == 0) return;
-    BeginProgress(lines.UpperBound());
+    BeginProgress(screen, lines.UpperBound());
     output.PutLine({});
     output.PutLine("  LINES (LineNo,Code,Flags1,Flags2)");
     for (std::int32_t lineNo = 1; lineNo <= lines.UpperBound(); ++lineNo) {
-        StepProgress(lineNo);
+        StepProgress(screen, lineNo);
         const LineRec& line = lines[lineNo];
         IdexRow row(output);
-        row.Put("    ").PutWhole(lineNo).Put(",").PutQuoted(line.Code.Trimmed()).Put(",");
+        row.Put("    ").PutWhole(lineNo).Put(",").PutQuoted(drawing.Code(line).Trimmed()).Put(",");
         row.PutFlags(line.Flags1).Put(",").PutFlags(line.Flags2).Put(";").End();
     }
 }
 
-void WriteEdges(LineWriter& output) {
-    ShowStatus(u"Wegschrijven lijnsegmenten");
-    const auto& edges = TheDrawing().Edges;
+void WriteEdges(Screen& screen, LineWriter& output, const Drawing& drawing) {
+    screen.ShowStatus(u"Wegschrijven lijnsegmenten");
+    const auto& edges = drawing.Edges;
     if (edges.UpperBound() == 0) return;
-    BeginProgress(edges.UpperBound());
+    BeginProgress(screen, edges.UpperBound());
     output.PutLine({});
     output.PutLine("    EDGES (LineNo,StartPt,StartPtID,EndPt,EndPtID,LINETYPE)");
     for (std::int32_t index = 1; index <= edges.UpperBound(); ++index) {
-        StepProgress(index);
+        StepProgress(screen, index);
         const EdgeRec& edge = edges[index];
         IdexRow row(output);
         row.Put("      ").PutWhole(edge.LineNo).Put(",");
-        row.PutWhole(edge.StartPt).Put(", ").PutPointID(edge.StartPt).Put(",");
-        row.PutWhole(edge.EndPt).Put(", ").PutPointID(edge.EndPt).Put(",");
-        row.PutFixed(edge.LineType.View()).Put(";").End();
+        row.PutWhole(edge.StartPt).Put(", ").PutPointID(drawing.Points[edge.StartPt]).Put(",");
+        row.PutWhole(edge.EndPt).Put(", ").PutPointID(drawing.Points[edge.EndPt]).Put(",");
+        row.PutFixed(drawing.LineType(edge).View()).Put(";").End();
     }
     output.PutLine("    END EDGES");
 }
 
-void WriteTextBoxes(LineWriter& output) {
-    const auto& texts = TheDrawing().Texts;
+void WriteTextBoxes(Screen& screen, LineWriter& output, const Drawing& drawing) {
+    const auto& texts = drawing.Texts;
     output.PutLine({});
     output.PutLine("  TEXT");
     output.PutLine("    PROPERTIES (TextPropertyNo)");
@@ -125,7 +122,7 @@ void WriteTextBoxes(LineWriter& output) {
     output.PutLine("    BOXES");
     output.PutLine("      BOX_ON_POINT (TextBoxNo,AnchorPointNo,AnchorPosition,LayerNo,HzDirection)");
     for (std::int32_t index = 1; index <= texts.UpperBound(); ++index) {
-        StepProgress(index);
+        StepProgress(screen, index);
         const TextRec& text = texts[index];
         IdexRow row(output);
         row.Put("          ").PutWhole(index).Put(",").PutPrinted(text.AnchorPointNo).Put(",");
@@ -138,59 +135,59 @@ void WriteTextBoxes(LineWriter& output) {
 }
 
 // Every text is a box of its own, numbered by its index, with a single item.
-void WriteTexts(LineWriter& output) {
-    ShowStatus(u"Wegschrijven teksten");
-    const auto& texts = TheDrawing().Texts;
+void WriteTexts(Screen& screen, LineWriter& output, const Drawing& drawing) {
+    screen.ShowStatus(u"Wegschrijven teksten");
+    const auto& texts = drawing.Texts;
     if (texts.UpperBound() == 0) return;
-    BeginProgress(2 * std::int64_t{texts.UpperBound()});
-    WriteTextBoxes(output);
+    BeginProgress(screen, 2 * std::int64_t{texts.UpperBound()});
+    WriteTextBoxes(screen, output, drawing);
     output.PutLine({});
     output.PutLine("    ITEMS (TextItemNo, TextBoxNo, TextPropertyNo, LineNo, TextItem)");
     for (std::int32_t index = 1; index <= texts.UpperBound(); ++index) {
-        StepProgress(std::int64_t{texts.UpperBound()} + index);
+        StepProgress(screen, std::int64_t{texts.UpperBound()} + index);
         IdexRow row(output);
         row.Put("          ").PutWhole(index).Put(",").PutPrinted(index).Put(", 1, 1,");
-        row.PutQuoted(texts[index].Text.Trimmed()).Put(";").End();
+        row.PutQuoted(texts[index].Characters().Trimmed()).Put(";").End();
     }
     output.PutLine("    END ITEMS");
     output.PutLine("  END TEXT");
     output.PutLine({});
 }
 
-void WriteCount(TextView label, std::int32_t count) { LogFile().WriteLine(Concat(label, Printed(count))); }
+void WriteCount(LogBook& log, TextView label, std::int32_t count) { log.WriteLine(Concat(label, Printed(count))); }
 
-void WriteStatistics() {
-    const Drawing& drawing = TheDrawing();
-    LogBook& log = LogFile();
+void WriteStatistics(LogBook& log, const Drawing& drawing, const CodeTables& codes, UnknownCodeTally& unknowns) {
     log.WriteLine();
     log.WriteLine(u"IDEX statistiek:");
-    WriteCount(u"IDEX punten:        ", drawing.Points.UpperBound());
-    WriteCount(u"IDEX lijnen:        ", drawing.Lines.UpperBound());
-    WriteCount(u"IDEX lijnsegmenten: ", drawing.Edges.UpperBound());
-    WriteCount(u"IDEX teksten:       ", drawing.Texts.UpperBound());
-    WriteCodeStatistics(u"Geïmporteerde", NoneFor::TablesWithoutUsedRows);
+    WriteCount(log, u"IDEX punten:        ", drawing.Points.UpperBound());
+    WriteCount(log, u"IDEX lijnen:        ", drawing.Lines.UpperBound());
+    WriteCount(log, u"IDEX lijnsegmenten: ", drawing.Edges.UpperBound());
+    WriteCount(log, u"IDEX teksten:       ", drawing.Texts.UpperBound());
+    WriteCodeStatistics(log, codes, u"Geïmporteerde", NoneFor::TablesWithoutUsedRows);
     log.WriteEmptyLines(2);
     log.WriteLine(u"Onbekende objecten werden niet geimporteerd.");
     log.WriteEmptyLines(2);
-    WriteUnknownObjectOverview();
+    WriteUnknownObjectOverview(log, unknowns);
 }
 
 }  // namespace
 
-void WriteIdexFile() {
-    LineWriter& output = TheRun().output;
+void WriteIdexFile(Translation& translation) {
+    LineWriter& output = translation.output;
     // Without an output there is nothing to say that its failure to open has not said.
     if (!output.IsOpen()) return;
-    WriteHeader(output);
-    WritePoints(output);
-    WriteLines(output);
-    WriteEdges(output);
+    Screen& screen = translation.screen;
+    const Drawing& drawing = translation.drawing;
+    WriteHeader(screen, output, translation.ProjectName, translation.ProjectDate);
+    WritePoints(screen, output, drawing);
+    WriteLines(screen, output, drawing);
+    WriteEdges(screen, output, drawing);
     output.PutLine("  END LINES");
-    WriteTexts(output);
+    WriteTexts(screen, output, drawing);
     output.PutLine("END DATABASE");
-    WriteStatistics();
+    WriteStatistics(translation.log, drawing, translation.codes, translation.unknowns);
     output.Close();
-    TheAccount().KeptAreWritten();
+    translation.account.KeptAreWritten();
 }
 
 }  // namespace korvande

@@ -1,15 +1,19 @@
 #include "idex/modImportIDEX.h"
 
+#include <algorithm>
+
 #include "core/Clock.h"
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
 #include "core/modStrings.h"
+#include "idex/DiagnosticFiles.h"
 #include "idex/IdexFile.h"
-#include "project/frmKORVANDE.h"
-#include "run/InputFile.h"
-#include "run/LogBook.h"
+#include "idex/IdexLines.h"
+#include "idex/IdexPoints.h"
+#include "idex/IdexTexts.h"
+#include "translation/Files.h"
 
 namespace korvande {
 
@@ -17,13 +21,10 @@ namespace {
 
 constexpr std::int32_t highestLayer = 1'000'000;
 
-void LogMissing(TextView keyword) { LogFile().WriteError(Concat(u"Geen ", keyword, u" gevonden in het IDEX bestand")); }
-
 // The second character of a header value such as "','"; a blank when there is none.
 char SecondCharacter(std::string_view rest) { return rest.size() > 1 ? rest[1] : ' '; }
 
-void ReadHeader(IdexFile& file) {
-    Drawing& drawing = TheDrawing();
+void ReadHeader(IdexFile& file, Drawing& drawing) {
     while (true) {
         const KeywordLine line = file.NextKeyword();
         if (line.keyword == "SEPARATOR") {
@@ -41,25 +42,23 @@ void ReadHeader(IdexFile& file) {
 }
 
 // The date option of the export decides between today, the alternative date and the file's own.
-void ChooseDate() {
-    const FormKORVANDE& form = frmKORVANDE();
+void ChooseDate(const Options& options, Text& drawingDate) {
     std::string date;
-    if (form.optDateNow) {
+    if (options.optDateNow) {
         date = CompactDate(Now());
-    } else if (form.optDateAlt) {
-        const std::string alternative = ToWindows1252(Trim(form.txtAltDatum));
+    } else if (options.optDateAlt) {
+        const std::string alternative = ToWindows1252(Trim(options.txtAltDatum));
         date = alternative.substr(alternative.size() - std::min<std::size_t>(alternative.size(), 8));
     } else {
         return;
     }
-    TheDrawing().DrawingDate = FromWindows1252(ConvertFieldworkDate(date));
+    drawingDate = FromWindows1252(ConvertFieldworkDate(date));
 }
 
-void ReadLayers(IdexFile& file, std::string_view headerLine) {
+void ReadLayers(IdexFile& file, std::string_view headerLine, std::vector<Text>& layerNames) {
     enum { layerNo, name };
     IdexTable table(file, {"LAYERNO", "NAME"});
     table.ReadHeader(headerLine);
-    auto& layerNames = TheDrawing().LayerNames;
     std::string_view row;
     while (file.NextRow(row)) {
         table.Split(row);
@@ -71,53 +70,56 @@ void ReadLayers(IdexFile& file, std::string_view headerLine) {
     }
 }
 
-void ReadDatabase(IdexFile& file) {
+void ReadDatabase(Translation& translation, IdexFile& file) {
     while (true) {
         const KeywordLine line = file.NextKeyword();
         const std::string_view keyword = line.keyword.substr(0, line.keyword.find('('));
         if (keyword == "POINTS") {
-            ReadPoints(file, line.line);
+            ReadPoints(translation, file, line.line);
         } else if (keyword == "LINES") {
-            ReadLines(file, line.line);
+            ReadLines(translation.screen, file, line.line, translation.drawing);
         } else if (keyword == "POLYGONS") {
-            ReadOverPolygons(file, line.line);
+            ReadOverPolygons(translation.screen, file, line.line, translation.account);
         } else if (keyword == "TEXT") {
-            ReadTexts(file);
+            ReadTexts(translation, file);
         } else if (keyword == "EOF") {
             return;
         }
     }
 }
 
-void ReadWholeFile(IdexFile& file) {
+void ReadWholeFile(Translation& translation, IdexFile& file) {
+    Drawing& drawing = translation.drawing;
     if (!file.SkipToContaining("HEADER")) {
-        TheRun().outcome.wrongFormat = true;
-        return LogMissing(u"HEADER");
+        translation.outcome.wrongFormat = true;
+        return Report(translation, {.kind = ProblemKind::NoHeader});
     }
-    ReadHeader(file);
-    ChooseDate();
+    ReadHeader(file, drawing);
+    ChooseDate(translation.options, drawing.DrawingDate);
     std::string layersLine;
-    if (!file.SkipToStart("LAYERS", layersLine)) return LogMissing(u"LAYERS");
-    ReadLayers(file, layersLine);
-    if (!file.SkipToContaining("DATABASE")) return LogMissing(u"DATABASE");
-    ReadDatabase(file);
+    if (!file.SkipToStart("LAYERS", layersLine)) return Report(translation, {.kind = ProblemKind::NoLayers});
+    ReadLayers(file, layersLine, drawing.LayerNames);
+    if (!file.SkipToContaining("DATABASE")) return Report(translation, {.kind = ProblemKind::NoDatabase});
+    ReadDatabase(translation, file);
 }
 
 }  // namespace
 
-void ReadIdexFile() {
-    ResetDrawing();
-    TheDrawing().LayerNames.assign(1, Text());
-    TheDrawing().DrawingName.clear();
+void ReadIdexFile(Translation& translation) {
+    Drawing& drawing = translation.drawing;
+    ResetDrawing(drawing);
+    drawing.LayerNames.assign(1, Text());
+    drawing.DrawingName.clear();
+    translation.unknowns.Reset();
     LineReader reader;
-    if (!OpenInput(reader, TheRun().IdexFileName)) return;
-    ShowStatus(u"Inlezen IDEX");
-    ReadInput(reader, [&reader] {
-        IdexFile file(reader);
-        ReadWholeFile(file);
+    if (!OpenInput(translation, reader, translation.IdexFileName)) return;
+    translation.screen.ShowStatus(u"Inlezen IDEX");
+    ReadInput(translation, reader, [&translation, &reader] {
+        IdexFile file(reader, translation.screen, translation.inputLine);
+        ReadWholeFile(translation, file);
     });
-    CurrentInputLine() = 0;
-    if (TheRun().withDiagnosticFiles) WriteDiagnosticFiles();
+    translation.inputLine = 0;
+    if (translation.withDiagnosticFiles) WriteDiagnosticFiles(drawing);
 }
 
 }  // namespace korvande

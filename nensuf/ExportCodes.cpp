@@ -21,7 +21,7 @@ std::string FieldBytes(TextView field) {
     return bytes;
 }
 
-ExportCodes PrepareCodes(const CodeTable& table, bool (*isWritten)(TextView type)) {
+ExportCodes PrepareCodes(const CodeTable& table, Variant variant, bool withUnknowns, bool (*isWritten)(TextView type)) {
     ExportCodes codes;
     codes.reserve(table.rows.size() + 1);
     for (const CodeRow& row : table.rows) {
@@ -29,22 +29,30 @@ ExportCodes PrepareCodes(const CodeTable& table, bool (*isWritten)(TextView type
         ExportCode& code = codes.emplace_back();
         code.lkiCode = FieldBytes(row.LkiCode.View());
         code.description = FieldBytes(row.Description.View());
-        if (row.P != 0 || row.I != 0 || row.B != 0) code.quality = FormatQuality(row.P, row.I, row.B);
+        if (row.P != 0 || row.I != 0 || row.B != 0) code.quality = FormatQuality(variant, row.P, row.I, row.B);
         code.isWritten = isWritten(type);
         code.isSymbol = IsSymbolType(type);
         code.reason = type == types::dummy ? LeftOut::Dummy : LeftOut::OtherType;
     }
     if (codes.empty()) codes.emplace_back();
-    codes.front().reason = LeftOut::UnknownCode;
+    ExportCode& unknown = codes.front();
+    unknown.reason = LeftOut::UnknownCode;
+    if (!withUnknowns) unknown.isWritten = false;
     return codes;
 }
 
 }  // namespace
 
-ExportCodes PreparePointCodes() { return PrepareCodes(PointCodes(), IsPointType); }
+ExportCodes PreparePointCodes(const CodeTable& points, Variant variant, bool withUnknowns) {
+    return PrepareCodes(points, variant, withUnknowns, IsPointType);
+}
 
-ExportCodes PrepareLineCodes() { return PrepareCodes(LineCodes(), IsLineType); }
+ExportCodes PrepareLineCodes(const CodeTable& lines, Variant variant, bool withUnknowns) {
+    return PrepareCodes(lines, variant, withUnknowns, IsLineType);
+}
 
-ExportCodes PrepareTextCodes() { return PrepareCodes(TextCodes(), IsTextType); }
+ExportCodes PrepareTextCodes(const CodeTable& texts, Variant variant, bool withUnknowns) {
+    return PrepareCodes(texts, variant, withUnknowns, IsTextType);
+}
 
 }  // namespace korvande

@@ -4,7 +4,8 @@
 #include <vector>
 
 #include "project/CodeTables.h"
-#include "run/ObjectAccount.h"
+#include "translation/Mode.h"
+#include "translation/ObjectAccount.h"
 
 namespace korvande {
 
@@ -22,9 +23,9 @@ struct ExportCode {
 using ExportCodes = std::vector<ExportCode>;
 
 // The rows whose objects are written: of points GRONDSL, PUNT, ROT.PNT and SYMBOOL, of lines LIJN and GRENS, of texts
-// all but DUMMY.
-ExportCodes PreparePointCodes();
-ExportCodes PrepareLineCodes();
-ExportCodes PrepareTextCodes();
+// all but DUMMY. The unknown row is one of them only with unknown objects.
+ExportCodes PreparePointCodes(const CodeTable& points, Variant variant, bool withUnknowns);
+ExportCodes PrepareLineCodes(const CodeTable& lines, Variant variant, bool withUnknowns);
+ExportCodes PrepareTextCodes(const CodeTable& texts, Variant variant, bool withUnknowns);
 
 }  // namespace korvande

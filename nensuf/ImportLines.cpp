@@ -1,58 +1,57 @@
-#include <optional>
+#include "nensuf/ImportLines.h"
+
 #include <utility>
 
 #include "core/Numbers.h"
-#include "nensuf/ImportRun.h"
 #include "nensuf/modArcFunctions.h"
-#include "run/LogBook.h"
+#include "translation/CodeLookups.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
 namespace {
 
-const auto straight = MakeFixedText<12>(u"STRAIGHT");
-const auto arcByCentre = MakeFixedText<12>(u"ARC_CENT");
+constexpr TextView straight = u"STRAIGHT";
+constexpr TextView arcByCentre = u"ARC_CENT";
 constexpr std::int32_t anticlockwiseFlag = 16;
 
-std::int32_t AppendLineString(const LineCodeRow& row) {
-    auto& lines = TheDrawing().Lines;
-    LineRec& line = lines.Append();
-    line.Code = row.LiscadCode.View();
-    line.Description = row.Description.View();
-    return lines.UpperBound();
+std::int32_t AppendLineString(Drawing& drawing, const LineCodeRow& row) {
+    LineRec& line = drawing.Lines.Append();
+    drawing.SetCode(line, row.LiscadCode.View());
+    drawing.SetDescription(line, row.Description.View());
+    return drawing.Lines.UpperBound();
 }
 
 // A point of a line string: the line's code and description, no number and no height yet.
-PointRec VertexOf(const LineCodeRow& row) {
+PointRec VertexOf(Drawing& drawing, const LineCodeRow& row) {
     PointRec point{};
-    point.PointID = TextView();
-    point.Code = row.LiscadCode.View();
-    point.Description = row.Description.View();
+    point.SetPointID(TextView());
+    drawing.SetCode(point, row.LiscadCode.View());
+    drawing.SetDescription(point, row.Description.View());
     return point;
 }
 
-void AppendEdge(std::int32_t lineNo, std::int32_t start, std::int32_t end, const FixedText<12>& lineType) {
-    EdgeRec& edge = TheDrawing().Edges.Append();
+void AppendEdge(Drawing& drawing, std::int32_t lineNo, std::int32_t start, std::int32_t end, TextView lineType) {
+    EdgeRec& edge = drawing.Edges.Append();
     edge.LineNo = lineNo;
     edge.StartPt = start;
     edge.EndPt = end;
-    edge.LineType = lineType;
+    drawing.SetLineType(edge, lineType);
 }
 
-PointRec& LastPoint() {
-    auto& points = TheDrawing().Points;
-    return points[points.UpperBound()];
-}
+PointRec& LastPoint(Drawing& drawing) { return drawing.Points[drawing.Points.UpperBound()]; }
 
 // Looks the group's code up; null when it is unknown and unknown objects are not imported.
-const LineCodeRow* RowOf(const ImportRun& run) {
-    const std::int32_t row = LookupLineCode(KeyOf(run.group.ObjectCode));
-    if (row == 0 && (!run.withUnknowns || LineCodes().rows.empty())) return nullptr;
-    return &LineCodes().rows[static_cast<std::size_t>(row)];
+const LineCodeRow* RowOf(ImportRun& run) {
+    CodeTable& lines = run.translation.codes.lines;
+    const std::int32_t row = LookupLineCode(lines, run.unknowns, KeyOf(run.group.ObjectCode));
+    if (row == 0 && (!run.withUnknowns || lines.rows.empty())) return nullptr;
+    return &lines.rows[static_cast<std::size_t>(row)];
 }
 
 void ReadLineFields(ImportRun& run, const LineCodeRow& row, std::int32_t lineNo, std::int32_t firstPoint) {
-    PointRec vertex = VertexOf(row);
+    Drawing& drawing = run.translation.drawing;
+    PointRec vertex = VertexOf(drawing, row);
     std::string_view number;  // of an N field that stands directly before an X field
     for (const GroupField& field : run.records.GroupFields()) {
         const std::string_view numberBefore =
@@ -60,20 +59,20 @@ void ReadLineFields(ImportRun& run, const LineCodeRow& row, std::int32_t lineNo,
         switch (field.Key) {
             case 'X': {
                 vertex.East = run.frame.X(field.Value);
-                vertex.PointID.Assign(numberBefore);
-                const std::int32_t index = AddImportedPoint(vertex);
-                if (index > firstPoint) AppendEdge(lineNo, index - 1, index, straight);
+                vertex.SetPointID(numberBefore);
+                const std::int32_t index = AddImportedPoint(drawing, vertex);
+                if (index > firstPoint) AppendEdge(drawing, lineNo, index - 1, index, straight);
                 break;
             }
             case 'Y':
-                LastPoint().North = run.frame.Y(field.Value);
+                LastPoint(drawing).North = run.frame.Y(field.Value);
                 break;
             case 'Z':
-                LastPoint().Elevation = run.frame.Z(field.Value);
+                LastPoint(drawing).Elevation = run.frame.Z(field.Value);
                 break;
             case 'I':
                 if (LeadingNumber(field.Value) == 4) {
-                    LogFile().WriteError(u"Boog in lijnstring wordt niet ondersteund");
+                    Report(run.translation, {.kind = ProblemKind::ArcInLineString});
                 }
                 break;
             default:
@@ -87,24 +86,25 @@ class ArcChain {
  public:
     ArcChain(ImportRun& importRun, const LineCodeRow& codeRow)
         : run(importRun),
-          vertex(VertexOf(codeRow)),
-          lineNo(AppendLineString(codeRow)),
-          arcEnd(TheDrawing().Points.UpperBound() + 3) {}
+          drawing(importRun.translation.drawing),
+          vertex(VertexOf(drawing, codeRow)),
+          lineNo(AppendLineString(drawing, codeRow)),
+          arcEnd(drawing.Points.UpperBound() + 3) {}
 
     // The result is the last arc's; the ones before it are accounted for.
     std::optional<LeftOut> Read() {
-        auto& points = TheDrawing().Points;
+        const auto& points = drawing.Points;
         for (const GroupField& field : run.records.GroupFields()) {
             switch (field.Key) {
                 case 'X':
                     vertex.East = run.frame.X(field.Value);
-                    AddImportedPoint(vertex);
+                    AddImportedPoint(drawing, vertex);
                     break;
                 case 'Y':
-                    LastPoint().North = run.frame.Y(field.Value);
+                    LastPoint(drawing).North = run.frame.Y(field.Value);
                     break;
                 case 'Z':
-                    LastPoint().Elevation = run.frame.Z(field.Value);
+                    LastPoint(drawing).Elevation = run.frame.Z(field.Value);
                     break;
                 default:
                     break;
@@ -112,44 +112,45 @@ class ArcChain {
             if (points.UpperBound() > arcEnd) BeginNextArc();
         }
         if (points.UpperBound() >= arcEnd) return FinishArc();
-        LogFile().WriteError(u"Ongeldige boog");
+        Report(run.translation, {.kind = ProblemKind::InvalidArc});
         return LeftOut::InvalidArc;
     }
 
  private:
     void BeginNextArc() {
-        SettleObject(ObjectKind::Arc, FinishArc());
-        ++TheAccount()[ObjectKind::Arc].read;
+        ObjectAccount& account = run.translation.account;
+        SettleObject(account, ObjectKind::Arc, FinishArc());
+        ++account[ObjectKind::Arc].read;
         arcEnd += 2;
-        auto& lines = TheDrawing().Lines;
+        auto& lines = drawing.Lines;
         LineRec& line = lines.Append();
         line = lines[lineNo];
         line.Flags1 = 0;  // each arc carries its own direction
         lineNo = lines.UpperBound();
     }
 
-    std::optional<LeftOut> FinishArc() const {
-        Drawing& drawing = TheDrawing();
+    std::optional<LeftOut> FinishArc() {
         const PointRec& end = drawing.Points[arcEnd];
         PointRec& middle = drawing.Points[arcEnd - 1];
         const PointRec& start = drawing.Points[arcEnd - 2];
         if (run.selection.Excludes(end) || run.selection.Excludes(middle) || run.selection.Excludes(start)) {
             return LeftOut::OutsideRectangle;
         }
-        const ArcCentre arc =
-            ArcCentreFrom3Points({start.East, start.North}, {middle.East, middle.North}, {end.East, end.North});
-        const FixedText<12>& lineType = arc.direction == 0 ? straight : arcByCentre;
-        AppendEdge(lineNo, arcEnd - 2, arcEnd - 1, lineType);
-        AppendEdge(lineNo, arcEnd - 1, arcEnd, lineType);
+        const ArcCentre arc = ArcCentreFrom3Points({start.East, start.North}, {middle.East, middle.North},
+                                                   {end.East, end.North}, run.translation.crossingsFound);
+        const TextView lineType = arc.direction == 0 ? straight : arcByCentre;
+        AppendEdge(drawing, lineNo, arcEnd - 2, arcEnd - 1, lineType);
+        AppendEdge(drawing, lineNo, arcEnd - 1, arcEnd, lineType);
         if (arc.direction == 0) return {};
         middle.East = arc.centre.east;
         middle.North = arc.centre.north;
-        middle.PointID = TextView();
+        middle.SetPointID(TextView());
         if (arc.direction < 0) drawing.Lines[lineNo].Flags1 = anticlockwiseFlag;
         return {};
     }
 
     ImportRun& run;
+    Drawing& drawing;
     PointRec vertex;
     std::int32_t lineNo;
     std::int32_t arcEnd;  // the index of the current arc's third point
@@ -158,7 +159,7 @@ class ArcChain {
 }  // namespace
 
 std::optional<LeftOut> ImportLineGroup(ImportRun& run) {
-    Drawing& drawing = TheDrawing();
+    Drawing& drawing = run.translation.drawing;
     const std::int32_t pointsBefore = drawing.Points.UpperBound();
     const std::int32_t linesBefore = drawing.Lines.UpperBound();
     const std::int32_t edgesBefore = drawing.Edges.UpperBound();
@@ -167,7 +168,7 @@ std::optional<LeftOut> ImportLineGroup(ImportRun& run) {
     if (row == nullptr) return LeftOut::UnknownCode;
 
     const std::int32_t firstPoint = pointsBefore + 1;
-    ReadLineFields(run, *row, AppendLineString(*row), firstPoint);
+    ReadLineFields(run, *row, AppendLineString(drawing, *row), firstPoint);
 
     // Only the first point decides: a line that starts inside is kept whole, one that starts outside goes whole.
     if (!run.selection.isOn) return {};

@@ -1,15 +1,15 @@
+#include "nensuf/ImportObjects.h"
+
 #include <array>
-#include <optional>
 
 #include "core/modAzimuth.h"
 #include "core/modConstants.h"
 #include "core/modLineIntraVerse.h"
 #include "core/modScreen.h"
 #include "core/modStrings.h"
-#include "nensuf/ImportRun.h"
 #include "nensuf/Overflow.h"
-#include "project/frmKORVANDE.h"
-#include "run/LogBook.h"
+#include "translation/CodeLookups.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
@@ -51,7 +51,7 @@ class GroupPoints {
                     isFull = true;
                 } else {
                     points[count].East = frame.X(field.Value);
-                    points[count].PointID.Assign(number);
+                    points[count].SetPointID(number);
                     ++count;
                 }
                 number = {};
@@ -85,12 +85,12 @@ std::optional<LeftOut> ReasonToLeave(const ImportRun& run, const CodeTable& tabl
 const CodeRow& RowAt(const CodeTable& table, std::int32_t row) { return table.rows[static_cast<std::size_t>(row)]; }
 
 // Adds the first point of a point or symbol group, with the code and description of its row. Direction in grads.
-void AddObject(GroupPoints& points, double direction, const PointCodeRow& row) {
+void AddObject(Drawing& drawing, GroupPoints& points, double direction, const PointCodeRow& row) {
     PointRec& point = points.First();
     point.SymDir = direction;
-    point.Code = row.LiscadCode.View();
-    point.Description = row.Description.View();
-    AddImportedPoint(point);
+    drawing.SetCode(point, row.LiscadCode.View());
+    drawing.SetDescription(point, row.Description.View());
+    AddImportedPoint(drawing, point);
 }
 
 // The coordinates of a placement group: those of a 04 group behind it, else its own.
@@ -101,11 +101,11 @@ GroupPoints ReadPlacementPoints(ImportRun& run) {
 
 // Symbols of the codes S01 to S03 go by code and symbol type (positions 4-6 of the placement), when the table has a row
 // for the two together.
-CodeKey SymbolKey(const ImportRun& run) {
+CodeKey SymbolKey(const ImportRun& run, CodeTable& points) {
     const std::string& code = run.group.ObjectCode;
     if (code == "S01" || code == "S02" || code == "S03") {
         const CodeKey withType = KeyOf(code + " " + run.group.placement.substr(3, 3));
-        if (PointCodes().byLki.Find(PointCodes().rows, withType) != 0) return withType;
+        if (FindLkiCode(points, withType) != 0) return withType;
     }
     return KeyOf(code);
 }
@@ -119,19 +119,18 @@ std::string_view TextOf(std::string_view record, std::string_view objectCode) {
 
 // A text's points go without a code of their own; two that are apart are joined by a line string of the text's code.
 // Returns the index of the first.
-std::int32_t AddTextPoints(const GroupPoints& points, bool joined, const TextCodeRow& row) {
-    Drawing& drawing = TheDrawing();
+std::int32_t AddTextPoints(Drawing& drawing, const GroupPoints& points, bool joined, const TextCodeRow& row) {
     const std::int32_t first = drawing.Points.UpperBound() + 1;
-    for (std::size_t i = 0; i < points.Count(); ++i) AddImportedPoint(points[i]);
+    for (std::size_t i = 0; i < points.Count(); ++i) AddImportedPoint(drawing, points[i]);
     if (!joined) return first;
     LineRec& line = drawing.Lines.Append();
-    line.Code = row.LiscadCode.View();
-    line.Description = row.Description.View();
+    drawing.SetCode(line, row.LiscadCode.View());
+    drawing.SetDescription(line, row.Description.View());
     EdgeRec& edge = drawing.Edges.Append();
     edge.LineNo = drawing.Lines.UpperBound();
     edge.StartPt = first;
     edge.EndPt = first + 1;
-    edge.LineType = u"STRAIGHT";
+    drawing.SetLineType(edge, TextView(u"STRAIGHT"));
     return first;
 }
 
@@ -139,44 +138,50 @@ std::int32_t AddTextPoints(const GroupPoints& points, bool joined, const TextCod
 
 std::optional<LeftOut> ImportPointGroup(ImportRun& run) {
     if (!ReadGeometryGroup(run, u"Punt,")) return LeftOut::MissingRecord;
-    const std::int32_t row = LookupPointCode(KeyOf(run.group.ObjectCode));
+    CodeTable& codes = run.translation.codes.points;
+    const std::int32_t row = LookupPointCode(codes, run.unknowns, KeyOf(run.group.ObjectCode));
     GroupPoints points(run);
-    if (const auto reason = ReasonToLeave(run, PointCodes(), row, points)) return reason;
-    AddObject(points, points.Direction().value_or(0), RowAt(PointCodes(), row));
+    if (const auto reason = ReasonToLeave(run, codes, row, points)) return reason;
+    AddObject(run.translation.drawing, points, points.Direction().value_or(0), RowAt(codes, row));
     return {};
 }
 
 std::optional<LeftOut> ImportSymbolGroup(ImportRun& run) {
-    const std::int32_t row = LookupPointCode(SymbolKey(run));
+    CodeTable& codes = run.translation.codes.points;
+    const std::int32_t row = LookupPointCode(codes, run.unknowns, SymbolKey(run, codes));
     GroupPoints points = ReadPlacementPoints(run);
-    if (const auto reason = ReasonToLeave(run, PointCodes(), row, points)) return reason;
+    if (const auto reason = ReasonToLeave(run, codes, row, points)) return reason;
     std::optional<double> direction = points.Direction();
     // With this option P1-P2 points to the symbol's north, which is what its direction is counted from.
-    if (direction && frmKORVANDE().chkImportSymRotation) direction = NormalizeGrads(*direction - 100);
-    AddObject(points, direction.value_or(0), RowAt(PointCodes(), row));
+    const bool pointsNorth = run.translation.options.chkImportSymRotation;
+    if (direction && pointsNorth) direction = NormalizeGrads(*direction - 100);
+    AddObject(run.translation.drawing, points, direction.value_or(0), RowAt(codes, row));
     return {};
 }
 
 std::optional<LeftOut> ImportTextGroup(ImportRun& run) {
+    Translation& translation = run.translation;
     GroupPoints points = ReadPlacementPoints(run);
     if (!run.records.NextIs("06")) {
-        LogFile().WriteError(u"Tekst, 06 record ontbreekt");
-        ShowMessage(u"06 record ontbreekt", Icon::Critical);
+        Report(translation, {.kind = ProblemKind::NoTextRecord});
+        ShowMessage(translation.screen, u"06 record ontbreekt", Icon::Critical);
         return LeftOut::MissingRecord;
     }
     const std::string_view record = run.records.ReadRecordGroup(2);
     const GroupObjects& group = run.group;
-    const std::int32_t rowNo = LookupTextCode(KeyOf(group.ObjectCode));
-    if (const auto reason = ReasonToLeave(run, TextCodes(), rowNo, points)) return reason;
-    const TextCodeRow& row = RowAt(TextCodes(), rowNo);
+    CodeTable& codes = translation.codes.texts;
+    const std::int32_t rowNo = LookupTextCode(codes, run.unknowns, KeyOf(group.ObjectCode));
+    if (const auto reason = ReasonToLeave(run, codes, rowNo, points)) return reason;
+    const TextCodeRow& row = RowAt(codes, rowNo);
     const std::optional<double> direction = points.Direction();
-    const std::int32_t anchor = AddTextPoints(points, direction.has_value(), row);
-    TextRec& text = TheDrawing().Texts.Append();
-    text.Code = row.LiscadCode.View();
+    Drawing& drawing = translation.drawing;
+    const std::int32_t anchor = AddTextPoints(drawing, points, direction.has_value(), row);
+    TextRec& text = drawing.Texts.Append();
+    drawing.SetCode(text, row.LiscadCode.View());
     text.AnchorPointNo = anchor;
     text.AnchorPosition = static_cast<std::int16_t>(TransposeAnchorPosition(group.placement.substr(0, 1)) - '0');
     text.HzDirection = static_cast<float>(direction.value_or(0));
-    text.Text.Assign(TextOf(record, group.ObjectCode));
+    text.SetCharacters(TextOf(record, group.ObjectCode));
     return {};
 }
 

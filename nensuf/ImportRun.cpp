@@ -1,18 +1,34 @@
 #include "nensuf/ImportRun.h"
 
-#include <bit>
-
 #include "core/Numbers.h"
-#include "core/modMiniMax.h"
 #include "core/modScreen.h"
 #include "nensuf/Overflow.h"
-#include "run/LogBook.h"
+#include "translation/CodeLookups.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
 double CoordinateFrame::Metres(std::string_view value, double factor, double origin) {
     return WithoutOverflow(factor * LeadingNumber(value) + origin);
 }
+
+namespace {
+
+SelectionRectangle SelectionOf(const Options& options) {
+    const auto number = [](const Text& text) { return LeadingNumber(ToWindows1252(text)); };
+    return {options.chkSelectXY, number(options.txtMinX), number(options.txtMaxX), number(options.txtMinY),
+            number(options.txtMaxY)};
+}
+
+}  // namespace
+
+ImportRun::ImportRun(Translation& itsTranslation, LineReader& file)
+    : translation(itsTranslation),
+      unknowns(TallyOf(itsTranslation)),
+      records(file, itsTranslation.screen, itsTranslation.inputLine),
+      NenMode(itsTranslation.mode.variant),
+      selection(SelectionOf(itsTranslation.options)),
+      withUnknowns(itsTranslation.options.chkImportUnknowns) {}
 
 namespace {
 
@@ -61,11 +77,11 @@ GroupObjects ReadObjects(ImportRun& run) {
     return objects;
 }
 
-void LeaveObjects(const GroupObjects& objects, LeftOut reason) {
+void LeaveObjects(ObjectAccount& account, const GroupObjects& objects, LeftOut reason) {
     if (objects.isPart) return;
-    const auto leave = [reason](ObjectKind kind) {
-        ++TheAccount()[kind].read;
-        TheAccount().Leave(kind, kind == ObjectKind::Other ? LeftOut::NotTranslated : reason);
+    const auto leave = [&account, reason](ObjectKind kind) {
+        ++account[kind].read;
+        account.Leave(kind, kind == ObjectKind::Other ? LeftOut::NotTranslated : reason);
     };
     const bool isPointOrSymbol = objects.isPoint || objects.isSymbol;
     if (isPointOrSymbol) leave(ObjectKind::Point);
@@ -75,34 +91,34 @@ void LeaveObjects(const GroupObjects& objects, LeftOut reason) {
     if (!isPointOrSymbol && !objects.isLine && !objects.isArc && !objects.isText) leave(ObjectKind::Other);
 }
 
-void SettleObject(ObjectKind kind, std::optional<LeftOut> reason) {
+void SettleObject(ObjectAccount& account, ObjectKind kind, std::optional<LeftOut> reason) {
     if (reason) {
-        TheAccount().Leave(kind, *reason);
+        account.Leave(kind, *reason);
     } else {
-        ++TheAccount()[kind].kept;
+        ++account[kind].kept;
     }
 }
 
-std::int32_t AddImportedPoint(const PointRec& point) {
-    Drawing& drawing = TheDrawing();
+std::int32_t AddImportedPoint(Drawing& drawing, const PointRec& point) {
     PointRec& added = drawing.Points.Append(point);
     const std::int32_t index = drawing.Points.UpperBound();
     added.PointNo = index;
     drawing.PointIndex.Set(index, index);
-    if (added.Code.NeverFilled()) {
-        added.Code = u"100";
-        added.Description = u"Onbekend Object";
+    if (drawing.Code(added).NeverFilled()) {
+        drawing.SetCode(added, TextView(u"100"));
+        drawing.SetDescription(added, TextView(u"Onbekend Object"));
     }
     return index;
 }
 
 bool ReadGeometryGroup(ImportRun& run, TextView kind) {
     run.records.ReadRecordGroup(0);
-    if (run.records.RecordType() == "04") return true;
-    LogFile().WriteError(Concat(kind, u" 04 record ontbreekt"));
-    ShowMessage(u"04 record ontbreekt", Icon::Critical);
-    const std::string_view lost = run.records.RecordType();
-    if (lost == "03" || lost == "05") LeaveObjects(ReadObjects(run), LeftOut::MissingRecord);
+    const std::string_view type = run.records.RecordType();
+    if (type == "04") return true;
+    Translation& translation = run.translation;
+    Report(translation, {.kind = ProblemKind::NoCoordinatesRecord, .words = Text(kind)});
+    ShowMessage(translation.screen, u"04 record ontbreekt", Icon::Critical);
+    if (type == "03" || type == "05") LeaveObjects(translation.account, ReadObjects(run), LeftOut::MissingRecord);
     return false;
 }
 
@@ -110,45 +126,6 @@ CodeKey KeyOf(std::string_view code) {
     CodeKey key;
     key.Assign(code);
     return key;
-}
-
-namespace {
-
-// The numbers met so far: a hash table of point indexes (0: free), at most half full.
-class NumbersMet {
- public:
-    explicit NumbersMet(std::int32_t points) : slots(std::bit_ceil(static_cast<std::size_t>(points) * 2 + 2), 0) {}
-
-    // False when an earlier point has the same number.
-    bool Add(std::int32_t index) {
-        const auto& points = TheDrawing().Points;
-        const TextView number = points[index].PointID.View();
-        const std::size_t mask = slots.size() - 1;
-        std::size_t slot = std::hash<TextView>()(number) & mask;
-        for (; slots[slot] != 0; slot = (slot + 1) & mask) {
-            if (points[slots[slot]].PointID.View() == number) return false;
-        }
-        slots[slot] = index;
-        return true;
-    }
-
- private:
-    std::vector<std::int32_t> slots;
-};
-
-}  // namespace
-
-void CleanUpPointNumbers() {
-    constexpr TextView noNumber = u"         ";
-    auto& points = TheDrawing().Points;
-    ShowStatus(u"Opschonen Puntnummers");
-    BeginProgress(MaxLong(points.UpperBound(), 1));
-    NumbersMet met(points.UpperBound());
-    for (std::int32_t index = 1; index <= points.UpperBound(); ++index) {
-        StepProgress(index);
-        FixedText<9>& number = points[index].PointID;
-        if (number.View() > noNumber && !met.Add(index)) number = TextView();
-    }
 }
 
 }  // namespace korvande

@@ -7,9 +7,13 @@
 #include "core/modKORVANDE.h"
 #include "nensuf/RecordReader.h"
 #include "project/CodeTables.h"
-#include "run/ObjectAccount.h"
+#include "translation/Mode.h"
+#include "translation/ObjectAccount.h"
 
 namespace korvande {
+
+class UnknownCodeTally;
+struct Translation;
 
 // A rectangle that limits what is imported; its edges belong to it. Metres.
 struct SelectionRectangle {
@@ -59,44 +63,36 @@ struct GroupObjects {
 
 // What the group readers of one import share.
 struct ImportRun {
-    explicit ImportRun(LineReader& file) : records(file) {}
+    ImportRun(Translation& itsTranslation, LineReader& file);
 
+    Translation& translation;
+    UnknownCodeTally* unknowns;  // null: none are tallied
     RecordReader records;
+    Variant NenMode;             // of the file: that of the mode, until a person answers otherwise
     GroupObjects group;          // the group being imported
     bool afterGeometry = false;  // behind a 03 group with a G field, which 05 groups without a code belong to
     CoordinateFrame frame;
     SelectionRectangle selection;
-    bool withUnknowns = false;  // chkImportUnknowns
+    bool withUnknowns;  // chkImportUnknowns
 };
 
 // The objects of the group read last, of type 03 or 05.
 GroupObjects ReadObjects(ImportRun& run);
 
 // Accounts for objects that no group reader is called for.
-void LeaveObjects(const GroupObjects& objects, LeftOut reason);
+void LeaveObjects(ObjectAccount& account, const GroupObjects& objects, LeftOut reason);
 
 // Accounts for an object that counts as read already: why it was left out, or nothing when it is in the drawing.
-void SettleObject(ObjectKind kind, std::optional<LeftOut> reason);
+void SettleObject(ObjectAccount& account, ObjectKind kind, std::optional<LeftOut> reason);
 
 // Appends a point and returns its index, which becomes its number. A point whose code was never filled gets the code
 // "100" and the description "Onbekend Object".
-std::int32_t AddImportedPoint(const PointRec& point);
-
-// The group readers. Each reads the records that follow its group, and returns why the object was left out, or nothing
-// when it is in the drawing. Of a chain of arcs the result is the last one's; the others are accounted for.
-std::optional<LeftOut> ImportPointGroup(ImportRun& run);
-std::optional<LeftOut> ImportLineGroup(ImportRun& run);
-std::optional<LeftOut> ImportArcGroup(ImportRun& run);
-std::optional<LeftOut> ImportSymbolGroup(ImportRun& run);
-std::optional<LeftOut> ImportTextGroup(ImportRun& run);
+std::int32_t AddImportedPoint(Drawing& drawing, const PointRec& point);
 
 // Reads the 04 group that must follow. When another one does, the log book ("FOUT:  " and the object's kind) and a
 // message tell so, and the result is false; that other group is lost.
 bool ReadGeometryGroup(ImportRun& run, TextView kind);
 
 CodeKey KeyOf(std::string_view code);
-
-// Of points that share a number (PointID) the first keeps it and every later one loses it.
-void CleanUpPointNumbers();
 
 }  // namespace korvande

@@ -7,13 +7,13 @@
 
 #include "core/Clock.h"
 #include "core/FixedText.h"
+#include "core/LineWriter.h"
 #include "core/Picture.h"
 #include "core/modKORVANDE.h"
 #include "core/modStrings.h"
+#include "project/Options.h"
 #include "project/OwnerRecord.h"
-#include "project/frmKORVANDE.h"
-#include "run/LogBook.h"
-#include "run/RunValues.h"
+#include "translation/LogBook.h"
 
 namespace korvande {
 
@@ -30,8 +30,7 @@ constexpr std::size_t longestInOneLine = 65;
 char LastDigit(int number) noexcept { return static_cast<char>('0' + std::abs(number % 10)); }
 
 // One physical line: record type, data padded or cut to its columns, and the end code "0" with this digit.
-void WritePhysicalLine(std::string_view type, std::string_view data, char endDigit) {
-    LineWriter& output = TheRun().output;
+void WritePhysicalLine(LineWriter& output, std::string_view type, std::string_view data, char endDigit) {
     char* const line = output.Reserve(lineWidth + 2);
     const std::size_t length = std::min(data.size(), dataWidth);
     std::memcpy(line, type.data(), typeWidth);
@@ -72,57 +71,55 @@ void RecordText::PutMillimetres(char letter, double metres) {
     }
 }
 
-void WriteRecord(RecordText& buffer, std::string_view tail, int closingFlag) {
-    if (buffer.IsEmpty()) return;
-    buffer.Put(tail);
-    const std::string_view record = buffer.View();
-    if (record.size() <= typeWidth) return;
-    const std::string_view type = record.substr(0, typeWidth);
-    std::string_view data = record.substr(typeWidth);
+void WriteRecord(LineWriter& output, Variant variant, RecordText& record, std::string_view tail, int closingFlag) {
+    if (record.IsEmpty()) return;
+    record.Put(tail);
+    const std::string_view bytes = record.View();
+    if (bytes.size() <= typeWidth) return;
+    const std::string_view type = bytes.substr(0, typeWidth);
+    std::string_view data = bytes.substr(typeWidth);
     while (typeWidth + data.size() > longestInOneLine) {
-        WritePhysicalLine(type, data, '0');
+        WritePhysicalLine(output, type, data, '0');
         data.remove_prefix(dataWidth);
     }
-    WritePhysicalLine(type, data, TheRun().ExportNen ? LastDigit(closingFlag) : '1');
+    WritePhysicalLine(output, type, data, variant == Variant::Nen1878 ? LastDigit(closingFlag) : '1');
 }
 
-void WriteClosingRecord() { TheRun().output.PutLine(PadRight("99", lineWidth)); }
+void WriteClosingRecord(LineWriter& output) { output.PutLine(PadRight("99", lineWidth)); }
 
-RecordText FormatCoordinates(std::int32_t pointIndex) {
-    const PointRec& point = TheDrawing().Points[pointIndex];
-    const FormKORVANDE& form = frmKORVANDE();
+RecordText FormatCoordinates(const Options& options, const PointRec& point) {
     RecordText fields;
-    if (form.chkExportPointnoAsField && !point.PointID.IsBlank()) fields.Put("N", point.PointID.View());
+    const auto& name = point.PointID();
+    if (options.chkExportPointnoAsField && !name.IsBlank()) fields.Put("N", name.View());
     fields.PutMillimetres('X', point.East);
     fields.PutMillimetres('Y', point.North);
-    if (form.chkExport3D && point.Elevation != 0) fields.PutMillimetres('Z', point.Elevation);
+    if (options.chkExport3D && point.Elevation != 0) fields.PutMillimetres('Z', point.Elevation);
     return fields;
 }
 
-std::string FormatQuality(int p, int i, int b) {
-    std::string field = TheRun().ExportNen ? "Q  P  I  B" : "K  P  I  B";
+std::string FormatQuality(Variant variant, int p, int i, int b) {
+    std::string field = variant == Variant::Nen1878 ? "Q  P  I  B" : "K  P  I  B";
     field[3] = LastDigit(p);
     field[6] = LastDigit(i);
     field[9] = LastDigit(b);
     return field;
 }
 
-std::string FormatFieldworkDate() {
-    const std::string date = ToWindows1252(TheDrawing().DrawingDate);
+std::string FormatFieldworkDate(const Drawing& drawing, LogBook& log) {
+    const std::string date = ToWindows1252(drawing.DrawingDate);
     if (Trim(date).empty()) return {};
     const auto day = ParseFieldworkDate(date);
     if (!day) {
-        LogFile().WriteLine(u"Tekening bevat ongeldige veldwerkdatum, wordt weggelaten...");
+        log.WriteLine(u"Tekening bevat ongeldige veldwerkdatum, wordt weggelaten...");
         return {};
     }
     return std::string("D ").append(CompactDate(*day));
 }
 
-std::string FormatSourceBlock() {
-    const auto& source = TheOwner().Source;
-    if (source.IsBlank()) return PadRight({}, 10);
+std::string FormatSourceBlock(const OwnerRec& owner) {
+    if (owner.Source.IsBlank()) return PadRight({}, 10);
     RecordText block;
-    block.Put("B", MakeFixedText<5>(source.Trimmed()).View(), " 0  ");
+    block.Put("B", MakeFixedText<5>(owner.Source.Trimmed()).View(), " 0  ");
     return std::string(block.View());
 }
 

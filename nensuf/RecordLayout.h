@@ -8,11 +8,18 @@
 
 #include "core/RuntimeError.h"
 #include "core/Text.h"
+#include "translation/Mode.h"
 
 // The records of NEN1878 and SUF2 files. A logical record begins with its two-character type and may be longer than
-// the 62 columns of data that a physical line has; columns 63-64 carry the end code. What follows here serves both
-// variants; TheRun().ExportNen tells which one is written.
+// the 62 columns of data that a physical line has; columns 63-64 carry the end code.
 namespace korvande {
+
+class LineWriter;
+class LogBook;
+struct Drawing;
+struct Options;
+struct OwnerRec;
+struct PointRec;
 
 // A logical record, or a field of one, while it is built: Windows-1252 bytes kept in place. The longest record, a line
 // segment with all its fields, has 112.
@@ -49,27 +56,27 @@ class RecordText {
     std::size_t size = 0;
 };
 
-// Writes the buffer with the tail behind it to the run's output, in as many lines as it takes; of the closing flag only
-// the last decimal digit counts (1 for the record that closes an object's group or a header block). Nothing is written
-// when the buffer is empty or holds a bare record type. A record of 63 to 65 characters is one line and loses what is
-// behind column 62. The buffer is to be emptied by the caller.
-void WriteRecord(RecordText& buffer, std::string_view tail, int closingFlag);
+// Writes the record with the tail behind it, in as many lines as it takes; of the closing flag only the last decimal
+// digit counts (1 for the record that closes an object's group or a header block). Nothing is written when the record
+// is empty or a bare record type. A record of 63 to 65 characters is one line and loses what is behind column 62. The
+// caller empties the record, which has the tail in it now.
+void WriteRecord(LineWriter& output, Variant variant, RecordText& record, std::string_view tail, int closingFlag);
 
 // The closing record of a file.
-void WriteClosingRecord();
+void WriteClosingRecord(LineWriter& output);
 
 // N (10 columns; with chkExportPointnoAsField, unless the name is blank), X (10), Y (10) and Z (10; with chkExport3D,
-// unless the height is 0) of the point with this index; 0 is the drawing's scratch point.
-RecordText FormatCoordinates(std::int32_t pointIndex);
+// unless the height is 0) of a point.
+RecordText FormatCoordinates(const Options& options, const PointRec& point);
 
 // The quality field: the last decimal digits of P, I and B in columns 4, 7 and 10.
-std::string FormatQuality(int p, int i, int b);
+std::string FormatQuality(Variant variant, int p, int i, int b);
 
 // "D " and yyyymmdd of the drawing's fieldwork date. Empty when there is none; one that is no date is told in the log
 // book and left out.
-std::string FormatFieldworkDate();
+std::string FormatFieldworkDate(const Drawing& drawing, LogBook& log);
 
 // The owner's source in 10 columns, blank when there is none.
-std::string FormatSourceBlock();
+std::string FormatSourceBlock(const OwnerRec& owner);
 
 }  // namespace korvande

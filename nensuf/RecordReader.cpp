@@ -4,8 +4,7 @@
 #include <cstring>
 
 #include "core/Text.h"
-#include "core/modScreen.h"
-#include "run/InputFile.h"
+#include "translation/Files.h"
 
 namespace korvande {
 
@@ -24,19 +23,19 @@ bool GoesOn(const RecordReader::Record& record) {
 
 void RecordReader::ReadFileRecord(Record& target) {
     constexpr std::size_t shortest = recordLength - 1;
-    std::string_view line;
+    std::string_view read;
     do {
-        if (!file.Next(line)) {
+        if (!file.Next(read)) {
             target.fill(' ');
             target[0] = target[1] = '9';
             return;
         }
-        CurrentInputLine() = file.LineNumber();
-        StepProgress(ReadUnits(file));
-    } while (line.size() < shortest);
-    if (line.size() > recordLength) line.remove_prefix(line.size() - recordLength);
-    const std::size_t missing = recordLength - line.size();
-    std::memcpy(target.data() + missing, line.data(), line.size());
+        line = file.LineNumber();
+        StepProgress(screen, ReadUnits(file));
+    } while (read.size() < shortest);
+    if (read.size() > recordLength) read.remove_prefix(read.size() - recordLength);
+    const std::size_t missing = recordLength - read.size();
+    std::memcpy(target.data() + missing, read.data(), read.size());
     if (missing > 0 || static_cast<unsigned char>(target[0]) < '0') target[0] = '0';
 }
 

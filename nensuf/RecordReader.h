@@ -1,11 +1,13 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/LineReader.h"
+#include "core/modScreen.h"
 
 namespace korvande {
 
@@ -24,7 +26,9 @@ class RecordReader {
     static constexpr std::size_t recordLength = 64;
     using Record = std::array<char, recordLength>;
 
-    explicit RecordReader(LineReader& lineReader) : file(lineReader) {}
+    // The screen hears of the progress; the number of the line read last is kept in `inputLine`.
+    RecordReader(LineReader& itsFile, Screen& itsScreen, std::int64_t& inputLine)
+        : file(itsFile), screen(itsScreen), line(inputLine) {}
 
     // The next line as a record of 64 characters: lines below 63 are skipped, of a longer one the last 64 count, one of
     // 63 lacks its leading zero, and a first character that sorts before "0" is one. At the end of the file "99".
@@ -45,6 +49,8 @@ class RecordReader {
     void SplitPayload();
 
     LineReader& file;
+    Screen& screen;
+    std::int64_t& line;
     std::array<char, 2> recordType{};
     std::string payload;
     std::vector<GroupField> fields;

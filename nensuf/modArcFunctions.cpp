@@ -31,10 +31,10 @@ Bisector BisectorOf(Position a, Position b) {
 
 }  // namespace
 
-ArcCentre ArcCentreFrom3Points(Position start, Position onArc, Position end) {
+ArcCentre ArcCentreFrom3Points(Position start, Position onArc, Position end, std::int32_t& crossingsFound) {
     const Bisector first = BisectorOf(start, onArc);
     const Bisector second = BisectorOf(onArc, end);
-    const Intersection crossing = IntersectSegments(first.middle, first.far, second.middle, second.far);
+    const Intersection crossing = IntersectSegments(first.middle, first.far, second.middle, second.far, crossingsFound);
     if (!crossing.found) return {};
     // A midpoint that overflowed leaves no finite centre, from which no bearing can be taken.
     const Position centre = crossing.crossing;

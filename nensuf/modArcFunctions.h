@@ -15,8 +15,8 @@ struct ArcCentre {
 
 // The centre and the turning direction of the arc through three points. The direction is 0 for points on one straight
 // line, and when the pair of points that decides it lies exactly half a turn apart. Here and below a step that
-// overflows is error 6.
-ArcCentre ArcCentreFrom3Points(Position start, Position onArc, Position end);
+// overflows is error 6. Lines that cross on the way add 1 to the caller's count of crossings.
+ArcCentre ArcCentreFrom3Points(Position start, Position onArc, Position end, std::int32_t& crossingsFound);
 
 // The turning direction about a centre, decided by the pair of neighbouring points with the smaller sweep.
 std::int16_t ArcDirection3Points(Position start, Position onArc, Position end, Position centre);

@@ -1,5 +1,6 @@
 #include "nensuf/modImportSUFNEN.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
@@ -8,11 +9,13 @@
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
 #include "core/modScreen.h"
+#include "nensuf/ImportLines.h"
+#include "nensuf/ImportObjects.h"
 #include "nensuf/ImportRun.h"
 #include "nensuf/Overflow.h"
-#include "project/frmKORVANDE.h"
-#include "run/InputFile.h"
-#include "run/LogBook.h"
+#include "nensuf/PointNumbers.h"
+#include "translation/Files.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
@@ -34,7 +37,8 @@ struct FormatQuestion {
     TextView text;  // its lines are separated by a carriage return
     TextView title;
     TextView cancelMessage;
-    bool yesMeansNen;
+    Variant yesMeans;
+    Variant noMeans;
 };
 
 constexpr TextView suf2Title = u"Probleem bij inlezen van SUF2 bestand";
@@ -42,24 +46,26 @@ constexpr TextView suf2Cancelled = u"SUF2 import afgebroken door gebruiker.";
 
 constexpr FormatQuestion looksLikeSuf2 = {
     u"De NEN1878 file lijkt een oud formaat SUF2 bestand te zijn.\rAls SUF2 verder verwerken ?",
-    u"Probleem bij inlezen van NEN1878 bestand", u"NEN1878 import afgebroken door gebruiker.", false};
+    u"Probleem bij inlezen van NEN1878 bestand", u"NEN1878 import afgebroken door gebruiker.", Variant::Suf2,
+    Variant::Nen1878};
 constexpr FormatQuestion looksLikeNen1878 = {
-    u"De SUF2 file lijkt een NEN1878 bestand te zijn.\rAls NEN1878 verder verwerken ?", suf2Title, suf2Cancelled, true};
+    u"De SUF2 file lijkt een NEN1878 bestand te zijn.\rAls NEN1878 verder verwerken ?", suf2Title, suf2Cancelled,
+    Variant::Nen1878, Variant::Suf2};
 constexpr FormatQuestion holdsNen1878Headers = {
     u"De SUF2 file leek wel eerst een SUF2, maar bevat toch NEN1878 07-headers.\rToch als SUF2 verder verwerken ?",
-    suf2Title, suf2Cancelled, false};
+    suf2Title, suf2Cancelled, Variant::Suf2, Variant::Nen1878};
 
-void AskFormat(const FormatQuestion& question) {
-    LogBook& log = LogFile();
+void AskFormat(ImportRun& run, const FormatQuestion& question) {
+    LogBook& log = run.translation.log;
     log.WriteLine(question.text);
     Text text(question.text);
     std::replace(text.begin(), text.end(), u'\r', u'\n');
-    const Answer answer = TheScreen().ShowMessage({text, Text(question.title), Icon::Question, Buttons::YesNoCancel});
+    const Answer answer =
+        run.translation.screen.ShowMessage({text, Text(question.title), Icon::Question, Buttons::YesNoCancel});
     if (answer != Answer::Yes && answer != Answer::No) throw ImportCancelled{question.cancelMessage};
-    const bool isNen = (answer == Answer::Yes) == question.yesMeansNen;
-    TheRun().NenMode = isNen;
-    log.WriteLine(isNen ? u"==>  Verwerking vervolgd als NEN1878 bestand"
-                        : u"==>  Verwerking vervolgd als SUF2 bestand");
+    run.NenMode = answer == Answer::Yes ? question.yesMeans : question.noMeans;
+    log.WriteLine(run.NenMode == Variant::Nen1878 ? u"==>  Verwerking vervolgd als NEN1878 bestand"
+                                                  : u"==>  Verwerking vervolgd als SUF2 bestand");
 }
 
 // The first day of the month in columns 22-27 (yyyymm) of the 01 record, or today.
@@ -78,12 +84,11 @@ DateTime ProjectDateOf(std::string_view line) {
     return date;
 }
 
-void TakeProject(std::string_view line) {
-    RunValues& run = TheRun();
+void TakeProject(Translation& translation, std::string_view line) {
     std::string_view name = Trim(Columns(line, 39, 62));
     if (name.empty()) name = Trim(Columns(line, 3, 14));
-    run.ProjectName = FromWindows1252(name);
-    run.ProjectDate = ProjectDateOf(line);
+    translation.ProjectName = FromWindows1252(name);
+    translation.ProjectDate = ProjectDateOf(line);
 }
 
 // The factor of the precision digit d: 1 / 10^(4 - d).
@@ -95,11 +100,11 @@ double CoordinateScaleOf(int precision) {
 
 // The precision digit stands in column 7 of NEN1878 and column 8 of SUF2; five header values in ten columns each follow
 // from column 13 on.
-CoordinateFrame FrameOf(std::string_view line) {
+CoordinateFrame FrameOf(Variant variant, std::string_view line) {
     const auto number = [line](std::size_t first, std::size_t last) {
         return LeadingNumber(Columns(line, first, last));
     };
-    const std::size_t precisionColumn = TheRun().NenMode ? 7 : 8;
+    const std::size_t precisionColumn = variant == Variant::Nen1878 ? 7 : 8;
     const double scale = CoordinateScaleOf(static_cast<int>(number(precisionColumn, precisionColumn)));
     CoordinateFrame frame;
     frame.originX = WithoutOverflow(1000 * number(13, 22));
@@ -111,43 +116,47 @@ CoordinateFrame FrameOf(std::string_view line) {
 }
 
 // Whether the 02 record looks like the other variant's; the user decides.
-void CheckFormat(std::string_view line) {
-    const bool& isNen = TheRun().NenMode;
-    if (isNen && Columns(line, 7, 7) == "0") AskFormat(looksLikeSuf2);
+void CheckFormat(ImportRun& run, std::string_view line) {
+    if (run.NenMode == Variant::Nen1878 && Columns(line, 7, 7) == "0") AskFormat(run, looksLikeSuf2);
     const std::string_view column8 = Columns(line, 8, 8);
-    if (!isNen && !column8.empty() && static_cast<unsigned char>(column8[0]) > '1') AskFormat(looksLikeNen1878);
+    const bool hasPrecision = !column8.empty() && static_cast<unsigned char>(column8[0]) > '1';
+    if (run.NenMode == Variant::Suf2 && hasPrecision) AskFormat(run, looksLikeNen1878);
 }
 
 // Reads a header line; false, with a message, when it does not begin with its record type.
-bool ReadHeaderLine(LineReader& file, std::string_view type, TextView message, std::string_view& line) {
+bool ReadHeaderLine(Translation& translation, LineReader& file, std::string_view type, ProblemKind problemWithout,
+                    std::string_view& line) {
     const bool isThere = file.Next(line) && line.starts_with(type);
-    CurrentInputLine() = file.LineNumber();
+    translation.inputLine = file.LineNumber();
     if (isThere) return true;
-    TheRun().outcome.wrongFormat = true;
-    LogFile().WriteError(message);
-    ShowMessage(message);
+    const Problem problem{.kind = problemWithout};
+    translation.outcome.wrongFormat = true;
+    Report(translation, problem);
+    ShowMessage(translation.screen, Sentence(problem));
     return false;
 }
 
-bool ReadHeader(LineReader& file, CoordinateFrame& frame) {
+bool ReadHeader(ImportRun& run, LineReader& file) {
+    Translation& translation = run.translation;
     std::string_view line;
-    if (!ReadHeaderLine(file, "01", u"NEN1878 bestand bevat geen '01' (KOP) record.", line)) return false;
-    TakeProject(line);
-    if (!ReadHeaderLine(file, "02", u"NEN1878 bestand bevat geen '02' (KOP) record.", line)) return false;
+    if (!ReadHeaderLine(translation, file, "01", ProblemKind::NoProjectRecord, line)) return false;
+    TakeProject(translation, line);
+    if (!ReadHeaderLine(translation, file, "02", ProblemKind::NoFrameRecord, line)) return false;
     const std::string record(line);
-    CheckFormat(record);
-    frame = FrameOf(record);
-    ShowStatus(TheRun().NenMode ? u"Inlezen NEN1878" : u"Inlezen SUF2");
+    CheckFormat(run, record);
+    run.frame = FrameOf(run.NenMode, record);
+    translation.screen.ShowStatus(run.NenMode == Variant::Nen1878 ? u"Inlezen NEN1878" : u"Inlezen SUF2");
     return true;
 }
 
 // Has an object of the current group read, and accounts for it.
 void ImportObject(ImportRun& run, ObjectKind kind, std::optional<LeftOut> (*reader)(ImportRun&)) {
-    ++TheAccount()[kind].read;
+    ObjectAccount& account = run.translation.account;
+    ++account[kind].read;
     try {
-        SettleObject(kind, reader(run));
+        SettleObject(account, kind, reader(run));
     } catch (...) {
-        SettleObject(kind, LeftOut::Unfinished);
+        SettleObject(account, kind, LeftOut::Unfinished);
         throw;
     }
 }
@@ -157,7 +166,9 @@ void ImportObjects(ImportRun& run) {
     run.group = ReadObjects(run);
     const GroupObjects& group = run.group;
     const bool hasObjects = group.isPoint || group.isLine || group.isArc || group.isSymbol || group.isText;
-    if (!hasObjects || group.ObjectCode.empty()) return LeaveObjects(group, LeftOut::NoCode);
+    if (!hasObjects || group.ObjectCode.empty()) {
+        return LeaveObjects(run.translation.account, group, LeftOut::NoCode);
+    }
     if (group.isPoint) ImportObject(run, ObjectKind::Point, ImportPointGroup);
     if (group.isLine) ImportObject(run, ObjectKind::LineString, ImportLineGroup);
     if (group.isArc) ImportObject(run, ObjectKind::Arc, ImportArcGroup);
@@ -172,55 +183,49 @@ void ImportGroups(ImportRun& run) {
         if (type == "03" || type == "05") {
             ImportObjects(run);
         } else if (type == "07") {
-            if (!TheRun().NenMode) AskFormat(holdsNen1878Headers);
+            if (run.NenMode == Variant::Suf2) AskFormat(run, holdsNen1878Headers);
         } else if (type == "99") {
             return;
         }
     }
 }
 
-SelectionRectangle SelectionOf(const FormKORVANDE& form) {
-    const auto number = [](const Text& text) { return LeadingNumber(ToWindows1252(text)); };
-    return {form.chkSelectXY, number(form.txtMinX), number(form.txtMaxX), number(form.txtMinY), number(form.txtMaxY)};
-}
-
-void OpenIdexOutput() {
-    const Text& name = TheRun().IdexFileName;
+void OpenIdexOutput(Translation& translation) {
+    const Text& name = translation.IdexFileName;
     try {
-        OpenOutput(name);
+        OpenOutput(translation, name);
     } catch (const RuntimeError& error) {
-        TheRun().outcome.outputFailed = true;
-        ReportOpenFailure(name, error);
+        translation.outcome.outputFailed = true;
+        ReportOpenFailure(translation, name, error);
     }
 }
 
-void Import(LineReader& file) {
-    ImportRun run(file);
-    run.selection = SelectionOf(frmKORVANDE());
-    run.withUnknowns = frmKORVANDE().chkImportUnknowns;
+void Import(Translation& translation, LineReader& file) {
+    ImportRun run(translation, file);
     try {
-        if (!ReadHeader(file, run.frame)) return;
+        if (!ReadHeader(run, file)) return;
         ImportGroups(run);
     } catch (const ImportCancelled& cancelled) {
-        TheRun().outcome.cancelled = true;
-        LogFile().WriteLine(Concat(u"==>  ", cancelled.message));
-        ShowMessage(cancelled.message);
+        translation.outcome.cancelled = true;
+        translation.log.WriteLine(Concat(u"==>  ", cancelled.message));
+        ShowMessage(translation.screen, cancelled.message);
         return;
     }
-    CurrentInputLine() = 0;
-    CleanUpPointNumbers();
+    translation.inputLine = 0;
+    CleanUpPointNumbers(translation.screen, translation.drawing);
 }
 
 }  // namespace
 
-void ImportNenSuf() {
-    ResetDrawing();
-    TheRun().ProjectName.clear();
-    TheRun().ProjectDate.reset();
+void ImportNenSuf(Translation& translation) {
+    ResetDrawing(translation.drawing);
+    translation.unknowns.Reset();
+    translation.ProjectName.clear();
+    translation.ProjectDate.reset();
     LineReader file;
-    const bool isOpen = OpenInput(file, TheRun().SufNenFileName);
-    OpenIdexOutput();
-    if (isOpen) ReadInput(file, [&file] { Import(file); });
+    const bool isOpen = OpenInput(translation, file, translation.SufNenFileName);
+    OpenIdexOutput(translation);
+    if (isOpen) ReadInput(translation, file, [&] { Import(translation, file); });
 }
 
 }  // namespace korvande

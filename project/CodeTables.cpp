@@ -1,32 +1,22 @@
 #include "project/CodeTables.h"
 
-#include <algorithm>
 #include <bit>
 #include <functional>
-
-#include "core/modKORVANDE.h"
-#include "project/frmKORVANDE.h"
 
 namespace korvande {
 
 namespace {
 
-std::int32_t Lookup(CodeTable& table, CodeLookup& lookup, const CodeKey& code) {
-    if (table.rows.empty()) return 0;
-    const std::int32_t row = lookup.Find(table.rows, code);
-    ++table.rows[static_cast<std::size_t>(row)].Count;
-    if (row == 0 && frmKORVANDE().chkExportUnknowns) {
-        FixedText<8> key{};
-        key.characters[0] = table.letter;
-        std::copy(code.characters.begin(), code.characters.end(), key.characters.begin() + 1);
-        CountUnknownCode(key);
-    }
-    return row;
+// A table with its unknown row only.
+void ResetTable(CodeTable& table, TextView lkiCode, TextView type, TextView description) {
+    CodeRow row{};
+    row.LiscadCode = u"STANDRD";
+    row.LkiCode = lkiCode;
+    row.Type = type;
+    row.Description = description;
+    table.rows.assign(1, row);
+    table.RowsChanged();
 }
-
-std::int32_t LookupByLiscad(CodeTable& table, const CodeKey& code) { return Lookup(table, table.byLiscad, code); }
-
-std::int32_t LookupByLki(CodeTable& table, const CodeKey& code) { return Lookup(table, table.byLki, code); }
 
 }  // namespace
 
@@ -66,26 +56,22 @@ void CodeTable::RowsChanged() noexcept {
     byLki.Forget();
 }
 
-CodeTable& PointCodes() {
-    static CodeTable table(u'P');
-    return table;
+std::int32_t FindLiscadCode(CodeTable& table, const CodeKey& code) {
+    return table.rows.empty() ? 0 : table.byLiscad.Find(table.rows, code);
 }
 
-CodeTable& LineCodes() {
-    static CodeTable table(u'L');
-    return table;
+std::int32_t FindLkiCode(CodeTable& table, const CodeKey& lkiCode) {
+    return table.rows.empty() ? 0 : table.byLki.Find(table.rows, lkiCode);
 }
 
-CodeTable& TextCodes() {
-    static CodeTable table(u'T');
-    return table;
+void CountUse(CodeTable& table, std::int32_t row) noexcept {
+    if (!table.rows.empty()) ++table.rows[static_cast<std::size_t>(row)].Count;
 }
 
-std::int32_t LookupPointByLiscadCode(const CodeKey& code) { return LookupByLiscad(PointCodes(), code); }
-std::int32_t LookupLineByLiscadCode(const CodeKey& code) { return LookupByLiscad(LineCodes(), code); }
-std::int32_t LookupTextByLiscadCode(const CodeKey& code) { return LookupByLiscad(TextCodes(), code); }
-std::int32_t LookupPointCode(const CodeKey& lkiCode) { return LookupByLki(PointCodes(), lkiCode); }
-std::int32_t LookupLineCode(const CodeKey& lkiCode) { return LookupByLki(LineCodes(), lkiCode); }
-std::int32_t LookupTextCode(const CodeKey& lkiCode) { return LookupByLki(TextCodes(), lkiCode); }
+void ResetCodeTables(CodeTables& codes) {
+    ResetTable(codes.points, u"Q20", types::point, u"ONBEKEND PUNTOBJECT");
+    ResetTable(codes.lines, u"Q00", types::line, u"ONBEKEND LIJNOBJECT");
+    ResetTable(codes.texts, u"Z19", {}, u"ONBEKEND TEKSTOBJECT");
+}
 
 }  // namespace korvande

@@ -64,7 +64,7 @@ class CodeLookup {
 };
 
 // One of the three tables: its letter in the tally of unknown codes ("P", "L" or "T") and its rows, row 0 the unknown
-// row. A table that lost every row answers lookups with 0 and counts nothing.
+// row.
 struct CodeTable {
     explicit CodeTable(char16_t tableLetter) : letter(tableLetter) {}
 
@@ -77,18 +77,21 @@ struct CodeTable {
     void RowsChanged() noexcept;
 };
 
-CodeTable& PointCodes();
-CodeTable& LineCodes();
-CodeTable& TextCodes();
+// The three tables of a project.
+struct CodeTables {
+    CodeTable points{u'P'};
+    CodeTable lines{u'L'};
+    CodeTable texts{u'T'};
+};
 
-// The lookups: the row of the code, 0 when it is unknown. Each adds 1 to the row's count and, when the code is unknown
-// and chkExportUnknowns is set, to the tally of unknown codes. The first three, by LISCAD code, serve the export; the
-// others, by LKI code, the import.
-std::int32_t LookupPointByLiscadCode(const CodeKey& code);
-std::int32_t LookupLineByLiscadCode(const CodeKey& code);
-std::int32_t LookupTextByLiscadCode(const CodeKey& code);
-std::int32_t LookupPointCode(const CodeKey& lkiCode);
-std::int32_t LookupLineCode(const CodeKey& lkiCode);
-std::int32_t LookupTextCode(const CodeKey& lkiCode);
+// Looking up: the row of a code, 0 when it is unknown or the table lost every row. Nothing is counted.
+std::int32_t FindLiscadCode(CodeTable& table, const CodeKey& code);
+std::int32_t FindLkiCode(CodeTable& table, const CodeKey& lkiCode);
+
+// Counting: adds 1 to the uses of a row. A table that lost every row counts nothing.
+void CountUse(CodeTable& table, std::int32_t row) noexcept;
+
+// Each table with its unknown row only.
+void ResetCodeTables(CodeTables& codes);
 
 }  // namespace korvande

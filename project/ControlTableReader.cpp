@@ -1,3 +1,5 @@
+#include "project/ControlTableReader.h"
+
 #include <algorithm>
 #include <vector>
 
@@ -5,9 +7,6 @@
 #include "core/RuntimeError.h"
 #include "core/modParser.h"
 #include "core/modScreen.h"
-#include "project/CodeTables.h"
-#include "project/OwnerRecord.h"
-#include "project/frmKORVANDE.h"
 
 // Reading a control table: "key = value" lines in sections, taken in capitals. What a line does not say right is left
 // as the reset put it.
@@ -15,99 +14,83 @@ namespace korvande {
 
 namespace {
 
-// The ways in which a value reaches its place. One that cannot be converted is a run-time error.
-using Assign = void (*)(std::string_view value);
-
-template <auto field>
-void TakeOwnerField(std::string_view value) {
-    (TheOwner().*field).Assign(value);
+bool IsInCapitals(std::string_view capitals, std::string_view text) noexcept {
+    return std::equal(capitals.begin(), capitals.end(), text.begin(), text.end(),
+                      [](char a, char b) { return a == ToCapital(b); });
 }
 
-template <auto box>
-void TakeText(std::string_view value) {
-    frmKORVANDE().*box = FromWindows1252(value);
-}
-
-template <auto box>
-void TakeCheckBox(std::string_view value) {
+void TakeCheckBox(bool& box, std::string_view value) {
     const std::int32_t state = StrictWholeNumber(value);
     if (state != 0 && state != 1) throw RuntimeError(errors::invalidCall);
-    frmKORVANDE().*box = state == 1;
-}
-
-template <auto option>
-void TakeDateOption(std::string_view value) {
-    frmKORVANDE().SetDateOption(option, StrictBoolean(value));
-}
-
-void TakeStandalone(std::string_view value) {
-    INI_TrueFalse(value, StartedInteractively());
-    frmKORVANDE().framStandaloneVisible = StartedInteractively();
+    box = state == 1;
 }
 
 // What the writer calls "Disk" is called "FILE" here, so that a listing to disk comes back as one to the screen.
-void TakeReport(std::string_view value) {
-    FormKORVANDE& form = frmKORVANDE();
-    form.SelectReport(&FormKORVANDE::optReportScreen);
-    if (value == "FILE") form.SelectReport(&FormKORVANDE::optReportDisk);
-    if (value == "NONE") form.SelectReport(&FormKORVANDE::optReportNone);
-    if (value == "PRINTER") form.SelectReport(&FormKORVANDE::optReportPrinter);
+void TakeReport(Options& options, std::string_view value) {
+    SelectReport(options, &Options::optReportScreen);
+    if (value == "FILE") SelectReport(options, &Options::optReportDisk);
+    if (value == "NONE") SelectReport(options, &Options::optReportNone);
+    if (value == "PRINTER") SelectReport(options, &Options::optReportPrinter);
 }
 
-// An older key: a folder, in which the files get a fixed name.
-void TakeFolder(std::string_view value) {
-    FormKORVANDE& form = frmKORVANDE();
-    form.txtFileSUFNEN = Concat(value, u"Voorbeeld.sfn");
-    if (form.txtFileIDEX.empty()) form.txtFileIDEX = form.txtFileSUFNEN;
+// A value that cannot be converted is a run-time error.
+void TakeOption(Project& project, const Option& option, std::string_view value) {
+    Options& options = project.options;
+    switch (option.kind) {
+        case OptionKind::PlainText:
+        case OptionKind::DateText:
+            options.*std::get<Text Options::*>(option.member) = FromWindows1252(value);
+            break;
+        case OptionKind::Owner:
+            TakeOwnerField(project.owner, std::get<Text Options::*>(option.member), value);
+            break;
+        case OptionKind::Report:
+            TakeReport(options, value);
+            break;
+        case OptionKind::CheckBox:
+            TakeCheckBox(options.*std::get<bool Options::*>(option.member), value);
+            break;
+        case OptionKind::DateOption:
+            SetDateOption(options, std::get<bool Options::*>(option.member), StrictBoolean(value));
+            break;
+        case OptionKind::PerUser:
+            break;
+    }
 }
 
-struct Setting {
+// A folder, in which the files get a fixed name.
+void TakeFolder(Options& options, std::string_view value) {
+    options.txtFileSUFNEN = Concat(value, u"Voorbeeld.sfn");
+    if (options.txtFileIDEX.empty()) options.txtFileIDEX = options.txtFileSUFNEN;
+}
+
+// Keys that are read and never written.
+struct ReadOnlyKey {
     std::string_view section;
     std::string_view key;
-    Assign assign;
+    void (*take)(Options& options, std::string_view value);
 };
-
-constexpr Setting settings[] = {
-    {"NEN1878", "STANDALONEALLOWED", TakeStandalone},
-    {"NEN1878", "NAMELONG", TakeOwnerField<&OwnerRec::NameLong>},
-    {"NEN1878", "NAMESHORT", TakeOwnerField<&OwnerRec::NameShort>},
-    {"NEN1878", "STREET", TakeOwnerField<&OwnerRec::Street>},
-    {"NEN1878", "NUMBER", TakeOwnerField<&OwnerRec::Number>},
-    {"NEN1878", "EXTRA", TakeOwnerField<&OwnerRec::Extra>},
-    {"NEN1878", "ZIPCODE", TakeOwnerField<&OwnerRec::ZipCode>},
-    {"NEN1878", "TOWN", TakeOwnerField<&OwnerRec::Town>},
-    {"NEN1878", "SOURCE", TakeOwnerField<&OwnerRec::Source>},
-    {"NEN1878", "SUFNENFILE", TakeText<&FormKORVANDE::txtFileSUFNEN>},
-    {"NEN1878", "IDEXFILE", TakeText<&FormKORVANDE::txtFileIDEX>},
+constexpr ReadOnlyKey readOnlyKeys[] = {
+    {"NEN1878", "STANDALONEALLOWED",
+     [](Options& options, std::string_view value) { INI_TrueFalse(value, options.StartedInteractively); }},
     {"NEN1878", "SUF2PATH", TakeFolder},
     {"NEN1878", "NEN1878PATH", TakeFolder},
-    {"NEN1878", "REPORTING", TakeReport},
-    {"IMPORT", "ACCEPTUNKNOWN", TakeCheckBox<&FormKORVANDE::chkImportUnknowns>},
     {"IMPORT", "OUTPUTLISTING", TakeReport},
-    {"IMPORT", "SYMROTATION", TakeCheckBox<&FormKORVANDE::chkImportSymRotation>},
-    {"EXPORT", "INCLUDEUNKNOWN", TakeCheckBox<&FormKORVANDE::chkExportUnknowns>},
-    {"EXPORT", "INCLUDENR", TakeCheckBox<&FormKORVANDE::chkExportPointnoAsField>},
-    {"EXPORT", "INCLUDENRASFIELD", TakeCheckBox<&FormKORVANDE::chkExportPointnoAsField>},
-    {"EXPORT", "INCLUDENRASTEXT", TakeCheckBox<&FormKORVANDE::chkExportPointnoAsText>},
-    {"EXPORT", "POINTIDLKI", TakeText<&FormKORVANDE::txtPnoTxtLKI>},
-    {"EXPORT", "INCLUDEZ", TakeCheckBox<&FormKORVANDE::chkExport3D>},
-    {"EXPORT", "INCLUDEZASTEXT", TakeCheckBox<&FormKORVANDE::chkExportHeightAsText>},
-    {"EXPORT", "ELEVATIONLKI", TakeText<&FormKORVANDE::txtEleTxtLKI>},
     {"EXPORT", "OUTPUTLISTING", TakeReport},
-    {"EXPORT", "SYMROTATION", TakeCheckBox<&FormKORVANDE::chkExportSymRotation>},
-    {"EXPORT", "ALTDATE", TakeText<&FormKORVANDE::txtAltDatum>},
-    {"EXPORT", "USEDATESEE", TakeDateOption<&FormKORVANDE::optDateSEE>},
-    {"EXPORT", "USEDATENOW", TakeDateOption<&FormKORVANDE::optDateNow>},
-    {"EXPORT", "USEDATEALT", TakeDateOption<&FormKORVANDE::optDateAlt>},
+    {"EXPORT", "INCLUDENR",
+     [](Options& options, std::string_view value) { TakeCheckBox(options.chkExportPointnoAsField, value); }},
 };
 
-void TakeSetting(std::string_view section, std::string_view key, std::string_view value) {
-    const Setting* const setting = std::find_if(std::begin(settings), std::end(settings), [&](const Setting& entry) {
-        return entry.section == section && entry.key == key;
-    });
-    if (setting == std::end(settings)) return;
+void TakeSetting(Project& project, std::string_view section, std::string_view key, std::string_view value) {
     try {
-        setting->assign(value);
+        for (const Option& option : AllOptions()) {
+            if (IsInCapitals(section, option.section) && IsInCapitals(key, option.key)) {
+                return TakeOption(project, option, value);
+            }
+        }
+        for (const ReadOnlyKey& entry : readOnlyKeys) {
+            if (entry.section == section && entry.key == key) return entry.take(project.options, value);
+        }
     } catch (const RuntimeError&) {
         // The value stays as it was.
     }
@@ -116,11 +99,11 @@ void TakeSetting(std::string_view section, std::string_view key, std::string_vie
 // The sections of code rows.
 struct TableSection {
     std::string_view name;
-    CodeTable& (*table)();
+    CodeTable CodeTables::*table;
     bool withType;
 };
 constexpr TableSection tableSections[] = {
-    {"POINTS", PointCodes, true}, {"LINES", LineCodes, true}, {"TEXTS", TextCodes, false}};
+    {"POINTS", &CodeTables::points, true}, {"LINES", &CodeTables::lines, true}, {"TEXTS", &CodeTables::texts, false}};
 
 // The fields of a code row's line, taken one after the other; a missing one leaves its place in the row as it is.
 class RowFields {
@@ -131,7 +114,7 @@ class RowFields {
         const std::size_t complete = section.withType ? 6 : 5;
         ParseFields(line, ',', '#', Blanks::Spaces, fields, mostFields);
         // The name of the type in older control tables.
-        if (section.table == PointCodes && fields.size() > 1 && fields[1] == "ROT.PUN") fields[1] = "ROT.PNT";
+        if (section.table == &CodeTables::points && fields.size() > 1 && fields[1] == "ROT.PUN") fields[1] = "ROT.PNT";
         if (fields.size() < complete) fields.insert(fields.end(), 3, "0");
         next = 0;
     }
@@ -149,8 +132,9 @@ class RowFields {
     std::size_t next = 0;
 };
 
-void TakeCodeRow(const TableSection& section, std::string_view key, std::string_view value, RowFields& fields) {
-    std::vector<CodeRow>& rows = section.table().rows;
+void TakeCodeRow(CodeTables& codes, const TableSection& section, std::string_view key, std::string_view value,
+                 RowFields& fields) {
+    std::vector<CodeRow>& rows = (codes.*section.table).rows;
     fields.Split(value, section);
     CodeRow* row = &rows.front();
     if (key == "UNKNOWN") {
@@ -168,80 +152,33 @@ void TakeCodeRow(const TableSection& section, std::string_view key, std::string_
     fields.Take(row->B);
 }
 
-void ReadControlTable(LineReader& file) {
+}  // namespace
+
+void ReadControlTable(Screen& screen, LineReader& file, Project& project) {
     std::string section;
     std::string key;
     std::string value;
     RowFields fields;
     while (true) {
-        ReadINI(file, section, key, value);
+        ReadINI(screen, file, section, key, value);
         if (section == "END") return;
         const TableSection* const table =
             std::find_if(std::begin(tableSections), std::end(tableSections),
                          [&section](const TableSection& entry) { return entry.name == section; });
         if (table != std::end(tableSections)) {
-            TakeCodeRow(*table, key, value, fields);
+            TakeCodeRow(project.codes, *table, key, value, fields);
         } else {
-            TakeSetting(section, key, value);
+            TakeSetting(project, section, key, value);
         }
     }
 }
 
-// A data owner without a source code gets one made from its name.
-void FillSource(OwnerRec& owner) {
-    owner.Source = Text(owner.Source.Trimmed());
-    if (owner.Source.IsBlank()) owner.Source = ToCapitals(owner.NameShort.View());
-    if (owner.Source.IsBlank()) owner.Source = ToCapitals(owner.NameLong.View());
-}
-
-// The last steps of a load: the form shows what was read.
-void ShowProject() {
-    constexpr std::size_t extension = 4;  // ".nst"
-    const Text& name = CurrentProject();
-    FillSource(TheOwner());
-    frmKORVANDE().txtProject = name.substr(0, name.size() - std::min(name.size(), extension));
-    ShowOwner();
-    LoadGridData();
-}
-
-// The busy pointer, as long as this object lives.
-class BusyPointer {
- public:
-    BusyPointer() { TheScreen().ShowBusy(true); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-    ~BusyPointer() { TheScreen().ShowBusy(false); }
-};
-
-}  // namespace
-
-bool LoadProjectFile(TextView fileName) {
-    const BusyPointer busy;
-    const bool isRead = TryWithRetry(fileName, u"openen", [fileName] {
-        ResetProject();
-        LineReader file(fileName);
-        ReadControlTable(file);
-    });
-    if (!isRead) {
-        ResetProject();
-        LoadGridData();
-        return false;
-    }
-    ShowProject();
-    return true;
-}
-
-void LoadEmptyProject() {
-    ResetProject();
-    ShowProject();
-}
-
-void ReadINI(LineReader& file, std::string& section, std::string& key, std::string& value) {
+void ReadINI(Screen& screen, LineReader& file, std::string& section, std::string& key, std::string& value) {
     key.clear();
     value.clear();
     std::string_view raw;
     while (true) {
-        ProcessEvents();
+        ProcessEvents(screen);
         if (!file.Next(raw)) {
             section = "END";
             return;

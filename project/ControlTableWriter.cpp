@@ -1,12 +1,8 @@
-#include <initializer_list>
-#include <string>
+#include "project/ControlTableWriter.h"
 
-#include "core/LineWriter.h"
+#include <initializer_list>
+
 #include "core/Numbers.h"
-#include "core/modScreen.h"
-#include "project/CodeTables.h"
-#include "project/OwnerRecord.h"
-#include "project/frmKORVANDE.h"
 
 // Writing a control table: sections of lines "key = value", then the rows of the code tables, all in Windows-1252 with
 // CR LF behind each line. The blanks around the equal signs are part of the format.
@@ -19,8 +15,6 @@ void PutLine(std::string& out, std::initializer_list<std::string_view> parts) {
     out.append("\r\n");
 }
 
-void PutText(std::string& out, std::string_view key, const Text& value) { PutLine(out, {key, ToWindows1252(value)}); }
-
 // With a blank in front, the place of a sign.
 std::string SignedNumber(std::int32_t number) {
     std::string printed = Printed(number);
@@ -28,54 +22,41 @@ std::string SignedNumber(std::int32_t number) {
     return printed;
 }
 
-void PutCheckBox(std::string& out, std::string_view key, bool isSet) { PutLine(out, {key, isSet ? " 1" : " 0"}); }
-
-void PutDateOption(std::string& out, std::string_view key, bool isSelected) {
-    PutLine(out, {key, isSelected ? "True" : "False"});
+std::string_view ReportWord(const Options& options) {
+    if (options.optReportDisk) return "Disk";
+    if (options.optReportScreen) return "Screen";
+    if (options.optReportPrinter) return "Printer";
+    return "None";
 }
 
-std::string_view ReportLine(const FormKORVANDE& form) {
-    if (form.optReportDisk) return "Reporting = Disk";
-    if (form.optReportScreen) return "Reporting = Screen";
-    if (form.optReportPrinter) return "Reporting = Printer";
-    return "Reporting = None";
+void PutOption(std::string& out, const Options& options, const Option& option) {
+    const auto text = [&] { return ToWindows1252(options.*std::get<Text Options::*>(option.member)); };
+    const auto isSet = [&] { return options.*std::get<bool Options::*>(option.member); };
+    switch (option.kind) {
+        case OptionKind::PlainText:
+        case OptionKind::Owner:
+            return PutLine(out, {option.key, " = ", text()});
+        case OptionKind::Report:
+            return PutLine(out, {option.key, " = ", ReportWord(options)});
+        case OptionKind::CheckBox:
+            return PutLine(out, {option.key, isSet() ? " = 1" : " = 0"});
+        case OptionKind::DateText:
+            return PutLine(out, {option.key, " =", text()});
+        case OptionKind::DateOption:
+            return PutLine(out, {option.key, isSet() ? " =True" : " =False"});
+        case OptionKind::PerUser:
+            return;
+    }
 }
 
-void PutGeneral(std::string& out, const FormKORVANDE& form) {
-    PutLine(out, {"[NEN1878]"});
-    PutText(out, "SUFNENFile = ", form.txtFileSUFNEN);
-    PutText(out, "IDEXFile = ", form.txtFileIDEX);
-    PutText(out, "NameLong = ", form.txtNameLong);
-    PutText(out, "NameShort = ", form.txtNameShort);
-    PutText(out, "Street = ", form.txtStreet);
-    PutText(out, "Number = ", form.txtNumber);
-    PutText(out, "Extra = ", form.txtSuffix);
-    PutText(out, "ZipCode = ", form.txtZipcode);
-    PutText(out, "Town = ", form.txtCity);
-    PutText(out, "Source = ", form.txtSource);
-    PutLine(out, {ReportLine(form)});
-}
-
-void PutImport(std::string& out, const FormKORVANDE& form) {
-    PutLine(out, {"\r\n[Import]"});
-    PutCheckBox(out, "AcceptUnknown =", form.chkImportUnknowns);
-    PutCheckBox(out, "SymRotation =", form.chkImportSymRotation);
-}
-
-void PutExport(std::string& out, const FormKORVANDE& form) {
-    PutLine(out, {"\r\n[Export]"});
-    PutCheckBox(out, "IncludeUnknown =", form.chkExportUnknowns);
-    PutCheckBox(out, "IncludeNrAsField =", form.chkExportPointnoAsField);
-    PutCheckBox(out, "IncludeNrAsText =", form.chkExportPointnoAsText);
-    PutText(out, "PointIDLKI = ", form.txtPnoTxtLKI);
-    PutCheckBox(out, "IncludeZ =", form.chkExport3D);
-    PutCheckBox(out, "IncludeZAsText =", form.chkExportHeightAsText);
-    PutText(out, "ElevationLKI = ", form.txtEleTxtLKI);
-    PutCheckBox(out, "SymRotation =", form.chkExportSymRotation);
-    PutText(out, "AltDate =", form.txtAltDatum);
-    PutDateOption(out, "UseDateAlt =", form.optDateAlt);
-    PutDateOption(out, "UseDateSEE =", form.optDateSEE);
-    PutDateOption(out, "UseDateNow =", form.optDateNow);
+void PutOptions(std::string& out, const Options& options) {
+    std::string_view section;
+    for (const Option& option : AllOptions()) {
+        if (option.section.empty()) continue;
+        if (option.section != section) PutLine(out, {section.empty() ? "" : "\r\n", "[", option.section, "]"});
+        section = option.section;
+        PutOption(out, options, option);
+    }
 }
 
 // A row behind its first code: the other fields, separated by commas.
@@ -97,38 +78,16 @@ void PutTable(std::string& out, std::string_view section, const CodeTable& table
     }
 }
 
-std::string ControlTableText() {
-    const FormKORVANDE& form = frmKORVANDE();
-    std::string out;
-    PutGeneral(out, form);
-    PutImport(out, form);
-    PutExport(out, form);
-    PutTable(out, "[Points]", PointCodes(), true);
-    PutTable(out, "[Lines]", LineCodes(), true);
-    PutTable(out, "[Texts]", TextCodes(), false);
-    PutLine(out, {"\r\n[End]"});
-    return out;
-}
-
 }  // namespace
 
-bool SaveProjectFile(TextView fileName) {
-    SaveGridData();
-    TakeOwner();
-    const std::string text = ControlTableText();
-    return TryWithRetry(fileName, u"opslaan", [fileName, &text] {
-        LineWriter file;
-        file.Open(fileName);
-        file.Put(text);
-        file.Close();
-    });
-}
-
-bool SaveCurrentProject() {
-    if (!CurrentProject().empty()) return SaveProjectFile(Concat(ProjectFolder(), CurrentProject()));
-    SaveGridData();
-    TakeOwner();
-    return true;
+std::string ControlTableText(const Options& options, const CodeTables& codes) {
+    std::string out;
+    PutOptions(out, options);
+    PutTable(out, "[Points]", codes.points, true);
+    PutTable(out, "[Lines]", codes.lines, true);
+    PutTable(out, "[Texts]", codes.texts, false);
+    PutLine(out, {"\r\n[End]"});
+    return out;
 }
 
 }  // namespace korvande

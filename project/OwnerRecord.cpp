@@ -1,39 +1,54 @@
 #include "project/OwnerRecord.h"
 
-#include "project/frmKORVANDE.h"
-
 namespace korvande {
 
 namespace {
 
 // Calls an action with each field of the record and its text box.
-template <class Action>
-void ForEachField(Action action) {
-    OwnerRec& owner = TheOwner();
-    FormKORVANDE& form = frmKORVANDE();
-    action(owner.NameLong, form.txtNameLong);
-    action(owner.NameShort, form.txtNameShort);
-    action(owner.Street, form.txtStreet);
-    action(owner.Number, form.txtNumber);
-    action(owner.Extra, form.txtSuffix);
-    action(owner.ZipCode, form.txtZipcode);
-    action(owner.Town, form.txtCity);
-    action(owner.Source, form.txtSource);
+template <class Owner, class Action>
+void ForEachField(Owner& owner, Action action) {
+    action(owner.NameLong, &Options::txtNameLong);
+    action(owner.NameShort, &Options::txtNameShort);
+    action(owner.Street, &Options::txtStreet);
+    action(owner.Number, &Options::txtNumber);
+    action(owner.Extra, &Options::txtSuffix);
+    action(owner.ZipCode, &Options::txtZipcode);
+    action(owner.Town, &Options::txtCity);
+    action(owner.Source, &Options::txtSource);
 }
 
 }  // namespace
 
-OwnerRec& TheOwner() noexcept {
-    static OwnerRec owner{};
-    return owner;
+void FillOwner(OwnerRec& owner) {
+    if (!owner.NameLong.NeverFilled()) return;
+    owner.NameLong = u"VOSAIZO ZANDERVIK B.V.";
+    owner.NameShort = u"VOSAIZO";
+    owner.Street = u"POSTBUS";
+    owner.Number = u"418";
+    owner.Extra = u"";
+    owner.ZipCode = u"7391KX";
+    owner.Town = u"MOLVEREN";
+    owner.Source = u"";
 }
 
-void ShowOwner() {
-    ForEachField([](const auto& field, Text& box) { box = field.TrimmedRight(); });
+void FillSource(OwnerRec& owner) {
+    owner.Source = Text(owner.Source.Trimmed());
+    if (owner.Source.IsBlank()) owner.Source = ToCapitals(owner.NameShort.View());
+    if (owner.Source.IsBlank()) owner.Source = ToCapitals(owner.NameLong.View());
 }
 
-void TakeOwner() {
-    ForEachField([](auto& field, const Text& box) { field = box; });
+void ShowOwner(const OwnerRec& owner, Options& options) {
+    ForEachField(owner, [&options](const auto& field, Text Options::*box) { options.*box = field.TrimmedRight(); });
+}
+
+void TakeOwner(const Options& options, OwnerRec& owner) {
+    ForEachField(owner, [&options](auto& field, Text Options::*box) { field = options.*box; });
+}
+
+void TakeOwnerField(OwnerRec& owner, Text Options::*wanted, std::string_view bytes) {
+    ForEachField(owner, [wanted, bytes](auto& field, Text Options::*box) {
+        if (box == wanted) field.Assign(bytes);
+    });
 }
 
 }  // namespace korvande

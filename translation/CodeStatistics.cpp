@@ -1,10 +1,10 @@
-#include "run/CodeStatistics.h"
+#include "translation/CodeStatistics.h"
 
 #include <algorithm>
 
 #include "core/Picture.h"
 #include "project/CodeTables.h"
-#include "run/LogBook.h"
+#include "translation/LogBook.h"
 
 namespace korvande {
 
@@ -12,8 +12,7 @@ namespace {
 
 bool IsUsed(const CodeRow& row) { return row.Count != 0; }
 
-void WriteTable(TextView heading, const CodeTable& table, NoneFor noneFor) {
-    LogBook& log = LogFile();
+void WriteTable(LogBook& log, TextView heading, const CodeTable& table, NoneFor noneFor) {
     log.WriteLine();
     log.WriteLine(heading);
     for (const CodeRow& row : table.rows) {
@@ -31,10 +30,10 @@ void WriteTable(TextView heading, const CodeTable& table, NoneFor noneFor) {
 
 }  // namespace
 
-void WriteCodeStatistics(TextView participle, NoneFor noneFor) {
-    WriteTable(Concat(participle, u" lijnobjecten:"), LineCodes(), noneFor);
-    WriteTable(Concat(participle, u" puntobjecten:"), PointCodes(), noneFor);
-    WriteTable(Concat(participle, u" tekstelementen:"), TextCodes(), noneFor);
+void WriteCodeStatistics(LogBook& log, const CodeTables& codes, TextView participle, NoneFor noneFor) {
+    WriteTable(log, Concat(participle, u" lijnobjecten:"), codes.lines, noneFor);
+    WriteTable(log, Concat(participle, u" puntobjecten:"), codes.points, noneFor);
+    WriteTable(log, Concat(participle, u" tekstelementen:"), codes.texts, noneFor);
 }
 
 }  // namespace korvande

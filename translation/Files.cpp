@@ -1,26 +1,42 @@
-#include "run/InputFile.h"
-
-#include "core/modScreen.h"
-#include "run/LogBook.h"
+#include "translation/Files.h"
 
 namespace korvande {
 
-void ReportOpenFailure(TextView name, const RuntimeError& error) {
-    const Text message = Concat(u"Error:", error.Number(), u" - ", error.Description(), u"\n", name);
-    LogFile().WriteError(message);
-    ShowMessage(message);
+void ReportOpenFailure(Translation& translation, TextView name, const RuntimeError& error) {
+    const Problem problem{
+        .kind = ProblemKind::FileNotOpened, .words = error.Description(), .number = error.Number(), .name = Text(name)};
+    Report(translation, problem);
+    ShowMessage(translation.screen, Sentence(problem));
 }
 
-bool OpenInput(LineReader& file, TextView name) {
+bool OpenInput(Translation& translation, LineReader& file, TextView name) {
     try {
-        file.Open(name);
+        if (translation.inputBytes) {
+            file.OpenBytes(*translation.inputBytes);
+        } else {
+            file.Open(name, &translation.screen);
+        }
     } catch (const RuntimeError& error) {
-        TheRun().outcome.inputUnreadable = true;
-        ReportOpenFailure(name, error);
+        translation.outcome.inputUnreadable = true;
+        ReportOpenFailure(translation, name, error);
         return false;
     }
-    BeginProgress(file.Length() / 128 + 1);
+    BeginProgress(translation.screen, file.Length() / 128 + 1);
     return true;
+}
+
+void OpenOutput(Translation& translation, TextView name) {
+    switch (translation.outputTo) {
+        case OutputTo::File:
+            translation.output.Open(translation.temporaryOutput.empty() ? name : translation.temporaryOutput);
+            break;
+        case OutputTo::Memory:
+            translation.output.OpenBytes(translation.outputBytes);
+            break;
+        case OutputTo::Nowhere:
+            translation.output.OpenNowhere();
+            break;
+    }
 }
 
 }  // namespace korvande

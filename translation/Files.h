@@ -2,29 +2,34 @@
 
 #include "core/LineReader.h"
 #include "core/RuntimeError.h"
-#include "run/RunValues.h"
+#include "translation/Translation.h"
 
+// The input and the output of a translation: files, or memory in their place.
 namespace korvande {
 
 // Shows that a file of the run could not be opened ("Error:", number, description, name) and logs it.
-void ReportOpenFailure(TextView name, const RuntimeError& error);
+void ReportOpenFailure(Translation& translation, TextView name, const RuntimeError& error);
 
-// Opens the run's input and begins its progress, counted in units of 128 bytes. When that fails a message and the log
-// book tell so, the outcome is marked, and the result is false.
-bool OpenInput(LineReader& file, TextView name);
+// Opens the input, which has this name when it is a file, and begins its progress, counted in units of 128 bytes. When
+// that fails a message and the log book tell so, the outcome is marked, and the result is false.
+bool OpenInput(Translation& translation, LineReader& file, TextView name);
 
 // How far the reading of a file has come, in the units of its progress.
 inline std::int64_t ReadUnits(const LineReader& file) noexcept { return file.Position() / 128; }
 
 // Runs a reader over an open input. A read that fails marks the outcome; the error goes on to the caller.
 template <class Reader>
-void ReadInput(const LineReader& file, Reader reader) {
+void ReadInput(Translation& translation, const LineReader& file, Reader reader) {
     try {
         reader();
     } catch (const std::exception&) {
-        if (file.HasFailed()) TheRun().outcome.inputUnreadable = true;
+        if (file.HasFailed()) translation.outcome.inputUnreadable = true;
         throw;
     }
 }
+
+// Opens the output: under its name, under the temporary one when there is one, or in memory. A run-time error when that
+// fails.
+void OpenOutput(Translation& translation, TextView name);
 
 }  // namespace korvande

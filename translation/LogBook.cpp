@@ -1,15 +1,14 @@
-#include "run/LogBook.h"
+#include "translation/LogBook.h"
 
 #include <algorithm>
 
-#include "run/RunValues.h"
+#include "core/RuntimeError.h"
 
 namespace korvande {
 
 void LogBook::Open(TextView name) {
     file.Open(name);
     column = 1;
-    errorCount = 0;
 }
 
 void LogBook::Reopen(TextView name) {
@@ -62,14 +61,7 @@ void LogBook::WriteError(TextView message) {
     Text line = Concat(u"FOUT:  ", message);
     std::replace_if(
         line.begin(), line.end(), [](char16_t c) { return c == u'\r' || c == u'\n'; }, u' ');
-    ++errorCount;
     WriteLine(line);
-    if (onError) onError(message);
-}
-
-void LogBook::WriteEscapedError(const RuntimeError& error) {
-    const std::int64_t line = CurrentInputLine();
-    WriteError(line > 0 ? Concat(error.Description(), u" (regel ", line, u")") : error.Description());
 }
 
 // A log book that cannot be written does not end the run: the drawing comes first.
@@ -80,11 +72,6 @@ void LogBook::Put(std::string_view bytes) {
     } catch (const RuntimeError&) {
         return;
     }
-}
-
-LogBook& LogFile() noexcept {
-    static LogBook logBook;
-    return logBook;
 }
 
 }  // namespace korvande

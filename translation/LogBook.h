@@ -1,11 +1,8 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
 #include <string_view>
 
 #include "core/LineWriter.h"
-#include "core/RuntimeError.h"
 #include "core/Text.h"
 
 namespace korvande {
@@ -14,7 +11,7 @@ namespace korvande {
 // to it is dropped.
 class LogBook {
  public:
-    // Creates the file; a run-time error when that fails. The count of errors starts at 0.
+    // Creates the file; a run-time error when that fails.
     void Open(TextView name);
 
     // Opens one that was closed again, to write behind its end.
@@ -40,25 +37,14 @@ class LogBook {
     void WriteAtColumn(int atColumn, TextView text);
     void EndLine();
 
-    // "FOUT:  " and the message, with its line breaks as blanks; counted.
+    // "FOUT:  " and the message, with its line breaks as blanks.
     void WriteError(TextView message);
-
-    // The line for an error that escaped a reader or writer, with the line of the input when one was being read.
-    void WriteEscapedError(const RuntimeError& error);
-
-    std::int64_t ErrorCount() const noexcept { return errorCount; }
-
-    // Called with the message of every error, whether the log book is open or not.
-    std::function<void(TextView message)> onError;
 
  private:
     void Put(std::string_view bytes);
 
     LineWriter file;
     int column = 1;  // where the next character goes
-    std::int64_t errorCount = 0;
 };
-
-LogBook& LogFile() noexcept;
 
 }  // namespace korvande

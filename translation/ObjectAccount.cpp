@@ -1,4 +1,4 @@
-#include "run/ObjectAccount.h"
+#include "translation/ObjectAccount.h"
 
 #include <algorithm>
 #include <numeric>
@@ -45,11 +45,6 @@ Text ObjectAccount::Summary() const {
         AppendTo(summary, separator == u", " ? TextView(u")\n") : TextView(u"\n"));
     }
     return summary;
-}
-
-ObjectAccount& TheAccount() noexcept {
-    static ObjectAccount account;
-    return account;
 }
 
 }  // namespace korvande

@@ -61,6 +61,4 @@ class ObjectAccount {
     std::array<KindAccount, objectKinds> kinds{};
 };
 
-ObjectAccount& TheAccount() noexcept;
-
 }  // namespace korvande

@@ -1,8 +1,8 @@
-#include "run/UnknownObjects.h"
+#include "translation/UnknownObjects.h"
 
 #include "core/Picture.h"
-#include "core/modKORVANDE.h"
-#include "run/LogBook.h"
+#include "core/UnknownCodeTally.h"
+#include "translation/LogBook.h"
 
 namespace korvande {
 
@@ -25,10 +25,9 @@ TextView HeadingOf(char16_t tableLetter) {
 
 }  // namespace
 
-void WriteUnknownObjectOverview() {
-    LogBook& log = LogFile();
-    TheDrawing().UnknownCodes.Sort();
-    const auto& entries = TheDrawing().UnknownCodes.Entries();
+void WriteUnknownObjectOverview(LogBook& log, UnknownCodeTally& unknowns) {
+    unknowns.Sort();
+    const auto& entries = unknowns.Entries();
     if (!entries.empty()) {
         log.WriteLine();
         log.WriteLine(u"Overzicht onbekende objecten:");

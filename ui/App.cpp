@@ -14,25 +14,19 @@ bool App::OnInit() {
     SpeakDutch();
     SetAppName("KORVANDE");
     screen = std::make_unique<WindowScreen>();
-    screenInUse = std::make_unique<ScreenInUse>(*screen);
-    hasWindow = OpenMainWindow(*screen, arguments) != nullptr;
+    form = std::make_unique<FormKORVANDE>(*screen);
+    hasWindow = OpenMainWindow(*screen, *form, arguments) != nullptr;
     return true;
 }
 
 int App::OnRun() { return hasWindow ? wxApp::OnRun() : 0; }
-
-int App::OnExit() {
-    screenInUse.reset();
-    screen.reset();
-    return wxApp::OnExit();
-}
 
 bool App::OnExceptionInMainLoop() {
     try {
         throw;
     } catch (const std::exception&) {
         const RuntimeError error = CurrentError();
-        ShowMessage(Concat(u"Foutcode: ", error.Number(), u"\n", error.Description()), Icon::Critical);
+        ShowMessage(*screen, Concat(u"Foutcode: ", error.Number(), u"\n", error.Description()), Icon::Critical);
     }
     return true;
 }

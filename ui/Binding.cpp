@@ -5,6 +5,9 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include <utility>
+
+#include "app/frmKORVANDE.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -14,128 +17,141 @@ namespace {
 template <class Value>
 struct Bound {
     const char* name;
-    Value FormKORVANDE::*value;
+    Value Options::*value;
 };
 
 constexpr Bound<Text> texts[] = {
-    {"txtFileSUFNEN", &FormKORVANDE::txtFileSUFNEN},
-    {"txtFileIDEX", &FormKORVANDE::txtFileIDEX},
-    {"txtProject", &FormKORVANDE::txtProject},
-    {"txtNameLong", &FormKORVANDE::txtNameLong},
-    {"txtNameShort", &FormKORVANDE::txtNameShort},
-    {"txtStreet", &FormKORVANDE::txtStreet},
-    {"txtNumber", &FormKORVANDE::txtNumber},
-    {"txtSuffix", &FormKORVANDE::txtSuffix},
-    {"txtZipcode", &FormKORVANDE::txtZipcode},
-    {"txtCity", &FormKORVANDE::txtCity},
-    {"txtSource", &FormKORVANDE::txtSource},
-    {"txtMinX", &FormKORVANDE::txtMinX},
-    {"txtMaxX", &FormKORVANDE::txtMaxX},
-    {"txtMinY", &FormKORVANDE::txtMinY},
-    {"txtMaxY", &FormKORVANDE::txtMaxY},
-    {"txtPnoTxtLKI", &FormKORVANDE::txtPnoTxtLKI},
-    {"txtEleTxtLKI", &FormKORVANDE::txtEleTxtLKI},
-    {"txtAltDatum", &FormKORVANDE::txtAltDatum},
-};
-
-constexpr Bound<Text> labels[] = {
-    {"lblVersion", &FormKORVANDE::lblVersion},
-    {"lblHeaderVersion", &FormKORVANDE::lblVersion},
+    {"txtFileSUFNEN", &Options::txtFileSUFNEN},
+    {"txtFileIDEX", &Options::txtFileIDEX},
+    {"txtNameLong", &Options::txtNameLong},
+    {"txtNameShort", &Options::txtNameShort},
+    {"txtStreet", &Options::txtStreet},
+    {"txtNumber", &Options::txtNumber},
+    {"txtSuffix", &Options::txtSuffix},
+    {"txtZipcode", &Options::txtZipcode},
+    {"txtCity", &Options::txtCity},
+    {"txtSource", &Options::txtSource},
+    {"txtMinX", &Options::txtMinX},
+    {"txtMaxX", &Options::txtMaxX},
+    {"txtMinY", &Options::txtMinY},
+    {"txtMaxY", &Options::txtMaxY},
+    {"txtPnoTxtLKI", &Options::txtPnoTxtLKI},
+    {"txtEleTxtLKI", &Options::txtEleTxtLKI},
+    {"txtAltDatum", &Options::txtAltDatum},
 };
 
 constexpr Bound<bool> checks[] = {
-    {"chkImportUnknowns", &FormKORVANDE::chkImportUnknowns},
-    {"chkImportSymRotation", &FormKORVANDE::chkImportSymRotation},
-    {"chkSelectXY", &FormKORVANDE::chkSelectXY},
-    {"chkExportUnknowns", &FormKORVANDE::chkExportUnknowns},
-    {"chkExportPointnoAsField", &FormKORVANDE::chkExportPointnoAsField},
-    {"chkExportPointnoAsText", &FormKORVANDE::chkExportPointnoAsText},
-    {"chkExport3D", &FormKORVANDE::chkExport3D},
-    {"chkExportHeightAsText", &FormKORVANDE::chkExportHeightAsText},
-    {"chkExportSymRotation", &FormKORVANDE::chkExportSymRotation},
+    {"chkImportUnknowns", &Options::chkImportUnknowns},
+    {"chkImportSymRotation", &Options::chkImportSymRotation},
+    {"chkSelectXY", &Options::chkSelectXY},
+    {"chkExportUnknowns", &Options::chkExportUnknowns},
+    {"chkExportPointnoAsField", &Options::chkExportPointnoAsField},
+    {"chkExportPointnoAsText", &Options::chkExportPointnoAsText},
+    {"chkExport3D", &Options::chkExport3D},
+    {"chkExportHeightAsText", &Options::chkExportHeightAsText},
+    {"chkExportSymRotation", &Options::chkExportSymRotation},
 };
 
-// File1 is not among them: to pick a project there does more than to select it.
-constexpr Bound<ListControl> lists[] = {
-    {"cboXlateMode", &FormKORVANDE::cboXlateMode},
-    {"lstSource", &FormKORVANDE::lstSource},
+constexpr Bound<bool> reports[] = {
+    {"optReportScreen", &Options::optReportScreen},
+    {"optReportDisk", &Options::optReportDisk},
+    {"optReportPrinter", &Options::optReportPrinter},
+    {"optReportNone", &Options::optReportNone},
 };
+
+constexpr Bound<bool> dates[] = {
+    {"optDateSEE", &Options::optDateSEE},
+    {"optDateNow", &Options::optDateNow},
+    {"optDateAlt", &Options::optDateAlt},
+};
+
+void ShowSelection(wxItemContainer& items, int selection) {
+    if (items.GetSelection() != selection) items.SetSelection(selection);
+}
 
 }  // namespace
 
-Binding::Binding(wxWindow& window, FormKORVANDE& itsForm) : form(itsForm) {
-    for (const auto& [name, value] : texts) BindText(window, name, value);
-    for (const auto& [name, value] : labels) BindLabel(window, name, value);
-    for (const auto& [name, value] : checks) BindCheck(window, name, value);
-    for (const auto& [name, value] : lists) BindList(window, name, value);
-    BindOptions(window,
-                {{"optReportScreen", &FormKORVANDE::optReportScreen},
-                 {"optReportDisk", &FormKORVANDE::optReportDisk},
-                 {"optReportPrinter", &FormKORVANDE::optReportPrinter},
-                 {"optReportNone", &FormKORVANDE::optReportNone}},
-                [this](bool FormKORVANDE::*option) { form.SelectReport(option); });
-    BindOptions(window,
-                {{"optDateSEE", &FormKORVANDE::optDateSEE},
-                 {"optDateNow", &FormKORVANDE::optDateNow},
-                 {"optDateAlt", &FormKORVANDE::optDateAlt}},
-                [this](bool FormKORVANDE::*option) { form.SetDateOption(option, true); });
+// A button of a group: the value that it shows, and what selects it.
+struct Binding::OptionButton {
+    wxRadioButton* button;
+    const bool* value;
+    std::function<void()> select;
+};
+
+Binding::Binding(wxWindow& window, FormKORVANDE& form) {
+    Options& options = form.project.options;
+    BindText(window, "txtProject", form.txtProject);
+    for (const auto& [name, value] : texts) BindText(window, name, options.*value);
+    for (const char* const name : {"lblVersion", "lblHeaderVersion"}) BindLabel(window, name, form.lblVersion);
+    for (const auto& [name, value] : checks) BindCheck(window, name, options.*value);
+    // File1 is not among them: to pick a project there does more than to select it.
+    BindList(window, "cboXlateMode", form.cboXlateMode.index,
+             [&form](wxItemContainer& items) { ShowList(items, form.cboXlateMode); });
+    BindList(window, "lstSource", options.lstSource,
+             [&options](wxItemContainer& items) { ShowSelection(items, options.lstSource); });
+    const auto buttonsOf = [&](const auto& group, auto select) {
+        std::vector<OptionButton> buttons;
+        for (const auto& [name, value] : group) {
+            buttons.push_back({&ControlNamed<wxRadioButton>(window, name), &(options.*value),
+                               [&options, value = value, select] { select(options, value); }});
+        }
+        return buttons;
+    };
+    BindOptions(buttonsOf(reports, SelectReport));
+    BindOptions(buttonsOf(dates, [](Options& all, bool Options::*option) { SetDateOption(all, option, true); }));
     auto& altDatum = ControlNamed<wxWindow>(window, "txtAltDatum");
-    showing.emplace_back([this, &altDatum] { altDatum.Enable(form.txtAltDatumEnabled); });
+    showing.emplace_back([&options, &altDatum] { altDatum.Enable(options.optDateAlt); });
 }
 
 void Binding::Show() const {
     for (const auto& show : showing) show();
 }
 
-void Binding::BindText(wxWindow& window, const char* name, Text FormKORVANDE::*value) {
+void Binding::BindText(wxWindow& window, const char* name, Text& value) {
     auto& box = ControlNamed<wxTextCtrl>(window, name);
-    box.Bind(wxEVT_TEXT, [this, &box, value](wxCommandEvent&) { form.*value = FromWx(box.GetValue()); });
-    showing.emplace_back([this, &box, value] {
-        const wxString text = ToWx(form.*value);
+    box.Bind(wxEVT_TEXT, [&box, &value](wxCommandEvent&) { value = FromWx(box.GetValue()); });
+    showing.emplace_back([&box, &value] {
+        const wxString text = ToWx(value);
         if (box.GetValue() != text) box.ChangeValue(text);
     });
 }
 
-void Binding::BindLabel(wxWindow& window, const char* name, Text FormKORVANDE::*value) {
+void Binding::BindLabel(wxWindow& window, const char* name, const Text& value) {
     auto& label = ControlNamed<wxStaticText>(window, name);
-    showing.emplace_back([this, &label, value] { label.SetLabelText(ToWx(form.*value)); });
+    showing.emplace_back([&label, &value] { label.SetLabelText(ToWx(value)); });
 }
 
-void Binding::BindCheck(wxWindow& window, const char* name, bool FormKORVANDE::*value) {
+void Binding::BindCheck(wxWindow& window, const char* name, bool& value) {
     auto& box = ControlNamed<wxCheckBox>(window, name);
-    box.Bind(wxEVT_CHECKBOX, [this, &box, value](wxCommandEvent&) { form.*value = box.GetValue(); });
-    showing.emplace_back([this, &box, value] { box.SetValue(form.*value); });
+    box.Bind(wxEVT_CHECKBOX, [&box, &value](wxCommandEvent&) { value = box.GetValue(); });
+    showing.emplace_back([&box, &value] { box.SetValue(value); });
 }
 
-void Binding::BindList(wxWindow& window, const char* name, ListControl FormKORVANDE::*value) {
+void Binding::BindList(wxWindow& window, const char* name, int& index, std::function<void(wxItemContainer&)> show) {
     auto& list = ControlNamed<wxWindow>(window, name);
     auto& items = dynamic_cast<wxItemContainer&>(list);
-    const auto take = [this, &items, value](wxCommandEvent&) { (form.*value).index = items.GetSelection(); };
+    const auto take = [&items, &index](wxCommandEvent&) { index = items.GetSelection(); };
     list.Bind(wxEVT_CHOICE, take);
     list.Bind(wxEVT_LISTBOX, take);
-    showing.emplace_back([this, &items, value] { ShowList(items, form.*value); });
+    showing.emplace_back([&items, show = std::move(show)] { show(items); });
 }
 
-void Binding::BindOptions(wxWindow& window, std::initializer_list<Option> options,
-                          const std::function<void(bool FormKORVANDE::*)>& select) {
-    std::vector<std::pair<wxRadioButton*, bool FormKORVANDE::*>> buttons;
-    for (const auto& [name, value] : options) {
-        auto& button = ControlNamed<wxRadioButton>(window, name);
-        button.Bind(wxEVT_RADIOBUTTON, [this, select, value = value](wxCommandEvent&) {
-            select(value);
+void Binding::BindOptions(std::vector<OptionButton> group) {
+    for (const OptionButton& option : group) {
+        option.button->Bind(wxEVT_RADIOBUTTON, [this, select = option.select](wxCommandEvent&) {
+            select();
             Show();
         });
-        buttons.emplace_back(&button, value);
     }
     // A group always has one button selected; when the form has none, that is one that nobody sees.
-    wxWindow* const box = buttons.front().first->GetParent();
+    wxWindow* const box = group.front().button->GetParent();
     auto* const none = new wxRadioButton(box, wxID_ANY, wxEmptyString);
     none->Hide();
-    none->MoveAfterInTabOrder(buttons.back().first);
-    showing.emplace_back([this, buttons, none] {
+    none->MoveAfterInTabOrder(group.back().button);
+    showing.emplace_back([group = std::move(group), none] {
         wxRadioButton* chosen = none;
-        for (const auto& [button, value] : buttons) {
-            if (form.*value) chosen = button;
+        for (const OptionButton& option : group) {
+            if (*option.value) chosen = option.button;
         }
         chosen->SetValue(true);
     });
@@ -145,8 +161,7 @@ void ShowList(wxItemContainer& items, const ListControl& list) {
     wxArrayString shown;
     for (const Text& item : list.items) shown.push_back(ToWx(item));
     if (items.GetStrings() != shown) items.Set(shown);
-    const int selection = list.items.empty() ? wxNOT_FOUND : list.index;
-    if (items.GetSelection() != selection) items.SetSelection(selection);
+    ShowSelection(items, list.items.empty() ? wxNOT_FOUND : list.index);
 }
 
 }  // namespace korvande

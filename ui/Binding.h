@@ -4,14 +4,16 @@
 #include <wx/window.h>
 
 #include <functional>
-#include <initializer_list>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "project/frmKORVANDE.h"
+#include "core/Text.h"
 
 namespace korvande {
+
+struct FormKORVANDE;
+struct ListControl;
 
 // The control of this name in a window, which must have it.
 template <class Control>
@@ -29,24 +31,24 @@ void ShowList(wxItemContainer& items, const ListControl& list);
 class Binding {
  public:
     Binding(wxWindow& window, FormKORVANDE& form);
+    Binding(const Binding&) = delete;
+    Binding& operator=(const Binding&) = delete;
+    ~Binding() = default;
 
     void Show() const;
 
  private:
-    void BindText(wxWindow& window, const char* name, Text FormKORVANDE::*value);
-    void BindLabel(wxWindow& window, const char* name, Text FormKORVANDE::*value);
-    void BindCheck(wxWindow& window, const char* name, bool FormKORVANDE::*value);
-    void BindList(wxWindow& window, const char* name, ListControl FormKORVANDE::*value);
+    void BindText(wxWindow& window, const char* name, Text& value);
+    void BindLabel(wxWindow& window, const char* name, const Text& value);
+    void BindCheck(wxWindow& window, const char* name, bool& value);
 
-    // The options of a group exclude each other; `select` writes the chosen one to the form.
-    struct Option {
-        const char* name;
-        bool FormKORVANDE::*value;
-    };
-    void BindOptions(wxWindow& window, std::initializer_list<Option> options,
-                     const std::function<void(bool FormKORVANDE::*)>& select);
+    // A list of which one item is selected; `show` shows it.
+    void BindList(wxWindow& window, const char* name, int& index, std::function<void(wxItemContainer&)> show);
 
-    FormKORVANDE& form;
+    // The options of a group exclude each other.
+    struct OptionButton;
+    void BindOptions(std::vector<OptionButton> group);
+
     std::vector<std::function<void()>> showing;
 };
 

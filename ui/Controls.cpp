@@ -40,6 +40,13 @@ void Group::Add(wxSizer* row, int proportion) const {
     rows->Add(row, wxSizerFlags(proportion).Expand());
 }
 
+wxScrolledWindow* MakePage(wxWindow* parent) {
+    auto* const page = new wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                            wxTAB_TRAVERSAL | wxHSCROLL | wxVSCROLL);
+    page->SetScrollRate(page->FromDIP(wideSpace), page->FromDIP(wideSpace));
+    return page;
+}
+
 wxStaticText* MakeLabel(wxWindow* parent, TextView caption, const char* name) {
     return Named(new wxStaticText(parent, wxID_ANY, ToWx(caption)), name, {});
 }

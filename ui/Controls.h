@@ -3,6 +3,7 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/radiobut.h>
+#include <wx/scrolwin.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -39,6 +40,9 @@ struct Group {
     wxStaticBox* box;
     wxBoxSizer* rows;
 };
+
+// An empty page of the tabs, which scrolls when it has not enough room.
+wxScrolledWindow* MakePage(wxWindow* parent);
 
 wxStaticText* MakeLabel(wxWindow* parent, TextView caption, const char* name = "");
 

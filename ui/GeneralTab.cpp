@@ -1,9 +1,10 @@
+#include "ui/GeneralTab.h"
+
 #include <wx/listbox.h>
 
 #include "app/TabPlacement.h"
 #include "ui/Controls.h"
 #include "ui/StartRow.h"
-#include "ui/TabPages.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -122,13 +123,6 @@ wxSizer* MakeOwner(wxWindow* page) {
 }
 
 }  // namespace
-
-wxScrolledWindow* MakePage(wxWindow* parent) {
-    auto* const page = new wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                            wxTAB_TRAVERSAL | wxHSCROLL | wxVSCROLL);
-    page->SetScrollRate(page->FromDIP(wideSpace), page->FromDIP(wideSpace));
-    return page;
-}
 
 wxScrolledWindow* MakeGeneralTab(wxWindow* parent) {
     wxScrolledWindow* const page = MakePage(parent);

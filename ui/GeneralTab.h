@@ -4,13 +4,7 @@
 
 namespace korvande {
 
-// The tabs of the window as far as they are boxes, lists and labels: their controls, laid out, without any value yet. A
-// page that has not enough room scrolls.
+// The tab of the project, the files, the log book and the data owner: its controls, laid out, without any value yet.
 wxScrolledWindow* MakeGeneralTab(wxWindow* parent);
-wxScrolledWindow* MakeSettingsTab(wxWindow* parent);
-wxScrolledWindow* MakeInformationTab(wxWindow* parent);
-
-// An empty page of that kind.
-wxScrolledWindow* MakePage(wxWindow* parent);
 
 }  // namespace korvande

@@ -6,6 +6,7 @@
 #include <array>
 #include <limits>
 
+#include "app/GridEditing.h"
 #include "app/TabPlacement.h"
 #include "ui/Controls.h"
 #include "ui/WxText.h"
@@ -66,8 +67,8 @@ wxRect ToPixels(const wxWindow& window, const TwipsRectangle& place) {
 
 }  // namespace
 
-GridTab::GridTab(wxWindow* parent, EditedGrid& editedGrid, const GridNames& names)
-    : wxPanel(parent), edited(editedGrid) {
+GridTab::GridTab(wxWindow* parent, FormKORVANDE& itsForm, EditedGrid& editedGrid, const GridNames& names)
+    : wxPanel(parent), form(itsForm), edited(editedGrid) {
     MakeGrid(names.grid);
     MakeEditors(names);
     BindGrid();
@@ -83,7 +84,7 @@ GridTab::GridTab(wxWindow* parent, EditedGrid& editedGrid, const GridNames& name
 void GridTab::MakeGrid(const char* name) {
     grid = new wxGrid(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(640, 200)), wxWANTS_CHARS | wxBORDER_THEME);
     grid->SetName(name);
-    table = new ShownTable(*edited.grid);
+    table = new ShownTable(edited.grid);
     grid->SetTable(table, true);
     grid->EnableEditing(false);
     grid->SetRowLabelSize(0);
@@ -142,7 +143,7 @@ void GridTab::BindEditor(wxWindow& control) {
     control.Bind(wxEVT_KEY_DOWN, &GridTab::OnEditorKey, this);
     control.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
         event.Skip();
-        EndEdits();
+        EndEdits(form);
         ShowForm();
     });
 }
@@ -165,7 +166,7 @@ void GridTab::OnGridKey(wxKeyEvent& event) {
     if (key == keys::enter) {
         Start(key);
     } else if (key == keys::insertRow || key == keys::deleteRow) {
-        GridKeyDown(edited, key);
+        GridKeyDown(form, edited, key);
         ShowForm();
     } else {
         event.Skip();
@@ -186,9 +187,9 @@ void GridTab::OnEditorKey(wxKeyEvent& event) {
     std::int16_t key = KeyCode(event);
     const auto shift = static_cast<std::int16_t>(event.ShiftDown());
     if (edited.listEditor.isVisible) {
-        EditKeyCodeLists(edited, key, shift);
+        EditKeyCodeLists(form, edited, key, shift);
     } else {
-        EditKeyCodeTexts(edited, key, shift);
+        EditKeyCodeTexts(form, edited, key, shift);
     }
     const bool isEnd = key == keys::enter || key == keys::escape;
     if (isEnd) ShowForm();
@@ -197,7 +198,7 @@ void GridTab::OnEditorKey(wxKeyEvent& event) {
 }
 
 void GridTab::TakeCurrentCell(int row, int column) {
-    EndEdit(edited);
+    EndEdit(form, edited);
     edited.row = row + 1;
     edited.column = column;
 }
@@ -210,7 +211,7 @@ void GridTab::Start(int keyCharacter) {
     cell.SetPosition(grid->CalcScrolledPosition(cell.GetPosition()) + grid->GetGridWindow()->GetPosition());
     const bool isCode = keyCharacter <= std::numeric_limits<std::int16_t>::max();
     const std::int16_t key = isCode ? static_cast<std::int16_t>(keyCharacter) : keys::noCharacter;
-    StartEdit(edited, key, ToTwips(*this, grid->GetRect()), ToTwips(*this, cell));
+    StartEdit(form, edited, key, ToTwips(*this, grid->GetRect()), ToTwips(*this, cell));
     ShowForm();
 }
 

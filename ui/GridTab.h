@@ -5,10 +5,13 @@
 #include <wx/panel.h>
 #include <wx/textctrl.h>
 
-#include "app/GridEditing.h"
 #include "ui/ShownTable.h"
 
 namespace korvande {
+
+struct CellEditor;
+struct EditedGrid;
+struct FormKORVANDE;
 
 // The names of a code table's controls; a table without a list editor has no name for it.
 struct GridNames {
@@ -21,7 +24,7 @@ struct GridNames {
 // `edited`; this shows it and reports what a person does.
 class GridTab : public wxPanel {
  public:
-    GridTab(wxWindow* parent, EditedGrid& edited, const GridNames& names);
+    GridTab(wxWindow* parent, FormKORVANDE& itsForm, EditedGrid& editedGrid, const GridNames& names);
 
     // Shows the form's cells, the current cell and the editors as they are now.
     void ShowForm();
@@ -43,6 +46,7 @@ class GridTab : public wxPanel {
     void ShowListEditor();
     bool ShowEditor(wxWindow& control, const CellEditor& editor);
 
+    FormKORVANDE& form;
     EditedGrid& edited;
     ShownTable* table = nullptr;
     wxGrid* grid = nullptr;

@@ -1,7 +1,7 @@
-#include "app/StartUp.h"
-#include "project/frmKORVANDE.h"
+#include "ui/InformationTab.h"
+
+#include "app/frmKORVANDE.h"
 #include "ui/Controls.h"
-#include "ui/TabPages.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -27,7 +27,7 @@ void AddFact(wxFlexGridSizer* facts, wxWindow* page, TextView caption, TextView 
 
 }  // namespace
 
-wxScrolledWindow* MakeInformationTab(wxWindow* parent) {
+wxScrolledWindow* MakeInformationTab(wxWindow* parent, const FormKORVANDE& form) {
     constexpr int lineLength = 520;
     wxScrolledWindow* const page = MakePage(parent);
     const int wide = page->FromDIP(wideSpace);
@@ -42,13 +42,13 @@ wxScrolledWindow* MakeInformationTab(wxWindow* parent) {
     text->Wrap(page->FromDIP(lineLength));
     column->Add(text, wxSizerFlags().Border(wxALL, wide));
 
-    const LiscadInstallation& liscad = TheLiscad();
+    const LiscadInstallation& liscad = form.liscad;
     auto* const facts = new wxFlexGridSizer(2, page->FromDIP(wxSize(2 * wideSpace, narrowSpace)));
     facts->AddGrowableCol(1);
     AddFact(facts, page, u"LISCAD-versie:", liscad.version);
     AddFact(facts, page, u"Taal van LISCAD:", liscad.language);
     AddFact(facts, page, u"Gegevensmap van LISCAD:", liscad.dataPath);
-    AddFact(facts, page, u"Map met de projecten:", ProjectFolder());
+    AddFact(facts, page, u"Map met de projecten:", form.ProjectFolder);
     column->Add(facts, wxSizerFlags().Expand().Border(wxALL, wide));
     page->SetSizer(column);
     return page;

@@ -11,14 +11,19 @@
 #include "app/BrowseFiles.h"
 #include "app/GridEditing.h"
 #include "app/Projects.h"
+#include "app/RunTranslation.h"
+#include "app/StartUp.h"
 #include "app/TabPlacement.h"
-#include "run/RunTranslation.h"
+#include "app/frmKORVANDE.h"
 #include "ui/BehindDialog.h"
 #include "ui/Controls.h"
 #include "ui/FileDialogs.h"
+#include "ui/GeneralTab.h"
+#include "ui/GridTab.h"
 #include "ui/Icons.h"
+#include "ui/InformationTab.h"
 #include "ui/ProjectDialog.h"
-#include "ui/TabPages.h"
+#include "ui/SettingsTab.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -28,7 +33,7 @@ namespace {
 constexpr int timerDelay = 500;  // milliseconds
 constexpr int gaugePanel = 1;
 
-wxSizer* MakeHeader(wxWindow* parent) {
+wxSizer* MakeHeader(wxWindow* parent, const FormKORVANDE& form) {
     const int wide = parent->FromDIP(wideSpace);
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
     wxStaticText* const name = MakeLabel(parent, u"KORVANDE", "lblHeader");
@@ -36,33 +41,32 @@ wxSizer* MakeHeader(wxWindow* parent) {
     row->Add(name, InRow().Border(wxLEFT | wxTOP | wxBOTTOM, wide));
     row->Add(MakeLabel(parent, u"LISCAD  –  NEN1878/SUF2 Vertaler", "lblHeaderTitle"), InRow().Border(wxLEFT, wide));
     row->AddStretchSpacer();
-    row->Add(MakeLabel(parent, frmKORVANDE().lblVersion, "lblHeaderVersion"), InRow().Border(wxRIGHT, wide));
+    row->Add(MakeLabel(parent, form.lblVersion, "lblHeaderVersion"), InRow().Border(wxRIGHT, wide));
     return row;
 }
 
 }  // namespace
 
-MainWindow::MainWindow(WindowScreen& itsScreen)
-    : wxFrame(nullptr, wxID_ANY, "KORVANDE"), screen(itsScreen), timer(this) {
+MainWindow::MainWindow(WindowScreen& itsScreen, FormKORVANDE& itsForm)
+    : wxFrame(nullptr, wxID_ANY, "KORVANDE"), screen(itsScreen), form(itsForm), timer(this) {
     SetName("frmKORVANDE");
     SetIcons(ProgramIcons());
     MakeTabs();
     MakeStatusBar();
-    binding = std::make_unique<Binding>(*this, frmKORVANDE());
+    binding = std::make_unique<Binding>(*this, form);
     // MakeTabs has just made it. NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer)
     projects = &ControlNamed<wxListBox>(*this, "File1");
     BindControls();
     BindForm();
-    frmKORVANDE().Timer1Enabled = true;
+    form.Timer1Enabled = true;
     ShowForm();
     FitContent();
-    screen.Attach(this, gauge);
+    screen.Attach(this, gauge, &form);
     tabs->SetFocus();
 }
 
 MainWindow::~MainWindow() {
     screen.Detach();
-    FormKORVANDE& form = frmKORVANDE();
     form.changed = {};
     form.unload = {};
     form.askProjectName = {};
@@ -78,16 +82,16 @@ void MainWindow::MakeTabs() {
     tabs->AddPage(general, ToWx(u"Algemeen"));
     tabs->AddPage(settings, ToWx(u"Instellingen"));
     const auto addGrid = [this](TextView caption, EditedGrid& edited, const GridNames& names) {
-        gridTabs.push_back(new GridTab(tabs, edited, names));
+        gridTabs.push_back(new GridTab(tabs, form, edited, names));
         tabs->AddPage(gridTabs.back(), ToWx(caption));
     };
-    addGrid(u"Puntobjecten", EditedPoints(), {"gridPoints", "txtEditPointCell", "cboEditPointCell"});
-    addGrid(u"Lijnobjecten", EditedLines(), {"gridLines", "txtEditLineCell", "cboEditLineCell"});
-    addGrid(u"Tekstobjecten", EditedTexts(), {"gridTexts", "txtEditTextCell", ""});
-    tabs->AddPage(MakeInformationTab(tabs), ToWx(u"Informatie"));
+    addGrid(u"Puntobjecten", form.editedPoints, {"gridPoints", "txtEditPointCell", "cboEditPointCell"});
+    addGrid(u"Lijnobjecten", form.editedLines, {"gridLines", "txtEditLineCell", "cboEditLineCell"});
+    addGrid(u"Tekstobjecten", form.editedTexts, {"gridTexts", "txtEditTextCell", ""});
+    tabs->AddPage(MakeInformationTab(tabs, form), ToWx(u"Informatie"));
 
     auto* const column = new wxBoxSizer(wxVERTICAL);
-    column->Add(MakeHeader(content), wxSizerFlags().Expand());
+    column->Add(MakeHeader(content, form), wxSizerFlags().Expand());
     column->Add(tabs, wxSizerFlags(1).Expand());
     content->SetSizer(column);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
@@ -133,7 +137,6 @@ void MainWindow::FitContent() {
 }
 
 void MainWindow::BindForm() {
-    FormKORVANDE& form = frmKORVANDE();
     form.changed = [this] { ShowForm(); };
     form.unload = [this] { Unload(); };
     form.askProjectName = [this](TextView caption, TextView explanation, TextView prompt, TextView name) {
@@ -143,19 +146,19 @@ void MainWindow::BindForm() {
 
 void MainWindow::BindControls() {
     const AskFileName ask = [this](const FileDialog& dialog) { return ShowFileDialog(this, dialog); };
-    WorkOn("cmdStart", RunTranslation);
-    WorkOn("cmdNewJob", NewProject);
-    WorkOn("cmdCopyJob", CopyProject);
-    WorkOn("cmdDelJob", DeleteProject);
-    WorkOn("cmdBrowseIDEX", [ask] { BrowseIdexFile(ask); });
-    WorkOn("cmdBrowseSUFNEN", [ask] { BrowseSufNenFile(ask); });
+    WorkOn("cmdStart", [this] { RunTranslation(form); });
+    WorkOn("cmdNewJob", [this] { NewProject(form); });
+    WorkOn("cmdCopyJob", [this] { CopyProject(form); });
+    WorkOn("cmdDelJob", [this] { DeleteProject(form); });
+    WorkOn("cmdBrowseIDEX", [this, ask] { BrowseIdexFile(form, ask); });
+    WorkOn("cmdBrowseSUFNEN", [this, ask] { BrowseSufNenFile(form, ask); });
     projects->Bind(wxEVT_LISTBOX, [this](wxCommandEvent& event) {
         const int picked = event.GetSelection();
-        Work([picked] { PickProject(picked); });
+        Work([this, picked] { PickProject(form, picked); });
     });
     tabs->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
         event.Skip();
-        startRow->PlaceOn(event.GetSelection());
+        startRow->PlaceOn(event.GetSelection(), form.project.options.StartedInteractively);
     });
     Bind(wxEVT_TIMER, &MainWindow::OnTimer, this);
     Bind(wxEVT_CLOSE_WINDOW, &MainWindow::OnClose, this);
@@ -169,7 +172,7 @@ void MainWindow::WorkOn(const char* button, std::function<void()> action) {
 
 void MainWindow::Work(const std::function<void()>& action) {
     wxWindow* const focused = FindFocus();
-    EndEdits();
+    EndEdits(form);
     EnableOptions(false);
     // Also after an error, which is told elsewhere.
     const auto finish = [&] {
@@ -194,16 +197,16 @@ void MainWindow::EnableOptions(bool enable) {
 void MainWindow::ShowForm() {
     if (isClosing) return;
     binding->Show();
-    ShowList(*projects, frmKORVANDE().File1);
+    ShowList(*projects, form.File1);
     ShowStandalone();
     for (GridTab* const tab : gridTabs) tab->ShowForm();
-    startRow->PlaceOn(tabs->GetSelection());
+    startRow->PlaceOn(tabs->GetSelection(), form.project.options.StartedInteractively);
     ShowTimer();
 }
 
 void MainWindow::ShowStandalone() {
     auto& frame = ControlNamed<wxWindow>(*this, "framStandalone");
-    const bool show = frmKORVANDE().framStandaloneVisible;
+    const bool show = form.project.options.StartedInteractively;
     if (frame.IsShown() == show) return;
     frame.Show(show);
     for (wxWindow* const child : frame.GetChildren()) child->Show(show);
@@ -212,14 +215,14 @@ void MainWindow::ShowStandalone() {
 
 // The timer runs once each time the form starts it.
 void MainWindow::ShowTimer() {
-    const bool runs = frmKORVANDE().Timer1Enabled;
+    const bool runs = form.Timer1Enabled;
     if (runs && !timer.IsRunning()) timer.StartOnce(timerDelay);
     if (!runs) timer.Stop();
 }
 
 // Brings the window to the front.
 void MainWindow::OnTimer(wxTimerEvent& /*event*/) {
-    frmKORVANDE().Timer1Enabled = false;
+    form.Timer1Enabled = false;
     const long style = GetWindowStyleFlag();
     SetWindowStyleFlag(style | wxSTAY_ON_TOP);
     SetWindowStyleFlag(style);
@@ -232,7 +235,7 @@ void MainWindow::OnClose(wxCloseEvent& event) {
         if (event.CanVeto()) event.Veto();
         return;
     }
-    if (QueryClose()) {
+    if (QueryClose(form)) {
         Unload();
     } else {
         event.Veto();
@@ -241,15 +244,15 @@ void MainWindow::OnClose(wxCloseEvent& event) {
 
 void MainWindow::Unload() {
     if (isClosing) return;
-    UnloadForm();
+    UnloadForm(form);
     isClosing = true;
     timer.Stop();
     Destroy();
 }
 
-MainWindow* OpenMainWindow(WindowScreen& screen, const StartUpArguments& arguments) {
-    if (StartUp(arguments) == AfterStartUp::EndProgram) return nullptr;
-    auto* const window = new MainWindow(screen);
+MainWindow* OpenMainWindow(WindowScreen& screen, FormKORVANDE& form, const StartUpArguments& arguments) {
+    if (StartUp(form, arguments) == AfterStartUp::EndProgram) return nullptr;
+    auto* const window = new MainWindow(screen, form);
     window->Show();
     return window;
 }

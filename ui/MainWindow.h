@@ -10,18 +10,20 @@
 #include <memory>
 #include <vector>
 
-#include "app/StartUp.h"
 #include "ui/Binding.h"
-#include "ui/GridTab.h"
 #include "ui/StartRow.h"
 #include "ui/WindowScreen.h"
 
 namespace korvande {
 
+class GridTab;
+struct FormKORVANDE;
+struct StartUpArguments;
+
 // The window frmKORVANDE: six tabs that show the form's values and write every change back.
 class MainWindow : public wxFrame {
  public:
-    explicit MainWindow(WindowScreen& itsScreen);
+    MainWindow(WindowScreen& itsScreen, FormKORVANDE& itsForm);
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
     ~MainWindow() override;
@@ -48,6 +50,7 @@ class MainWindow : public wxFrame {
     void Unload();
 
     WindowScreen& screen;
+    FormKORVANDE& form;
     wxNotebook* tabs = nullptr;
     wxListBox* projects = nullptr;
     wxGauge* gauge = nullptr;
@@ -58,7 +61,8 @@ class MainWindow : public wxFrame {
     bool isClosing = false;
 };
 
-// Start-up, and the window when it leads to one; nothing when the program is to end.
-MainWindow* OpenMainWindow(WindowScreen& screen, const StartUpArguments& arguments);
+// Start-up, and the window when it leads to one; nothing when the program is to end. The form and its screen must
+// outlive the window.
+MainWindow* OpenMainWindow(WindowScreen& screen, FormKORVANDE& form, const StartUpArguments& arguments);
 
 }  // namespace korvande

@@ -1,10 +1,11 @@
+#include "ui/SettingsTab.h"
+
 #include <wx/listbox.h>
 
 #include "app/TabPlacement.h"
-#include "project/frmKORVANDE.h"
+#include "project/Options.h"
 #include "ui/Controls.h"
 #include "ui/StartRow.h"
-#include "ui/TabPages.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -52,8 +53,9 @@ wxSizer* MakeImport(wxWindow* page) {
 wxSizer* MakeSources(wxWindow* page) {
     Group group(page, "framSource", u"G-veld, Bronvermelding");
     // High enough for all its items, which have some room around them.
-    const auto items = static_cast<int>(frmKORVANDE().lstSource.items.size());
+    constexpr auto items = static_cast<int>(sourceKinds.size());
     auto* const list = new wxListBox(group.box, wxID_ANY);
+    for (const TextView kind : sourceKinds) list->Append(ToWx(kind));
     list->SetInitialSize(
         wxSize(list->FromDIP(150), (items + 1) * (list->GetCharHeight() + list->FromDIP(narrowSpace))));
     list->SetName("lstSource");

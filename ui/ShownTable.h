@@ -2,7 +2,7 @@
 
 #include <wx/grid.h>
 
-#include "project/frmKORVANDE.h"
+#include "project/Grid.h"
 
 namespace korvande {
 

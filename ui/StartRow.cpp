@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "app/TabPlacement.h"
-#include "project/frmKORVANDE.h"
 #include "ui/Controls.h"
 #include "ui/WxText.h"
 
@@ -44,11 +43,11 @@ StartRow::StartRow(wxWindow* general, wxWindow* settings)
     }
 }
 
-void StartRow::PlaceOn(int tab) {
-    const StartPlacement place = StartPlacementOn(tab, StartedInteractively());
+void StartRow::PlaceOn(int tab, bool startedInteractively) {
+    const StartPlacement place = StartPlacementOn(tab, startedInteractively);
     const bool isInSight = place.buttonLeft != outOfSight;
     if (isInSight) MoveTo(tab == tabGeneral ? generalPage : settingsPage);
-    settingsPage->FindWindow(frameName)->Show(StartedInteractively());
+    settingsPage->FindWindow(frameName)->Show(startedInteractively);
     modes->SetSize(PixelsOf(*modes, place.listLeft), PixelsOf(*modes, place.listTop), PixelsOf(*modes, listWidth),
                    modes->GetBestSize().y);
     start->SetSize(PixelsOf(*start, place.buttonLeft), PixelsOf(*start, place.buttonTop),

@@ -16,7 +16,7 @@ class StartRow {
     StartRow& operator=(const StartRow&) = delete;
     ~StartRow() = default;
 
-    void PlaceOn(int tab);
+    void PlaceOn(int tab, bool startedInteractively);
 
  private:
     void MoveTo(wxWindow* page);

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include "run/RunTranslation.h"
+#include "app/RunTranslation.h"
 #include "ui/Printing.h"
 #include "ui/Viewer.h"
 #include "ui/WxText.h"
@@ -78,12 +78,13 @@ Answer AnswerOf(int button, Buttons buttons) {
 
 }  // namespace
 
-void WindowScreen::Attach(wxFrame* itsFrame, wxGauge* itsGauge) {
+void WindowScreen::Attach(wxFrame* itsFrame, wxGauge* itsGauge, const FormKORVANDE* itsForm) {
     frame = itsFrame;
     gauge = itsGauge;
+    form = itsForm;
 }
 
-void WindowScreen::Detach() { Attach(nullptr, nullptr); }
+void WindowScreen::Detach() { Attach(nullptr, nullptr, nullptr); }
 
 void WindowScreen::ShowStatus(TextView text) {
     if (frame != nullptr) frame->SetStatusText(ToWx(text));
@@ -104,7 +105,7 @@ void WindowScreen::ShowProgressValue(std::int64_t value) {
 void WindowScreen::PumpEvents() {
     // Not again while events are being let run already: then they are.
     wxTheApp->Yield(true);
-    EndRunIfAsked();
+    if (form != nullptr) EndRunIfAsked(*form);
 }
 
 void WindowScreen::ShowBusy(bool busy) {

@@ -10,11 +10,13 @@
 
 namespace korvande {
 
+struct FormKORVANDE;
+
 // The screen of the window: status bar, progress gauge, message boxes, the text viewer and the printer. Without a
 // window (as start-up runs) only the message boxes are shown.
 class WindowScreen : public Screen {
  public:
-    void Attach(wxFrame* itsFrame, wxGauge* itsGauge);
+    void Attach(wxFrame* itsFrame, wxGauge* itsGauge, const FormKORVANDE* itsForm);
     void Detach();
 
     // Where and how the listing is printed; as it stands, on the default printer.
@@ -34,6 +36,7 @@ class WindowScreen : public Screen {
  private:
     wxFrame* frame = nullptr;
     wxGauge* gauge = nullptr;
+    const FormKORVANDE* form = nullptr;  // whose run ends while events run, when that was asked
     std::int64_t maximum = 1;
 };
 

@@ -5,16 +5,16 @@ namespace korvande::testing {
 namespace {
 
 TEST_F(GridEditing, TheListsHaveTheirItems) {
-    EXPECT_EQ(Items(EditedPoints()), "Punt Rot.Pnt Symbool Grondslag Dummy ");
-    EXPECT_EQ(Items(EditedLines()), "Lijn Grens Grondslag Dummy ");
-    EXPECT_EQ(Items(EditedTexts()), "");
-    EXPECT_EQ(EditedPoints().grid, &frmKORVANDE().gridPoints);
-    EXPECT_EQ(EditedLines().grid, &frmKORVANDE().gridLines);
-    EXPECT_EQ(EditedTexts().grid, &frmKORVANDE().gridTexts);
+    EXPECT_EQ(Items(form.editedPoints), "Punt Rot.Pnt Symbool Grondslag Dummy ");
+    EXPECT_EQ(Items(form.editedLines), "Lijn Grens Grondslag Dummy ");
+    EXPECT_EQ(Items(form.editedTexts), "");
+    EXPECT_EQ(&form.editedPoints.grid, &form.gridPoints);
+    EXPECT_EQ(&form.editedLines.grid, &form.gridLines);
+    EXPECT_EQ(&form.editedTexts.grid, &form.gridTexts);
 }
 
 TEST_F(GridEditing, ATypedCharacterReplacesTheTextAndTheCaretStandsBehindIt) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Lki, u'A');
     EXPECT_EQ(edited.textEditor.text, u"A");
     EXPECT_EQ(edited.textEditor.selectionStart, 1);
@@ -31,7 +31,7 @@ TEST_F(GridEditing, ATypedCharacterReplacesTheTextAndTheCaretStandsBehindIt) {
 }
 
 TEST_F(GridEditing, ADoubleClickOpensTheEditorWithTheWholeTextSelected) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Description);
     EXPECT_EQ(edited.textEditor.text, u"ONBEKEND PUNTOBJECT");
     EXPECT_EQ(edited.textEditor.selectionStart, 0);
@@ -39,7 +39,7 @@ TEST_F(GridEditing, ADoubleClickOpensTheEditorWithTheWholeTextSelected) {
 }
 
 TEST_F(GridEditing, CharactersBelowABlankOrFrom250OnCountAsNone) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     for (const std::int16_t key :
          std::initializer_list<std::int16_t>{0, 8, 27, 31, 250, 252, 255, 0x20AB, 0x0142, -1}) {
         Start(edited, 1, Grid::Lki, key);
@@ -59,7 +59,7 @@ TEST_F(GridEditing, CharactersBelowABlankOrFrom250OnCountAsNone) {
 }
 
 TEST_F(GridEditing, TheEditorsLieOverTheCell) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Lki);
     EXPECT_EQ(edited.textEditor.place.left, 380);
     EXPECT_EQ(edited.textEditor.place.top, 580);
@@ -73,7 +73,7 @@ TEST_F(GridEditing, TheEditorsLieOverTheCell) {
 
 TEST_F(GridEditing, EveryColumnButTypeHasTheTextEditor) {
     for (const Kind& kind : kinds) {
-        EditedGrid& edited = kind.edited();
+        EditedGrid& edited = form.*kind.edited;
         for (int column = 0; column < Grid::columns; ++column) {
             Start(edited, 1, column);
             const bool isList = kind.hasList && column == Grid::Type;
@@ -84,19 +84,19 @@ TEST_F(GridEditing, EveryColumnButTypeHasTheTextEditor) {
 }
 
 TEST_F(GridEditing, TheListBeginsOnTheCellsItemWithoutRegardToCaseAndBlanks) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Type);
     EXPECT_EQ(edited.listEditor.text, u"Punt");
     EXPECT_TRUE(edited.listEditor.hasFocus);
     PressList(edited, keys::escape);
-    (*edited.grid)[1][Grid::Type] = u"  rot.PNT ";
+    edited.grid[1][Grid::Type] = u"  rot.PNT ";
     Start(edited, 1, Grid::Type);
     EXPECT_EQ(edited.listEditor.text, u"Rot.Pnt");
 }
 
 TEST_F(GridEditing, NoItemIsSelectedWhenNoneMatches) {
-    EditedGrid& edited = EditedLines();
-    (*edited.grid)[1][Grid::Type] = u"GRONDSL";
+    EditedGrid& edited = form.editedLines;
+    edited.grid[1][Grid::Type] = u"GRONDSL";
     Start(edited, 1, Grid::Type);
     EXPECT_EQ(edited.listEditor.text, u"");
     // The cell takes what the list shows, without any check.
@@ -105,7 +105,7 @@ TEST_F(GridEditing, NoItemIsSelectedWhenNoneMatches) {
 }
 
 TEST_F(GridEditing, AChosenItemIsStoredInCapitals) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Type);
     edited.listEditor.text = u"Rot.Pnt";
     PressList(edited, keys::enter);
@@ -115,32 +115,32 @@ TEST_F(GridEditing, AChosenItemIsStoredInCapitals) {
 }
 
 TEST_F(GridEditing, GrondslagIsCutToSevenCharactersInTheTable) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Type);
     edited.listEditor.text = u"Grondslag";
     PressList(edited, keys::enter);
     EXPECT_EQ(Cell(edited, 1, Grid::Type), "GRONDSLAG");
-    SaveGridData();
-    EXPECT_EQ(PointCodes().rows[0].Type.View(), u"GRONDSL");
+    SaveGridData(form);
+    EXPECT_EQ(form.project.codes.points.rows[0].Type.View(), u"GRONDSL");
 }
 
 TEST_F(GridEditing, AListTakesUpAndDownAndNoOtherKey) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Type);
     for (std::int16_t key : {keys::up, keys::down}) {
         const std::int16_t before = key;
-        EditKeyCodeLists(edited, key, 0);
+        EditKeyCodeLists(form, edited, key, 0);
         EXPECT_EQ(key, before);
     }
     for (std::int16_t key : {std::int16_t{65}, std::int16_t{37}, std::int16_t{9}, keys::insertRow, keys::deleteRow}) {
-        EditKeyCodeLists(edited, key, 1);
+        EditKeyCodeLists(form, edited, key, 1);
         EXPECT_EQ(key, 0);
     }
     EXPECT_TRUE(edited.listEditor.isVisible);
 }
 
 TEST_F(GridEditing, EscapeInAListStoresTheItemToo) {
-    EditedGrid& edited = EditedLines();
+    EditedGrid& edited = form.editedLines;
     Start(edited, 1, Grid::Type);
     edited.listEditor.text = u"Grens";
     PressList(edited, keys::escape);
@@ -150,7 +150,7 @@ TEST_F(GridEditing, EscapeInAListStoresTheItemToo) {
 }
 
 TEST_F(GridEditing, EscapeStoresTheTypedTextForThereIsNoUndo) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Lki, u'A');
     edited.textEditor.text = u"AB";
     PressText(edited, keys::escape);
@@ -160,11 +160,11 @@ TEST_F(GridEditing, EscapeStoresTheTypedTextForThereIsNoUndo) {
 }
 
 TEST_F(GridEditing, OtherKeysEditTheTextNormally) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Lki, u'A');
     for (std::int16_t key : {keys::up, keys::down, keys::insertRow, keys::deleteRow, std::int16_t{65}}) {
         const std::int16_t before = key;
-        EditKeyCodeTexts(edited, key, 0);
+        EditKeyCodeTexts(form, edited, key, 0);
         EXPECT_EQ(key, before);
     }
     EXPECT_TRUE(edited.textEditor.isVisible);
@@ -172,35 +172,35 @@ TEST_F(GridEditing, OtherKeysEditTheTextNormally) {
 }
 
 TEST_F(GridEditing, LosingTheFocusStoresTheTextUnchanged) {
-    EditedGrid& edited = EditedTexts();
+    EditedGrid& edited = form.editedTexts;
     Start(edited, 1, Grid::Description, u' ');
     edited.textEditor.text = u"  straatnaam\u00E9 te lang voor zeven tekens ";
     screen.pumps = 0;
-    EndEdit(edited);
+    EndEdit(form, edited);
     EXPECT_EQ(Cell(edited, 1, Grid::Description), "  straatnaamé te lang voor zeven tekens ");
     EXPECT_FALSE(edited.textEditor.isVisible);
     EXPECT_EQ(screen.pumps, 1);
 }
 
 TEST_F(GridEditing, AnEditEndsOnce) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Lki, u'A');
-    EndEdit(edited);
-    (*edited.grid)[1][Grid::Lki] = u"Q99";
+    EndEdit(form, edited);
+    edited.grid[1][Grid::Lki] = u"Q99";
     int changes = 0;
-    frmKORVANDE().changed = [&] { ++changes; };
-    EndEdit(edited);  // hiding the editor makes it lose the focus again
+    form.changed = [&] { ++changes; };
+    EndEdit(form, edited);  // hiding the editor makes it lose the focus again
     EXPECT_EQ(Cell(edited, 1, Grid::Lki), "Q99");
     EXPECT_EQ(changes, 0);
 }
 
 TEST_F(GridEditing, TheWindowThatHearsOfTheEndMayEndTheEditAgain) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Lki, u'A');
     int changes = 0;
-    frmKORVANDE().changed = [&] {
+    form.changed = [&] {
         ++changes;
-        EndEdit(edited);
+        EndEdit(form, edited);
     };
     PressText(edited, keys::enter);
     EXPECT_EQ(changes, 1);
@@ -208,31 +208,31 @@ TEST_F(GridEditing, TheWindowThatHearsOfTheEndMayEndTheEditAgain) {
 }
 
 TEST_F(GridEditing, AnEditElsewhereStoresTheOneBefore) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     AddRows(edited, {u"BOOM"});
     Start(edited, 1, Grid::Lki, u'A');
-    StartEdit(edited, u'B', {}, {});
+    StartEdit(form, edited, u'B', {}, {});
     EXPECT_EQ(Cell(edited, 1, Grid::Lki), "A");
     EXPECT_EQ(edited.textEditor.text, u"B");
 }
 
 TEST_F(GridEditing, EveryEditEndsBeforeTheGridsAreRead) {
-    Start(EditedPoints(), 1, Grid::Lki, u'A');
-    Start(EditedLines(), 1, Grid::Type);
-    EditedLines().listEditor.text = u"Dummy";
-    Start(EditedTexts(), 1, Grid::Lki, u'C');
-    EndEdits();
-    EXPECT_EQ(Cell(EditedPoints(), 1, Grid::Lki), "A");
-    EXPECT_EQ(Cell(EditedLines(), 1, Grid::Type), "DUMMY");
-    EXPECT_EQ(Cell(EditedTexts(), 1, Grid::Lki), "C");
-    EXPECT_FALSE(EditedPoints().textEditor.isVisible);
+    Start(form.editedPoints, 1, Grid::Lki, u'A');
+    Start(form.editedLines, 1, Grid::Type);
+    form.editedLines.listEditor.text = u"Dummy";
+    Start(form.editedTexts, 1, Grid::Lki, u'C');
+    EndEdits(form);
+    EXPECT_EQ(Cell(form.editedPoints, 1, Grid::Lki), "A");
+    EXPECT_EQ(Cell(form.editedLines, 1, Grid::Type), "DUMMY");
+    EXPECT_EQ(Cell(form.editedTexts, 1, Grid::Lki), "C");
+    EXPECT_FALSE(form.editedPoints.textEditor.isVisible);
 }
 
 TEST_F(GridEditing, AnEditThatIsDroppedStoresNothing) {
-    EditedGrid& edited = EditedPoints();
+    EditedGrid& edited = form.editedPoints;
     AddRows(edited, {u"BOOM"});
     Start(edited, 2, Grid::Lki, u'A');
-    DropEdits();
+    DropEdits(form);
     EXPECT_EQ(Cell(edited, 2, Grid::Lki), "");
     EXPECT_FALSE(edited.textEditor.isVisible);
     EXPECT_EQ(edited.row, 1);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "app/GridEditing.h"
-#include "project/CodeTables.h"
 #include "tests/app/AppTest.h"
 
 namespace korvande::testing {
@@ -9,40 +7,41 @@ namespace korvande::testing {
 // A grid of the three with its kind of editors.
 struct Kind {
     const char* name;
-    EditedGrid& (*edited)();
+    EditedGrid FormKORVANDE::*edited;
     bool hasList;
 };
-inline constexpr Kind kinds[] = {
-    {"points", EditedPoints, true}, {"lines", EditedLines, true}, {"texts", EditedTexts, false}};
+inline constexpr Kind kinds[] = {{"points", &FormKORVANDE::editedPoints, true},
+                                 {"lines", &FormKORVANDE::editedLines, true},
+                                 {"texts", &FormKORVANDE::editedTexts, false}};
 
 class GridEditing : public AppTest {
  protected:
     // Starts an edit of a cell as a double click or a character does.
-    static void Start(EditedGrid& edited, int row, int column, std::int16_t key = keys::noCharacter) {
+    void Start(EditedGrid& edited, int row, int column, std::int16_t key = keys::noCharacter) {
         edited.row = row;
         edited.column = column;
         edited.gridHasFocus = true;
-        StartEdit(edited, key, {100, 200, 5000, 3000}, {300, 400, 900, 250});
+        StartEdit(form, edited, key, {100, 200, 5000, 3000}, {300, 400, 900, 250});
     }
 
-    static void PressText(EditedGrid& edited, std::int16_t key) { EditKeyCodeTexts(edited, key, 0); }
-    static void PressList(EditedGrid& edited, std::int16_t key) { EditKeyCodeLists(edited, key, 0); }
+    void PressText(EditedGrid& edited, std::int16_t key) { EditKeyCodeTexts(form, edited, key, 0); }
+    void PressList(EditedGrid& edited, std::int16_t key) { EditKeyCodeLists(form, edited, key, 0); }
 
     static std::string Cell(const EditedGrid& edited, int row, int column) {
-        return ToUtf8((*edited.grid)[row][static_cast<std::size_t>(column)]);
+        return ToUtf8(edited.grid[row][static_cast<std::size_t>(column)]);
     }
 
     // Appends rows with these LISCAD codes.
     static void AddRows(EditedGrid& edited, const std::vector<Text>& codes) {
         for (const Text& code : codes) {
-            const int row = edited.grid->RowCount();
-            edited.grid->SetRowCount(row + 1);
-            (*edited.grid)[row][Grid::Liscad] = code;
+            const int row = edited.grid.RowCount();
+            edited.grid.SetRowCount(row + 1);
+            edited.grid[row][Grid::Liscad] = code;
         }
     }
     static std::string Codes(const EditedGrid& edited) {
         std::string codes;
-        for (int row = 1; row < edited.grid->RowCount(); ++row) codes += Cell(edited, row, Grid::Liscad) + " ";
+        for (int row = 1; row < edited.grid.RowCount(); ++row) codes += Cell(edited, row, Grid::Liscad) + " ";
         return codes;
     }
 

@@ -1,10 +1,10 @@
-#include "run/Listing.h"
+#include "app/Listing.h"
 
 #include <chrono>
 #include <thread>
 
-#include "run/RunTranslation.h"
-#include "tests/run/RunTest.h"
+#include "app/RunTranslation.h"
+#include "tests/app/AppTest.h"
 
 namespace korvande::testing {
 
@@ -74,20 +74,22 @@ TEST(Listing, PaperWithoutRoomGetsALineAPage) {
     EXPECT_EQ(ListingPages(Lines(3), 3).size(), 4U);
 }
 
-class PrintLogBookTest : public RunTest {
+class PrintLogBookTest : public ::testing::Test {
  protected:
-    PrintLogBookTest() { TheRun().LogFileName = folder / "uit.LOG"; }
-
-    static void WriteLogBook(int lineCount) {
-        LogFile().Open(TheRun().LogFileName);
-        for (const Text& line : Lines(lineCount)) LogFile().WriteLine(line);
-        LogFile().Close();
+    void WriteLogBook(int lineCount) const {
+        std::string text;
+        for (const Text& line : Lines(lineCount)) text += ToUtf8(line) + "\r\n";
+        folder.Write("uit.LOG", text);
     }
+    void Print() { PrintLogBook(screen, folder / "uit.LOG"); }
+
+    TestFolder folder;
+    RecordingScreen screen;
 };
 
 TEST_F(PrintLogBookTest, APrintedLogBookIsDeleted) {
     WriteLogBook(200);
-    PrintLogBook();
+    Print();
     EXPECT_EQ(screen.printed, ListingPages(Lines(200), screen.linesPerPage));
     EXPECT_FALSE(FileIsThere(folder / "uit.LOG"));
     EXPECT_TRUE(screen.messages.empty());
@@ -95,7 +97,7 @@ TEST_F(PrintLogBookTest, APrintedLogBookIsDeleted) {
 
 TEST_F(PrintLogBookTest, AccentsArePrintedAsTheyAre) {
     folder.Write("uit.LOG", "Caf\xE9 \x80 1\r\n");
-    PrintLogBook();
+    Print();
     ASSERT_EQ(screen.printed.size(), 1U);
     EXPECT_EQ(screen.printed[0][2], u"Caf\u00E9 \u20AC 1");
 }
@@ -103,7 +105,7 @@ TEST_F(PrintLogBookTest, AccentsArePrintedAsTheyAre) {
 TEST_F(PrintLogBookTest, AListingThatFailsToPrintKeepsTheLogBookAndNamesIt) {
     WriteLogBook(2);
     screen.printerWorks = false;
-    PrintLogBook();
+    Print();
     EXPECT_TRUE(FileIsThere(folder / "uit.LOG"));
     EXPECT_EQ(screen.messages,
               std::vector<std::string>{"Het logboek kan niet worden afgedrukt. Het is opgeslagen in:\n\n" +
@@ -111,7 +113,7 @@ TEST_F(PrintLogBookTest, AListingThatFailsToPrintKeepsTheLogBookAndNamesIt) {
 }
 
 TEST_F(PrintLogBookTest, AVanishedLogBookIsTold) {
-    PrintLogBook();
+    Print();
     EXPECT_TRUE(screen.printed.empty());
     EXPECT_EQ(screen.messages, std::vector<std::string>{"Het logboek kan niet worden afgedrukt:\n" +
                                                         ToUtf8(folder / "uit.LOG") + "\nBestand niet gevonden"});
@@ -120,24 +122,25 @@ TEST_F(PrintLogBookTest, AVanishedLogBookIsTold) {
 TEST_F(PrintLogBookTest, TheWindowGetsItsEventsWhileTheLogBookIsRead) {
     WriteLogBook(200);
     std::this_thread::sleep_for(betweenEvents);
-    PrintLogBook();
+    Print();
     EXPECT_GE(screen.pumps, 1);
 }
 
 // A run with a listing to the printer, in its order.
-class PrintingRunTest : public RunTest {
+class PrintingRunTest : public AppRunTest {
  protected:
     PrintingRunTest() {
-        FormKORVANDE& form = frmKORVANDE();
-        form.SelectReport(&FormKORVANDE::optReportPrinter);
-        form.cboXlateMode.index = 0;
-        form.txtFileIDEX = folder.Write("in.idx", Drawing());
-        form.txtFileSUFNEN = folder / "uit.sfn";
+        SelectReport(options, &Options::optReportPrinter);
+        Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    }
+
+    bool LogBookIsFinished() const {
+        return FileIsThere(folder / "uit.LOG") && FileBytes(folder / "uit.LOG").find("Gereed:") != std::string::npos;
     }
 };
 
 TEST_F(PrintingRunTest, AListingToThePrinterIsPrintedAndLeavesNoLogBook) {
-    RunTranslation();
+    RunTranslation(form);
     ASSERT_EQ(screen.printed.size(), 1U);
     EXPECT_NE(ToUtf8(screen.printed[0][3]).find("  -  Logboek ---"), std::string::npos);
     EXPECT_EQ(screen.messages, std::vector<std::string>{"Verwerking gereed"});
@@ -147,7 +150,7 @@ TEST_F(PrintingRunTest, AListingToThePrinterIsPrintedAndLeavesNoLogBook) {
 
 TEST_F(PrintingRunTest, WithoutAPrinterTheLogBookStaysAndTheRunIsDone) {
     screen.printerWorks = false;
-    RunTranslation();
+    RunTranslation(form);
     ASSERT_EQ(screen.messages.size(), 2U);
     EXPECT_NE(screen.messages[0].find(ToUtf8(folder / "uit.LOG")), std::string::npos);
     EXPECT_EQ(screen.messages[1], "Verwerking gereed");
@@ -156,18 +159,18 @@ TEST_F(PrintingRunTest, WithoutAPrinterTheLogBookStaysAndTheRunIsDone) {
 
 TEST_F(PrintingRunTest, ARunThatIsToEndWhileItPrintsKeepsItsLogBookAndEndsTheProgram) {
     bool isUnloaded = false;
-    frmKORVANDE().unload = [&] { isUnloaded = true; };
+    form.unload = [&] { isUnloaded = true; };
     screen.onPump = [&] {
-        if (LogFile().IsOpen()) return std::this_thread::sleep_for(betweenEvents);
-        AskEndOfRun();
-        EndRunIfAsked();
+        if (!LogBookIsFinished()) return std::this_thread::sleep_for(betweenEvents);
+        AskEndOfRun(form);
+        EndRunIfAsked(form);
     };
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_TRUE(isUnloaded);
     EXPECT_TRUE(screen.printed.empty());
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_TRUE(FileIsThere(folder / "uit.LOG"));
-    EXPECT_EQ(frmKORVANDE().runMark, u"");
+    EXPECT_EQ(form.runMark, u"");
 }
 
 }  // namespace

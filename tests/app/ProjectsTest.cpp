@@ -12,28 +12,28 @@ namespace {
 class Projects : public AppTest {
  protected:
     Projects() {
-        frmKORVANDE().askProjectName = [this](TextView caption, TextView explanation, TextView prompt, TextView name) {
+        form.askProjectName = [this](TextView caption, TextView explanation, TextView prompt, TextView name) {
             dialogs.push_back({ToUtf8(caption), ToUtf8(explanation), ToUtf8(prompt), ToUtf8(name)});
-            timerDuringDialog = frmKORVANDE().Timer1Enabled;
+            timerDuringDialog = form.Timer1Enabled;
             return typed;
         };
-        frmKORVANDE().Timer1Enabled = true;
+        form.Timer1Enabled = true;
     }
 
     // Three projects, the second one loaded.
     void LoadThree() {
         for (const char* name : {"A.nst", "B.nst", "C.nst"}) WriteProject(name, std::string("STAD ") + name[0]);
-        RefreshProjects();
-        LoadProject(u"B.nst");
+        RefreshProjects(form);
+        LoadProject(form, u"B.nst");
     }
 
-    static std::string Current() { return ToUtf8(CurrentProject()); }
-    static std::string Selected() { return ToUtf8(frmKORVANDE().File1.SelectedText()); }
+    std::string Current() const { return ToUtf8(form.CurrentProject); }
+    std::string Selected() const { return ToUtf8(form.File1.SelectedText()); }
 
     // What the operations must not do: leave the timer standing.
     void ExpectTimer() const {
         EXPECT_FALSE(timerDuringDialog);
-        EXPECT_TRUE(frmKORVANDE().Timer1Enabled);
+        EXPECT_TRUE(form.Timer1Enabled);
     }
 
     std::optional<Text> typed;  // in the dialog; nothing: Cancel
@@ -54,44 +54,44 @@ TEST_F(Projects, TheListHoldsTheControlTablesInOrderAndKeepsTheCurrentOneSelecte
     WriteProject("b.nst");
     WriteProject("A.NST");
     folder.Write("projecten/c.ini", "");
-    CurrentProject() = u"B.NST";
-    RefreshProjects();
-    EXPECT_EQ(frmKORVANDE().File1.items, (std::vector<Text>{u"A.NST", u"b.nst"}));
-    EXPECT_EQ(frmKORVANDE().File1.index, 1);
-    CurrentProject() = u"weg.nst";
-    RefreshProjects();
-    EXPECT_EQ(frmKORVANDE().File1.index, -1);
+    form.CurrentProject = u"B.NST";
+    RefreshProjects(form);
+    EXPECT_EQ(form.File1.items, (std::vector<Text>{u"A.NST", u"b.nst"}));
+    EXPECT_EQ(form.File1.index, 1);
+    form.CurrentProject = u"weg.nst";
+    RefreshProjects(form);
+    EXPECT_EQ(form.File1.index, -1);
 }
 
 TEST_F(Projects, APickedProjectIsLoadedAndTheOneLeftIsSaved) {
     LoadThree();
-    frmKORVANDE().txtCity = u"NIEUWSTAD";
-    frmKORVANDE().gridPoints[1][Grid::Lki] = u"Q99";
-    EditedLines().row = 20000;
-    PickProject(2);
-    EXPECT_EQ(EditedLines().row, 1);
+    options.txtCity = u"NIEUWSTAD";
+    form.gridPoints[1][Grid::Lki] = u"Q99";
+    form.editedLines.row = 20000;
+    PickProject(form, 2);
+    EXPECT_EQ(form.editedLines.row, 1);
     EXPECT_EQ(Current(), "C.nst");
     EXPECT_EQ(Selected(), "C.nst");
     EXPECT_EQ(LoadedTown(), "STAD C");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtProject), "C");
+    EXPECT_EQ(ToUtf8(form.txtProject), "C");
     EXPECT_NE(ProjectBytes("B.nst").find("Town = NIEUWSTAD\r\n"), std::string::npos);
     EXPECT_NE(ProjectBytes("B.nst").find("Unknown = STANDRD, Q99,"), std::string::npos);
-    EXPECT_TRUE(frmKORVANDE().Timer1Enabled);
+    EXPECT_TRUE(form.Timer1Enabled);
 }
 
 TEST_F(Projects, AnEditUnderWayIsSavedWithTheProjectLeft) {
     LoadThree();
-    StartEdit(EditedPoints(), u'X', {}, {});
-    PickProject(0);
+    StartEdit(form, form.editedPoints, u'X', {}, {});
+    PickProject(form, 0);
     EXPECT_NE(ProjectBytes("B.nst").find("Unknown = X,"), std::string::npos);
-    EXPECT_FALSE(EditedPoints().textEditor.isVisible);
-    EXPECT_EQ(ToUtf8(frmKORVANDE().gridPoints[1][Grid::Liscad]), "STANDRD");
+    EXPECT_FALSE(form.editedPoints.textEditor.isVisible);
+    EXPECT_EQ(ToUtf8(form.gridPoints[1][Grid::Liscad]), "STANDRD");
 }
 
 TEST_F(Projects, WithoutACurrentProjectPickingSavesNone) {
     WriteProject("A.nst", "STAD A");
-    RefreshProjects();
-    PickProject(0);
+    RefreshProjects(form);
+    PickProject(form, 0);
     EXPECT_EQ(LoadedTown(), "STAD A");
     EXPECT_EQ(ProjectNames(), "A.nst");
     EXPECT_TRUE(screen.messages.empty());
@@ -99,22 +99,22 @@ TEST_F(Projects, WithoutACurrentProjectPickingSavesNone) {
 
 TEST_F(Projects, APlaceOutsideTheListPicksNothing) {
     LoadThree();
-    PickProject(-1);
-    PickProject(3);
+    PickProject(form, -1);
+    PickProject(form, 3);
     EXPECT_EQ(Current(), "B.nst");
 }
 
 TEST_F(Projects, ABrokenControlTableIsToldAndTheProgramGoesOnWithoutAProject) {
     LoadThree();
     std::filesystem::remove(projects + "/C.nst");
-    PickProject(2);
+    PickProject(form, 2);
     ASSERT_EQ(screen.messages.size(), 1U);
     EXPECT_EQ(screen.messages[0],
               "Kon bestand: '" + projects + "/C.nst' niet openen;\nFoutcode: 53\nBestand niet gevonden");
     EXPECT_EQ(Current(), "");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtProject), "");
-    EXPECT_EQ(frmKORVANDE().File1.index, -1);
-    PickProject(0);  // nothing is saved over the table that could not be read
+    EXPECT_EQ(ToUtf8(form.txtProject), "");
+    EXPECT_EQ(form.File1.index, -1);
+    PickProject(form, 0);  // nothing is saved over the table that could not be read
     EXPECT_EQ(ProjectNames(), "A.nst B.nst");
     EXPECT_EQ(LoadedTown(), "STAD A");
 }
@@ -124,16 +124,16 @@ TEST_F(Projects, RetryReadsAControlTableThatIsBack) {
     std::filesystem::rename(projects + "/C.nst", folder.Path() + "/C.nst");
     screen.answers = {Answer::Retry};
     screen.onMessage = [&] { std::filesystem::rename(folder.Path() + "/C.nst", projects + "/C.nst"); };
-    PickProject(2);
+    PickProject(form, 2);
     EXPECT_EQ(Current(), "C.nst");
     EXPECT_EQ(LoadedTown(), "STAD C");
 }
 
 TEST_F(Projects, ANewProjectHoldsTheDefaultsAndTheOwnerOfThePreviousOne) {
     LoadThree();
-    frmKORVANDE().gridPoints[1][Grid::Lki] = u"Q99";
+    form.gridPoints[1][Grid::Lki] = u"Q99";
     typed = u"proef";
-    NewProject();
+    NewProject(form);
     EXPECT_EQ(dialogs, (std::vector<std::vector<std::string>>{{"Nieuw Project Aanmaken",
                                                                "Er wordt een nieuw project aangemaakt met deze naam.",
                                                                "De naam voor het nieuwe project:", ""}}));
@@ -143,29 +143,29 @@ TEST_F(Projects, ANewProjectHoldsTheDefaultsAndTheOwnerOfThePreviousOne) {
     const std::string table = ProjectBytes("PROEF.NST");
     EXPECT_NE(table.find("Town = STAD B\r\n"), std::string::npos);
     EXPECT_NE(table.find("Unknown = STANDRD, Q20, PUNT, ONBEKEND PUNTOBJECT, 0, 0, 0\r\n"), std::string::npos);
-    EXPECT_EQ(ToUtf8(frmKORVANDE().gridPoints[1][Grid::Lki]), "Q20");
+    EXPECT_EQ(ToUtf8(form.gridPoints[1][Grid::Lki]), "Q20");
     EXPECT_EQ(LoadedTown(), "STAD B");
     ExpectTimer();
 }
 
 TEST_F(Projects, ANewProjectLeavesTheOldOneSaved) {
     LoadThree();
-    frmKORVANDE().gridPoints[1][Grid::Lki] = u"Q99";
+    form.gridPoints[1][Grid::Lki] = u"Q99";
     typed = u"proef";
-    NewProject();
+    NewProject(form);
     EXPECT_NE(ProjectBytes("B.nst").find("Unknown = STANDRD, Q99,"), std::string::npos);
 }
 
 TEST_F(Projects, AnExtensionThatIsTypedIsNotDoubled) {
     typed = u"proef.nst";
-    NewProject();
+    NewProject(form);
     EXPECT_EQ(ProjectNames(), "PROEF.NST");
 }
 
 TEST_F(Projects, ANewProjectThatCannotBeWrittenIsToldAndTheOldOneComesBack) {
     LoadThree();
     typed = u"geen map\\proef";
-    NewProject();
+    NewProject(form);
     ASSERT_EQ(screen.messages.size(), 1U);
     EXPECT_EQ(screen.messages[0],
               "Kon bestand: '" + projects + "/GEEN MAP\\PROEF.NST' niet opslaan;\nFoutcode: 76\nPad niet gevonden");
@@ -177,12 +177,12 @@ TEST_F(Projects, ANewProjectThatCannotBeWrittenIsToldAndTheOldOneComesBack) {
 
 TEST_F(Projects, CancelInAnyDialogLeavesTheFilesAndTheNameUntouched) {
     LoadThree();
-    frmKORVANDE().txtCity = u"NIEUWSTAD";
+    options.txtCity = u"NIEUWSTAD";
     std::string before;
     for (const char* name : {"A.nst", "B.nst", "C.nst"}) before += ProjectBytes(name);
-    for (void (*const operation)() : {NewProject, CopyProject, DeleteProject}) {
+    for (void (*const operation)(FormKORVANDE&) : {NewProject, CopyProject, DeleteProject}) {
         timerDuringDialog = true;
-        operation();
+        operation(form);
         ExpectTimer();
         EXPECT_EQ(Current(), "B.nst");
         EXPECT_EQ(Selected(), "B.nst");
@@ -199,9 +199,9 @@ TEST_F(Projects, CancelInAnyDialogLeavesTheFilesAndTheNameUntouched) {
 TEST_F(Projects, ADuplicateIsACopyOfTheFileOnDisk) {
     LoadThree();
     const std::string onDisk = ProjectBytes("B.nst");
-    frmKORVANDE().txtCity = u"NIEUWSTAD";
+    options.txtCity = u"NIEUWSTAD";
     typed = u"kopie";
-    CopyProject();
+    CopyProject(form);
     EXPECT_EQ(dialogs, (std::vector<std::vector<std::string>>{
                            {"Project Dupliceren", "Het actuele project wordt gedupliceerd naar de nieuwe naam.",
                             "De naam voor het nieuwe project:", "B.nst"}}));
@@ -215,19 +215,19 @@ TEST_F(Projects, ADuplicateIsACopyOfTheFileOnDisk) {
 
 TEST_F(Projects, EditsThatWereNotSavedStayWithTheOldProject) {
     LoadThree();
-    frmKORVANDE().txtCity = u"NIEUWSTAD";
+    options.txtCity = u"NIEUWSTAD";
     typed = u"kopie";
-    CopyProject();
-    PickProject(FindProject(u"B.nst"));
+    CopyProject(form);
+    PickProject(form, FindProject(form, u"B.nst"));
     EXPECT_EQ(LoadedTown(), "NIEUWSTAD");
 }
 
 TEST_F(Projects, ADuplicateUnderTheOldNameIsRefused) {
     WriteProject("A.NST", "STAD A");
-    RefreshProjects();
-    LoadProject(u"A.NST");
+    RefreshProjects(form);
+    LoadProject(form, u"A.NST");
     typed = u"a";
-    CopyProject();
+    CopyProject(form);
     ASSERT_EQ(screen.messages.size(), 1U);
     EXPECT_EQ(screen.messages[0], "Nieuwe naam moet anders zijn dan de oude");
     EXPECT_EQ(screen.boxes[0].title, u"Dupliceren is mislukt");
@@ -240,7 +240,7 @@ TEST_F(Projects, ADuplicateWhoseNameDiffersOnlyInCaseIsRefusedWhereItIsTheSameFi
     LoadThree();
     const std::string before = ProjectBytes("B.nst");
     typed = u"b";
-    CopyProject();
+    CopyProject(form);
     EXPECT_EQ(screen.messages, std::vector<std::string>{"Nieuwe naam moet anders zijn dan de oude"});
     EXPECT_EQ(Current(), "B.nst");
     EXPECT_EQ(ProjectBytes("B.nst"), before);
@@ -251,7 +251,7 @@ TEST_F(Projects, ADuplicateThatCannotBeMadeIsToldAndTheOldProjectStays) {
     LoadThree();
     std::filesystem::remove(projects + "/B.nst");
     typed = u"kopie";
-    CopyProject();
+    CopyProject(form);
     ASSERT_EQ(screen.messages.size(), 1U);
     EXPECT_EQ(screen.messages[0].substr(0, 17), "FileCopy failed:\n");
     EXPECT_EQ(Current(), "B.nst");
@@ -261,7 +261,7 @@ TEST_F(Projects, ADuplicateThatCannotBeMadeIsToldAndTheOldProjectStays) {
 
 TEST_F(Projects, WithoutACurrentProjectNothingIsDuplicated) {
     typed = u"kopie";
-    CopyProject();
+    CopyProject(form);
     EXPECT_TRUE(dialogs.empty());
     EXPECT_EQ(ProjectNames(), "");
 }
@@ -269,7 +269,7 @@ TEST_F(Projects, WithoutACurrentProjectNothingIsDuplicated) {
 TEST_F(Projects, ADeletedProjectIsGoneAndTheOneAtItsPlaceIsLoaded) {
     LoadThree();
     typed = u"B.nst";
-    DeleteProject();
+    DeleteProject(form);
     EXPECT_EQ(dialogs,
               (std::vector<std::vector<std::string>>{{"Project Wissen", "Het project zal permanent worden verwijderd.",
                                                       "Dit project wordt gewist:", "B.nst"}}));
@@ -283,35 +283,35 @@ TEST_F(Projects, ADeletedProjectIsGoneAndTheOneAtItsPlaceIsLoaded) {
 
 TEST_F(Projects, BehindTheLastPlaceTheLastProjectIsLoaded) {
     LoadThree();
-    PickProject(2);
+    PickProject(form, 2);
     typed = u"c";
-    DeleteProject();
+    DeleteProject(form);
     EXPECT_EQ(Current(), "B.nst");
     EXPECT_EQ(LoadedTown(), "STAD B");
 }
 
 TEST_F(Projects, WhenTheLastProjectIsDeletedNoneIsCurrentAndTheDefaultsAreShown) {
     WriteProject("A.nst", "STAD A", "[Points]\nBOOM = S01, PUNT, BOOM\n");
-    RefreshProjects();
-    LoadProject(u"A.nst");
-    ASSERT_EQ(frmKORVANDE().gridPoints.RowCount(), 3);
+    RefreshProjects(form);
+    LoadProject(form, u"A.nst");
+    ASSERT_EQ(form.gridPoints.RowCount(), 3);
     typed = u"a";
-    DeleteProject();
+    DeleteProject(form);
     EXPECT_EQ(ProjectNames(), "");
     EXPECT_EQ(Current(), "");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtProject), "");
-    EXPECT_EQ(frmKORVANDE().gridPoints.RowCount(), 2);
+    EXPECT_EQ(ToUtf8(form.txtProject), "");
+    EXPECT_EQ(form.gridPoints.RowCount(), 2);
     EXPECT_TRUE(screen.messages.empty());
     typed = u"nieuw";
-    NewProject();
+    NewProject(form);
     EXPECT_EQ(ProjectNames(), "NIEUW.NST");
 }
 
 TEST_F(Projects, AProjectThatStaysIsSavedBeforeAnotherIsDeleted) {
     LoadThree();
-    frmKORVANDE().txtCity = u"NIEUWSTAD";
+    options.txtCity = u"NIEUWSTAD";
     typed = u"c";
-    DeleteProject();
+    DeleteProject(form);
     EXPECT_EQ(ProjectNames(), "A.nst B.nst");
     EXPECT_EQ(Current(), "B.nst");
     EXPECT_EQ(LoadedTown(), "NIEUWSTAD");
@@ -319,39 +319,37 @@ TEST_F(Projects, AProjectThatStaysIsSavedBeforeAnotherIsDeleted) {
 
 TEST_F(Projects, AProjectThatIsDeletedIsNotWrittenAgain) {
     LoadThree();
-    frmKORVANDE().txtCity = u"NIEUWSTAD";
+    options.txtCity = u"NIEUWSTAD";
     typed = u"b";
-    DeleteProject();
+    DeleteProject(form);
     EXPECT_FALSE(FileIsThere(folder / "projecten/B.nst"));
-    PickProject(0);
+    PickProject(form, 0);
     EXPECT_FALSE(FileIsThere(folder / "projecten/B.nst"));
 }
 
 TEST_F(Projects, DeletingWhatIsNotThereDeletesNothing) {
     LoadThree();
     typed = u"weg";
-    DeleteProject();
+    DeleteProject(form);
     EXPECT_EQ(ProjectNames(), "A.nst B.nst C.nst");
     EXPECT_EQ(Current(), "B.nst");
     EXPECT_TRUE(screen.messages.empty());
 }
 
 TEST_F(Projects, AControlTableCannotTurnAFixedConversionIntoAnotherOne) {
-    StartedByCommandLine() = true;
-    StartedInteractively() = frmKORVANDE().framStandaloneVisible = false;
+    form.StartedByCommandLine = true;
+    options.StartedInteractively = false;
     WriteProject("A.nst", "STAD A", "STANDALONEALLOWED = 1\n");
-    RefreshProjects();
-    PickProject(0);
-    EXPECT_FALSE(StartedInteractively());
-    EXPECT_FALSE(frmKORVANDE().framStandaloneVisible);
+    RefreshProjects(form);
+    PickProject(form, 0);
+    EXPECT_FALSE(options.StartedInteractively);
 }
 
 TEST_F(Projects, WithoutACommandLineAControlTableDecidesAboutTheFileBoxes) {
     WriteProject("A.nst", "STAD A", "STANDALONEALLOWED = 0\n");
-    RefreshProjects();
-    PickProject(0);
-    EXPECT_FALSE(StartedInteractively());
-    EXPECT_FALSE(frmKORVANDE().framStandaloneVisible);
+    RefreshProjects(form);
+    PickProject(form, 0);
+    EXPECT_FALSE(options.StartedInteractively);
 }
 
 TEST_F(Projects, WhileOneIsLoadedNoOtherOperationStarts) {
@@ -359,21 +357,21 @@ TEST_F(Projects, WhileOneIsLoadedNoOtherOperationStarts) {
     for (int i = 0; i < 200; ++i) rows += "C" + std::to_string(i) + " = S01, PUNT, RIJ\n";
     WriteProject("A.nst", "STAD A");
     WriteProject("B.nst", "STAD B", "[Points]\n" + rows);
-    RefreshProjects();
+    RefreshProjects(form);
     typed = u"nieuw";
     int pumps = 0;
     screen.onPump = [&] {
         ++pumps;
-        EXPECT_TRUE(IsBusy());
-        PickProject(0);
-        NewProject();
-        CopyProject();
-        DeleteProject();
+        EXPECT_TRUE(IsBusy(form));
+        PickProject(form, 0);
+        NewProject(form);
+        CopyProject(form);
+        DeleteProject(form);
     };
     std::this_thread::sleep_for(std::chrono::milliseconds(60));
-    PickProject(1);
+    PickProject(form, 1);
     EXPECT_GE(pumps, 1);
-    EXPECT_FALSE(IsBusy());
+    EXPECT_FALSE(IsBusy(form));
     EXPECT_TRUE(dialogs.empty());
     EXPECT_EQ(Current(), "B.nst");
     EXPECT_EQ(LoadedTown(), "STAD B");

@@ -12,20 +12,20 @@ class PosixProjects : public AppTest {};
 TEST_F(PosixProjects, AProjectSpelledExactlyGoesBeforeOneThatDiffersInCase) {
     WriteProject("a.nst");
     WriteProject("A.NST");
-    RefreshProjects();
-    EXPECT_EQ(frmKORVANDE().File1.items[static_cast<std::size_t>(FindProject(u"a.nst"))], u"a.nst");
-    EXPECT_EQ(frmKORVANDE().File1.items[static_cast<std::size_t>(FindProject(u"A.NST"))], u"A.NST");
+    RefreshProjects(form);
+    EXPECT_EQ(form.File1.items[static_cast<std::size_t>(FindProject(form, u"a.nst"))], u"a.nst");
+    EXPECT_EQ(form.File1.items[static_cast<std::size_t>(FindProject(form, u"A.NST"))], u"A.NST");
 }
 
 TEST_F(PosixProjects, ADuplicateWhoseNameDiffersOnlyInCaseIsMadeWhereItIsAnotherFile) {
     WriteProject("B.nst", "STAD B");
     WriteProject("B.NST", "ANDERE STAD");
-    RefreshProjects();
-    LoadProject(u"B.nst");
-    frmKORVANDE().askProjectName = [](auto...) { return Text(u"b"); };
-    CopyProject();
+    RefreshProjects(form);
+    LoadProject(form, u"B.nst");
+    form.askProjectName = [](auto...) { return Text(u"b"); };
+    CopyProject(form);
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(CurrentProject(), u"B.NST");
+    EXPECT_EQ(form.CurrentProject, u"B.NST");
     EXPECT_EQ(LoadedTown(), "STAD B");
     EXPECT_EQ(ProjectBytes("B.NST"), WithCrLf("[NEN1878]\nTown = STAD B\n[End]\n"));
 }

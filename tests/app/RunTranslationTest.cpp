@@ -1,22 +1,18 @@
-#include "run/RunTranslation.h"
+#include "app/RunTranslation.h"
 
 #include <filesystem>
 
+#include "core/RuntimeError.h"
 #include "host/modFileHandling.h"
-#include "tests/run/RunTest.h"
+#include "tests/app/AppTest.h"
 
 namespace korvande::testing {
 
 namespace {
 
-class RunTranslationTest : public RunTest {
+class RunTranslationTest : public AppRunTest {
  protected:
-    // Chooses the files and the mode in the form.
-    static void Choose(int mode, const Text& idex, const Text& sufNen) {
-        frmKORVANDE().cboXlateMode.index = mode;
-        frmKORVANDE().txtFileIDEX = idex;
-        frmKORVANDE().txtFileSUFNEN = sufNen;
-    }
+    RunTranslationTest() { form.CurrentProject = u"TEST.NST"; }
 
     std::string LastMessage() const { return screen.messages.empty() ? "" : screen.messages.back(); }
 };
@@ -26,38 +22,38 @@ TEST_F(RunTranslationTest, AnEmptyOutputNameIsTheInputsLessThreeCharactersAndSfn
     folder.Write("DATA/KAART.IDX", Drawing());
     const Text name = folder / "DATA\\KAART.";
     Choose(0, Concat(name, u"IDX"), u"  ");
-    RunTranslation();
-    EXPECT_EQ(TheRun().SufNenFileName, Concat(name, u"SFN"));
-    EXPECT_EQ(TheRun().LogFileName, Concat(name, u"LOG"));
-    EXPECT_EQ(frmKORVANDE().txtFileSUFNEN, Concat(name, u"SFN"));
+    RunTranslation(form);
+    EXPECT_EQ(form.conversion.SufNenFileName, Concat(name, u"SFN"));
+    EXPECT_EQ(form.conversion.LogFileName, Concat(name, u"LOG"));
+    EXPECT_EQ(options.txtFileSUFNEN, Concat(name, u"SFN"));
     EXPECT_TRUE(FileIsThere(folder / "DATA/KAART.SFN"));
     EXPECT_TRUE(FileIsThere(folder / "DATA/KAART.LOG"));
 }
 
 TEST_F(RunTranslationTest, ADerivedNameReplacesTheLastThreeCharactersWhateverTheyAre) {
     Choose(0, folder.Write("KAART.IDEX", Drawing()), u"");
-    RunTranslation();
-    EXPECT_EQ(TheRun().SufNenFileName, folder / "KAART.ISFN");
+    RunTranslation(form);
+    EXPECT_EQ(form.conversion.SufNenFileName, folder / "KAART.ISFN");
     EXPECT_TRUE(FileIsThere(folder / "KAART.ISFN"));
 }
 
 TEST_F(RunTranslationTest, TowardsIdexTheNamesAreDerivedFromTheIdexName) {
     Choose(2, u"", folder.Write("X.NEN", Nen1878()));
-    RunTranslation();
-    EXPECT_EQ(TheRun().IdexFileName, folder / "X.IDX");
-    EXPECT_EQ(TheRun().LogFileName, folder / "X.LOG");
-    EXPECT_EQ(frmKORVANDE().txtFileIDEX, folder / "X.IDX");
+    RunTranslation(form);
+    EXPECT_EQ(form.conversion.IdexFileName, folder / "X.IDX");
+    EXPECT_EQ(form.conversion.LogFileName, folder / "X.LOG");
+    EXPECT_EQ(options.txtFileIDEX, folder / "X.IDX");
     EXPECT_TRUE(FileIsThere(folder / "X.IDX"));
-    EXPECT_EQ(TheRun().XlateDirection, toIdex);
+    EXPECT_EQ(form.conversion.direction, Direction::ToIdex);
 }
 
 TEST_F(RunTranslationTest, TheRunIsMarkedWhileItLastsAndSaysWhenItIsDone) {
     std::string markDuringRun;
-    screen.onPump = [&] { markDuringRun = ToUtf8(frmKORVANDE().runMark); };
+    screen.onPump = [&] { markDuringRun = ToUtf8(form.runMark); };
     Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_EQ(markDuringRun, "XLATE RUNNING");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "");
+    EXPECT_EQ(ToUtf8(form.runMark), "");
     EXPECT_EQ(LastMessage(), "Verwerking gereed");
 }
 
@@ -67,56 +63,58 @@ TEST_F(RunTranslationTest, ARunThatIsDoneShowsNoStepAnyMore) {
         EXPECT_EQ(screen.maxima.back(), 1);
     };
     Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_EQ(LastMessage(), "Verwerking gereed");
     EXPECT_GT(screen.statuses.size(), 5U);
 }
 
 TEST_F(RunTranslationTest, AMissingInputStopsTheRunBeforeAnythingIsWrittenAndKeepsTheRunMark) {
     Choose(0, folder / "weg.idx", folder / "uit.sfn");
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_EQ(LastMessage(), "Invoerbestand niet gevonden:\n'" + ToUtf8(folder / "weg.idx") + "'");
-    EXPECT_EQ(folder.Listing(), "");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "XLATE RUNNING");
+    EXPECT_EQ(folder.Listing(), "projecten");
+    EXPECT_EQ(ProjectNames(), "");
+    EXPECT_EQ(ToUtf8(form.runMark), "XLATE RUNNING");
 }
 
 TEST_F(RunTranslationTest, AMissingNen1878FileIsNamedInTheMessageToo) {
     Choose(3, u"", folder / "weg.sf2");
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_EQ(LastMessage(), "Invoerbestand niet gevonden:\n'" + ToUtf8(folder / "weg.sf2") + "'");
 }
 
 TEST_F(RunTranslationTest, ARunAfterAStoppedOneIsAWholeRun) {
     Choose(0, folder / "weg.idx", folder / "uit.sfn");
-    RunTranslation();
+    RunTranslation(form);
     folder.Write("weg.idx", Drawing());
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_EQ(LastMessage(), "Verwerking gereed");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "");
+    EXPECT_EQ(ToUtf8(form.runMark), "");
 }
 
 TEST_F(RunTranslationTest, InputAndOutputThatAreTheSameFileAreRefused) {
     const Text file = folder.Write("in.idx", Drawing());
     Choose(0, file, folder / "./in.idx");
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_EQ(LastMessage(), "Invoer en uitvoer zijn hetzelfde bestand:\n" + ToUtf8(file));
     EXPECT_EQ(FileBytes(file), Drawing());
-    EXPECT_EQ(folder.Listing(), "in.idx");
+    EXPECT_EQ(folder.Listing(), "in.idx projecten");
+    EXPECT_EQ(ProjectNames(), "");
 }
 
 TEST_F(RunTranslationTest, ALogBookThatWouldReplaceTheInputIsRefused) {
     const Text file = folder.Write("in.LOG", Drawing());
     Choose(0, file, folder / "in.sfn");
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_EQ(LastMessage(), "Invoer en logboek zijn hetzelfde bestand:\n" + ToUtf8(file));
     EXPECT_EQ(FileBytes(file), Drawing());
 }
 
 TEST_F(RunTranslationTest, SettingsAndProjectAreSavedBeforeTheRun) {
     Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    frmKORVANDE().txtMinX = u"42";
-    RunTranslation();
-    EXPECT_NE(FileBytes(folder / "TEST.NST").find("SUFNENFile = "), std::string::npos);
+    options.txtMinX = u"42";
+    RunTranslation(form);
+    EXPECT_NE(ProjectBytes("TEST.NST").find("SUFNENFile = "), std::string::npos);
     Text value;
     EXPECT_TRUE(ReadRegistryValue(hives::currentUser, u"Software\\TERAMUND\\KORVANDE", u"MinX", value));
     EXPECT_EQ(ToUtf8(value), "42");
@@ -124,17 +122,25 @@ TEST_F(RunTranslationTest, SettingsAndProjectAreSavedBeforeTheRun) {
 
 TEST_F(RunTranslationTest, TheGridsAreWhatIsTranslatedWith) {
     Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    Grid& grid = frmKORVANDE().gridPoints;
+    Grid& grid = form.gridPoints;
     grid.SetRowCount(3);
     grid[2] = {u"BOOM", u"S01", u"PUNT", u"Boom", u"0", u"0", u"0"};
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_NE(FileBytes(folder / "uit.sfn").find("03MS01 "), std::string::npos);
 }
 
-TEST_F(RunTranslationTest, AListingToDiskIsToldWithItsName) {
-    frmKORVANDE().SelectReport(&FormKORVANDE::optReportDisk);
+TEST_F(RunTranslationTest, ACodeWithABlankBeforeItInItsCellIsAnotherCode) {
     Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    RunTranslation();
+    form.gridPoints.SetRowCount(3);
+    form.gridPoints[2] = {u" BOOM", u"S01", u"PUNT", u"Boom", u"0", u"0", u"0"};
+    RunTranslation(form);
+    EXPECT_NE(FileBytes(folder / "uit.sfn").find("03MQ20 "), std::string::npos);
+}
+
+TEST_F(RunTranslationTest, AListingToDiskIsToldWithItsName) {
+    SelectReport(options, &Options::optReportDisk);
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    RunTranslation(form);
     ASSERT_EQ(screen.messages.size(), 2U);
     EXPECT_EQ(screen.messages[0], "LOGBOEK is opgeslagen in:\n\n" + ToUtf8(folder / "uit.LOG"));
     EXPECT_TRUE(FileIsThere(folder / "uit.LOG"));
@@ -142,7 +148,7 @@ TEST_F(RunTranslationTest, AListingToDiskIsToldWithItsName) {
 
 TEST_F(RunTranslationTest, AListingToTheScreenStartsTheViewer) {
     Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_EQ(screen.viewed, std::vector<std::string>{ToUtf8(folder / "uit.LOG")});
     EXPECT_EQ(screen.messages, std::vector<std::string>{"Verwerking gereed"});
 }
@@ -150,46 +156,47 @@ TEST_F(RunTranslationTest, AListingToTheScreenStartsTheViewer) {
 TEST_F(RunTranslationTest, AMissingViewerIsToldWithTheLogBooksName) {
     screen.viewerStarts = false;
     Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    RunTranslation();
+    RunTranslation(form);
     ASSERT_EQ(screen.messages.size(), 2U);
     EXPECT_NE(screen.messages[0].find(ToUtf8(folder / "uit.LOG")), std::string::npos);
 }
 
 TEST_F(RunTranslationTest, WithoutAListingNoLogBookRemains) {
-    frmKORVANDE().SelectReport(&FormKORVANDE::optReportNone);
+    SelectReport(options, &Options::optReportNone);
     Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_FALSE(FileIsThere(folder / "uit.LOG"));
     EXPECT_TRUE(FileIsThere(folder / "uit.sfn"));
 }
 
 TEST_F(RunTranslationTest, ARunStartedByACommandLineUsesItsNamesAndClosesTheWindowWithoutAWord) {
-    StartedInteractively() = false;
+    options.StartedInteractively = false;
     bool isUnloaded = false;
-    frmKORVANDE().unload = [&] { isUnloaded = true; };
-    frmKORVANDE().cboXlateMode = {{u"Export SUF2"}, 0};
-    TheRun().XlateDirection = fromIdex;
-    TheRun().IdexFileName = folder.Write("in.idx", Drawing());
-    TheRun().SufNenFileName = folder / "uit.sf2";
-    TheRun().LogFileName = folder / "uit.LOG";
-    RunTranslation();
+    form.unload = [&] { isUnloaded = true; };
+    form.cboXlateMode = {{u"Export SUF2"}, 0};
+    form.conversion.direction = Direction::FromIdex;
+    form.conversion.IdexFileName = folder.Write("in.idx", Drawing());
+    form.conversion.SufNenFileName = folder / "uit.sf2";
+    form.conversion.LogFileName = folder / "uit.LOG";
+    RunTranslation(form);
     EXPECT_TRUE(isUnloaded);
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_NE(FileBytes(folder / "uit.sf2").find("VAIKLI, LisCAD"), std::string::npos);
 }
 
 TEST_F(RunTranslationTest, AnUnknownDirectionIsToldAndNothingRuns) {
-    StartedInteractively() = false;
-    TheRun().XlateDirection = 0;
-    TheRun().IdexFileName = folder.Write("in.idx", Drawing());
-    RunTranslation();
+    options.StartedInteractively = false;
+    form.conversion.direction = Direction::None;
+    form.conversion.IdexFileName = folder.Write("in.idx", Drawing());
+    RunTranslation(form);
     EXPECT_EQ(screen.messages, std::vector<std::string>{"Onbekende vertaalrichting."});
-    EXPECT_EQ(folder.Listing(), "in.idx");
+    EXPECT_EQ(folder.Listing(), "in.idx projecten");
+    EXPECT_EQ(ProjectNames(), "");
 }
 
 TEST_F(RunTranslationTest, ACancelledLogBookEndsTheRunAtOnce) {
     Choose(0, folder.Write("in.idx", Drawing()), folder / "geen/uit.sfn");
-    RunTranslation();
+    RunTranslation(form);
     ASSERT_EQ(screen.messages.size(), 1U);
     EXPECT_EQ(screen.messages[0],
               "Kon bestand: '" + ToUtf8(folder / "geen/uit.LOG") + "' niet opslaan;\nFoutcode: 76\nPad niet gevonden");
@@ -202,7 +209,7 @@ TEST_F(RunTranslationTest, RetryOpensTheLogBookAgain) {
     screen.onMessage = [&] {
         if (screen.messages.size() == 2) std::filesystem::create_directory(folder.Path() + "/geen");
     };
-    RunTranslation();
+    RunTranslation(form);
     ASSERT_EQ(screen.messages.size(), 3U);
     EXPECT_EQ(screen.messages[0], screen.messages[1]);
     EXPECT_EQ(screen.messages[2], "Verwerking gereed");
@@ -215,13 +222,13 @@ TEST_F(RunTranslationTest, ARunThatIsBrokenOffSaysSoInTheLogBookOnly) {
     const std::string drawing =
         "HEADER\nEND HEADER\nLAYERS (A)\nEND\nDATABASE\nPOINTS (PointNo,PointID,East)\n" + rows + "END\n";
     screen.onPump = [&] {
-        if (ToUtf8(frmKORVANDE().runMark) == "XLATE RUNNING") throw TranslationAborted();
+        if (ToUtf8(form.runMark) == "XLATE RUNNING") throw TranslationAborted();
     };
     Choose(0, folder.Write("in.idx", drawing), folder / "uit.sfn");
-    RunTranslation();
+    RunTranslation(form);
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_NE(FileBytes(folder / "uit.LOG").find("==>  Vertaling afgebroken.\r\n"), std::string::npos);
-    EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "");
+    EXPECT_EQ(ToUtf8(form.runMark), "");
 }
 
 }  // namespace

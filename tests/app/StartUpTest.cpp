@@ -10,13 +10,14 @@ constexpr TextView settingsKey = u"Software\\TERAMUND\\KORVANDE";
 
 class StartUpTest : public AppTest {
  protected:
-    static AfterStartUp Start(TextView commandLine = {}) { return StartUp({Text(commandLine), false}); }
-    static AfterStartUp StartForRegistration() { return StartUp({u"/LISCAD", true}); }
+    AfterStartUp Start(TextView commandLine = {}) { return StartUp(form, {Text(commandLine), false}); }
+    AfterStartUp StartForRegistration() { return StartUp(form, {u"/LISCAD", true}); }
 
-    static std::string Modes() {
-        std::string modes;
-        for (const Text& mode : frmKORVANDE().cboXlateMode.items) modes += "[" + ToUtf8(mode) + "]";
-        return modes;
+    std::string Modes() const { return ModesOf(form); }
+    static std::string ModesOf(const FormKORVANDE& started) {
+        std::string texts;
+        for (const Text& mode : started.cboXlateMode.items) texts += "[" + ToUtf8(mode) + "]";
+        return texts;
     }
 };
 
@@ -44,10 +45,10 @@ TEST_F(StartUpTest, ALiscadWithoutAFolderForTheUserIsToldAndNothingIsTouched) {
 TEST_F(StartUpTest, TheInstallationIsRemembered) {
     InstallLiscad();
     EXPECT_EQ(Start(), AfterStartUp::OpenWindow);
-    EXPECT_EQ(TheLiscad().version, u"5.1");
-    EXPECT_EQ(TheLiscad().language, u"NL");
-    EXPECT_EQ(TheLiscad().dataPath, u"C:\\LISCAD\\Data\\");
-    EXPECT_EQ(ToUtf8(ProjectFolder()), projects + "\\");
+    EXPECT_EQ(form.liscad.version, u"5.1");
+    EXPECT_EQ(form.liscad.language, u"NL");
+    EXPECT_EQ(form.liscad.dataPath, u"C:\\LISCAD\\Data\\");
+    EXPECT_EQ(ToUtf8(form.ProjectFolder), projects + "\\");
     EXPECT_TRUE(screen.messages.empty());
 }
 
@@ -55,75 +56,74 @@ TEST_F(StartUpTest, ThePreferredVersionsFolderIsTaken) {
     InstallLiscad();
     TestRegistry::Set(u"SOFTWARE\\LISTECH\\LISCAD\\4.0\\SEE", u"UserPath", u"C:\\OUD");
     Start();
-    EXPECT_EQ(TheLiscad().version, u"5.1");
-    EXPECT_EQ(ToUtf8(ProjectFolder()), projects + "\\");
+    EXPECT_EQ(form.liscad.version, u"5.1");
+    EXPECT_EQ(ToUtf8(form.ProjectFolder), projects + "\\");
 }
 
-TEST_F(StartUpTest, VersionDateAndListsAreShown) {
+TEST_F(StartUpTest, VersionAndDateAreShownAndTheSourceIsUnknown) {
     InstallLiscad();
     Start();
-    EXPECT_EQ(ToUtf8(frmKORVANDE().lblVersion), "Versie:  8.01.064");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtAltDatum), "20261121");
-    std::string sources;
-    for (const Text& source : frmKORVANDE().lstSource.items) sources += ToUtf8(source) + " ";
-    EXPECT_EQ(sources, "Onbekend Terrestr. Fotogramm. Digitizer Scanner Kaartverbet. ");
+    EXPECT_EQ(ToUtf8(form.lblVersion), "Versie:  8.01.064");
+    EXPECT_EQ(ToUtf8(options.txtAltDatum), "20261121");
+    EXPECT_EQ(options.lstSource, 0);
 }
 
 TEST_F(StartUpTest, InteractiveUseOffersAllFourModes) {
     InstallLiscad();
-    TheRun().ExportNen = false;
     EXPECT_EQ(Start(u"   "), AfterStartUp::OpenWindow);
-    EXPECT_TRUE(StartedInteractively());
-    EXPECT_TRUE(frmKORVANDE().framStandaloneVisible);
-    EXPECT_TRUE(TheRun().ExportNen);
+    EXPECT_TRUE(options.StartedInteractively);
+    EXPECT_EQ(SelectedMode(form), (Mode{Direction::FromIdex, Variant::Nen1878}));
     EXPECT_EQ(Modes(), "[IDEX >> NEN1878][IDEX >> SUF2][NEN1878 >> IDEX][SUF2 >> IDEX]");
-    EXPECT_EQ(frmKORVANDE().cboXlateMode.index, 0);
+    EXPECT_EQ(form.cboXlateMode.index, 0);
 }
 
 TEST_F(StartUpTest, ACommandLineForAnImportFixesIt) {
     InstallLiscad();
     EXPECT_EQ(Start(u"1\"C:\\Mijn Kaart.SFN\" \"C:\\KAART.IDX\""), AfterStartUp::OpenWindow);
-    EXPECT_EQ(TheRun().XlateDirection, toIdex);
-    EXPECT_EQ(TheRun().SufNenFileName, u"C:\\MIJN KAART.SFN");
-    EXPECT_EQ(TheRun().IdexFileName, u"C:\\KAART.IDX");
-    EXPECT_EQ(TheRun().LogFileName, u"C:\\MIJN KAART.LOG");
-    EXPECT_TRUE(TheRun().NenMode);
-    EXPECT_TRUE(TheRun().ExportNen);
+    EXPECT_EQ(form.conversion.direction, Direction::ToIdex);
+    EXPECT_EQ(form.conversion.SufNenFileName, u"C:\\MIJN KAART.SFN");
+    EXPECT_EQ(form.conversion.IdexFileName, u"C:\\KAART.IDX");
+    EXPECT_EQ(form.conversion.LogFileName, u"C:\\MIJN KAART.LOG");
+    EXPECT_EQ(SelectedMode(form), (Mode{Direction::ToIdex, Variant::Nen1878}));
     EXPECT_EQ(Modes(), "[Import NEN1878]");
-    EXPECT_EQ(frmKORVANDE().cboXlateMode.index, 0);
-    EXPECT_FALSE(StartedInteractively());
-    EXPECT_FALSE(frmKORVANDE().framStandaloneVisible);
+    EXPECT_EQ(form.cboXlateMode.index, 0);
+    EXPECT_FALSE(options.StartedInteractively);
 }
 
 TEST_F(StartUpTest, AnExportCanBeRedirectedToTheOtherFormat) {
     InstallLiscad();
     Start(u"2C:\\KAART.SF2 C:\\KAART.IDX");
-    EXPECT_EQ(TheRun().XlateDirection, fromIdex);
-    EXPECT_EQ(TheRun().SufNenFileName, u"C:\\KAART.SF2");
-    EXPECT_EQ(TheRun().IdexFileName, u"C:\\KAART.IDX");
-    EXPECT_FALSE(TheRun().NenMode);
-    EXPECT_FALSE(TheRun().ExportNen);
+    EXPECT_EQ(form.conversion.direction, Direction::FromIdex);
+    EXPECT_EQ(form.conversion.SufNenFileName, u"C:\\KAART.SF2");
+    EXPECT_EQ(form.conversion.IdexFileName, u"C:\\KAART.IDX");
+    EXPECT_EQ(SelectedMode(form), (Mode{Direction::FromIdex, Variant::Suf2}));
     EXPECT_EQ(Modes(), "[Export SUF2][Export NEN1878]");
+    form.cboXlateMode.index = 1;
+    EXPECT_EQ(SelectedMode(form), (Mode{Direction::FromIdex, Variant::Nen1878}));
+}
+
+TEST_F(StartUpTest, ASmallExtensionTellsTheFormatToo) {
+    InstallLiscad();
     Start(u"2c:\\kaart.nen c:\\kaart.idx");
-    EXPECT_TRUE(TheRun().NenMode);
+    EXPECT_EQ(SelectedMode(form), (Mode{Direction::FromIdex, Variant::Nen1878}));
     EXPECT_EQ(Modes(), "[Export NEN1878][Export SUF2]");
 }
 
 TEST_F(StartUpTest, AnImportOfSuf2HasItsOneMode) {
     InstallLiscad();
     Start(u"1C:\\KAART.SF2 C:\\KAART.IDX");
-    EXPECT_FALSE(TheRun().NenMode);
+    EXPECT_EQ(SelectedMode(form), (Mode{Direction::ToIdex, Variant::Suf2}));
     EXPECT_EQ(Modes(), "[Import SUF2]");
 }
 
 TEST_F(StartUpTest, AFirstCharacterThatIsNoDigitOffersTheExportEntriesAndRunsNothing) {
     InstallLiscad();
     Start(u"xKAART.SFN KAART.IDX");
-    EXPECT_EQ(TheRun().XlateDirection, 0);
+    EXPECT_EQ(form.conversion.direction, Direction::None);
     EXPECT_EQ(Modes(), "[Export NEN1878][Export SUF2]");
     bool isUnloaded = false;
-    frmKORVANDE().unload = [&] { isUnloaded = true; };
-    RunTranslation();
+    form.unload = [&] { isUnloaded = true; };
+    RunTranslation(form);
     EXPECT_EQ(screen.messages, std::vector<std::string>{"Onbekende vertaalrichting."});
     EXPECT_TRUE(isUnloaded);
 }
@@ -133,9 +133,9 @@ TEST_F(StartUpTest, ACommandLinesNamesInCapitalsFindTheirFilesAndTheExportCanBeR
     WriteProject("A.nst", "STAD A", "[Points]\nBOOM = S01, PUNT, BOOM\n");
     folder.Write("Invoer.idx", Drawing());
     Start(Concat(u"2", FromUtf8(folder.Path() + "/uit.sf2 " + folder.Path() + "/Invoer.idx")));
-    ASSERT_EQ(frmKORVANDE().cboXlateMode.items[1], u"Export NEN1878");
-    frmKORVANDE().cboXlateMode.index = 1;
-    RunTranslation();
+    ASSERT_EQ(form.cboXlateMode.items[1], u"Export NEN1878");
+    form.cboXlateMode.index = 1;
+    RunTranslation(form);
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_TRUE(FileIsThere(folder / "UIT.LOG"));
     const std::string written = FileBytes(folder / "UIT.SF2");
@@ -148,16 +148,17 @@ TEST_F(StartUpTest, AControlTableCannotChangeACommandLinesConversion) {
     WriteProject("A.nst", "STAD A", "STANDALONEALLOWED = YES\n");
     Start(u"2C:\\KAART.SF2 C:\\KAART.IDX");
     EXPECT_EQ(LoadedTown(), "STAD A");
-    EXPECT_FALSE(StartedInteractively());
-    EXPECT_FALSE(frmKORVANDE().framStandaloneVisible);
+    EXPECT_FALSE(options.StartedInteractively);
 }
 
 TEST_F(StartUpTest, AnInteractiveStartAfterOneByCommandLineIsInteractive) {
     InstallLiscad();
     Start(u"2C:\\KAART.SF2 C:\\KAART.IDX");
-    Start();
-    EXPECT_TRUE(StartedInteractively());
-    EXPECT_EQ(Modes(), "[IDEX >> NEN1878][IDEX >> SUF2][NEN1878 >> IDEX][SUF2 >> IDEX]");
+    UnloadForm(form);
+    FormKORVANDE next(screen);
+    StartUp(next, {});
+    EXPECT_TRUE(next.project.options.StartedInteractively);
+    EXPECT_EQ(ModesOf(next), "[IDEX >> NEN1878][IDEX >> SUF2][NEN1878 >> IDEX][SUF2 >> IDEX]");
 }
 
 TEST_F(StartUpTest, TheRegistrationIsMadeAndTheProgramEndsWithoutTouchingProjects) {
@@ -187,7 +188,7 @@ TEST_F(StartUpTest, OldProjectFilesAreMigrated) {
     folder.Write("projecten/security.INI", "y");
     Start();
     EXPECT_EQ(ProjectNames(), "Desktop.ini Dorp.nst security.INI STAD.nst");
-    EXPECT_EQ(CurrentProject(), u"Dorp.nst");
+    EXPECT_EQ(form.CurrentProject, u"Dorp.nst");
     EXPECT_EQ(LoadedTown(), "DORP");
 }
 
@@ -219,10 +220,10 @@ TEST_F(StartUpTest, AnEmptyFolderGetsAnEmptyProjectWithTheDefaults) {
           "Unknown = STANDRD, Q00, LIJN, ONBEKEND LIJNOBJECT, 0, 0, 0\r\n"}) {
         EXPECT_NE(table.find(line), std::string::npos) << line;
     }
-    EXPECT_EQ(CurrentProject(), u"Leeg Project.nst");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtProject), "Leeg Project");
-    EXPECT_EQ(frmKORVANDE().File1.index, 0);
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtSource), "VOSAI");
+    EXPECT_EQ(form.CurrentProject, u"Leeg Project.nst");
+    EXPECT_EQ(ToUtf8(form.txtProject), "Leeg Project");
+    EXPECT_EQ(form.File1.index, 0);
+    EXPECT_EQ(ToUtf8(options.txtSource), "VOSAI");
 }
 
 TEST_F(StartUpTest, TheRememberedProjectIsLoadedWithoutRegardToCase) {
@@ -231,9 +232,9 @@ TEST_F(StartUpTest, TheRememberedProjectIsLoadedWithoutRegardToCase) {
     WriteProject("Dorp A.nst", "A");
     WriteProject("Dorp B.nst", "B");
     Start();
-    EXPECT_EQ(CurrentProject(), u"Dorp B.nst");
+    EXPECT_EQ(form.CurrentProject, u"Dorp B.nst");
     EXPECT_EQ(LoadedTown(), "B");
-    EXPECT_EQ(frmKORVANDE().File1.index, 1);
+    EXPECT_EQ(form.File1.index, 1);
 }
 
 TEST_F(StartUpTest, WithoutTheRememberedProjectTheFirstOneIsLoaded) {
@@ -242,21 +243,22 @@ TEST_F(StartUpTest, WithoutTheRememberedProjectTheFirstOneIsLoaded) {
     WriteProject("Dorp A.nst", "A");
     WriteProject("Dorp B.nst", "B");
     Start();
-    EXPECT_EQ(CurrentProject(), u"Dorp A.nst");
+    EXPECT_EQ(form.CurrentProject, u"Dorp A.nst");
     EXPECT_EQ(LoadedTown(), "A");
 }
 
 TEST_F(StartUpTest, TheSettingsAreReadAndHaveTheirDefaults) {
     InstallLiscad();
     Start();
-    EXPECT_FALSE(frmKORVANDE().chkSelectXY);
-    EXPECT_EQ(frmKORVANDE().txtMinX, u"0");
-    EXPECT_EQ(frmKORVANDE().txtMaxY, u"999999");
+    EXPECT_FALSE(options.chkSelectXY);
+    EXPECT_EQ(options.txtMinX, u"0");
+    EXPECT_EQ(options.txtMaxY, u"999999");
     TestRegistry::Set(settingsKey, u"ClipXY", u"1");
     TestRegistry::Set(settingsKey, u"MinX", u"121000");
-    Start();
-    EXPECT_TRUE(frmKORVANDE().chkSelectXY);
-    EXPECT_EQ(frmKORVANDE().txtMinX, u"121000");
+    FormKORVANDE next(screen);
+    StartUp(next, {});
+    EXPECT_TRUE(next.project.options.chkSelectXY);
+    EXPECT_EQ(next.project.options.txtMinX, u"121000");
 }
 
 TEST_F(StartUpTest, SettingsAndProjectSurviveARestart) {
@@ -264,16 +266,17 @@ TEST_F(StartUpTest, SettingsAndProjectSurviveARestart) {
     WriteProject("A.nst", "A");
     WriteProject("B.nst", "B");
     Start();
-    PickProject(1);
-    frmKORVANDE().txtCity = u"NIEUWSTAD";
-    frmKORVANDE().chkSelectXY = true;
-    frmKORVANDE().txtMaxX = u"122000";
-    UnloadForm();
-    Start();
-    EXPECT_EQ(CurrentProject(), u"B.nst");
-    EXPECT_EQ(LoadedTown(), "NIEUWSTAD");
-    EXPECT_TRUE(frmKORVANDE().chkSelectXY);
-    EXPECT_EQ(frmKORVANDE().txtMaxX, u"122000");
+    PickProject(form, 1);
+    options.txtCity = u"NIEUWSTAD";
+    options.chkSelectXY = true;
+    options.txtMaxX = u"122000";
+    UnloadForm(form);
+    FormKORVANDE next(screen);
+    StartUp(next, {});
+    EXPECT_EQ(next.CurrentProject, u"B.nst");
+    EXPECT_EQ(ToUtf8(next.project.options.txtCity), "NIEUWSTAD");
+    EXPECT_TRUE(next.project.options.chkSelectXY);
+    EXPECT_EQ(next.project.options.txtMaxX, u"122000");
 }
 
 TEST_F(StartUpTest, AnUnwritableProjectFolderIsToldAndTheWindowOpensWithoutAProject) {
@@ -284,10 +287,10 @@ TEST_F(StartUpTest, AnUnwritableProjectFolderIsToldAndTheWindowOpensWithoutAProj
     EXPECT_EQ(screen.messages[0],
               "Kon bestand: '" + projects + "\\Leeg Project.nst' niet opslaan;\nFoutcode: 76\nPad niet gevonden");
     EXPECT_EQ(screen.boxes[0].buttons, Buttons::RetryCancel);
-    EXPECT_EQ(CurrentProject(), u"");
-    EXPECT_EQ(frmKORVANDE().File1.index, -1);
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtCity), "MOLVEREN");
-    UnloadForm();
+    EXPECT_EQ(form.CurrentProject, u"");
+    EXPECT_EQ(form.File1.index, -1);
+    EXPECT_EQ(ToUtf8(options.txtCity), "MOLVEREN");
+    UnloadForm(form);
     EXPECT_EQ(screen.messages.size(), 1U);
 }
 
@@ -297,7 +300,7 @@ TEST_F(StartUpTest, RetryMakesTheEmptyProjectWhenTheFolderIsBack) {
     screen.answers = {Answer::Retry};
     screen.onMessage = [&] { std::filesystem::create_directory(projects); };
     Start();
-    EXPECT_EQ(CurrentProject(), u"Leeg Project.nst");
+    EXPECT_EQ(form.CurrentProject, u"Leeg Project.nst");
     EXPECT_EQ(ProjectNames(), "Leeg Project.nst");
 }
 

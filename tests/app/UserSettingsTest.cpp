@@ -1,41 +1,41 @@
-#include "run/UserSettings.h"
+#include "app/UserSettings.h"
 
-#include "tests/run/RunTest.h"
+#include "tests/app/AppTest.h"
 
 namespace korvande::testing {
 
 namespace {
 
-class UserSettingsTest : public RunTest {};
+class UserSettingsTest : public AppTest {};
 
 TEST_F(UserSettingsTest, WithoutSavedSettingsTheRectangleIsTheWholeGridAndOff) {
-    frmKORVANDE().chkSelectXY = true;
-    frmKORVANDE().txtMaxX = u"5";
-    ReadUserSettings();
-    EXPECT_EQ(ToUtf8(CurrentProject()), "");
-    EXPECT_FALSE(frmKORVANDE().chkSelectXY);
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtMinX), "0");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtMaxX), "999999");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtMinY), "0");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtMaxY), "999999");
+    options.chkSelectXY = true;
+    options.txtMaxX = u"5";
+    ReadUserSettings(form);
+    EXPECT_EQ(ToUtf8(form.CurrentProject), "");
+    EXPECT_FALSE(options.chkSelectXY);
+    EXPECT_EQ(ToUtf8(options.txtMinX), "0");
+    EXPECT_EQ(ToUtf8(options.txtMaxX), "999999");
+    EXPECT_EQ(ToUtf8(options.txtMinY), "0");
+    EXPECT_EQ(ToUtf8(options.txtMaxY), "999999");
 }
 
 TEST_F(UserSettingsTest, SavedSettingsComeBack) {
-    CurrentProject() = u"COÖRDINATEN \"A\\B\".NST";
-    frmKORVANDE().chkSelectXY = true;
-    frmKORVANDE().txtMinX = u"1";
-    frmKORVANDE().txtMaxX = u"2";
-    frmKORVANDE().txtMinY = u"3";
-    frmKORVANDE().txtMaxY = u"4,5";
-    SaveUserSettings();
-    InitialiseForm();
-    ReadUserSettings();
-    EXPECT_EQ(CurrentProject(), u"COÖRDINATEN \"A\\B\".NST");
-    EXPECT_TRUE(frmKORVANDE().chkSelectXY);
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtMinX), "1");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtMaxX), "2");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtMinY), "3");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtMaxY), "4,5");
+    form.CurrentProject = u"COÖRDINATEN \"A\\B\".NST";
+    options.chkSelectXY = true;
+    options.txtMinX = u"1";
+    options.txtMaxX = u"2";
+    options.txtMinY = u"3";
+    options.txtMaxY = u"4,5";
+    SaveUserSettings(form);
+    FormKORVANDE next(screen);
+    ReadUserSettings(next);
+    EXPECT_EQ(next.CurrentProject, u"COÖRDINATEN \"A\\B\".NST");
+    EXPECT_TRUE(next.project.options.chkSelectXY);
+    EXPECT_EQ(ToUtf8(next.project.options.txtMinX), "1");
+    EXPECT_EQ(ToUtf8(next.project.options.txtMaxX), "2");
+    EXPECT_EQ(ToUtf8(next.project.options.txtMinY), "3");
+    EXPECT_EQ(ToUtf8(next.project.options.txtMaxY), "4,5");
 }
 
 }  // namespace

@@ -83,6 +83,17 @@ TEST_F(AnInterrupt, WhileAFileIsCheckedEndsTheProgram) {
     EXPECT_EQ(folder.Listing(), "");
 }
 
+TEST_F(AnInterrupt, AfterTheFormatIsRecognisedEndsTheCheckOfAllFiles) {
+    folder.Write("a.idx", smallIdex);
+    // Recognising takes the first bytes out of the pipe, and leaves a header to the reader.
+    std::string headers;
+    while (headers.size() < 200'000) headers += "HEADER\r\nEND HEADER\r\n";
+    const ProgramResult result = WhileReading(headers, {"controleer", "pijp", "a.idx"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.output, "Bestand: pijp (IDEX)\nProblemen:\n");
+    EXPECT_EQ(result.error, "");
+}
+
 TEST_F(AnInterrupt, LeavesTheInputsThatFollowAlone) {
     folder.Write("a.idx", smallIdex);
     std::filesystem::create_directory(folder.Path() + "/uit");

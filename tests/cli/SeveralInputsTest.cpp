@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <utility>
 
 #include "tests/cli/CliTest.h"
 
@@ -13,6 +14,19 @@ class SeveralInputs : public CliTest {
     SeveralInputs() { folder.Write("a.idx", smallIdex); }
 
     fs::path Path(const std::string& name) const { return fs::path(folder.Path()) / name; }
+
+    // Beside "a.idx" a drawing with other unknown codes, and more of them, and a table that knows neither's.
+    void WriteOtherCodes() {
+        folder.Write("t.nst", smallTable);
+        std::string other = smallIdex;
+        for (const auto& [known, unknown] :
+             {std::pair("\"VREEMD\"", "\"ANDERS\""),
+              {"\"A2\",1010.0000,2000.0000,0.0000,\"MV\"", "\"A2\",1010.0000,2000.0000,0.0000,\"ANDERS\""},
+              {"\"MUUR\"", "\"HAAG\""}}) {
+            other.replace(other.find(known), std::string(known).size(), unknown);
+        }
+        folder.Write("b.idx", other);
+    }
 };
 
 TEST_F(SeveralInputs, AnOutputFolderTakesEachInputUnderItsNameWithItsOwnLogBook) {
@@ -51,6 +65,47 @@ TEST_F(SeveralInputs, EveryInputStartsAfresh) {
     ASSERT_EQ(Translate("idex-nen1878", {"--uitvoermap", "een", "b.idx"}).status, 0);
     EXPECT_EQ(Bytes("uit/b.sfn"), Bytes("een/b.sfn"));
     EXPECT_EQ(Bytes("uit/a.sfn"), Bytes("uit/b.sfn"));
+}
+
+TEST_F(SeveralInputs, NoInputSeesTheUnknownCodesAndCountsOfAnother) {
+    WriteOtherCodes();
+    Start start;
+    start.environment["SOURCE_DATE_EPOCH"] = "0";
+    const auto translate = [&](std::vector<std::string> inputs) {
+        fs::remove_all(Path("uit"));
+        fs::create_directory(Path("uit"));
+        inputs.insert(inputs.begin(), {"--project", "t.nst", "--onbekend", "ja", "--uitvoermap", "uit"});
+        const ProgramResult result = Translate("idex-nen1878", inputs, start);
+        EXPECT_EQ(result.status, 0) << result.error;
+        return result;
+    };
+    const ProgramResult onlyA = translate({"a.idx"});
+    const std::string logOfA = Log("uit/a.LOG");
+    const ProgramResult onlyB = translate({"b.idx"});
+    const std::string logOfB = Log("uit/b.LOG");
+    EXPECT_TRUE(Has(onlyA.output, ", 1 onbekende objecten, ")) << onlyA.output;
+    EXPECT_TRUE(Has(onlyB.output, ", 3 onbekende objecten, ")) << onlyB.output;
+    EXPECT_TRUE(Has(logOfA, "VREEMD") && !Has(logOfA, "ANDERS") && !Has(logOfA, "HAAG")) << logOfA;
+    EXPECT_TRUE(Has(logOfB, "ANDERS") && Has(logOfB, "HAAG") && !Has(logOfB, "VREEMD")) << logOfB;
+
+    for (const bool aFirst : {true, false}) {
+        const ProgramResult both =
+            translate(aFirst ? std::vector<std::string>{"a.idx", "b.idx"} : std::vector<std::string>{"b.idx", "a.idx"});
+        EXPECT_EQ(both.output, aFirst ? onlyA.output + onlyB.output : onlyB.output + onlyA.output);
+        EXPECT_EQ(both.error, aFirst ? onlyA.error + onlyB.error : onlyB.error + onlyA.error);
+        EXPECT_EQ(Log("uit/a.LOG"), logOfA);
+        EXPECT_EQ(Log("uit/b.LOG"), logOfB);
+    }
+}
+
+TEST_F(SeveralInputs, NoCheckSeesTheCodesOfAnotherFile) {
+    WriteOtherCodes();
+    const std::string onlyA = Run({"controleer", "--project", "t.nst", "a.idx"}).output;
+    const std::string onlyB = Run({"controleer", "--project", "t.nst", "b.idx"}).output;
+    EXPECT_TRUE(Has(onlyA, "  Puntcode 'VREEMD' staat niet in de controletabel: 1 maal\n")) << onlyA;
+    EXPECT_TRUE(Has(onlyB, "  Puntcode 'ANDERS' staat niet in de controletabel: 2 maal\n")) << onlyB;
+    EXPECT_EQ(Run({"controleer", "--project", "t.nst", "a.idx", "b.idx"}).output, onlyA + onlyB);
+    EXPECT_EQ(Run({"controleer", "--project", "t.nst", "b.idx", "a.idx"}).output, onlyB + onlyA);
 }
 
 TEST_F(SeveralInputs, AFailureAmongSeveralInputsKeepsNoneOfTheOthersBack) {

@@ -66,7 +66,7 @@ TEST(FixedText, BytesAreWindows1252) {
 
 TEST(FixedText, BytesCanBePutIntoCapitals) {
     FixedText<6> text{};
-    text.Assign("a\xE9\xFF\xDF\x9A", true);
+    text.Assign("a\xE9\xFF\xDF\x9A", Letters::Capitals);
     EXPECT_EQ(text.View(), TextView(u"AÉŸßŠ "));
 }
 

@@ -71,7 +71,7 @@ TEST(LineReaderOfAPipe, AnInterruptLetsEventsRunAndTheWaitGoesOn) {
     RecordingScreen screen;
     const InterruptedPipe pipe;
     ASSERT_EQ(::write(pipe.WritingEnd(), "a\nb", 3), 3);
-    LineReader reader(pipe.Name());
+    LineReader reader(pipe.Name(), &screen);
     EXPECT_EQ(AllLines(reader), (Lines{"a", "b"}));
     EXPECT_GT(screen.pumps, 0);
     EXPECT_FALSE(reader.HasFailed());
@@ -82,8 +82,16 @@ TEST(LineReaderOfAPipe, AnInterruptCanEndTheRun) {
     screen.onPump = [] { throw TranslationAborted(); };
     const InterruptedPipe pipe;
     LineReader reader;
-    EXPECT_THROW(reader.Open(pipe.Name()), TranslationAborted);
+    EXPECT_THROW(reader.Open(pipe.Name(), &screen), TranslationAborted);
     EXPECT_FALSE(reader.IsOpen());
+}
+
+TEST(LineReaderOfAPipe, WithoutAScreenTheWaitGoesOnTheSame) {
+    const InterruptedPipe pipe;
+    ASSERT_EQ(::write(pipe.WritingEnd(), "a\nb", 3), 3);
+    LineReader reader(pipe.Name());
+    EXPECT_EQ(AllLines(reader), (Lines{"a", "b"}));
+    EXPECT_FALSE(reader.HasFailed());
 }
 
 TEST(LineReaderOfAPipe, AFileThatCannotBeReadIsNotOpened) {

@@ -154,10 +154,108 @@ TEST_F(LineWriterTest, AnAbandonedFileKeepsOnlyWhatWasWrittenAlready) {
     EXPECT_NO_THROW(writer.Abandon());
 }
 
+// What is written by every procedure, in pieces around the size of the buffer.
+void WriteSomeOfEverything(LineWriter& writer) {
+    writer.PutLine("HEADER");
+    writer.PutLine({});
+    writer.Put("\x80\r\n\x1A");
+    for (const std::size_t length :
+         {bufferSize - 20, std::size_t{10}, bufferSize, 3 * bufferSize + 1, std::size_t{0}}) {
+        writer.PutLine(std::string(length, 'x'));
+    }
+    std::memcpy(writer.Reserve(100), "in place", 8);
+    writer.Advance(8);
+    writer.Put("end");
+}
+
+TEST_F(LineWriterTest, MemoryGetsTheBytesThatAFileGets) {
+    writer.Open(name);
+    WriteSomeOfEverything(writer);
+    writer.Close();
+    std::string bytes;
+    writer.OpenBytes(bytes);
+    EXPECT_TRUE(writer.IsOpen());
+    WriteSomeOfEverything(writer);
+    writer.Close();
+    EXPECT_FALSE(writer.IsOpen());
+    EXPECT_FALSE(writer.HasFailed());
+    EXPECT_TRUE(bytes == FileBytes(name));
+    EXPECT_GT(bytes.size(), 5 * bufferSize);
+}
+
+TEST_F(LineWriterTest, WhatIsWrittenToMemoryGoesBehindWhatItHolds) {
+    std::string bytes = "before;";
+    writer.OpenBytes(bytes);
+    writer.Put("first;");
+    writer.Close();
+    writer.OpenBytes(bytes);
+    writer.Put("second");
+    writer.Close();
+    EXPECT_EQ(bytes, "before;first;second");
+}
+
+TEST_F(LineWriterTest, NowhereTakesEverythingAndKeepsNothing) {
+    // Not even where the writer wrote before.
+    std::string bytes;
+    writer.OpenBytes(bytes);
+    writer.Close();
+    writer.OpenNowhere();
+    EXPECT_TRUE(writer.IsOpen());
+    const auto used = AllocationsOf([&] {
+        for (int i = 0; i < 10'000; ++i)
+            writer.PutLine("64 characters, as a record of the exchange format has them.....");
+    });
+    EXPECT_EQ(used.blocks, 0U);
+    WriteSomeOfEverything(writer);
+    writer.Close();
+    EXPECT_FALSE(writer.IsOpen());
+    EXPECT_FALSE(writer.HasFailed());
+    EXPECT_EQ(folder.Listing(), "");
+    EXPECT_EQ(bytes, "");
+    EXPECT_EQ(ErrorOf([&] { writer.Put("x"); }), 52);
+}
+
+TEST_F(LineWriterTest, AFailureIsForgottenInMemoryAndNowhere) {
+    std::string bytes;
+    writer.Open(u"/dev/full");
+    writer.Put("lost");
+    EXPECT_EQ(ErrorOf([&] { writer.Close(); }), 61);
+    writer.OpenBytes(bytes);
+    EXPECT_FALSE(writer.HasFailed());
+    writer.Put("kept");
+    writer.Close();
+    EXPECT_EQ(bytes, "kept");
+    writer.Open(u"/dev/full");
+    writer.Put("lost");
+    EXPECT_EQ(ErrorOf([&] { writer.Close(); }), 61);
+    writer.OpenNowhere();
+    EXPECT_FALSE(writer.HasFailed());
+}
+
+TEST_F(LineWriterTest, AbandonedMemoryKeepsOnlyWhatWasWrittenAlready) {
+    std::string bytes;
+    writer.OpenBytes(bytes);
+    writer.Put("lost");
+    writer.Abandon();
+    EXPECT_FALSE(writer.IsOpen());
+    EXPECT_EQ(bytes, "");
+}
+
+TEST_F(LineWriterTest, OpeningAFileLeavesTheMemoryBehind) {
+    std::string bytes;
+    writer.OpenBytes(bytes);
+    writer.Open(name);
+    writer.Put("to the file");
+    writer.Close();
+    EXPECT_EQ(bytes, "");
+    EXPECT_EQ(FileBytes(name), "to the file");
+}
+
 TEST_F(LineWriterTest, AWriterCanBeHandedOn) {
     writer.Open(name);
     writer.PutLine("one");
     LineWriter other = std::move(writer);
+    EXPECT_FALSE(writer.IsOpen());  // NOLINT(bugprone-use-after-move)
     other.PutLine("two");
     other.Close();
     EXPECT_EQ(FileBytes(name), "one\r\ntwo\r\n");

@@ -38,30 +38,22 @@ SteadyClock::duration RepeatUntil(Condition holds, Action action) {
 
 constexpr auto never = [] { return false; };
 
-TEST(Screen, WithoutOneMessagesAreAnsweredAndNothingIsShown) {
-    ShowStatus(u"nobody");
-    BeginProgress(10);
-    ShowMessage(u"nobody");
-    EXPECT_EQ(TheScreen().ShowMessage({u"", u"", Icon::None, Buttons::Ok}), Answer::Ok);
-    EXPECT_EQ(TheScreen().ShowMessage({u"", u"", Icon::None, Buttons::RetryCancel}), Answer::Cancel);
-    EXPECT_EQ(TheScreen().ShowMessage({u"", u"", Icon::None, Buttons::YesNoCancel}), Answer::Cancel);
-    EXPECT_FALSE(TheScreen().ViewTextFile(u"x.log"));
-}
-
-TEST(Screen, TheOneInUseGivesWayToThePreviousOneAtItsEnd) {
-    RecordingScreen outer;
-    {
-        RecordingScreen inner;
-        ShowStatus(u"in");
-        EXPECT_EQ(inner.statuses, std::vector<std::string>{"in"});
+TEST(SilentScreen, MessagesAreAnsweredAndNothingIsShown) {
+    SilentScreen screen;
+    screen.ShowStatus(u"nobody");
+    BeginProgress(screen, 10);
+    ShowMessage(screen, u"nobody");
+    EXPECT_EQ(screen.ShowMessage({u"", u"", Icon::None, Buttons::Ok}), Answer::Ok);
+    for (const Buttons buttons : {Buttons::OkCancel, Buttons::RetryCancel, Buttons::YesNoCancel}) {
+        EXPECT_EQ(screen.ShowMessage({u"", u"", Icon::None, buttons}), Answer::Cancel);
     }
-    ShowStatus(u"out");
-    EXPECT_EQ(outer.statuses, std::vector<std::string>{"out"});
+    EXPECT_FALSE(screen.ViewTextFile(u"x.log"));
+    EXPECT_FALSE(screen.Print([](int) { return std::vector<std::vector<Text>>(); }));
 }
 
 TEST(Screen, AMessageHasAnOkButton) {
     RecordingScreen screen;
-    ShowMessage(u"Klaar", Icon::Information, u"Titel");
+    ShowMessage(screen, u"Klaar", Icon::Information, u"Titel");
     ASSERT_EQ(screen.boxes.size(), 1U);
     EXPECT_EQ(screen.boxes[0].text, u"Klaar");
     EXPECT_EQ(screen.boxes[0].title, u"Titel");
@@ -71,15 +63,16 @@ TEST(Screen, AMessageHasAnOkButton) {
 
 TEST(Progress, TheBeginningIsAlwaysShown) {
     RecordingScreen screen;
-    BeginProgress(10);
-    BeginProgress(20);
+    BeginProgress(screen, 10);
+    BeginProgress(screen, 20);
     EXPECT_EQ(screen.maxima, (std::vector<std::int64_t>{10, 20}));
     EXPECT_EQ(screen.pumps, 2);
 }
 
 TEST(Progress, TheScreenHearsOfItAtMostEvery50ms) {
     CountingScreen screen;
-    const auto time = RepeatUntil([&] { return screen.values.size() >= 6; }, [](std::int64_t i) { StepProgress(i); });
+    const auto time =
+        RepeatUntil([&] { return screen.values.size() >= 6; }, [&](std::int64_t i) { StepProgress(screen, i); });
     ASSERT_EQ(screen.values.size(), 6U);
     EXPECT_EQ(screen.pumps, 6);
     EXPECT_GE(time, milliseconds(5 * 50));
@@ -88,7 +81,7 @@ TEST(Progress, TheScreenHearsOfItAtMostEvery50ms) {
 
 TEST(Progress, EventsRunAtMostEvery50ms) {
     CountingScreen screen;
-    const auto time = RepeatUntil([&] { return screen.pumps >= 6; }, [](std::int64_t) { ProcessEvents(); });
+    const auto time = RepeatUntil([&] { return screen.pumps >= 6; }, [&](std::int64_t) { ProcessEvents(screen); });
     EXPECT_EQ(screen.pumps, 6);
     EXPECT_GE(time, milliseconds(5 * 50));
 }
@@ -96,9 +89,9 @@ TEST(Progress, EventsRunAtMostEvery50ms) {
 TEST(Progress, StepsAreShownAlsoWhenEventsRunBetweenThem) {
     CountingScreen screen;
     const auto time = RepeatUntil([&] { return screen.values.size() >= 3; },
-                                  [](std::int64_t i) {
-                                      StepProgress(i);
-                                      ProcessEvents();
+                                  [&](std::int64_t i) {
+                                      StepProgress(screen, i);
+                                      ProcessEvents(screen);
                                   });
     EXPECT_EQ(screen.values.size(), 3U);
     EXPECT_EQ(screen.pumps, 3);
@@ -106,30 +99,54 @@ TEST(Progress, StepsAreShownAlsoWhenEventsRunBetweenThem) {
 
     screen.values.clear();
     RepeatUntil([&] { return screen.values.size() >= 3; },
-                [](std::int64_t i) {
-                    ProcessEvents();
-                    StepProgress(i);
+                [&](std::int64_t i) {
+                    ProcessEvents(screen);
+                    StepProgress(screen, i);
                 });
     EXPECT_EQ(screen.values.size(), 3U);
 }
 
 TEST(Progress, AStepOfAnEarlierProgressIsNotShownInTheNext) {
     CountingScreen screen;
-    RepeatUntil([&] { return screen.values.size() >= 2; }, [](std::int64_t i) { StepProgress(i); });
+    RepeatUntil([&] { return screen.values.size() >= 2; }, [&](std::int64_t i) { StepProgress(screen, i); });
     screen.values.clear();
-    StepProgress(1'000'000);  // too soon to be shown
+    StepProgress(screen, 1'000'000);  // too soon to be shown
     EXPECT_TRUE(screen.values.empty());
-    BeginProgress(10);
+    BeginProgress(screen, 10);
     screen.pumps = 0;
-    RepeatUntil([&] { return screen.pumps >= 3; }, [](std::int64_t) { ProcessEvents(); });
+    RepeatUntil([&] { return screen.pumps >= 3; }, [&](std::int64_t) { ProcessEvents(screen); });
     EXPECT_EQ(screen.pumps, 3);
     EXPECT_TRUE(screen.values.empty());
+}
+
+TEST(Progress, EachScreenHasItsOwnPace) {
+    CountingScreen first;
+    CountingScreen second;
+    RepeatUntil([&] { return first.values.size() >= 2; }, [&](std::int64_t i) { StepProgress(first, i); });
+    // The other one, which has heard nothing yet, does not wait because the first has just been told.
+    for (int i = 1; i <= 16; ++i) StepProgress(second, i);
+    EXPECT_EQ(second.values, std::vector<std::int64_t>{16});
+    EXPECT_EQ(first.values.size(), 2U);
+}
+
+TEST(BusyPointer, ItShowsAsLongAsTheObjectLives) {
+    class PointerScreen : public RecordingScreen {
+     public:
+        std::string pointer;
+        void ShowBusy(bool busy) override { pointer += busy ? 'B' : 'N'; }
+    };
+    PointerScreen screen;
+    {
+        const BusyPointer busy(screen);
+        EXPECT_EQ(screen.pointer, "B");
+    }
+    EXPECT_EQ(screen.pointer, "BN");
 }
 
 TEST(Progress, SlowRecordsAreShownSoon) {
     CountingScreen screen;
     for (int i = 1; i <= 64; ++i) {
-        StepProgress(i);
+        StepProgress(screen, i);
         std::this_thread::sleep_for(milliseconds(4));
     }
     EXPECT_GE(screen.values.size(), 3U);
@@ -142,14 +159,14 @@ class AbortingScreen : public RecordingScreen {
 
 TEST(Progress, APersonCanEndTheRun) {
     AbortingScreen screen;
-    EXPECT_THROW(BeginProgress(10), TranslationAborted);
-    EXPECT_THROW(RepeatUntil(never, [](std::int64_t i) { StepProgress(i); }), TranslationAborted);
-    EXPECT_THROW(RepeatUntil(never, [](std::int64_t) { ProcessEvents(); }), TranslationAborted);
+    EXPECT_THROW(BeginProgress(screen, 10), TranslationAborted);
+    EXPECT_THROW(RepeatUntil(never, [&](std::int64_t i) { StepProgress(screen, i); }), TranslationAborted);
+    EXPECT_THROW(RepeatUntil(never, [&](std::int64_t) { ProcessEvents(screen); }), TranslationAborted);
 }
 
 TEST(TryWithRetry, AnActionThatSucceedsShowsNothing) {
     RecordingScreen screen;
-    EXPECT_TRUE(TryWithRetry(u"a.idx", u"openen", [] {}));
+    EXPECT_TRUE(TryWithRetry(screen, u"a.idx", u"openen", [] {}));
     EXPECT_TRUE(screen.boxes.empty());
 }
 
@@ -157,7 +174,7 @@ TEST(TryWithRetry, RetryRunsTheActionAgainAsOftenAsAsked) {
     RecordingScreen screen;
     screen.answers = {Answer::Retry, Answer::Retry};
     int runs = 0;
-    EXPECT_TRUE(TryWithRetry(u"D:\\é.LOG", u"opslaan", [&] {
+    EXPECT_TRUE(TryWithRetry(screen, u"D:\\é.LOG", u"opslaan", [&] {
         if (++runs < 3) throw RuntimeError(errors::accessDenied);
     }));
     EXPECT_EQ(runs, 3);
@@ -171,7 +188,7 @@ TEST(TryWithRetry, CancelEndsIt) {
     RecordingScreen screen;
     screen.answers = {Answer::Cancel};
     int runs = 0;
-    EXPECT_FALSE(TryWithRetry(u"a.nst", u"openen", [&] {
+    EXPECT_FALSE(TryWithRetry(screen, u"a.nst", u"openen", [&] {
         ++runs;
         throw RuntimeError(errors::fileNotFound, u"weg");
     }));
@@ -181,14 +198,14 @@ TEST(TryWithRetry, CancelEndsIt) {
 
 TEST(TryWithRetry, MemoryThatRunsOutIsAnErrorLikeAnyOther) {
     RecordingScreen screen;
-    EXPECT_FALSE(TryWithRetry(u"a", u"openen", [] { throw std::bad_alloc(); }));
+    EXPECT_FALSE(TryWithRetry(screen, u"a", u"openen", [] { throw std::bad_alloc(); }));
     EXPECT_EQ(screen.messages,
               std::vector<std::string>{"Kon bestand: 'a' niet openen;\nFoutcode: 7\nOnvoldoende geheugen"});
 }
 
 TEST(TryWithRetry, TheEndOfTheRunIsNoError) {
     RecordingScreen screen;
-    EXPECT_THROW(TryWithRetry(u"a", u"openen", [] { throw TranslationAborted(); }), TranslationAborted);
+    EXPECT_THROW(TryWithRetry(screen, u"a", u"openen", [] { throw TranslationAborted(); }), TranslationAborted);
     EXPECT_TRUE(screen.boxes.empty());
 }
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "app/CommandLine.h"
-#include "core/ConsoleScreen.h"
+#include "cli/ConsoleScreen.h"
 #include "tests/fuzz/Targets.h"
 
 namespace korvande::fuzz {

@@ -1,14 +1,11 @@
 #include <algorithm>
 
 #include "core/RuntimeError.h"
-#include "core/modKORVANDE.h"
 #include "idex/modImportIDEX.h"
 #include "nensuf/modImportSUFNEN.h"
-#include "project/frmKORVANDE.h"
-#include "run/ObjectAccount.h"
-#include "run/RunValues.h"
 #include "tests/fuzz/Targets.h"
 #include "tests/fuzz/Workplace.h"
+#include "translation/Translation.h"
 
 namespace korvande::fuzz {
 
@@ -22,17 +19,16 @@ unsigned OptionsOf(std::string_view& input) {
 }
 
 // A malformed file may end a reader with a run-time error, and with nothing else.
-void Read(void (*reader)()) {
+void Read(void (*reader)(Translation&), Translation& translation) {
     try {
-        reader();
+        reader(translation);
     } catch (const RuntimeError& error) {
         Require(!error.Description().empty(), "an error without a description");
     }
 }
 
 // What a drawing refers to is there, or is index 0, which says that it is not.
-void RequireSoundDrawing() {
-    const Drawing& drawing = TheDrawing();
+void RequireSoundDrawing(const Drawing& drawing) {
     const std::int32_t points = drawing.Points.UpperBound();
     for (std::int32_t index = 1; index <= points; ++index) {
         const std::int32_t found = drawing.PointIndex.Find(drawing.Points[index].PointNo);
@@ -47,8 +43,7 @@ void RequireSoundDrawing() {
 
 // No drawing is larger than its file accounts for. A row gives at most a point and two texts; line numbers up to a
 // million are taken as they come.
-void RequireDrawingInProportion(std::string_view file) {
-    const Drawing& drawing = TheDrawing();
+void RequireDrawingInProportion(const Drawing& drawing, std::string_view file) {
     const auto rows = 1 + std::count_if(file.begin(), file.end(), [](char c) { return c == '\n' || c == '\r'; });
     Require(drawing.Points.UpperBound() <= rows && drawing.Edges.UpperBound() <= rows, "more objects than lines");
     Require(drawing.Texts.UpperBound() <= 3 * rows, "more texts than lines account for");
@@ -58,38 +53,38 @@ void RequireDrawingInProportion(std::string_view file) {
 }  // namespace
 
 void TryIdex(std::string_view input) {
-    const unsigned options = OptionsOf(input);
-    ResetProgram();
-    FormKORVANDE& form = frmKORVANDE();
-    form.chkExportPointnoAsText = (options & 1U) != 0;
-    form.chkExportHeightAsText = (options & 2U) != 0;
-    form.txtPnoTxtLKI = u"Z30";
-    form.txtEleTxtLKI = u"Z31";
-    form.SetDateOption(&FormKORVANDE::optDateAlt, (options & 4U) != 0);
-    const AnsweringScreen screen(Answer::Cancel);
-    TheRun().IdexFileName = WriteFile("invoer", input);
-    Read(ReadIdexFile);
-    RequireSoundDrawing();
-    RequireDrawingInProportion(input);
+    const unsigned choice = OptionsOf(input);
+    AnsweringScreen screen(Answer::Cancel);
+    Translation translation(screen, ProjectOf(screen, {}));
+    Options& options = translation.options;
+    options.chkExportPointnoAsText = (choice & 1U) != 0;
+    options.chkExportHeightAsText = (choice & 2U) != 0;
+    options.txtPnoTxtLKI = u"Z30";
+    options.txtEleTxtLKI = u"Z31";
+    SetDateOption(options, &Options::optDateAlt, (choice & 4U) != 0);
+    translation.mode = {Direction::FromIdex, Variant::Nen1878};
+    translation.inputBytes = input;
+    translation.withDiagnosticFiles = false;
+    Read(ReadIdexFile, translation);
+    RequireSoundDrawing(translation.drawing);
+    RequireDrawingInProportion(translation.drawing, input);
 }
 
 void TryExchange(std::string_view input) {
-    const unsigned options = OptionsOf(input);
-    ResetProgram();
-    LoadProjectFile(WriteFile("tabel", someTable));
-    SaveGridData();
-    FormKORVANDE& form = frmKORVANDE();
-    form.chkImportUnknowns = (options & 1U) != 0;
-    form.chkSelectXY = (options & 2U) != 0;
-    form.chkImportSymRotation = (options & 4U) != 0;
-    TheRun().NenMode = (options & 8U) != 0;
-    const AnsweringScreen screen((options & 16U) != 0 ? Answer::No : Answer::Yes);
-    TheRun().SufNenFileName = WriteFile("invoer", input);
-    TheRun().IdexFileName = NameOf("uitvoer");
-    Read(ImportNenSuf);
-    RequireSoundDrawing();
+    const unsigned choice = OptionsOf(input);
+    AnsweringScreen screen((choice & 16U) != 0 ? Answer::No : Answer::Yes);
+    Translation translation(screen, ProjectOf(screen, someTable));
+    Options& options = translation.options;
+    options.chkImportUnknowns = (choice & 1U) != 0;
+    options.chkSelectXY = (choice & 2U) != 0;
+    options.chkImportSymRotation = (choice & 4U) != 0;
+    translation.mode = {Direction::ToIdex, (choice & 8U) != 0 ? Variant::Nen1878 : Variant::Suf2};
+    translation.inputBytes = input;
+    translation.outputTo = OutputTo::Nowhere;
+    Read(ImportNenSuf, translation);
+    RequireSoundDrawing(translation.drawing);
     for (const ObjectKind kind : {ObjectKind::Point, ObjectKind::LineString, ObjectKind::Arc, ObjectKind::TextObject}) {
-        const KindAccount& account = TheAccount()[kind];
+        const KindAccount& account = translation.account[kind];
         Require(account.read == account.kept + account.LeftOutTotal(), "an object vanished unaccounted for");
     }
 }

@@ -1,31 +1,26 @@
-#include "core/modKORVANDE.h"
 #include "idex/modImportIDEX.h"
 #include "nensuf/modImportSUFNEN.h"
-#include "project/frmKORVANDE.h"
-#include "run/LogBook.h"
-#include "run/ObjectAccount.h"
-#include "run/RunValues.h"
 #include "run/TranslateFiles.h"
 #include "tests/fuzz/Targets.h"
 #include "tests/fuzz/Workplace.h"
+#include "translation/Translation.h"
 
 namespace korvande::fuzz {
 
 namespace {
 
 // The options of a run in its first byte.
-struct Options {
-    int mode = 0;  // place in the mode list
+struct Choice {
+    Mode mode;
     Answer answer = Answer::Yes;
     bool withSelection = false;
-    int source = 0;  // place in the list of source kinds
+    std::int32_t source = 0;  // place in the list of source kinds
 
-    explicit Options(unsigned char byte)
-        : mode(byte % 4),
+    explicit Choice(unsigned char byte)
+        : mode(modes[byte % modes.size()].mode),
           answer((byte & 4U) != 0 ? Answer::No : Answer::Yes),
           withSelection((byte & 8U) != 0),
           source((byte >> 4U) % 6) {}
-    bool IsFromIdex() const noexcept { return mode < 2; }
 };
 
 // Takes the control table in front of the drawing, up to its "[End]" line. Without one the drawing is all there is.
@@ -45,11 +40,11 @@ std::int64_t CountOf(std::string_view text, std::string_view part) {
 }
 
 // The log book tells of the whole run, and of every error.
-void RequireLogBook() {
+void RequireLogBook(std::int64_t errors) {
     const std::string log = FileBytes("logboek");
     Require(log.starts_with("\r\n--- LISCAD  -  NEN1878/SUF2 Vertaler "), "the log book has no heading");
     Require(log.find("\r\n     Gereed:     ") != std::string::npos, "the log book has no end");
-    Require(CountOf(log, "\r\nFOUT:  ") == LogFile().ErrorCount(), "the log book misses an error");
+    Require(CountOf(log, "\r\nFOUT:  ") == errors, "the log book misses an error");
 }
 
 // Lines of 64 columns from the 01 to the 99 record.
@@ -64,84 +59,71 @@ void RequireRecords(std::string_view output) {
 }
 
 // Every object that was written is found in the output again, and nothing else: no text of it became structure.
-void ReadExchangeBack(int mode) {
-    const std::string output = FileBytes("uitvoer");
-    RequireRecords(output);
-    const ObjectAccount written = TheAccount();
-    TheAccount() = {};
-    TheRun() = {};
-    frmKORVANDE().cboXlateMode.index = mode + 2;
-    TakeVariantFromMode();
-    frmKORVANDE().chkSelectXY = false;
-    frmKORVANDE().chkImportUnknowns = true;
-    TheRun().SufNenFileName = NameOf("uitvoer");
-    TheRun().IdexFileName = NameOf("terug");
-    const AnsweringScreen screen(Answer::Cancel);
-    ImportNenSuf();
-    const ObjectAccount& back = TheAccount();
+void ReadExchangeBack(const Translation& there, const Project& project) {
+    RequireRecords(there.outputBytes);
+    AnsweringScreen screen(Answer::Cancel);
+    Translation back(screen, project);
+    back.mode = {Direction::ToIdex, there.mode.variant};
+    back.options.chkSelectXY = false;
+    back.options.chkImportUnknowns = true;
+    back.inputBytes = there.outputBytes;
+    back.outputTo = OutputTo::Nowhere;
+    ImportNenSuf(back);
+    const ObjectAccount& read = back.account;
+    const ObjectAccount& written = there.account;
     Require(screen.Questions() == 0, "the output looks like the other variant");
-    Require(!TheRun().outcome.Failed(), "the output cannot be read back");
-    Require(back[ObjectKind::Point].read == written[ObjectKind::Point].written, "other points than written");
-    Require(back[ObjectKind::LineString].read + back[ObjectKind::Arc].read == written[ObjectKind::LineSegment].written,
+    Require(!back.outcome.Failed(), "the output cannot be read back");
+    Require(read[ObjectKind::Point].read == written[ObjectKind::Point].written, "other points than written");
+    Require(read[ObjectKind::LineString].read + read[ObjectKind::Arc].read == written[ObjectKind::LineSegment].written,
             "other segments than written");
-    Require(back[ObjectKind::TextObject].read == written[ObjectKind::TextObject].written, "other texts than written");
-    Require(back[ObjectKind::Other].read == 0, "records of objects that nobody wrote");
+    Require(read[ObjectKind::TextObject].read == written[ObjectKind::TextObject].written, "other texts than written");
+    Require(read[ObjectKind::Other].read == 0, "records of objects that nobody wrote");
 }
 
-struct Counts {
-    std::int32_t points = TheDrawing().Points.UpperBound();
-    std::int32_t lines = TheDrawing().Lines.UpperBound();
-    std::int32_t edges = TheDrawing().Edges.UpperBound();
-    std::int32_t texts = TheDrawing().Texts.UpperBound();
-    bool operator==(const Counts&) const = default;
-};
-
-void ReadIdexBack() {
-    Require(FileBytes("uitvoer").ends_with("END DATABASE\r\n"), "the output has no end");
-    const Counts written;
-    TheRun() = {};
-    TheRun().withDiagnosticFiles = false;
-    TheRun().IdexFileName = NameOf("uitvoer");
-    frmKORVANDE().chkExportPointnoAsText = frmKORVANDE().chkExportHeightAsText = false;
-    LogFile() = LogBook();
-    ReadIdexFile();
-    Require(!TheRun().outcome.Failed() && LogFile().ErrorCount() == 0, "the output cannot be read back");
-    Require(Counts() == written, "another drawing than written");
+bool HaveTheSameCounts(const Drawing& a, const Drawing& b) {
+    return a.Points.UpperBound() == b.Points.UpperBound() && a.Lines.UpperBound() == b.Lines.UpperBound() &&
+           a.Edges.UpperBound() == b.Edges.UpperBound() && a.Texts.UpperBound() == b.Texts.UpperBound();
 }
 
-void Translate(const Options& options) {
-    RunValues& run = TheRun();
-    frmKORVANDE().cboXlateMode.index = options.mode;
-    run.XlateDirection = options.IsFromIdex() ? fromIdex : toIdex;
-    run.IdexFileName = NameOf(options.IsFromIdex() ? "invoer" : "uitvoer");
-    run.SufNenFileName = NameOf(options.IsFromIdex() ? "uitvoer" : "invoer");
-    run.LogFileName = NameOf("logboek");
-    SaveGridData();
-    Require(TranslateFiles(), "the run did not begin");
+void ReadIdexBack(const Translation& there, const Project& project) {
+    Require(there.outputBytes.ends_with("END DATABASE\r\n"), "the output has no end");
+    AnsweringScreen screen(Answer::Cancel);
+    Translation back(screen, project);
+    back.mode = {Direction::FromIdex, there.mode.variant};
+    back.options.chkExportPointnoAsText = back.options.chkExportHeightAsText = false;
+    back.withDiagnosticFiles = false;
+    back.inputBytes = there.outputBytes;
+    ReadIdexFile(back);
+    Require(!back.outcome.Failed() && back.problems.errors == 0, "the output cannot be read back");
+    Require(HaveTheSameCounts(back.drawing, there.drawing), "another drawing than written");
 }
 
 }  // namespace
 
 void TryRun(std::string_view input) {
-    const Options options(input.empty() ? 0 : static_cast<unsigned char>(input.front()));
+    const Choice choice(input.empty() ? 0 : static_cast<unsigned char>(input.front()));
     input = input.substr(input.empty() ? 0 : 1);
-    ResetProgram();
     const std::string_view table = TakeTable(input);
-    WriteFile("invoer", input);
-    {
-        const AnsweringScreen screen(options.answer);
-        Require(LoadProjectFile(WriteFile("tabel", table)), "the control table was not loaded");
-        frmKORVANDE().chkSelectXY = options.withSelection;
-        frmKORVANDE().lstSource.index = options.source;
-        Translate(options);
-    }
-    Require(TheAccount().Balances(), "the account of objects does not balance:\n" + ToUtf8(TheAccount().Summary()));
-    RequireLogBook();
-    if (TheRun().outcome.Failed()) return;
-    if (options.IsFromIdex()) {
-        ReadExchangeBack(options.mode);
+    AnsweringScreen screen(choice.answer);
+    Project project = ProjectOf(screen, table);
+    project.options.chkSelectXY = choice.withSelection;
+    project.options.lstSource = choice.source;
+    Translation translation(screen, project);
+    translation.mode = choice.mode;
+    translation.modeText = NamesOf(choice.mode).text;
+    translation.inputBytes = input;
+    translation.outputTo = OutputTo::Memory;
+    translation.LogFileName = NameOf("logboek");
+    translation.withDiagnosticFiles = false;
+    Require(TranslateFiles(translation), "the run did not begin");
+    Require(translation.account.Balances(),
+            "the account of objects does not balance:\n" + ToUtf8(translation.account.Summary()));
+    RequireLogBook(translation.problems.errors);
+    if (translation.outcome.Failed()) return;
+    if (choice.mode.direction == Direction::FromIdex) {
+        ReadExchangeBack(translation, project);
     } else {
-        ReadIdexBack();
+        ReadIdexBack(translation, project);
     }
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 // What a fuzzer, or a plain test over the inputs it kept, does with bytes that nobody wrote on purpose. Every target
-// begins with the program as it starts, so the same bytes always do the same.
+// makes what it works on, so the same bytes always do the same.
 namespace korvande::fuzz {
 
 // Something that must hold for every input did not.

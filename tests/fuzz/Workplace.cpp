@@ -6,12 +6,7 @@
 #include <random>
 
 #include "core/LineReader.h"
-#include "core/modKORVANDE.h"
-#include "project/frmKORVANDE.h"
-#include "run/LogBook.h"
-#include "run/ObjectAccount.h"
-#include "run/RunValues.h"
-#include "tests/fuzz/Targets.h"
+#include "project/ControlTable.h"
 
 namespace korvande::fuzz {
 
@@ -50,7 +45,6 @@ void SetVariable(const char* name, const char* value) {
 class Folder {
  public:
     Folder() {
-        SetVariable("SOURCE_DATE_EPOCH", "1795230000");  // 21-11-2026 03:00:00 UTC
         std::random_device chance;
         do {
             path = fs::temp_directory_path() / ("korvande-fuzz-" + std::to_string(chance()));
@@ -83,30 +77,18 @@ Answer AnsweringScreen::ShowMessage(const MessageBox& box) {
     return answer;
 }
 
-void ResetProgram() {
-    TheFolder();
-    ResetDrawing();
-    TheDrawing().LayerNames.clear();
-    TheDrawing().DrawingName.clear();
-    InitialiseForm();
-    LoadGridData();
-    CurrentProject().clear();
-    TheRun() = {};
-    TheRun().withDiagnosticFiles = false;
-    CurrentInputLine() = 0;
-    LogFile() = LogBook();
-    TheAccount() = {};
+Project ProjectOf(Screen& screen, std::string_view table) {
+    static const bool isFixed = [] {
+        SetVariable("SOURCE_DATE_EPOCH", "1795230000");  // 21-11-2026 03:00:00 UTC
+        return true;
+    }();
+    static_cast<void>(isFixed);
+    Project project;
+    LoadProjectBytes(screen, project, table);
+    return project;
 }
 
 Text NameOf(std::string_view name) { return FromUtf8(TheFolder().File(name)); }
-
-Text WriteFile(std::string_view name, std::string_view bytes) {
-    const std::string path = TheFolder().File(name);
-    const FileHandle file(std::fopen(path.c_str(), "wb"));
-    Require(file != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size(),
-            "cannot write " + path);
-    return FromUtf8(path);
-}
 
 std::string FileBytes(std::string_view name) {
     const FileHandle file(std::fopen(TheFolder().File(name).c_str(), "rb"));

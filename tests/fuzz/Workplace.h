@@ -5,39 +5,31 @@
 
 #include "core/Text.h"
 #include "core/modScreen.h"
+#include "project/Project.h"
 
 namespace korvande::fuzz {
 
-// The program as it starts, in a folder of its own: an empty drawing, the reset project, no run, a fixed moment.
-void ResetProgram();
+// The project of a control table, at a fixed moment.
+Project ProjectOf(Screen& screen, std::string_view table);
 
-// Writes a file of the folder and returns its name; reads one, "" when it is not there.
-Text WriteFile(std::string_view name, std::string_view bytes);
-std::string FileBytes(std::string_view name);
+// A file's name in a folder that goes with the program, and a file of it; "" when it is not there.
 Text NameOf(std::string_view name);
+std::string FileBytes(std::string_view name);
 
 // A control table with a code of every kind.
 extern const std::string_view someTable;
 
 // A screen that gives every question the same answer, and counts them.
-class AnsweringScreen : public Screen {
+class AnsweringScreen : public SilentScreen {
  public:
     explicit AnsweringScreen(Answer always) : answer(always) {}
     int Questions() const noexcept { return questions; }
 
-    void ShowStatus(TextView) override {}
-    void ShowProgressMaximum(std::int64_t) override {}
-    void ShowProgressValue(std::int64_t) override {}
-    void PumpEvents() override {}
-    void ShowBusy(bool) override {}
     Answer ShowMessage(const MessageBox& box) override;
-    bool ViewTextFile(TextView) override { return false; }
-    bool Print(const MakePages&) override { return false; }
 
  private:
     Answer answer;
     int questions = 0;
-    ScreenInUse inUse{*this};
 };
 
 }  // namespace korvande::fuzz

@@ -15,14 +15,14 @@ TEST_F(BindingTest, WhatIsTypedIsInTheFormAtOnce) {
     Click("txtStreet");
     simulator.Char('A', wxMOD_CONTROL);
     Keys("kade");
-    EXPECT_EQ(ToUtf8(frmKORVANDE().txtStreet), "kade");
+    EXPECT_EQ(ToUtf8(form.project.options.txtStreet), "kade");
 }
 
 TEST_F(BindingTest, AClickOnACheckBoxIsInTheFormAtOnce) {
     SelectTab(1);
-    const bool before = frmKORVANDE().chkExport3D;
+    const bool before = form.project.options.chkExport3D;
     Click("chkExport3D");
-    EXPECT_EQ(frmKORVANDE().chkExport3D, !before);
+    EXPECT_EQ(form.project.options.chkExport3D, !before);
 }
 
 TEST_F(BindingTest, TheOtherDateCanBeTypedOnlyWhileItIsChosen) {
@@ -32,8 +32,8 @@ TEST_F(BindingTest, TheOtherDateCanBeTypedOnlyWhileItIsChosen) {
     EXPECT_FALSE(date.IsEnabled());
     Click("optDateAlt");
     EXPECT_TRUE(date.IsEnabled());
-    EXPECT_TRUE(frmKORVANDE().optDateAlt);
-    EXPECT_FALSE(frmKORVANDE().optDateNow);
+    EXPECT_TRUE(form.project.options.optDateAlt);
+    EXPECT_FALSE(form.project.options.optDateNow);
     Click("optDateSEE");
     EXPECT_FALSE(date.IsEnabled());
 }
@@ -43,8 +43,8 @@ TEST_F(BindingTest, AReportIsChosenAmongFour) {
         Click(name);
         EXPECT_TRUE(Find<wxRadioButton>(name).GetValue()) << name;
     }
-    EXPECT_TRUE(frmKORVANDE().optReportScreen);
-    EXPECT_FALSE(frmKORVANDE().optReportNone);
+    EXPECT_TRUE(form.project.options.optReportScreen);
+    EXPECT_FALSE(form.project.options.optReportNone);
 }
 
 }  // namespace

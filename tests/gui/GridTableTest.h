@@ -38,8 +38,8 @@ class GridTableTest : public WindowTest {
     }
 
     wxGrid& TheGrid() const { return Find<wxGrid>(shown.grid); }
-    Grid& Cells() const { return frmKORVANDE().*shown.cells; }
-    std::string Cell(int row, int column) const { return ToUtf8(Cells()[row][static_cast<std::size_t>(column)]); }
+    Grid& Cells() { return form.*shown.cells; }
+    std::string Cell(int row, int column) { return ToUtf8(Cells()[row][static_cast<std::size_t>(column)]); }
     wxTextCtrl& Editor() const { return Find<wxTextCtrl>(shown.textEditor); }
     wxChoice& List() const { return Find<wxChoice>(shown.listEditor); }
     bool HasEditor() const { return Editor().IsShown() || (shown.listEditor != nullptr && List().IsShown()); }

@@ -8,8 +8,7 @@
 #include <regex>
 #include <sstream>
 
-#include "run/Listing.h"
-#include "run/RunValues.h"
+#include "app/Listing.h"
 #include "tests/gui/PrintServer.h"
 #include "tests/gui/WindowTest.h"
 #include "tests/support/RunProgram.h"
@@ -71,10 +70,7 @@ class PrintingTest : public WindowTest {
     PrintingTest() { WindowTest::Start(); }
 
     // Prints a log book of these lines (in Windows-1252).
-    void Print(const std::string& lines) {
-        TheRun().LogFileName = folder.Write("proef.LOG", WithCrLf(lines));
-        PrintLogBook();
-    }
+    void Print(const std::string& lines) { PrintLogBook(screen, folder.Write("proef.LOG", WithCrLf(lines))); }
 
     void ExpectThatItCannotBePrinted() const {
         EXPECT_THAT(dialogs.messages, ElementsAre("Het logboek kan niet worden afgedrukt. Het is opgeslagen in:\n\n" +

@@ -62,7 +62,7 @@ class ProjectTest : public WindowTest {
         }
         return listed;
     }
-    static std::string Current() { return ToUtf8(CurrentProject()); }
+    std::string Current() const { return ToUtf8(form.CurrentProject); }
 };
 
 TEST_F(ProjectTest, ANewProjectIsMadeUnderTheTypedNameInCapitals) {
@@ -173,10 +173,10 @@ TEST_F(ProjectTest, AProjectThatHasVanishedIsToldAndTheWindowGoesOn) {
 
 TEST_F(ProjectTest, TheTimerRunsAgainAfterAnOperation) {
     Open();
-    WaitUntil("the first time", [] { return !frmKORVANDE().Timer1Enabled; });
+    WaitUntil("the first time", [this] { return !form.Timer1Enabled; });
     Ask("cmdNewJob", "anders", WXK_ESCAPE);
-    EXPECT_TRUE(frmKORVANDE().Timer1Enabled);
-    WaitUntil("the second time", [] { return !frmKORVANDE().Timer1Enabled; });
+    EXPECT_TRUE(form.Timer1Enabled);
+    WaitUntil("the second time", [this] { return !form.Timer1Enabled; });
 }
 
 }  // namespace

@@ -105,7 +105,7 @@ TEST_F(Screenshots, RunningAndFinished) {
         Take(*window, "gereed");
         Key(WXK_RETURN);
     };
-    frmKORVANDE().SelectReport(&FormKORVANDE::optReportNone);
+    SelectReport(form.project.options, &Options::optReportNone);
     window->ShowForm();
     Press("cmdStart");
     EXPECT_TRUE(isTaken);

@@ -19,7 +19,7 @@ class TranslationFixture : public WindowTest {
         Start();
         Type("txtFileIDEX", ToUtf8(folder / "straat.idx"));
         Type("txtFileSUFNEN", ToUtf8(folder / "straat.sfn"));
-        frmKORVANDE().SelectReport(&FormKORVANDE::optReportDisk);
+        SelectReport(form.project.options, &Options::optReportDisk);
         window->ShowForm();
     }
 

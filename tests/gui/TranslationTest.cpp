@@ -1,5 +1,6 @@
 #include <wx/choice.h>
 #include <wx/gauge.h>
+#include <wx/grid.h>
 #include <wx/radiobut.h>
 
 #include <gmock/gmock.h>
@@ -51,7 +52,7 @@ TEST_F(TranslationTest, FromChoosingTheFilesToTheFinishedLogBook) {
     EXPECT_THAT(log, HasSubstr("\n     Bewerking:  IDEX >> NEN1878\n     Start:      "));
     EXPECT_THAT(log, HasSubstr("\n     Gereed:     "));
     EXPECT_EQ(log.find("FOUT"), std::string::npos);
-    EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "");
+    EXPECT_EQ(ToUtf8(form.runMark), "");
 }
 
 TEST_F(TranslationTest, EveryModeOfTheListTranslates) {
@@ -103,7 +104,7 @@ TEST_F(TranslationTest, WhileItRunsTheOptionsAreDisabled) {
     int looks = 0;
     DuringTheRun([&] {
         ++looks;
-        EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "XLATE RUNNING");
+        EXPECT_EQ(ToUtf8(form.runMark), "XLATE RUNNING");
         for (const char* const name : names) EXPECT_FALSE(Find<wxWindow>(name).IsEnabled()) << name;
     });
     Press("cmdStart");
@@ -154,7 +155,7 @@ TEST_F(TranslationTest, ASecondRunAfterAFailedOneSucceeds) {
     Type("txtFileIDEX", ToUtf8(folder / "weg.idx"));
     Press("cmdStart");
     EXPECT_THAT(dialogs.messages, ElementsAre("Invoerbestand niet gevonden:\n'" + ToUtf8(folder / "weg.idx") + "'"));
-    EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "XLATE RUNNING") << "the mark stays behind";
+    EXPECT_EQ(ToUtf8(form.runMark), "XLATE RUNNING") << "the mark stays behind";
     EXPECT_TRUE(Find<wxButton>("cmdStart").IsEnabled());
     Type("txtFileIDEX", ToUtf8(folder / "straat.idx"));
     Click("cmdStart");
@@ -226,7 +227,7 @@ TEST_F(TranslationTest, CancelEndsARunWhoseLogBookCannotBeOpened) {
     dialogs.buttons = {wxID_CANCEL};
     Press("cmdStart");
     EXPECT_EQ(dialogs.messages.size(), 1U);
-    EXPECT_EQ(ToUtf8(frmKORVANDE().runMark), "");
+    EXPECT_EQ(ToUtf8(form.runMark), "");
     EXPECT_TRUE(Find<wxButton>("cmdStart").IsEnabled());
 }
 
@@ -258,7 +259,7 @@ TEST_F(TranslationTest, InputAndOutputMayNotBeTheSameFile) {
 TEST_F(TranslationTest, TablesWhoseLastRowWasDeletedLeaveTheirObjectsOut) {
     Open();
     for (Grid FormKORVANDE::*cells : {&FormKORVANDE::gridPoints, &FormKORVANDE::gridLines, &FormKORVANDE::gridTexts}) {
-        (frmKORVANDE().*cells).SetRowCount(1);
+        (form.*cells).SetRowCount(1);
     }
     window->ShowForm();
     Press("cmdStart");

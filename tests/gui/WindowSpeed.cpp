@@ -27,7 +27,7 @@ TEST_F(WindowSpeed, ATranslation) {
     Start();
     Type("txtFileIDEX", drawing);
     Type("txtFileSUFNEN", ToUtf8(folder / "uit.sfn"));
-    frmKORVANDE().SelectReport(&FormKORVANDE::optReportNone);
+    SelectReport(form.project.options, &Options::optReportNone);
     window->ShowForm();
     int paints = 0;
     Find<wxWindow>("StatusBar1").Bind(wxEVT_PAINT, [&paints](wxPaintEvent& event) {
@@ -44,14 +44,13 @@ TEST_F(WindowSpeed, ATranslation) {
 TEST_F(WindowSpeed, OpeningAControlTable) {
     Start();
     std::filesystem::copy(Named("KORVANDE_SPEED_TABLE"), projects + "/proef.nst");
-    RefreshProjects();
+    RefreshProjects(form);
     window->ShowForm();
     const wxStopWatch watch;
-    PickProject(FindProject(u"proef.nst"));
+    PickProject(form, FindProject(form, u"proef.nst"));
     window->ShowForm();
     LetEventsRun();
-    const int rows =
-        frmKORVANDE().gridPoints.RowCount() + frmKORVANDE().gridLines.RowCount() + frmKORVANDE().gridTexts.RowCount();
+    const int rows = form.gridPoints.RowCount() + form.gridLines.RowCount() + form.gridTexts.RowCount();
     std::printf("window: a control table of %d rows opened in %.3f s\n", rows, watch.TimeInMicro().ToDouble() / 1e6);
 }
 

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <wx/choice.h>
+#include <wx/grid.h>
 
 #include "app/TabPlacement.h"
 #include "tests/gui/WindowTest.h"
@@ -83,7 +84,7 @@ TEST_F(WindowStartTest, AnImportOfTheCommandLineRunsAndEndsTheProgram) {
     SelectTab(tabSettings);
     ExpectAt("cmdStart", -9999, 5040);
     SelectTab(tabGeneral);
-    frmKORVANDE().SelectReport(&FormKORVANDE::optReportNone);
+    SelectReport(form.project.options, &Options::optReportNone);
     Press("cmdStart");
     WaitUntil("the end of the window", [this] { return !IsOpen(); });
     EXPECT_THAT(dialogs.messages, ElementsAre());
@@ -97,7 +98,7 @@ TEST_F(WindowStartTest, AnExportOfTheCommandLineCanBeRedirectedToTheOtherFormat)
     ASSERT_TRUE(IsOpen());
     EXPECT_EQ(Modes(), "Export SUF2|Export NEN1878|");
     Choose("cboXlateMode", 1);
-    frmKORVANDE().SelectReport(&FormKORVANDE::optReportNone);
+    SelectReport(form.project.options, &Options::optReportNone);
     Press("cmdStart");
     WaitUntil("the end of the window", [this] { return !IsOpen(); });
     EXPECT_THAT(FileBytes(folder / "KAART.SF2"), ::testing::StartsWith("010NEN1878"));
@@ -154,8 +155,8 @@ TEST_F(WindowStartTest, ABrokenControlTableIsLoadedAsFarAsItGoes) {
 
 TEST_F(WindowStartTest, TheTimerBringsTheWindowToTheFrontOnce) {
     Start();
-    EXPECT_TRUE(frmKORVANDE().Timer1Enabled);
-    WaitUntil("the timer", [] { return !frmKORVANDE().Timer1Enabled; });
+    EXPECT_TRUE(form.Timer1Enabled);
+    WaitUntil("the timer", [this] { return !form.Timer1Enabled; });
     EXPECT_FALSE(window->HasFlag(wxSTAY_ON_TOP));
 }
 

@@ -12,7 +12,7 @@ WindowTest::~WindowTest() {
 }
 
 void WindowTest::Start(TextView commandLine, bool asksRegistration) {
-    window = OpenMainWindow(windowScreen, {Text(commandLine), asksRegistration});
+    window = OpenMainWindow(screen, form, {Text(commandLine), asksRegistration});
     if (window == nullptr) return;
     // The keyboard goes to the window under the mouse where no window manager hands out the focus.
     WaitUntil("the window", [this] { return window->IsShownOnScreen(); });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <wx/textctrl.h>
 #include <wx/uiaction.h>
 #include <wx/weakref.h>
 
@@ -12,13 +13,14 @@
 #include "tests/gui/Waiting.h"
 #include "ui/Binding.h"
 #include "ui/MainWindow.h"
+#include "ui/WindowScreen.h"
 #include "ui/WxText.h"
 
 namespace korvande::testing {
 
 // A test in the real window, on a registry, a project folder and files of its own, driven as a person would: by mouse
 // and keyboard, or by the events of single controls.
-class WindowTest : public AppTest {
+class WindowTest : public AppFiles {
  public:
     ~WindowTest() override;
 
@@ -51,12 +53,10 @@ class WindowTest : public AppTest {
     std::string TextOf(const char* textBox) const;
 
     Dialogs dialogs;
-    WindowScreen windowScreen;
+    WindowScreen screen;
+    FormKORVANDE form{screen};
     wxWeakRef<MainWindow> window;
     wxUIActionSimulator simulator;
-
- private:
-    ScreenInUse inUse{windowScreen};
 };
 
 }  // namespace korvande::testing

@@ -142,7 +142,7 @@ TEST_F(LiscadRegistry, AListThatIsFilledAlreadyIsKept) {
 
 TEST_F(LiscadRegistry, TheAnnouncementWritesThreeItemsIntoBothMenusOfEveryVersion) {
     AddVersions({u"5.1", u"RELEASE"});
-    AnnounceToLiscad();
+    Announce();
     for (const TextView version : {u"5.1", u"RELEASE"}) {
         for (const Text& menu : {ImportKey(version), ExportKey(version)}) {
             EXPECT_EQ(TestRegistry::Value(menu, u"MenuItem0"), Entry("SUF2|*.sf2"));
@@ -155,16 +155,16 @@ TEST_F(LiscadRegistry, TheAnnouncementWritesThreeItemsIntoBothMenusOfEveryVersio
 
 TEST_F(LiscadRegistry, AnnouncingTwiceChangesNothing) {
     AddVersions({u"5.1", u"6.0"});
-    AnnounceToLiscad();
+    Announce();
     const std::string once = registry.Contents();
-    AnnounceToLiscad();
+    Announce();
     EXPECT_EQ(registry.Contents(), once);
     EXPECT_NE(once.find("MenuItem2"), std::string::npos);
 }
 
 TEST_F(LiscadRegistry, TheReportHasThreeLines) {
     AddVersions({u"5.1", u"6.0"});
-    AnnounceToLiscad();
+    Announce();
     ASSERT_EQ(screen.boxes.size(), 1U);
     EXPECT_EQ(screen.messages[0],
               "Aanmelding bij Liscad:\nGeslaagd voor versies: 5.1, 6.0\nMislukt voor versies: geen");
@@ -176,12 +176,12 @@ TEST_F(LiscadRegistry, TheReportHasThreeLines) {
 TEST_F(LiscadRegistry, TheReportNamesTheVersionsThatFailed) {
     TestRegistry::AddKey(VersionKey(u"4.0"));
     AddVersions({u"5.1"});
-    AnnounceToLiscad();
+    Announce();
     EXPECT_EQ(screen.messages[0], "Aanmelding bij Liscad:\nGeslaagd voor versies: 5.1\nMislukt voor versies: 4.0");
 }
 
 TEST_F(LiscadRegistry, WithoutLiscadNothingIsRegisteredAndBothListsAreEmpty) {
-    AnnounceToLiscad();
+    Announce();
     EXPECT_EQ(screen.messages[0], "Aanmelding bij Liscad:\nGeslaagd voor versies: geen\nMislukt voor versies: geen");
     EXPECT_EQ(registry.Contents(), "");
 }

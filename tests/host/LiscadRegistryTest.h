@@ -24,8 +24,6 @@ inline std::string Entry(const std::string& labelAndPattern) {
 // LISCAD's part of the registry; no version of it is installed yet.
 class LiscadRegistry : public ::testing::Test {
  protected:
-    LiscadRegistry() { LiscadVersions().clear(); }
-
     static void AddVersions(const std::vector<Text>& versions) {
         for (const Text& version : versions) TestRegistry::AddKey(SeeKey(version));
     }
@@ -39,9 +37,13 @@ class LiscadRegistry : public ::testing::Test {
         return text;
     }
 
+    // The announcement lists the versions when it first needs them.
+    void Announce() { AnnounceToLiscad(screen, announced); }
+
     TestFolder folder;
     TestRegistry registry{folder};
     RecordingScreen screen;
+    std::vector<Text> announced;
 };
 
 }  // namespace korvande::testing

@@ -41,8 +41,8 @@ TEST_F(FileHandling, HopelessNamesGiveFalseOrNothing) {
         EXPECT_FALSE(DeleteFileAt(name));
         EXPECT_FALSE(RenameFileAt(name, folder / "b"));
         EXPECT_FALSE(RenameFileAt(file, name));
-        EXPECT_FALSE(CopyFileWithReport(name, folder / "b", false));
-        EXPECT_FALSE(CopyFileWithReport(file, name, false));
+        EXPECT_FALSE(CopyFileWithReport(screen, name, folder / "b", false));
+        EXPECT_FALSE(CopyFileWithReport(screen, file, name, false));
         EXPECT_FALSE(SameFile(name, file));
     }
     EXPECT_TRUE(ListFiles(u"Q:\\", u"*").empty());
@@ -110,14 +110,14 @@ TEST_F(FileHandling, AFileCreatedUnderEitherOfTwoSameNamesIsOneFile) {
 TEST_F(FileHandling, ACopyTakesThePlaceOfAnEarlierFile) {
     const Text source = folder.Write("oud.nst", "de inhoud");
     const Text target = folder.Write("nieuw.nst", "een veel langere inhoud dan die van de kopie");
-    EXPECT_TRUE(CopyFileWithReport(source, target, true));
+    EXPECT_TRUE(CopyFileWithReport(screen, source, target, true));
     EXPECT_EQ(FileBytes(target), "de inhoud");
     EXPECT_EQ(FileBytes(source), "de inhoud");
     EXPECT_TRUE(screen.messages.empty());
 }
 
 TEST_F(FileHandling, AFailedCopyIsReported) {
-    EXPECT_FALSE(CopyFileWithReport(folder / "geen.nst", folder / "nieuw.nst", true));
+    EXPECT_FALSE(CopyFileWithReport(screen, folder / "geen.nst", folder / "nieuw.nst", true));
     ASSERT_EQ(screen.boxes.size(), 1U);
     EXPECT_EQ(screen.messages[0], "FileCopy failed:\nSource: " + Path("geen.nst") + "\nTarget: " + Path("nieuw.nst") +
                                       "\nCause: Bestand niet gevonden");
@@ -128,7 +128,7 @@ TEST_F(FileHandling, AFailedCopyIsReported) {
 }
 
 TEST_F(FileHandling, AFailedCopyIsSilentWithoutTheFlag) {
-    EXPECT_FALSE(CopyFileWithReport(folder / "geen.nst", folder / "nieuw.nst", false));
+    EXPECT_FALSE(CopyFileWithReport(screen, folder / "geen.nst", folder / "nieuw.nst", false));
     EXPECT_TRUE(screen.messages.empty());
 }
 
@@ -146,7 +146,7 @@ TEST_F(FileHandling, TheReportOfACopyNamesTheCause) {
                  {source, source, "Fout bij toegang tot pad of bestand"}};
     for (const auto& [from, to, cause] : cases) {
         screen.messages.clear();
-        EXPECT_FALSE(CopyFileWithReport(from, to, true));
+        EXPECT_FALSE(CopyFileWithReport(screen, from, to, true));
         ASSERT_EQ(screen.messages.size(), 1U);
         EXPECT_TRUE(screen.messages[0].ends_with(std::string("\nCause: ") + cause)) << screen.messages[0];
     }

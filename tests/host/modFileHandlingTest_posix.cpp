@@ -98,9 +98,9 @@ TEST_F(PosixFiles, ADriveWithoutAFolderHasNoFiles) {
 
 TEST_F(PosixFiles, TheReportOfACopyNamesTheCause) {
     const Text source = folder.Write("oud.nst", "inhoud");
-    EXPECT_FALSE(CopyFileWithReport(source, folder / std::string(300, 'n'), true));
-    EXPECT_FALSE(CopyFileWithReport(source, u"/dev/full", true));
-    EXPECT_FALSE(CopyFileWithReport(u"/proc/self/mem", folder / "nieuw.nst", true));
+    EXPECT_FALSE(CopyFileWithReport(screen, source, folder / std::string(300, 'n'), true));
+    EXPECT_FALSE(CopyFileWithReport(screen, source, u"/dev/full", true));
+    EXPECT_FALSE(CopyFileWithReport(screen, u"/proc/self/mem", folder / "nieuw.nst", true));
     ASSERT_EQ(screen.messages.size(), 3U);
     EXPECT_TRUE(screen.messages[0].ends_with("\nCause: Ongeldige bestandsnaam of ongeldig bestandsnummer"));
     EXPECT_TRUE(screen.messages[1].ends_with("\nCause: Schijf vol")) << screen.messages[1];
@@ -112,7 +112,7 @@ TEST_F(PosixFiles, ACopyOntoAFullDiskIsReported) {
     const Text source = folder.Write("oud.nst", std::string(100'000, 'x'));
     {
         const FullDisk full(50'000);
-        EXPECT_FALSE(CopyFileWithReport(source, folder / "nieuw.nst", true));
+        EXPECT_FALSE(CopyFileWithReport(screen, source, folder / "nieuw.nst", true));
     }
     ASSERT_EQ(screen.messages.size(), 1U);
     EXPECT_TRUE(screen.messages[0].ends_with("\nCause: Schijf vol")) << screen.messages[0];

@@ -32,10 +32,10 @@ TEST_F(WindowsFiles, AFileThatAnotherProgramHoldsIsNeitherCopiedNorReplacedNorDe
     const Text other = folder.Write("ander.nst", "nieuw");
     {
         const HeldFile holder(held);
-        EXPECT_FALSE(CopyFileWithReport(held, folder / "kopie.nst", true));
+        EXPECT_FALSE(CopyFileWithReport(screen, held, folder / "kopie.nst", true));
         ASSERT_EQ(screen.messages.size(), 1U);
         EXPECT_TRUE(screen.messages[0].ends_with("\nCause: Toegang geweigerd")) << screen.messages[0];
-        EXPECT_FALSE(CopyFileWithReport(other, held, false));
+        EXPECT_FALSE(CopyFileWithReport(screen, other, held, false));
         EXPECT_FALSE(RenameFileAt(other, held));
         EXPECT_FALSE(DeleteFileAt(held));
     }
@@ -48,7 +48,7 @@ TEST_F(WindowsFiles, AFileThatMayNotBeWrittenIsNotReplaced) {
     const Text to = folder.Write("kaart.sfn", "oud");
     ASSERT_NE(::SetFileAttributesW(ToWide(to).c_str(), FILE_ATTRIBUTE_READONLY), 0);
     EXPECT_FALSE(RenameFileAt(from, to));
-    EXPECT_FALSE(CopyFileWithReport(from, to, true));
+    EXPECT_FALSE(CopyFileWithReport(screen, from, to, true));
     ASSERT_EQ(screen.messages.size(), 1U);
     EXPECT_TRUE(screen.messages[0].ends_with("\nCause: Toegang geweigerd")) << screen.messages[0];
     EXPECT_EQ(FileBytes(to), "oud");

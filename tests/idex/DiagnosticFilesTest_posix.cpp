@@ -69,13 +69,13 @@ TEST_F(DiagnosticFiles, AreNotWrittenAfterAnError) {
 
 TEST_F(DiagnosticFiles, AreNotWrittenForAFileThatCannotBeOpened) {
     const EnvironmentValue drive("KORVANDE_DRIVE_D", drives.Path());
-    TheRun().IdexFileName = folder / "missing.idx";
-    ReadIdexFile();
+    translation.IdexFileName = folder / "missing.idx";
+    ReadIdexFile(translation);
     EXPECT_EQ(drives.Listing(), "");
 }
 
 TEST_F(DiagnosticFiles, AreNotWrittenForARunThatWantsNone) {
-    TheRun().withDiagnosticFiles = false;
+    translation.withDiagnosticFiles = false;
     ASSERT_EQ(ReadWithDriveD(FileWith("")), "");
     EXPECT_EQ(drives.Listing(), "");
 }

@@ -22,16 +22,16 @@ TEST_F(IdexEdges, ARowGivesEveryFieldOfAnEdge) {
     EXPECT_EQ(Edge(1).LineNo, 1);
     EXPECT_EQ(Edge(1).StartPt, 3);
     EXPECT_EQ(Edge(1).EndPt, 1);
-    EXPECT_EQ(Shown(Edge(1).LineType), "STRAIGHT");
+    EXPECT_EQ(Shown(drawing.LineType(Edge(1))), "STRAIGHT");
     EXPECT_EQ(Edge(2).StartPt, 1);
     EXPECT_EQ(Edge(2).EndPt, 2);
 }
 
 TEST_F(IdexEdges, TheLineTypeKeepsItsQuotesAndIsCutToTwelveCharacters) {
     ASSERT_EQ(ReadEdges("1,10,20,\"curve\";\n1,10,20,abcdefghijklmn;\n1,10,20;\n"), "");
-    EXPECT_EQ(Shown(Edge(1).LineType), "\"CURVE\"");
-    EXPECT_EQ(Shown(Edge(2).LineType), "ABCDEFGHIJKL");
-    EXPECT_EQ(Edge(3).LineType, MakeFixedText<12>(u""));
+    EXPECT_EQ(Shown(drawing.LineType(Edge(1))), "\"CURVE\"");
+    EXPECT_EQ(Shown(drawing.LineType(Edge(2))), "ABCDEFGHIJKL");
+    EXPECT_EQ(drawing.LineType(Edge(3)), MakeFixedText<12>(u""));
 }
 
 TEST_F(IdexEdges, AnyLineNumberIsKept) {
@@ -114,8 +114,8 @@ TEST_F(IdexEdges, BehindThemTheirLinesGoOn) {
                          "EDGES (EndPt,StartPt,LineNo)\n10,20,2;\nEND EDGES\n"
                          "END LINES\n"),
               "");
-    EXPECT_EQ(Shown(Line(1).Code), "A");
-    EXPECT_EQ(Shown(Line(2).Code), "B");
+    EXPECT_EQ(Shown(drawing.Code(Line(1))), "A");
+    EXPECT_EQ(Shown(drawing.Code(Line(2))), "B");
     ASSERT_EQ(drawing.Edges.UpperBound(), 2);
     EXPECT_EQ(Edge(2).LineNo, 2);
     EXPECT_EQ(Edge(2).StartPt, 2);

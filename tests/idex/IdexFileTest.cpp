@@ -2,6 +2,7 @@
 
 #include "core/modScreen.h"
 #include "idex/modImportIDEX.h"
+#include "tests/core/ErrorOf.h"
 #include "tests/idex/IdexTest.h"
 
 namespace korvande::testing {
@@ -13,8 +14,9 @@ class IdexFile : public IdexTest {
     // Reads the file of this name and gives the log book's text.
     std::string LogOfReading(TextView name) {
         OpenLog();
-        TheRun().IdexFileName = name;
-        ReadIdexFile();
+        translation.inputBytes.reset();
+        translation.IdexFileName = name;
+        ReadIdexFile(translation);
         return LogText();
     }
 
@@ -63,13 +65,34 @@ class IdexFile : public IdexTest {
 TEST_F(IdexFile, AWholeDrawingIsRead) {
     ASSERT_EQ(Read(SmallDrawing()), "");
     EXPECT_EQ(Counts(), "2 1 1 1");
-    EXPECT_EQ(Shown(Point(1).Description), "12' BUIS");
-    EXPECT_EQ(Shown(Point(2).Code), "X");
+    EXPECT_EQ(Shown(drawing.Description(Point(1))), "12' BUIS");
+    EXPECT_EQ(Shown(drawing.Code(Point(2))), "X");
     EXPECT_EQ(Line(1).Flags1, 5);
     EXPECT_EQ(Edge(1).EndPt, 2);
-    EXPECT_EQ(Shown(TextAt(1).Text), "Straat naam");
-    EXPECT_EQ(Shown(TextAt(1).Code), "TEKST");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "Straat naam");
+    EXPECT_EQ(Shown(drawing.Code(TextAt(1))), "TEKST");
     EXPECT_TRUE(screen.messages.empty());
+}
+
+TEST_F(IdexFile, ThatIsReadByItsNameGivesWhatItsBytesGive) {
+    EXPECT_EQ(LogOfReading(folder.Write("test.idx", SmallDrawing())), "");
+    EXPECT_EQ(Counts(), "2 1 1 1");
+    EXPECT_EQ(drawing.Description(Point(1)), MakeFixedText<80>(u"12' BUIS"));
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "Straat naam");
+    EXPECT_TRUE(screen.messages.empty());
+
+    translation.IdexFileName = folder.Write("test.idx", FileWith("POINTS (PointNo)\n1;\n-1;\nEND\n"));
+    EXPECT_EQ(ErrorOf([this] { ReadIdexFile(translation); }), errors::subscriptOutOfRange);
+    EXPECT_EQ(translation.inputLine, firstLineOfTables + 2);
+    EXPECT_EQ(Counts(), "1 0 0 0");
+}
+
+TEST_F(IdexFile, ItsBytesInMemoryTakeThePlaceOfTheOneThatIsNamed) {
+    translation.IdexFileName = folder / "missing.idx";
+    ASSERT_EQ(Read(SmallDrawing()), "");
+    EXPECT_EQ(Counts(), "2 1 1 1");
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_FALSE(translation.outcome.inputUnreadable);
 }
 
 TEST_F(IdexFile, LinesEndAtCrLfAtLfAndAtCr) {
@@ -80,7 +103,7 @@ TEST_F(IdexFile, LinesEndAtCrLfAtLfAndAtCr) {
         }
         ASSERT_EQ(Read(bytes), "");
         EXPECT_EQ(Counts(), "2 1 1 1");
-        EXPECT_EQ(Shown(TextAt(1).Text), "Straat naam");
+        EXPECT_EQ(Shown(TextAt(1).Characters()), "Straat naam");
     }
 }
 
@@ -112,25 +135,27 @@ TEST_F(IdexFile, ThatBeginsWithAByteOrderMarkIsUtf8) {
                                              "TEXT\nBOX_ON_POINT (A)\n1;\nEND\n"
                                              "ITEMS (TextBoxNo,LineNo,TextItem)\n1,1,\"Zürich\";\nEND\n")),
               "");
-    EXPECT_EQ(Shown(Point(1).Description), "CAFÉ €");
-    EXPECT_EQ(Shown(TextAt(1).Text), "Zürich");
+    EXPECT_EQ(Shown(drawing.Description(Point(1))), "CAFÉ €");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "Zürich");
 }
 
 TEST_F(IdexFile, ANewOneTakesThePlaceOfTheOneBefore) {
     ASSERT_EQ(Read(SmallDrawing()), "");
-    CountUnknownCode(MakeFixedText<8>(u"PX"));
+    CountUnknownCode(translation.unknowns, MakeFixedText<8>(u"PX"));
     ASSERT_EQ(Read("HEADER\nEND HEADER\nLAYERS ()\nEND\nDATABASE\n"), "");
     EXPECT_TRUE(IsEmpty());
-    EXPECT_TRUE(TheDrawing().UnknownCodes.Entries().empty());
+    EXPECT_TRUE(translation.unknowns.Entries().empty());
     EXPECT_TRUE(drawing.DrawingDate.empty());
 }
 
 TEST_F(IdexFile, WithoutAHeaderIsNotRead) {
     for (const std::string_view bytes : {"", "\n", "x", "POINTS (PointNo)\n1;\nEND\n", "\x1A"}) {
+        translation.outcome = {};
+        translation.problems = {};
         EXPECT_EQ(LogOf(bytes), "FOUT:  Geen HEADER gevonden in het IDEX bestand\n") << bytes;
         EXPECT_TRUE(IsEmpty()) << bytes;
-        EXPECT_TRUE(TheRun().outcome.wrongFormat) << bytes;
-        EXPECT_EQ(LogFile().ErrorCount(), 1) << bytes;
+        EXPECT_TRUE(translation.outcome.wrongFormat) << bytes;
+        EXPECT_EQ(translation.problems.errors, 1) << bytes;
     }
 }
 
@@ -139,7 +164,7 @@ TEST_F(IdexFile, WithoutLayersStaysEmpty) {
     EXPECT_EQ(log, "FOUT:  Geen LAYERS gevonden in het IDEX bestand\n");
     EXPECT_TRUE(IsEmpty());
     EXPECT_EQ(ToUtf8(drawing.DrawingDate), "15-05-2024");
-    EXPECT_FALSE(TheRun().outcome.wrongFormat);
+    EXPECT_FALSE(translation.outcome.wrongFormat);
 }
 
 TEST_F(IdexFile, WithoutADatabaseKeepsItsLayers) {
@@ -162,16 +187,16 @@ TEST_F(IdexFile, ThatIsMissingIsReportedAndLogged) {
     EXPECT_EQ(LogOfReading(name), "FOUT:  Error:53 - Bestand niet gevonden " + path + "\n");
     EXPECT_EQ(screen.messages, std::vector<std::string>{"Error:53 - Bestand niet gevonden\n" + path});
     EXPECT_EQ(screen.boxes.at(0).buttons, Buttons::Ok);
-    EXPECT_TRUE(TheRun().outcome.inputUnreadable);
+    EXPECT_TRUE(translation.outcome.inputUnreadable);
     EXPECT_TRUE(IsEmpty());
-    EXPECT_EQ(CurrentInputLine(), 0);
+    EXPECT_EQ(translation.inputLine, 0);
 }
 
 TEST_F(IdexFile, ThatIsAFolderIsReportedAndLogged) {
     const std::string path = folder.Path();
     EXPECT_EQ(LogOfReading(FromUtf8(path)), "FOUT:  Error:75 - Fout bij toegang tot pad of bestand " + path + "\n");
     EXPECT_EQ(screen.messages, std::vector<std::string>{"Error:75 - Fout bij toegang tot pad of bestand\n" + path});
-    EXPECT_TRUE(TheRun().outcome.inputUnreadable);
+    EXPECT_TRUE(translation.outcome.inputUnreadable);
 }
 
 TEST_F(IdexFile, OnADriveThatIsNotThereIsReportedAndLogged) {
@@ -181,11 +206,11 @@ TEST_F(IdexFile, OnADriveThatIsNotThereIsReportedAndLogged) {
 
 TEST_F(IdexFile, WithoutANameIsReported) {
     OpenLog();
-    TheRun().IdexFileName.clear();
-    ReadIdexFile();
+    translation.IdexFileName.clear();
+    ReadIdexFile(translation);
     ASSERT_EQ(screen.messages.size(), 1U);
     EXPECT_EQ(screen.messages[0], "Error:52 - Ongeldige bestandsnaam of ongeldig bestandsnummer\n");
-    EXPECT_EQ(LogFile().ErrorCount(), 1);
+    EXPECT_EQ(translation.problems.errors, 1);
 }
 
 TEST_F(IdexFile, ItsProgressIsCountedInUnitsOf128Bytes) {
@@ -199,8 +224,7 @@ TEST_F(IdexFile, ItsProgressIsCountedInUnitsOf128Bytes) {
 TEST_F(IdexFile, APersonMayEndItsReading) {
     // The screen is asked before the first line already.
     screen.onPump = [] { throw TranslationAborted(); };
-    TheRun().IdexFileName = folder.Write("test.idx", SmallDrawing());
-    EXPECT_THROW(ReadIdexFile(), TranslationAborted);
+    EXPECT_THROW(Read(SmallDrawing()), TranslationAborted);
     EXPECT_TRUE(IsEmpty());
 }
 
@@ -259,7 +283,7 @@ TEST_F(IdexFile, ARowOfTenMillionBytesIsReadLikeAnyOther) {
     const std::string longText = std::string().append(length, 'x');
     ASSERT_EQ(ReadTables("POINTS (PointNo,Description,East)\n1,\"" + longText + "\",1.5;\n2,\"B\",2.5;\nEND\n"), "");
     ASSERT_EQ(drawing.Points.UpperBound(), 2);
-    EXPECT_EQ(Shown(Point(1).Description), std::string(80, 'X'));
+    EXPECT_EQ(Shown(drawing.Description(Point(1))), std::string(80, 'X'));
     EXPECT_EQ(Point(1).East, 1.5);
     EXPECT_EQ(Point(2).East, 2.5);
 }
@@ -288,7 +312,7 @@ TEST_F(IdexFile, BytesThatAreNoDrawingDoNoHarm) {
     EXPECT_TRUE(outcome.starts_with("error ")) << outcome;
     // Zero bytes too.
     EXPECT_EQ(ReadTables(std::string("POINTS (PointNo,PointID)\n1,\"A\0B\";\n", 34) + "END\n"), "");
-    EXPECT_EQ(Point(1).PointID, MakeFixedText<9>(TextView(u"A\0B", 3)));
+    EXPECT_EQ(Point(1).PointID(), MakeFixedText<9>(TextView(u"A\0B", 3)));
 }
 
 }  // namespace

@@ -14,20 +14,20 @@ class IdexGeneratedTexts : public IdexTest {
         "40,\"B2\",0.1;\n"
         "END POINTS\n";
 
-    static void AskForPointNumbers(TextView code = u"Z01") {
-        frmKORVANDE().chkExportPointnoAsText = true;
-        frmKORVANDE().txtPnoTxtLKI = code;
+    void AskForPointNumbers(TextView code = u"Z01") {
+        translation.options.chkExportPointnoAsText = true;
+        translation.options.txtPnoTxtLKI = code;
     }
-    static void AskForHeights(TextView code = u"Z02") {
-        frmKORVANDE().chkExportHeightAsText = true;
-        frmKORVANDE().txtEleTxtLKI = code;
+    void AskForHeights(TextView code = u"Z02") {
+        translation.options.chkExportHeightAsText = true;
+        translation.options.txtEleTxtLKI = code;
     }
 
     // The text that a point of this height gives, at its full width up to the last digit; "" when there is none.
     std::string HeightTextOf(std::string_view elevation) {
         AskForHeights();
         EXPECT_EQ(ReadTables("POINTS (PointNo,Elevation)\n1," + std::string(elevation) + ";\nEND\n"), "");
-        return drawing.Texts.UpperBound() == 0 ? std::string() : Shown(TextAt(1).Text);
+        return drawing.Texts.UpperBound() == 0 ? std::string() : Shown(TextAt(1).Characters());
     }
 };
 
@@ -44,10 +44,10 @@ TEST_F(IdexGeneratedTexts, EveryPointWithANameGivesAPointNumberText) {
     EXPECT_EQ(first.AnchorPointNo, 10);
     EXPECT_EQ(first.AnchorPosition, 9);
     EXPECT_EQ(first.HzDirection, 0);
-    EXPECT_EQ(Shown(first.Code), "ÿZ01");
-    EXPECT_EQ(Shown(first.Text), "A1");
+    EXPECT_EQ(Shown(drawing.Code(first)), "ÿZ01");
+    EXPECT_EQ(Shown(first.Characters()), "A1");
     EXPECT_EQ(TextAt(2).AnchorPointNo, 40);
-    EXPECT_EQ(Shown(TextAt(2).Text), "B2");
+    EXPECT_EQ(Shown(TextAt(2).Characters()), "B2");
 }
 
 TEST_F(IdexGeneratedTexts, EveryPointWithAHeightGivesAHeightText) {
@@ -58,8 +58,8 @@ TEST_F(IdexGeneratedTexts, EveryPointWithAHeightGivesAHeightText) {
     EXPECT_EQ(first.AnchorPointNo, 20);
     EXPECT_EQ(first.AnchorPosition, 5);
     EXPECT_EQ(first.HzDirection, 50);
-    EXPECT_EQ(Shown(first.Code), "ÿZ02");
-    EXPECT_EQ(Shown(first.Text), "  -1,01");
+    EXPECT_EQ(Shown(drawing.Code(first)), "ÿZ02");
+    EXPECT_EQ(Shown(first.Characters()), "  -1,01");
     EXPECT_EQ(TextAt(2).AnchorPointNo, 30);
     EXPECT_EQ(TextAt(3).AnchorPointNo, 40);
 }
@@ -86,14 +86,14 @@ TEST_F(IdexGeneratedTexts, TheirCodeIsCutToSevenCharacters) {
     AskForPointNumbers(u"1234567");
     AskForHeights(u"ABCDEFGH");
     ASSERT_EQ(ReadTables("POINTS (PointID,Elevation)\n\"A\",1;\nEND\n"), "");
-    EXPECT_EQ(Shown(TextAt(1).Code), "ÿ123456");
-    EXPECT_EQ(Shown(TextAt(2).Code), "ÿABCDEF");
+    EXPECT_EQ(Shown(drawing.Code(TextAt(1))), "ÿ123456");
+    EXPECT_EQ(Shown(drawing.Code(TextAt(2))), "ÿABCDEF");
 }
 
 TEST_F(IdexGeneratedTexts, TheirCodeIsTheMarkAloneWhenNothingWasTyped) {
     AskForPointNumbers(u"");
     ASSERT_EQ(ReadTables("POINTS (PointID)\n\"A\";\nEND\n"), "");
-    EXPECT_EQ(Shown(TextAt(1).Code), "ÿ");
+    EXPECT_EQ(Shown(drawing.Code(TextAt(1))), "ÿ");
 }
 
 TEST_F(IdexGeneratedTexts, PointNumbersComeBeforeHeights) {
@@ -114,17 +114,17 @@ TEST_F(IdexGeneratedTexts, StandBehindTheTextsThatAreThere) {
                          std::string(points)),
               "");
     ASSERT_EQ(drawing.Texts.UpperBound(), 3);
-    EXPECT_EQ(Shown(TextAt(1).Text), "Tekst");
-    EXPECT_EQ(Shown(TextAt(2).Text), "A1");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "Tekst");
+    EXPECT_EQ(Shown(TextAt(2).Characters()), "A1");
 }
 
 TEST_F(IdexGeneratedTexts, ASecondTableOfPointsMakesThemAgain) {
     AskForPointNumbers();
     ASSERT_EQ(ReadTables("POINTS (PointID)\n\"A\";\n\"B\";\nEND\nPOINTS (PointID)\n\"C\";\nEND\n"), "");
     ASSERT_EQ(drawing.Texts.UpperBound(), 4);
-    EXPECT_EQ(Shown(TextAt(2).Text), "B");
-    EXPECT_EQ(Shown(TextAt(3).Text), "C");
-    EXPECT_EQ(Shown(TextAt(4).Text), "B");
+    EXPECT_EQ(Shown(TextAt(2).Characters()), "B");
+    EXPECT_EQ(Shown(TextAt(3).Characters()), "C");
+    EXPECT_EQ(Shown(TextAt(4).Characters()), "B");
 }
 
 TEST_F(IdexGeneratedTexts, AreMadeFromUpdatedPoints) {
@@ -133,7 +133,7 @@ TEST_F(IdexGeneratedTexts, AreMadeFromUpdatedPoints) {
         ReadTables("POINTS (PointNo,PointID)\n1,\"A\";\n2,\"B\";\nEXTRAINFO (PointNo,PointID)\n1,\"C\";\n2,;\nEND\n"),
         "");
     ASSERT_EQ(drawing.Texts.UpperBound(), 1);
-    EXPECT_EQ(Shown(TextAt(1).Text), "C");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "C");
 }
 
 TEST_F(IdexGeneratedTexts, AreNotMadeFromATableThatEndsInAnError) {

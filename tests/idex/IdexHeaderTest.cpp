@@ -31,7 +31,7 @@ TEST_F(IdexHeader, ItsSeparatorAndTerminatorHoldForTheRestOfTheFile) {
     EXPECT_EQ(drawing.IdexTerminator, '#');
     EXPECT_EQ(ToUtf8(drawing.LayerNames.at(1)), "A,B");
     ASSERT_EQ(drawing.Points.UpperBound(), 1);
-    EXPECT_EQ(Shown(Point(1).PointID), "P,1");
+    EXPECT_EQ(Shown(Point(1).PointID()), "P,1");
     EXPECT_EQ(Point(1).East, 12.5);
 }
 
@@ -113,23 +113,23 @@ TEST_F(IdexHeader, WithoutAFieldworkDateThereIsNone) {
 
 TEST_F(IdexHeader, TodayMayTakeThePlaceOfItsDate) {
     const EnvironmentValue now("SOURCE_DATE_EPOCH", "1715731200");  // 15 May 2024
-    frmKORVANDE().SetDateOption(&FormKORVANDE::optDateNow, true);
+    SetDateOption(translation.options, &Options::optDateNow, true);
     ASSERT_EQ(ReadHeader("FIELD_DATE 20010203\n"), "");
     EXPECT_EQ(ToUtf8(drawing.DrawingDate), "15-05-2024");
 }
 
 TEST_F(IdexHeader, ADateTypedByThePersonMayTakeThePlaceOfItsDate) {
-    frmKORVANDE().SetDateOption(&FormKORVANDE::optDateAlt, true);
-    frmKORVANDE().txtAltDatum = u"  op 20231224 ";
+    SetDateOption(translation.options, &Options::optDateAlt, true);
+    translation.options.txtAltDatum = u"  op 20231224 ";
     ASSERT_EQ(ReadHeader("FIELD_DATE 20010203\n"), "");
     EXPECT_EQ(ToUtf8(drawing.DrawingDate), "24-12-2023");
 
     // Only the last eight characters count.
-    frmKORVANDE().txtAltDatum = u"24-12-2023";
+    translation.options.txtAltDatum = u"24-12-2023";
     ASSERT_EQ(ReadHeader(""), "");
     EXPECT_EQ(ToUtf8(drawing.DrawingDate), "-12-2023");
 
-    frmKORVANDE().txtAltDatum = u"  ";
+    translation.options.txtAltDatum = u"  ";
     ASSERT_EQ(ReadHeader("FIELD_DATE 20010203\n"), "");
     EXPECT_EQ(ToUtf8(drawing.DrawingDate), "");
 }

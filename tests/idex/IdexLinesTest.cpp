@@ -20,8 +20,8 @@ class IdexLines : public IdexTest {
 TEST_F(IdexLines, ARowGivesEveryFieldOfALineString) {
     ASSERT_EQ(ReadLines("  1,\"kant\",\"Kant \"\"verharding\"\"\",00000000 00000101,00000001;\n"), "");
     ASSERT_EQ(drawing.Lines.UpperBound(), 1);
-    EXPECT_EQ(Shown(Line(1).Code), "KANT");
-    EXPECT_EQ(Shown(Line(1).Description), "KANT ''VERHARDING''");
+    EXPECT_EQ(Shown(drawing.Code(Line(1))), "KANT");
+    EXPECT_EQ(Shown(drawing.Description(Line(1))), "KANT ''VERHARDING''");
     EXPECT_EQ(Line(1).Flags1, 5);
     EXPECT_EQ(Line(1).Flags2, 1);
 }
@@ -30,33 +30,33 @@ TEST_F(IdexLines, GapsInTheNumbersAreBlankLines) {
     ASSERT_EQ(ReadLines("1,\"A\";\n2,\"B\";\n5,\"E\";\n"), "");
     ASSERT_EQ(drawing.Lines.UpperBound(), 5);
     for (const int number : {3, 4}) {
-        EXPECT_EQ(Line(number).Code, MakeFixedText<7>(u"")) << number;
-        EXPECT_EQ(Line(number).Description, MakeFixedText<53>(u"")) << number;
+        EXPECT_EQ(drawing.Code(Line(number)), MakeFixedText<7>(u"")) << number;
+        EXPECT_EQ(drawing.Description(Line(number)), MakeFixedText<53>(u"")) << number;
         EXPECT_EQ(Line(number).Flags1, 0) << number;
         EXPECT_EQ(Line(number).Flags2, 0) << number;
     }
-    EXPECT_EQ(Shown(Line(5).Code), "E");
+    EXPECT_EQ(Shown(drawing.Code(Line(5))), "E");
 }
 
 TEST_F(IdexLines, NumbersComeInAnyOrderAndTheLastRowOfANumberCounts) {
     ASSERT_EQ(ReadLines("3,\"C\",\"OUD\",1,1;\n1,\"A\";\n3,\"D\";\n"), "");
     ASSERT_EQ(drawing.Lines.UpperBound(), 3);
-    EXPECT_EQ(Shown(Line(1).Code), "A");
-    EXPECT_EQ(Shown(Line(3).Code), "D");
-    EXPECT_TRUE(Line(3).Description.IsBlank());
+    EXPECT_EQ(Shown(drawing.Code(Line(1))), "A");
+    EXPECT_EQ(Shown(drawing.Code(Line(3))), "D");
+    EXPECT_TRUE(drawing.Description(Line(3)).IsBlank());
     EXPECT_EQ(Line(3).Flags1, 0);
 }
 
 TEST_F(IdexLines, ARowWithoutANumberOrWithNumberZeroIsNoLine) {
     ASSERT_EQ(ReadLines(",\"A\";\n0,\"B\";\nX,\"C\";\n"), "");
     EXPECT_EQ(drawing.Lines.UpperBound(), 0);
-    EXPECT_EQ(Shown(Line(0).Code), "C");
+    EXPECT_EQ(Shown(drawing.Code(Line(0))), "C");
 }
 
 TEST_F(IdexLines, TextsAreCutToTheirWidth) {
     ASSERT_EQ(ReadLines("1,\"12345678\",\"" + std::string(60, 'x') + "\";\n"), "");
-    EXPECT_EQ(Shown(Line(1).Code), "1234567");
-    EXPECT_EQ(Shown(Line(1).Description), std::string(53, 'X'));
+    EXPECT_EQ(Shown(drawing.Code(Line(1))), "1234567");
+    EXPECT_EQ(Shown(drawing.Description(Line(1))), std::string(53, 'X'));
 }
 
 TEST_F(IdexLines, AFlagWordIsBinary) {
@@ -69,14 +69,14 @@ TEST_F(IdexLines, AFlagWordIsBinary) {
 
 TEST_F(IdexLines, RowsAreNotJoined) {
     ASSERT_EQ(ReadLines("1,\"A\",\n2,\"B\"\n"), "");
-    EXPECT_EQ(Shown(Line(1).Code), "A");
-    EXPECT_EQ(Shown(Line(2).Code), "B");
+    EXPECT_EQ(Shown(drawing.Code(Line(1))), "A");
+    EXPECT_EQ(Shown(drawing.Code(Line(2))), "B");
 }
 
 TEST_F(IdexLines, ANumberOfAMillionIsAlwaysAllowed) {
     ASSERT_EQ(ReadLines("1000000,\"A\";\n"), "");
     EXPECT_EQ(drawing.Lines.UpperBound(), 1'000'000);
-    EXPECT_EQ(Line(999'999).Code, MakeFixedText<7>(u""));
+    EXPECT_EQ(drawing.Code(Line(999'999)), MakeFixedText<7>(u""));
 }
 
 TEST_F(IdexLines, AHigherNumberThanTheRowsAccountForIsAnIndexOutOfRange) {
@@ -105,8 +105,8 @@ TEST_F(IdexLines, TenTimesTheRowsReadSoFarIsAllowedOverAllTables) {
 
 TEST_F(IdexLines, ASecondTableAddsToTheFirst) {
     ASSERT_EQ(ReadTables("LINES (LineNo,Code)\n1,\"A\";\nEND\nLINES (Code,LineNo)\n\"B\",2;\nEND\n"), "");
-    EXPECT_EQ(Shown(Line(1).Code), "A");
-    EXPECT_EQ(Shown(Line(2).Code), "B");
+    EXPECT_EQ(Shown(drawing.Code(Line(1))), "A");
+    EXPECT_EQ(Shown(drawing.Code(Line(2))), "B");
 }
 
 TEST_F(IdexLines, ATableWithoutItsEndIsAnErrorAndKeepsItsRows) {
@@ -121,7 +121,7 @@ TEST_F(IdexPolygons, AreReadOverAndAccountedFor) {
                          "LINES (LineNo)\n1;\nEND LINES\n"),
               "");
     EXPECT_EQ(drawing.Lines.UpperBound(), 1);
-    const KindAccount& account = TheAccount()[ObjectKind::Polygon];
+    const KindAccount& account = translation.account[ObjectKind::Polygon];
     EXPECT_EQ(account.read, 2);
     EXPECT_EQ(account.leftOut[static_cast<std::size_t>(LeftOut::NotTranslated)], 2);
     EXPECT_TRUE(account.Balances());
@@ -134,7 +134,7 @@ TEST_F(IdexPolygons, EndAtTheEndOfTheEdgesInsideThem) {
               "");
     EXPECT_EQ(drawing.Edges.UpperBound(), 0);
     EXPECT_EQ(drawing.Lines.UpperBound(), 1);
-    EXPECT_EQ(TheAccount()[ObjectKind::Polygon].read, 1);
+    EXPECT_EQ(translation.account[ObjectKind::Polygon].read, 1);
 }
 
 TEST_F(IdexPolygons, WithoutTheirEndAreAnErrorAlsoInsideTheirEdges) {

@@ -33,8 +33,8 @@ std::string Street(int points) {
 class IdexMemory : public IdexTest {
  protected:
     std::size_t BlocksFor(int points) {
-        TheRun().IdexFileName = folder.Write("test.idx", FileWith(Street(points)));
-        const Allocations asked = AllocationsOf([] { ReadIdexFile(); });
+        translation.IdexFileName = folder.Write("test.idx", FileWith(Street(points)));
+        const Allocations asked = AllocationsOf([this] { ReadIdexFile(translation); });
         EXPECT_EQ(drawing.Points.UpperBound(), points);
         return asked.blocks;
     }
@@ -49,9 +49,9 @@ class IdexMemory : public IdexTest {
 };
 
 TEST_F(IdexMemory, IsNotAskedForWhenARowIsRead) {
-    frmKORVANDE().chkExportHeightAsText = true;
-    frmKORVANDE().chkExportPointnoAsText = true;
-    frmKORVANDE().txtEleTxtLKI = u"1234567";
+    translation.options.chkExportHeightAsText = true;
+    translation.options.chkExportPointnoAsText = true;
+    translation.options.txtEleTxtLKI = u"1234567";
     ExpectNoneForARow();
     EXPECT_EQ(drawing.Texts.UpperBound(), 60'000);
 }
@@ -64,9 +64,9 @@ TEST_F(IdexMemory, IsNotAskedForWhenADiagnosticLineIsWritten) {
 
 TEST_F(IdexMemory, IsNotAskedForInProportionToAPointNumber) {
     const auto bytesFor = [this](std::string_view number) {
-        TheRun().IdexFileName =
+        translation.IdexFileName =
             folder.Write("test.idx", FileWith("POINTS (PointNo)\n" + std::string(number) + ";\nEND\n"));
-        return AllocationsOf([] { ReadIdexFile(); }).bytes;
+        return AllocationsOf([this] { ReadIdexFile(translation); }).bytes;
     };
     const std::size_t low = bytesFor("1");
     EXPECT_LT(bytesFor("2000000000"), low + 1'000);

@@ -21,7 +21,7 @@ class IdexPointUpdates : public IdexTest {
     std::string Codes() const {
         std::string codes;
         for (std::int32_t index = 1; index <= drawing.Points.UpperBound(); ++index) {
-            codes += (codes.empty() ? "" : " ") + Shown(Point(index).Code);
+            codes += (codes.empty() ? "" : " ") + Shown(drawing.Code(Point(index)));
         }
         return codes;
     }
@@ -37,9 +37,9 @@ TEST_F(IdexPointUpdates, ARowChangesTheFirstPointWithItsNumber) {
 
 TEST_F(IdexPointUpdates, ColumnsThatItsListLacksBecomeEmptyOrZero) {
     ASSERT_EQ(Update("10,\"NIEUW\";\n"), "");
-    EXPECT_TRUE(Point(1).PointID.IsBlank());
+    EXPECT_TRUE(Point(1).PointID().IsBlank());
     EXPECT_EQ(Point(1).East, 0);
-    EXPECT_EQ(Shown(Point(2).PointID), "B");
+    EXPECT_EQ(Shown(Point(2).PointID()), "B");
     EXPECT_EQ(Point(2).East, 2);
 }
 
@@ -86,7 +86,7 @@ TEST_F(IdexPointUpdates, TheListMayFollowTheKeywordDirectlyAndGoOnInTheNextLine)
 
 TEST_F(IdexPointUpdates, RowsMayStandOnTwoLines) {
     ASSERT_EQ(Update("10,\n\"NIE\\\"UW\";\n", "EXTRAINFO (PointNo,Description)"), "");
-    EXPECT_EQ(Shown(Point(1).Description), "NIE'UW");
+    EXPECT_EQ(Shown(drawing.Description(Point(1))), "NIE'UW");
 }
 
 TEST_F(IdexPointUpdates, TheyGoOnToTheEndOfTheTableWhichTheEndOfTheBlockIs) {
@@ -150,7 +150,7 @@ TEST_F(IdexPointUpdates, ManyOfThemGiveWhatASearchForEachWouldGive) {
     for (std::size_t i = 0; i < points.size(); ++i) {
         const PointRec& point = Point(static_cast<std::int32_t>(i) + 1);
         EXPECT_EQ(point.PointNo, points[i].number) << i;
-        EXPECT_EQ(Shown(point.Code), std::to_string(points[i].code)) << i;
+        EXPECT_EQ(Shown(drawing.Code(point)), std::to_string(points[i].code)) << i;
     }
 }
 

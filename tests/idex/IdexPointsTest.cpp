@@ -17,8 +17,8 @@ class IdexPoints : public IdexTest {
     // The description that a row with this field gives.
     std::string DescriptionOf(std::string_view field) {
         EXPECT_EQ(ReadPoints("1," + std::string(field) + ",\"CODE\";\n", "PointNo,Description,Code"), "");
-        EXPECT_EQ(Shown(Point(1).Code), "CODE") << field;
-        return Shown(Point(1).Description);
+        EXPECT_EQ(Shown(drawing.Code(Point(1))), "CODE") << field;
+        return Shown(drawing.Description(Point(1)));
     }
 
     // The easting that a row with this field gives.
@@ -32,12 +32,12 @@ TEST_F(IdexPoints, ARowGivesEveryFieldOfAPoint) {
     ASSERT_EQ(ReadPoints("  12,\"a1\",155000.1234,-463000.5,  1.25,\"boom\",\"Eik\",50.5000 ;\n"), "");
     ASSERT_EQ(drawing.Points.UpperBound(), 1);
     EXPECT_EQ(Point(1).PointNo, 12);
-    EXPECT_EQ(Shown(Point(1).PointID), "A1");
+    EXPECT_EQ(Shown(Point(1).PointID()), "A1");
     EXPECT_EQ(Point(1).East, 155000.1234);
     EXPECT_EQ(Point(1).North, -463000.5);
     EXPECT_EQ(Point(1).Elevation, 1.25);
-    EXPECT_EQ(Shown(Point(1).Code), "BOOM");
-    EXPECT_EQ(Shown(Point(1).Description), "EIK");
+    EXPECT_EQ(Shown(drawing.Code(Point(1))), "BOOM");
+    EXPECT_EQ(Shown(drawing.Description(Point(1))), "EIK");
     EXPECT_EQ(Point(1).SymDir, 50.5);
     EXPECT_EQ(drawing.PointIndex[12], 1);
 }
@@ -133,9 +133,9 @@ TEST_F(IdexPoints, TextsAreCutToTheirWidth) {
     const std::string description(90, 'd');
     ASSERT_EQ(
         ReadPoints("1,\"1234567890\",\"12345678\",\"" + description + "\";\n", "PointNo,PointID,Code,Description"), "");
-    EXPECT_EQ(Shown(Point(1).PointID), "123456789");
-    EXPECT_EQ(Shown(Point(1).Code), "1234567");
-    EXPECT_EQ(Shown(Point(1).Description), std::string(80, 'D'));
+    EXPECT_EQ(Shown(Point(1).PointID()), "123456789");
+    EXPECT_EQ(Shown(drawing.Code(Point(1))), "1234567");
+    EXPECT_EQ(Shown(drawing.Description(Point(1))), std::string(80, 'D'));
 }
 
 TEST_F(IdexPoints, TextsArePutIntoCapitalsByWindows1252) {
@@ -160,7 +160,7 @@ TEST_F(IdexPoints, AnEscapedQuoteInADescriptionBecomesASingleQuote) {
 
 TEST_F(IdexPoints, ALoneQuoteIsTakenAway) {
     ASSERT_EQ(ReadPoints("1,\",2;\n", "PointNo,Description,East"), "");
-    EXPECT_EQ(Shown(Point(1).Description), "");
+    EXPECT_EQ(Shown(drawing.Description(Point(1))), "");
     EXPECT_EQ(Point(1).East, 2);
     EXPECT_EQ(DescriptionOf("A\"B"), "A'B");
     EXPECT_EQ(DescriptionOf("\"AB\" C"), "AB' C");
@@ -173,9 +173,9 @@ TEST_F(IdexPoints, WhatStandsForAnEscapedQuoteIsOneAlsoWhenTheFileHoldsIt) {
 
 TEST_F(IdexPoints, OnlyInTheDescriptionAnEscapedQuoteComesBack) {
     ASSERT_EQ(ReadPoints("1,\"A\\\"B\",\"C\\\"D\",\"E\\\"F\";\n", "PointNo,PointID,Code,Description"), "");
-    EXPECT_EQ(Shown(Point(1).PointID), "A\\@\\B");
-    EXPECT_EQ(Shown(Point(1).Code), "C\\@\\D");
-    EXPECT_EQ(Shown(Point(1).Description), "E'F");
+    EXPECT_EQ(Shown(Point(1).PointID()), "A\\@\\B");
+    EXPECT_EQ(Shown(drawing.Code(Point(1))), "C\\@\\D");
+    EXPECT_EQ(Shown(drawing.Description(Point(1))), "E'F");
 }
 
 TEST_F(IdexPoints, WhatStandsBehindTheTerminatorIsLeftOut) {
@@ -188,10 +188,10 @@ TEST_F(IdexPoints, WhatStandsBehindTheTerminatorIsLeftOut) {
 TEST_F(IdexPoints, ARowWithoutTerminatorGoesOnInTheNextLine) {
     ASSERT_EQ(ReadPoints("1,\"a\",\n  10.5,20.5,,\"code\",\"des\\\"cr\",30;\n2,\"b\",11;\n"), "");
     ASSERT_EQ(drawing.Points.UpperBound(), 2);
-    EXPECT_EQ(Shown(Point(1).PointID), "A");
+    EXPECT_EQ(Shown(Point(1).PointID()), "A");
     EXPECT_EQ(Point(1).East, 10.5);
-    EXPECT_EQ(Shown(Point(1).Code), "CODE");
-    EXPECT_EQ(Shown(Point(1).Description), "DES'CR");
+    EXPECT_EQ(Shown(drawing.Code(Point(1))), "CODE");
+    EXPECT_EQ(Shown(drawing.Description(Point(1))), "DES'CR");
     EXPECT_EQ(Point(1).SymDir, 30);
     EXPECT_EQ(Point(2).East, 11);
 }

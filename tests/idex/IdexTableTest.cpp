@@ -19,9 +19,9 @@ TEST_F(IdexTable, ColumnsComeInAnyOrderAndExtraOnesArePassedOver) {
 
 TEST_F(IdexTable, AMissingColumnReadsAsAnEmptyField) {
     ASSERT_EQ(ReadTables("POINTS (PointNo,East)\n7,1.5;\nEND POINTS\n"), "");
-    EXPECT_TRUE(Point(1).PointID.IsBlank());
-    EXPECT_TRUE(Point(1).Code.IsBlank());
-    EXPECT_TRUE(Point(1).Description.IsBlank());
+    EXPECT_TRUE(Point(1).PointID().IsBlank());
+    EXPECT_TRUE(drawing.Code(Point(1)).IsBlank());
+    EXPECT_TRUE(drawing.Description(Point(1)).IsBlank());
     EXPECT_EQ(Point(1).North, 0);
     EXPECT_EQ(Point(1).Elevation, 0);
 }
@@ -30,7 +30,7 @@ TEST_F(IdexTable, ARowMayHaveFewerFieldsThanColumns) {
     ASSERT_EQ(ReadTables("POINTS (PointNo,East,North,Code)\n7,1.5;\nEND POINTS\n"), "");
     EXPECT_EQ(Point(1).East, 1.5);
     EXPECT_EQ(Point(1).North, 0);
-    EXPECT_TRUE(Point(1).Code.IsBlank());
+    EXPECT_TRUE(drawing.Code(Point(1)).IsBlank());
 }
 
 TEST_F(IdexTable, ARowMayHaveMoreFieldsThanColumns) {
@@ -91,16 +91,16 @@ TEST_F(IdexTable, TheKeywordMayStandDirectlyBeforeTheList) {
                          "\tITEMS(TextBoxNo,LineNo,TextItem)\n\t1,1,\"T\";\n\tEND\n"),
               "");
     EXPECT_EQ(Point(1).PointNo, 7);
-    EXPECT_EQ(Shown(Line(1).Code), "A");
+    EXPECT_EQ(Shown(drawing.Code(Line(1))), "A");
     EXPECT_EQ(drawing.Edges.UpperBound(), 1);
-    EXPECT_EQ(TheAccount()[ObjectKind::Polygon].read, 1);
-    EXPECT_EQ(Shown(TextAt(1).Text), "T");
+    EXPECT_EQ(translation.account[ObjectKind::Polygon].read, 1);
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "T");
 }
 
 TEST_F(IdexTable, ATabCountsAsABlank) {
     ASSERT_EQ(ReadTables("POINTS\t(PointNo,PointID,East)\n\t 7\t,\t\"A B\"\t,\t1.5\t;\t\n \tEND\tPOINTS\n"), "");
     EXPECT_EQ(Point(1).PointNo, 7);
-    EXPECT_EQ(Shown(Point(1).PointID), "A B");
+    EXPECT_EQ(Shown(Point(1).PointID()), "A B");
     EXPECT_EQ(Point(1).East, 1.5);
 }
 
@@ -136,7 +136,7 @@ TEST_F(IdexTable, EmptyLinesInsideItAreNoRows) {
               "");
     EXPECT_EQ(drawing.Points.UpperBound(), 2);
     EXPECT_EQ(drawing.Edges.UpperBound(), 1);
-    EXPECT_TRUE(drawing.Lines[0].Code.NeverFilled());
+    EXPECT_TRUE(drawing.Code(drawing.Lines[0]).NeverFilled());
 }
 
 }  // namespace

@@ -24,14 +24,14 @@ std::string FileWith(std::string_view tables) {
     return std::string(before).append(tables).append("END DATABASE\n");
 }
 
-std::string IdexTest::Read(std::string_view bytes) {
-    TheRun().IdexFileName = folder.Write("test.idx", bytes);
+std::string ReadInto(Translation& translation, std::string_view bytes) {
+    translation.inputBytes = bytes;
     try {
-        ReadIdexFile();
+        ReadIdexFile(translation);
     } catch (const RuntimeError& error) {
-        return ErrorInLine(error.Number(), CurrentInputLine());
+        return ErrorInLine(error.Number(), translation.inputLine);
     }
-    EXPECT_EQ(CurrentInputLine(), 0);
+    EXPECT_EQ(translation.inputLine, 0);
     return {};
 }
 

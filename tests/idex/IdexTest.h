@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/support/ProgramState.h"
+#include "tests/support/TranslationState.h"
 
 namespace korvande::testing {
 
@@ -19,11 +19,13 @@ std::string FileWith(std::string_view tables);
 // The line of such a file on which the tables begin.
 inline constexpr int firstLineOfTables = 8;
 
+// Reads a file of these bytes, which are in memory only. What escapes is told as "error 9 in line 12", nothing as "".
+std::string ReadInto(Translation& translation, std::string_view bytes);
+
 // A test that reads IDEX files, with no drive D: for the diagnostic files.
-class IdexTest : public ProgramTest {
+class IdexTest : public TranslationTest {
  protected:
-    // Reads a file of these bytes. What escapes is told as "error 9 in line 12", nothing as "".
-    std::string Read(std::string_view bytes);
+    std::string Read(std::string_view bytes) { return ReadInto(translation, bytes); }
     std::string ReadTables(std::string_view tables) { return Read(FileWith(tables)); }
 
     // "error 9 in line k" for the k-th line of the tables.
@@ -34,7 +36,7 @@ class IdexTest : public ProgramTest {
     const EdgeRec& Edge(std::int32_t index) const { return drawing.Edges[index]; }
     const TextRec& TextAt(std::int32_t index) const { return drawing.Texts[index]; }
 
-    const Drawing& drawing = TheDrawing();
+    Drawing& drawing = translation.drawing;
 
  private:
     EnvironmentValue noDriveD{"KORVANDE_DRIVE_D", std::nullopt};

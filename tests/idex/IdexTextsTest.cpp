@@ -28,13 +28,13 @@ TEST_F(IdexTexts, AnItemOnItsBoxGivesEveryFieldOfAText) {
     EXPECT_EQ(TextAt(1).AnchorPointNo, 10);
     EXPECT_EQ(TextAt(1).AnchorPosition, 3);
     EXPECT_EQ(TextAt(1).HzDirection, 25.5F);
-    EXPECT_EQ(Shown(TextAt(1).Code), "TEKSTEN");
-    EXPECT_EQ(Shown(TextAt(1).Text), "Kerkstraat");
+    EXPECT_EQ(Shown(drawing.Code(TextAt(1))), "TEKSTEN");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "Kerkstraat");
 }
 
 TEST_F(IdexTexts, ItsTextIsNotPutIntoCapitals) {
     ASSERT_EQ(ReadTexts(aBox, "1,1,1,1,\"Caf\xE9 \"\"Zon\"\", no. 5\";\n"), "");
-    EXPECT_EQ(Shown(TextAt(1).Text), "Café ''Zon'', no. 5");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "Café ''Zon'', no. 5");
 }
 
 TEST_F(IdexTexts, ItsCodeIsTheNameOfItsLayerCutToSevenCharacters) {
@@ -43,58 +43,58 @@ TEST_F(IdexTexts, ItsCodeIsTheNameOfItsLayerCutToSevenCharacters) {
              "BOX_ON_POINT (BoxNo,LayerNo)\n1,3;\n2,4;\n3,0;\n4,5;\nEND\n"
              "ITEMS (TextBoxNo,LineNo,TextItem)\n1,1,A;\n2,1,B;\n3,1,C;\n4,1,D;\nEND\n"),
         "");
-    EXPECT_EQ(Shown(TextAt(1).Code), "STRAATN");
-    EXPECT_EQ(TextAt(2).Code, MakeFixedText<7>(u""));
-    EXPECT_EQ(TextAt(3).Code, MakeFixedText<7>(u""));
+    EXPECT_EQ(Shown(drawing.Code(TextAt(1))), "STRAATN");
+    EXPECT_EQ(drawing.Code(TextAt(2)), MakeFixedText<7>(u""));
+    EXPECT_EQ(drawing.Code(TextAt(3)), MakeFixedText<7>(u""));
     // The mark of a generated text is no capital, so no file can bring it.
-    EXPECT_EQ(Shown(TextAt(4).Code), "ŸZ01");
+    EXPECT_EQ(Shown(drawing.Code(TextAt(4))), "ŸZ01");
 }
 
 TEST_F(IdexTexts, ThreeItemsAreOneTextJoinedBySingleBlanks) {
     ASSERT_EQ(ReadTexts(aBox, "1,1,1,1,\"Dorp  \";\n2,1,1,2,\"aan\";\n3,1,1,3,\"Zee\";\n"), "");
     ASSERT_EQ(drawing.Texts.UpperBound(), 1);
-    EXPECT_EQ(Shown(TextAt(1).Text), "Dorp aan Zee");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "Dorp aan Zee");
 }
 
 TEST_F(IdexTexts, AFurtherItemLosesTheBlanksInFrontOfTheTextBeforeIt) {
     ASSERT_EQ(ReadTexts(aBox, "1,1,1,1,\"  Dorp\";\n2,1,1,2,\"  Zee\";\n"), "");
-    EXPECT_EQ(Shown(TextAt(1).Text), "Dorp   Zee");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "Dorp   Zee");
     ASSERT_EQ(ReadTexts(aBox, "1,1,1,1,\"  Dorp\";\n"), "");
-    EXPECT_EQ(Shown(TextAt(1).Text), "  Dorp");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "  Dorp");
 }
 
 TEST_F(IdexTexts, ATextIsCutAt47Characters) {
     const std::string item(30, 'x');
     ASSERT_EQ(ReadTexts(aBox, "1,1,1,1,\"" + item + item + "\";\n"), "");
-    EXPECT_EQ(Shown(TextAt(1).Text), std::string(47, 'x'));
+    EXPECT_EQ(Shown(TextAt(1).Characters()), std::string(47, 'x'));
     ASSERT_EQ(ReadTexts(aBox, "1,1,1,1,\"" + item + "\";\n2,1,1,2,\"y" + item + "\";\n3,1,1,3,\"z\";\n"), "");
-    EXPECT_EQ(Shown(TextAt(1).Text), item + " y" + std::string(15, 'x'));
+    EXPECT_EQ(Shown(TextAt(1).Characters()), item + " y" + std::string(15, 'x'));
     ASSERT_EQ(ReadTexts(aBox, "1,1,1,1,\"" + item + "\";\n2,1,1,2,\"" + item + item + "\";\n"), "");
-    EXPECT_EQ(Shown(TextAt(1).Text), item + " " + std::string(16, 'x'));
+    EXPECT_EQ(Shown(TextAt(1).Characters()), item + " " + std::string(16, 'x'));
 }
 
 TEST_F(IdexTexts, AnEmptyFurtherItemAddsNothing) {
     ASSERT_EQ(ReadTexts(aBox, "1,1,1,1,\"A\";\n2,1,1,2,;\n3,1,1,3,\"B\";\n"), "");
-    EXPECT_EQ(Shown(TextAt(1).Text), "A B");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "A B");
 }
 
 TEST_F(IdexTexts, TheLineNumberIsComparedAsANumber) {
     ASSERT_EQ(ReadTexts(aBox, "1,1,1, 1.0 ,\"A\";\n2,1,1,01,\"B\";\n3,1,1,1E0,\"C\";\n4,1,1,1.4,\"D\";\n"), "");
     ASSERT_EQ(drawing.Texts.UpperBound(), 3);
-    EXPECT_EQ(Shown(TextAt(3).Text), "C D");
+    EXPECT_EQ(Shown(TextAt(3).Characters()), "C D");
 }
 
 TEST_F(IdexTexts, AFurtherItemGoesToTheLastTextWhateverItsBox) {
     ASSERT_EQ(ReadTexts("1,10;\n2,20;\n", "1,1,1,1,\"A\";\n2,2,1,1,\"B\";\n3,1,1,2,\"C\";\n4,99,1,2,\"D\";\n"), "");
-    EXPECT_EQ(Shown(TextAt(1).Text), "A");
-    EXPECT_EQ(Shown(TextAt(2).Text), "B C D");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "A");
+    EXPECT_EQ(Shown(TextAt(2).Characters()), "B C D");
 }
 
 TEST_F(IdexTexts, AFurtherItemBeforeAnyTextIsLeftOutAndLogged) {
     OpenLog();
     ASSERT_EQ(ReadTexts(aBox, "1,1,1,2,\"B\";\n2,1,1,1,\"A\";\n"), "");
     ASSERT_EQ(drawing.Texts.UpperBound(), 1);
-    EXPECT_EQ(Shown(TextAt(1).Text), "A");
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "A");
     EXPECT_EQ(LogText(), "FOUT:  Tekstregel zonder tekst (regel 18)\n");
     EXPECT_EQ(firstLineOfTables + firstItem - 1, 18);
 }
@@ -135,7 +135,7 @@ TEST_F(IdexTexts, ALayerThatIsNotInTheTableIsAnErrorAboveItOnly) {
     EXPECT_EQ(ReadTexts("1,10,3,2,0;\n", ""), ErrorAt(errors::subscriptOutOfRange, firstBox));
     EXPECT_EQ(ReadTexts("1,10,3,-1,0;\n", ""), ErrorAt(errors::subscriptOutOfRange, firstBox));
     EXPECT_EQ(ReadTexts("1,10,3,,0;\n", "1,1,1,1,\"A\";\n"), "");
-    EXPECT_EQ(Shown(TextAt(1).Code), "STNDRD");
+    EXPECT_EQ(Shown(drawing.Code(TextAt(1))), "STNDRD");
 }
 
 TEST_F(IdexTexts, ABoxWithANumberThatDoesNotFitOverflows) {
@@ -160,7 +160,7 @@ TEST_F(IdexTexts, ASecondTableAddsItsTexts) {
         "text\n box_on_point(X,AnchorPointNo)\n1,10;\nend\n items(TextBoxNo,LineNo,TextItem)\n1,1,a;\nend\nend text\n";
     ASSERT_EQ(ReadTables(std::string(table).append(table)), "");
     ASSERT_EQ(drawing.Texts.UpperBound(), 2);
-    EXPECT_EQ(Shown(TextAt(2).Text), "a");
+    EXPECT_EQ(Shown(TextAt(2).Characters()), "a");
     EXPECT_EQ(screen.statuses, (std::vector<std::string>{"Inlezen IDEX", "Inlezen Teksten", "Inlezen Teksten"}));
 }
 

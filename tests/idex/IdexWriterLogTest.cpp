@@ -1,6 +1,7 @@
 #include "idex/modExportIDEX.h"
 #include "tests/core/ErrorOf.h"
 #include "tests/idex/IdexWriterTest.h"
+#include "translation/Files.h"
 
 namespace korvande::testing {
 
@@ -54,45 +55,45 @@ TEST_F(IdexWriterLog, AnEmptyDrawingGivesCountsOfZeroAndTablesThatWereNotUsed) {
 TEST_F(IdexWriterLog, TheLinesOfTheLogBookEndInCrLf) {
     OpenLog();
     Write();
-    LogFile().Close();
+    translation.log.Close();
     EXPECT_TRUE(FileBytes(logName).starts_with("\r\nIDEX statistiek:\r\nIDEX punten:         0 \r\n"));
     // In Windows-1252.
     EXPECT_NE(FileBytes(logName).find("\r\nGe\xEFmporteerde lijnobjecten:\r\n"), std::string::npos);
 }
 
 TEST_F(IdexWriterLog, TheObjectsOfTheDrawingAreCountedAndLinesUpToTheHighest) {
-    for (int i = 0; i < 12; ++i) AddPoint({});
-    TheDrawing().Lines.GrowTo(4);
-    AddEdge(1, 1, 2);
-    AddEdge(1, 2, 3);
-    AddText(1, u"T");
+    for (int i = 0; i < 12; ++i) AddPoint(drawing, {});
+    drawing.Lines.GrowTo(4);
+    AddEdge(drawing, 1, 1, 2);
+    AddEdge(drawing, 1, 2, 3);
+    AddText(drawing, 1, u"T");
     const std::string counts =
         "IDEX punten:         12 \nIDEX lijnen:         4 \nIDEX lijnsegmenten:  2 \nIDEX teksten:        1 \n";
     EXPECT_EQ(LogOfWriting(), Statistics(counts, none, none, none) + "\n\n");
 }
 
 TEST_F(IdexWriterLog, EveryRowThatWasUsedIsListedWithHowOften) {
-    LineCodes().rows[0].Count = 2;
-    AddRow(LineCodes(), u"KANT", u"Kant verharding", 13);
-    AddRow(LineCodes(), u"HEK", u"Hek", 0);
-    AddRow(PointCodes(), u"BOOM", u"Café-boom", 1234567);
-    AddRow(PointCodes(), u"PAAL", u"Paal", 1);
-    const std::string unknown = ToUtf8(LineCodes().rows[0].LiscadCode.View()) + " = " +
-                                ToUtf8(LineCodes().rows[0].Description.View()) + " 2 maal\n";
+    translation.codes.lines.rows[0].Count = 2;
+    AddRow(translation.codes.lines, u"KANT", u"Kant verharding", 13);
+    AddRow(translation.codes.lines, u"HEK", u"Hek", 0);
+    AddRow(translation.codes.points, u"BOOM", u"Café-boom", 1234567);
+    AddRow(translation.codes.points, u"PAAL", u"Paal", 1);
+    const std::string unknown = ToUtf8(translation.codes.lines.rows[0].LiscadCode.View()) + " = " +
+                                ToUtf8(translation.codes.lines.rows[0].Description.View()) + " 2 maal\n";
     EXPECT_EQ(LogOfWriting(), Statistics(noCounts, unknown + Used("KANT", "Kant verharding", 15, "13"),
                                          Used("BOOM", "Café-boom", 9, "1234567") + Used("PAAL", "Paal", 4, "1"), none) +
                                   "\n\n");
 }
 
 TEST_F(IdexWriterLog, ATableThatLostEveryRowSaysNone) {
-    TextCodes().rows.clear();
-    TextCodes().RowsChanged();
+    translation.codes.texts.rows.clear();
+    translation.codes.texts.RowsChanged();
     EXPECT_EQ(LogOfWriting(), Statistics(noCounts, none, none, none) + "\n\n");
 }
 
 TEST_F(IdexWriterLog, UnknownObjectsAreListedAtItsEnd) {
-    for (int i = 0; i < 3; ++i) CountUnknownCode(MakeFixedText<8>(u"PX01"));
-    CountUnknownCode(MakeFixedText<8>(u"LX02"));
+    for (int i = 0; i < 3; ++i) CountUnknownCode(translation.unknowns, MakeFixedText<8>(u"PX01"));
+    CountUnknownCode(translation.unknowns, MakeFixedText<8>(u"LX02"));
     EXPECT_EQ(LogOfWriting(), Statistics(noCounts, none, none, none) +
                                   "\nOverzicht onbekende objecten:\n\n\n"
                                   "Lijnobjecten:      X02    (1)\n\n\n"
@@ -100,10 +101,10 @@ TEST_F(IdexWriterLog, UnknownObjectsAreListedAtItsEnd) {
 }
 
 TEST_F(IdexWriterLog, TheStatisticsAreThereAlsoWhenTheFileCannotBeClosed) {
-    AddPoint({});
+    AddPoint(drawing, {});
     OpenLog();
-    OpenOutput(u"/dev/full");
-    EXPECT_EQ(ErrorOf([] { WriteIdexFile(); }), errors::diskFull);
+    OpenOutput(translation, u"/dev/full");
+    EXPECT_EQ(ErrorOf([this] { WriteIdexFile(translation); }), errors::diskFull);
     EXPECT_NE(LogText().find("IDEX punten:         1 \n"), std::string::npos);
 }
 

@@ -3,51 +3,58 @@
 #include "idex/modExportIDEX.h"
 #include "tests/core/Allocations.h"
 #include "tests/core/ErrorOf.h"
+#include "translation/Files.h"
 
 namespace korvande::testing {
 
-void AddPoint(const PointOf& point) {
-    PointRec& record = TheDrawing().Points.Append();
-    record.PointNo = TheDrawing().Points.UpperBound();
-    record.PointID = point.id;
+void AddPoint(Drawing& drawing, const PointOf& point) {
+    PointRec& record = drawing.Points.Append();
+    record.PointNo = drawing.Points.UpperBound();
+    record.SetPointID(point.id);
     record.East = point.east;
     record.North = point.north;
     record.Elevation = point.elevation;
-    record.Code = point.code;
-    record.Description = point.description;
+    drawing.SetCode(record, point.code);
+    drawing.SetDescription(record, point.description);
     record.SymDir = point.direction;
 }
 
-void AddLine(TextView code, std::int32_t flags1, std::int32_t flags2) {
-    LineRec& record = TheDrawing().Lines.Append();
-    record.Code = code;
-    record.Description = u"";
+void AddLine(Drawing& drawing, TextView code, std::int32_t flags1, std::int32_t flags2) {
+    LineRec& record = drawing.Lines.Append();
+    drawing.SetCode(record, code);
+    drawing.SetDescription(record, TextView());
     record.Flags1 = flags1;
     record.Flags2 = flags2;
 }
 
-void AddEdge(std::int32_t line, std::int32_t start, std::int32_t end, TextView type) {
-    EdgeRec& record = TheDrawing().Edges.Append();
+void AddEdge(Drawing& drawing, std::int32_t line, std::int32_t start, std::int32_t end, TextView type) {
+    EdgeRec& record = drawing.Edges.Append();
     record.LineNo = line;
     record.StartPt = start;
     record.EndPt = end;
-    record.LineType = type;
+    drawing.SetLineType(record, type);
 }
 
-void AddText(std::int32_t anchor, TextView text, std::int16_t position, float direction) {
-    TextRec& record = TheDrawing().Texts.Append();
+void AddText(Drawing& drawing, std::int32_t anchor, TextView text, std::int16_t position, float direction) {
+    TextRec& record = drawing.Texts.Append();
     record.AnchorPointNo = anchor;
-    record.Text = text;
-    record.Code = u"";
+    record.SetCharacters(text);
+    drawing.SetCode(record, TextView());
     record.AnchorPosition = position;
     record.HzDirection = direction;
 }
 
-std::string IdexWriterTest::Write() {
-    OpenOutput(outputName);
-    WriteIdexFile();
-    EXPECT_FALSE(TheRun().output.IsOpen());
-    return FileBytes(outputName);
+void OpenMemory(Translation& translation) {
+    translation.outputTo = OutputTo::Memory;
+    translation.outputBytes.clear();
+    OpenOutput(translation, {});
+}
+
+std::string WriteOf(Translation& translation) {
+    OpenMemory(translation);
+    WriteIdexFile(translation);
+    EXPECT_FALSE(translation.output.IsOpen());
+    return translation.outputBytes;
 }
 
 std::string IdexWriterTest::WriteLines() {
@@ -106,13 +113,13 @@ TEST_F(IdexWriter, ADrawingWithoutObjectsHasAHeaderDefinitionsAndAnEmptyPointsTa
 }
 
 TEST_F(IdexWriter, EveryTableOfAWholeDrawingIsWritten) {
-    TheRun().ProjectName = u"Kaart";
-    AddPoint({u"12", 155000.5, 463000.25, 1.5, u"100", u"Boom", 50});
-    AddPoint({u"", 155010, 463010, 0, u"", u"", 0});
-    AddLine(u"K01", 5, 1);
-    AddEdge(1, 1, 2);
-    AddText(2, u"Straat", 3, 25.5F);
-    AddText(1, u"12", 9);
+    translation.ProjectName = u"Kaart";
+    AddPoint(drawing, {u"12", 155000.5, 463000.25, 1.5, u"100", u"Boom", 50});
+    AddPoint(drawing, {u"", 155010, 463010, 0, u"", u"", 0});
+    AddLine(drawing, u"K01", 5, 1);
+    AddEdge(drawing, 1, 1, 2);
+    AddText(drawing, 2, u"Straat", 3, 25.5F);
+    AddText(drawing, 1, u"12", 9);
     constexpr std::string_view before = "DATABASE\n";
     std::string expected(emptyFile.substr(0, emptyFile.find(before) + before.size()));
     expected.replace(expected.find("\"\"\n"), 3, "\"Kaart\"\n");
@@ -152,8 +159,16 @@ TEST_F(IdexWriter, EveryTableOfAWholeDrawingIsWritten) {
     EXPECT_EQ(Write(), WithCrLf(expected));
 }
 
+TEST_F(IdexWriter, AFileHoldsWhatIsWrittenIntoMemory) {
+    const Text name = folder / "out.idx";
+    OpenOutput(translation, name);
+    WriteIdexFile(translation);
+    EXPECT_FALSE(translation.output.IsOpen());
+    EXPECT_EQ(FileBytes(name), WithCrLf(emptyFile));
+}
+
 TEST_F(IdexWriter, ADrawingWithPointsOnlyHasNoOtherTable) {
-    AddPoint({u"1", 1, 2, 3, u"A", u"B", 4});
+    AddPoint(drawing, {u"1", 1, 2, 3, u"A", u"B", 4});
     EXPECT_EQ(WriteTables(),
               "  POINTS (PointNo,PointID,East,North,Elevation,Code,Description,SymDir)\n"
               "    1,\"1\",1.0000         ,2.0000         ,3.0000         ,\"A\",\"B\",4.0000   ;\n"
@@ -162,7 +177,7 @@ TEST_F(IdexWriter, ADrawingWithPointsOnlyHasNoOtherTable) {
 }
 
 TEST_F(IdexWriter, LinesWithoutEdgesHaveNoEdgesTable) {
-    AddLine(u"A");
+    AddLine(drawing, u"A");
     EXPECT_EQ(WriteTables(),
               "  POINTS (PointNo,PointID,East,North,Elevation,Code,Description,SymDir)\n"
               "  END POINTS\n"
@@ -173,8 +188,8 @@ TEST_F(IdexWriter, LinesWithoutEdgesHaveNoEdgesTable) {
 }
 
 TEST_F(IdexWriter, EdgesWithoutLinesHaveNoLinesTable) {
-    AddPoint({});
-    AddEdge(7, 1, 1, u"CURVE");
+    AddPoint(drawing, {});
+    AddEdge(drawing, 7, 1, 1, u"CURVE");
     EXPECT_EQ(WriteTables(),
               "  POINTS (PointNo,PointID,East,North,Elevation,Code,Description,SymDir)\n"
               "    1,\"\",0.0000         ,0.0000         ,0.0000         ,\"\",\"\",0.0000   ;\n"
@@ -191,8 +206,8 @@ TEST_F(IdexWriter, TheProjectDateIsThereWhenItIsSet) {
     date.year = 2003;
     date.month = 2;
     date.day = 1;
-    TheRun().ProjectDate = date;
-    TheRun().ProjectName = u"  Stad  ";
+    translation.ProjectDate = date;
+    translation.ProjectName = u"  Stad  ";
     EXPECT_NE(WriteLines().find("  PROJECT\n"
                                 "    NAME          \"Stad\"\n"
                                 "    CREATION_DATE 01-02-2003/00:00:00.0\n"
@@ -201,20 +216,20 @@ TEST_F(IdexWriter, TheProjectDateIsThereWhenItIsSet) {
 }
 
 TEST_F(IdexWriter, PointsAreNumberedByTheirPlace) {
-    AddPoint({u"A"});
-    AddPoint({u"B"});
-    TheDrawing().Points[1].PointNo = 900;
+    AddPoint(drawing, {u"A"});
+    AddPoint(drawing, {u"B"});
+    drawing.Points[1].PointNo = 900;
     const std::string tables = WriteTables();
     EXPECT_NE(tables.find("\n    1,\"A\","), std::string::npos);
     EXPECT_NE(tables.find("\n    2,\"B\","), std::string::npos);
 }
 
 TEST_F(IdexWriter, TheStatusTellsOfTheStepsAndTheProgressOfTheirRows) {
-    AddPoint({});
-    AddPoint({});
-    AddLine(u"A");
-    AddEdge(1, 1, 2);
-    AddText(1, u"T");
+    AddPoint(drawing, {});
+    AddPoint(drawing, {});
+    AddLine(drawing, u"A");
+    AddEdge(drawing, 1, 1, 2);
+    AddText(drawing, 1, u"T");
     Write();
     EXPECT_EQ(screen.statuses,
               (std::vector<std::string>{"Wegschrijven Header", "Wegschrijven punten", "Wegschrijven lijnstrings",
@@ -223,16 +238,16 @@ TEST_F(IdexWriter, TheStatusTellsOfTheStepsAndTheProgressOfTheirRows) {
 }
 
 TEST_F(IdexWriter, APersonMayEndTheWriting) {
-    AddPoint({});
+    AddPoint(drawing, {});
     screen.onPump = [] { throw TranslationAborted(); };
-    OpenOutput(outputName);
-    EXPECT_THROW(WriteIdexFile(), TranslationAborted);
+    OpenMemory(translation);
+    EXPECT_THROW(WriteIdexFile(translation), TranslationAborted);
 }
 
 TEST_F(IdexWriter, WithoutAnOutputNothingIsDone) {
-    AddPoint({});
+    AddPoint(drawing, {});
     OpenLog();
-    WriteIdexFile();
+    WriteIdexFile(translation);
     EXPECT_EQ(LogText(), "");
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_TRUE(screen.statuses.empty());
@@ -240,38 +255,39 @@ TEST_F(IdexWriter, WithoutAnOutputNothingIsDone) {
 
 TEST_F(IdexWriter, AFullDiskIsAnErrorHoweverMuchThereIsToWrite) {
     for (const int count : {1, 5'000}) {
-        ResetDrawing();
-        for (int i = 0; i < count; ++i) AddPoint({});
-        TheAccount()[ObjectKind::Point].kept = count;
-        OpenOutput(u"/dev/full");
-        EXPECT_EQ(ErrorOf([] { WriteIdexFile(); }), errors::diskFull) << count;
-        EXPECT_TRUE(TheRun().output.HasFailed()) << count;
-        EXPECT_EQ(TheAccount()[ObjectKind::Point].written, 0) << count;
-        TheRun().output.Abandon();
+        ResetDrawing(drawing);
+        for (int i = 0; i < count; ++i) AddPoint(drawing, {});
+        translation.account[ObjectKind::Point].kept = count;
+        OpenOutput(translation, u"/dev/full");
+        EXPECT_EQ(ErrorOf([this] { WriteIdexFile(translation); }), errors::diskFull) << count;
+        EXPECT_TRUE(translation.output.HasFailed()) << count;
+        EXPECT_EQ(translation.account[ObjectKind::Point].written, 0) << count;
+        translation.output.Abandon();
     }
 }
 
 TEST_F(IdexWriter, WhatWasKeptIsAccountedForAsWritten) {
-    AddPoint({});
-    TheAccount()[ObjectKind::Point].read = 3;
-    TheAccount()[ObjectKind::Point].kept = 1;
-    TheAccount().Leave(ObjectKind::Point, LeftOut::UnknownCode, 2);
+    AddPoint(drawing, {});
+    translation.account[ObjectKind::Point].read = 3;
+    translation.account[ObjectKind::Point].kept = 1;
+    translation.account.Leave(ObjectKind::Point, LeftOut::UnknownCode, 2);
     Write();
-    EXPECT_EQ(TheAccount()[ObjectKind::Point].written, 1);
-    EXPECT_TRUE(TheAccount().Balances());
+    EXPECT_EQ(translation.account[ObjectKind::Point].written, 1);
+    EXPECT_TRUE(translation.account.Balances());
 }
 
 TEST_F(IdexWriter, RowsAreWrittenWithoutAskingForMemory) {
     const auto blocksFor = [this](int count) {
-        ResetDrawing();
+        ResetDrawing(drawing);
         for (int i = 1; i <= count; ++i) {
-            AddPoint({u"123456789", 155000.123 + i, 463000.5, 1.5, u"STRAATM", u"Een vrij lange omschrijving", 50});
-            AddLine(u"KANTVER", i, 1);
-            AddEdge(i, 1, i);
-            AddText(i, u"Burgemeester van der Veldenstraat", 3, 12.5F);
+            AddPoint(drawing,
+                     {u"123456789", 155000.123 + i, 463000.5, 1.5, u"STRAATM", u"Een vrij lange omschrijving", 50});
+            AddLine(drawing, u"KANTVER", i, 1);
+            AddEdge(drawing, i, 1, i);
+            AddText(drawing, i, u"Burgemeester van der Veldenstraat", 3, 12.5F);
         }
-        OpenOutput(outputName);
-        return AllocationsOf([] { WriteIdexFile(); }).blocks;
+        OpenOutput(translation, folder / "out.idx");
+        return AllocationsOf([this] { WriteIdexFile(translation); }).blocks;
     };
     blocksFor(100);  // whatever is made once in a program
     const std::size_t few = blocksFor(2'000);

@@ -17,22 +17,25 @@ struct PointOf {
     TextView description{};
     double direction = 0;
 };
-void AddPoint(const PointOf& point);
-void AddLine(TextView code, std::int32_t flags1 = 0, std::int32_t flags2 = 0);
-void AddEdge(std::int32_t line, std::int32_t start, std::int32_t end, TextView type = u"STRAIGHT");
-void AddText(std::int32_t anchor, TextView text, std::int16_t position = 1, float direction = 0);
+void AddPoint(Drawing& drawing, const PointOf& point);
+void AddLine(Drawing& drawing, TextView code, std::int32_t flags1 = 0, std::int32_t flags2 = 0);
+void AddEdge(Drawing& drawing, std::int32_t line, std::int32_t start, std::int32_t end, TextView type = u"STRAIGHT");
+void AddText(Drawing& drawing, std::int32_t anchor, TextView text, std::int16_t position = 1, float direction = 0);
+
+// Opens the output of a translation in memory, with nothing in it.
+void OpenMemory(Translation& translation);
+
+// Writes the drawing of a translation into memory and gives the bytes.
+std::string WriteOf(Translation& translation);
 
 // A test that writes IDEX files.
 class IdexWriterTest : public IdexTest {
  protected:
-    // Writes the drawing and gives the bytes of the file.
-    std::string Write();
+    std::string Write() { return WriteOf(translation); }
 
     // The same with a line feed behind each line: the whole file, and the lines between DATABASE and END DATABASE.
     std::string WriteLines();
     std::string WriteTables();
-
-    Text outputName = folder / "out.idx";
 };
 
 }  // namespace korvande::testing

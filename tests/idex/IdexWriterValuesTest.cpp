@@ -22,8 +22,8 @@ class IdexWriterValues : public IdexWriterTest {
 
     // The east, north, elevation and direction of a point as they are written.
     std::string PointRow(double east, double north = 0, double elevation = 0, double direction = 0) {
-        ResetDrawing();
-        AddPoint({u"", east, north, elevation, u"", u"", direction});
+        ResetDrawing(drawing);
+        AddPoint(drawing, {u"", east, north, elevation, u"", u"", direction});
         return Row("POINTS");
     }
     std::string East(double east) { return PointRow(east).substr(5, 16); }
@@ -34,15 +34,15 @@ class IdexWriterValues : public IdexWriterTest {
 
     // The direction of a text as it is written.
     std::string TextDirection(float direction) {
-        ResetDrawing();
-        AddText(1, u"T", 1, direction);
+        ResetDrawing(drawing);
+        AddText(drawing, 1, u"T", 1, direction);
         return Row("BOX_ON_POINT").substr(std::string_view("1, 1 , 1 , 0,").size());
     }
 
     // The item that a text gives.
     std::string Item(TextView text) {
-        ResetDrawing();
-        AddText(1, text);
+        ResetDrawing(drawing);
+        AddText(drawing, 1, text);
         return Row("ITEMS").substr(std::string_view("1, 1 , 1, 1,").size());
     }
 };
@@ -76,13 +76,13 @@ TEST_F(IdexWriterValues, WhatIsWiderThanItsColumnsIsCut) {
 
 TEST_F(IdexWriterValues, ANumberThatIsNoneOverflowsAndLeavesItsRowOut) {
     for (const double value : {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
-        ResetDrawing();
-        AddPoint({u"A"});
-        AddPoint({u"B", 1, value});
-        OpenOutput(outputName);
-        EXPECT_EQ(ErrorOf([] { WriteIdexFile(); }), errors::overflow);
-        TheRun().output.Close();
-        EXPECT_TRUE(FileBytes(outputName).ends_with(",\"\",\"\",0.0000   ;\r\n"));
+        ResetDrawing(drawing);
+        AddPoint(drawing, {u"A"});
+        AddPoint(drawing, {u"B", 1, value});
+        OpenMemory(translation);
+        EXPECT_EQ(ErrorOf([this] { WriteIdexFile(translation); }), errors::overflow);
+        translation.output.Close();
+        EXPECT_TRUE(translation.outputBytes.ends_with(",\"\",\"\",0.0000   ;\r\n"));
     }
 }
 
@@ -97,11 +97,11 @@ TEST_F(IdexWriterValues, TheDirectionOfATextHasTwoBlanksAndThreeDecimalsInNineCo
 }
 
 TEST_F(IdexWriterValues, QuotesAndTerminatorsInsideQuotesAreReplaced) {
-    AddPoint({u"A\";B", 0, 0, 0, u"C\";D", u"12\" buis; rond, 'grijs'", 0});
-    AddLine(u"E\";F");
-    AddEdge(1, 1, 1);
-    AddText(1, u"G\"H;I'J");
-    TheRun().ProjectName = u"De \"kaart\"; blad 1";
+    AddPoint(drawing, {u"A\";B", 0, 0, 0, u"C\";D", u"12\" buis; rond, 'grijs'", 0});
+    AddLine(drawing, u"E\";F");
+    AddEdge(drawing, 1, 1, 1);
+    AddText(drawing, 1, u"G\"H;I'J");
+    translation.ProjectName = u"De \"kaart\"; blad 1";
     EXPECT_EQ(
         Row("POINTS"),
         "1,\"A',B\",0.0000         ,0.0000         ,0.0000         ,\"C',D\",\"12' buis, rond, 'grijs'\",0.0000   ;");
@@ -112,7 +112,7 @@ TEST_F(IdexWriterValues, QuotesAndTerminatorsInsideQuotesAreReplaced) {
 }
 
 TEST_F(IdexWriterValues, AProjectNameOfAnyLengthIsWritten) {
-    TheRun().ProjectName = Text(300'000, u'n');
+    translation.ProjectName = Text(300'000, u'n');
     EXPECT_NE(Write().find("NAME          \"" + std::string(300'000, 'n') + "\"\r\n"), std::string::npos);
 }
 
@@ -130,23 +130,21 @@ TEST_F(IdexWriterValues, ATextIsTrimmed) {
     EXPECT_EQ(Item(u"   "), "\"\";");
 }
 
-TEST_F(IdexWriterValues, OfAPointsCodeAndDescriptionTheBlanksBehindThemAreLeftOut) {
-    AddPoint({u" 7 ", 0, 0, 0, u" C ", u"  D ", 0});
+TEST_F(IdexWriterValues, OfAPointsCodeAndDescriptionTheBlanksBehindThemAreLeftOutAndOfItsNameAll) {
+    AddPoint(drawing, {u" 7 ", 0, 0, 0, u" C ", u"  D ", 0});
     EXPECT_EQ(Row("POINTS"), "1,\"7\",0.0000         ,0.0000         ,0.0000         ,\" C\",\"  D\",0.0000   ;");
-    // The name was trimmed in the drawing.
-    EXPECT_EQ(Point(1).PointID, MakeFixedText<9>(u"7"));
 }
 
 TEST_F(IdexWriterValues, ALinesCodeIsTrimmed) {
-    AddLine(u"  L1 ");
+    AddLine(drawing, u"  L1 ");
     EXPECT_EQ(Row("LINES"), "1,\"L1\",00000000 00000000,00000000 00000000;");
 }
 
 TEST_F(IdexWriterValues, GapsInTheLineNumbersAreRowsWithoutCodeAndFlags) {
-    AddLine(u"A", 5, 256);
-    TheDrawing().Lines.GrowTo(3);  // as never filled
-    AddLine(u"");                  // as an IDEX file leaves it
-    AddLine(u"E");
+    AddLine(drawing, u"A", 5, 256);
+    drawing.Lines.GrowTo(3);  // as never filled
+    AddLine(drawing, u"");    // as an IDEX file leaves it
+    AddLine(drawing, u"E");
     constexpr std::string_view none = ",\"\",00000000 00000000,00000000 00000000;";
     EXPECT_EQ(Row("LINES", 1), "1,\"A\",00000000 00000101,00000001 00000000;");
     EXPECT_EQ(Row("LINES", 2), "2" + std::string(none));
@@ -156,10 +154,10 @@ TEST_F(IdexWriterValues, GapsInTheLineNumbersAreRowsWithoutCodeAndFlags) {
 }
 
 TEST_F(IdexWriterValues, TextsThatWereNeverFilledAreEmpty) {
-    TheDrawing().Points.Append();
-    TheDrawing().Lines.Append();
-    TheDrawing().Edges.Append();  // from and to element 0, which was never filled either
-    TheDrawing().Texts.Append();
+    drawing.Points.Append();
+    drawing.Lines.Append();
+    drawing.Edges.Append();  // from and to element 0, which was never filled either
+    drawing.Texts.Append();
     EXPECT_EQ(Row("POINTS"), "1,\"\",0.0000         ,0.0000         ,0.0000         ,\"\",\"\",0.0000   ;");
     EXPECT_EQ(Row("LINES"), "1,\"\",00000000 00000000,00000000 00000000;");
     EXPECT_EQ(Row("EDGES"), "0,0, \"\",0, \"\",            ;");
@@ -168,21 +166,21 @@ TEST_F(IdexWriterValues, TextsThatWereNeverFilledAreEmpty) {
 }
 
 TEST_F(IdexWriterValues, FlagWordsHaveSixteenBits) {
-    AddLine(u"A", 65535, 65536);
-    AddLine(u"B", -1, 0x1234);
+    AddLine(drawing, u"A", 65535, 65536);
+    AddLine(drawing, u"B", -1, 0x1234);
     EXPECT_EQ(Row("LINES", 1), "1,\"A\",11111111 11111111,11111111 11111111;");
     EXPECT_EQ(Row("LINES", 2), "2,\"B\",00000000 00000000,00010010 00110100;");
 }
 
 TEST_F(IdexWriterValues, ALineTypeIsWrittenAsItStandsAtFullWidth) {
-    AddPoint({});
-    AddEdge(-12, 1, 1, u"\"A;B\" CURVE C");
+    AddPoint(drawing, {});
+    AddEdge(drawing, -12, 1, 1, u"\"A;B\" CURVE C");
     EXPECT_EQ(Row("EDGES"), "-12,1, \"\",1, \"\",\"A;B\" CURVE ;");
 }
 
 TEST_F(IdexWriterValues, NumbersOfAnchorsArePrinted) {
-    AddText(-5, u"T", -3, 0);
-    AddText(2'000'000'000, u"T", 9, 0);
+    AddText(drawing, -5, u"T", -3, 0);
+    AddText(drawing, 2'000'000'000, u"T", 9, 0);
     EXPECT_EQ(Row("BOX_ON_POINT", 1), "1,-5 ,-3 , 0,  0.000  ;");
     EXPECT_EQ(Row("BOX_ON_POINT", 2), "2, 2000000000 , 9 , 0,  0.000  ;");
 }
@@ -190,13 +188,13 @@ TEST_F(IdexWriterValues, NumbersOfAnchorsArePrinted) {
 TEST_F(IdexWriterValues, TheWidestRowsAreWrittenWhole) {
     const Text wide(80, u'w');
     constexpr double large = -1e300;
-    AddPoint({wide, large, large, large, wide, wide, large});
+    AddPoint(drawing, {wide, large, large, large, wide, wide, large});
     const std::string number =
         "-"
         "10000000000000,";
     EXPECT_EQ(Row("POINTS"), "1,\"wwwwwwwww\"," + number + number + number + "\"wwwwwww\",\"" + std::string(80, 'w') +
                                  "\",-10000000;");
-    AddText(1, wide);
+    AddText(drawing, 1, wide);
     EXPECT_EQ(Row("ITEMS"), "1, 1 , 1, 1,\"" + std::string(47, 'w') + "\";");
 }
 

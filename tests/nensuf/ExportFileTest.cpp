@@ -7,7 +7,7 @@ namespace {
 class ExportFile : public ExportTest {
  protected:
     ExportFile() {
-        OwnerRec& owner = TheOwner();
+        OwnerRec& owner = translation.owner;
         owner.NameLong = u"GEMEENTE MOLVEREN";
         owner.NameShort = u"MOLV";
         owner.Street = u"KERKSTRAAT";
@@ -15,11 +15,11 @@ class ExportFile : public ExportTest {
         owner.Extra = u"A";
         owner.ZipCode = u"7391KX";
         owner.Town = u"MOLVEREN";
-        TheDrawing().DrawingDate = u"14-05-2024";
-        frmKORVANDE().lstSource.index = 1;
-        AddRow(PointCodes(), {u"GP", u"E01", types::controlPoint, u"Grondslagpunt", 1, 1, 1});
-        AddRow(PointCodes(), {u"PUT", u"S01 ROE", types::symbol, u"Rioolput"});
-        AddRow(LineCodes(), {u"PERCEEL", u"A01", types::boundary, u"Perceelgrens", 1, 2, 3});
+        translation.drawing.DrawingDate = u"14-05-2024";
+        translation.options.lstSource = 1;
+        AddRow(translation.codes.points, {u"GP", u"E01", types::controlPoint, u"Grondslagpunt", 1, 1, 1});
+        AddRow(translation.codes.points, {u"PUT", u"S01 ROE", types::symbol, u"Rioolput"});
+        AddRow(translation.codes.lines, {u"PERCEEL", u"A01", types::boundary, u"Perceelgrens", 1, 2, 3});
         AddPoint({.code = u"GP", .east = 123456.789, .north = 456789.012, .elevation = 2.345, .name = u"GP1"});
         AddPoint({.code = u"PAAL", .east = 123460, .north = 456790.5, .name = u"2"});
         AddPoint({.code = u"PUT", .east = 123470, .north = 456800, .elevation = -0.5, .symDir = 50, .name = u"3"});
@@ -35,7 +35,7 @@ class ExportFile : public ExportTest {
 };
 
 TEST_F(ExportFile, AnEmptyDrawingIsTheHeaderAndTheClosingRecord) {
-    ResetDrawing();
+    ResetDrawing(translation.drawing);
     EXPECT_EQ(Export(),
               "010NEN1878    V202405202405       0101S05                     01\n"
               "020102150201         0         0         1         0         101\n"
@@ -43,7 +43,7 @@ TEST_F(ExportFile, AnEmptyDrawingIsTheHeaderAndTheClosingRecord) {
               "07AKERKSTRAAT              12   A                   P7391KX   00\n"
               "07WMOLVEREN                                                   01\n"
               "99                                                              \n");
-    TheRun().ExportNen = false;
+    translation.mode.variant = Variant::Suf2;
     EXPECT_EQ(Export(),
               "010           V      202405       VAIKLI, LisCAD              01\n"
               "02010201             0         0         1         0         101\n"
@@ -87,10 +87,10 @@ TEST_F(ExportFile, ADrawingInNen1878) {
 }
 
 TEST_F(ExportFile, ADrawingInSuf2WithNamesHeightsAndUnknownObjects) {
-    TheRun().ExportNen = false;
-    frmKORVANDE().chkExportUnknowns = true;
-    frmKORVANDE().chkExport3D = frmKORVANDE().chkExportPointnoAsField = true;
-    frmKORVANDE().chkExportSymRotation = true;
+    translation.mode.variant = Variant::Suf2;
+    translation.options.chkExportUnknowns = true;
+    translation.options.chkExport3D = translation.options.chkExportPointnoAsField = true;
+    translation.options.chkExportSymRotation = true;
     EXPECT_EQ(Export(),
               "010           V      202405       VAIKLI, LisCAD              01\n"
               "02010201             0         0         1         0         101\n"

@@ -9,7 +9,7 @@ namespace {
 class ExportHeader : public ExportTest {
  protected:
     ExportHeader() {
-        OwnerRec& owner = TheOwner();
+        OwnerRec& owner = translation.owner;
         owner.NameLong = u"GEMEENTE MOLVEREN";
         owner.NameShort = u"MOLV";
         owner.Street = u"KERKSTRAAT";
@@ -20,11 +20,12 @@ class ExportHeader : public ExportTest {
     }
 
     // The header's lines; each is 64 columns.
-    static std::vector<std::string> HeaderLines() {
-        OpenOutput(TheRun().SufNenFileName);
-        WriteExportHeader();
-        TheRun().output.Close();
-        std::string text = FileBytes(TheRun().SufNenFileName);
+    std::vector<std::string> HeaderLines() {
+        std::string text;
+        LineWriter output;
+        output.OpenBytes(text);
+        WriteExportHeader(output, translation.mode.variant, translation.owner);
+        output.Close();
         std::erase(text, '\r');
         std::vector<std::string> lines = SplitLines(text);
         for (const std::string& line : lines) EXPECT_EQ(line.size(), 64U) << line;
@@ -52,7 +53,7 @@ void ExpectColumns(const std::string& line, const std::vector<Columns>& expected
 std::string Blanks(std::size_t count) { return PadRight({}, count); }
 
 TEST_F(ExportHeader, TheFirstRecordOfSuf2) {
-    TheRun().ExportNen = false;
+    translation.mode.variant = Variant::Suf2;
     ExpectColumns(HeaderLines()[0], {{1, 3, "010"},
                                      {4, 14, Blanks(11)},
                                      {15, 21, "V      "},
@@ -64,7 +65,7 @@ TEST_F(ExportHeader, TheFirstRecordOfSuf2) {
 }
 
 TEST_F(ExportHeader, Suf2HasTwoLinesAndNoOwner) {
-    TheRun().ExportNen = false;
+    translation.mode.variant = Variant::Suf2;
     const auto lines = HeaderLines();
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[1], "02010201             0         0         1         0         101");
@@ -116,7 +117,7 @@ TEST_F(ExportHeader, TheOwnersTown) {
 }
 
 TEST_F(ExportHeader, BlankOwnerFieldsGiveSpaces) {
-    OwnerRec& owner = TheOwner();
+    OwnerRec& owner = translation.owner;
     owner.NameLong = u"";
     owner.NameShort = u"";
     owner.Street = u"";
@@ -131,7 +132,7 @@ TEST_F(ExportHeader, BlankOwnerFieldsGiveSpaces) {
 }
 
 TEST_F(ExportHeader, OwnerFieldsThatAreTooLongAreCut) {
-    OwnerRec& owner = TheOwner();
+    OwnerRec& owner = translation.owner;
     owner.NameLong = Text(36, u'A');
     owner.NameShort = Text(9, u'B');
     owner.Street = Text(25, u'C');
@@ -146,7 +147,7 @@ TEST_F(ExportHeader, OwnerFieldsThatAreTooLongAreCut) {
 }
 
 TEST_F(ExportHeader, AccentsInTheOwnersNameAreSingleBytes) {
-    TheOwner().Town = u"'s-Gravenpolder é";
+    translation.owner.Town = u"'s-Gravenpolder é";
     EXPECT_EQ(HeaderLines()[4].substr(3, 18), "'s-Gravenpolder \xE9 ");
 }
 

@@ -10,10 +10,10 @@ class ExportLines : public ExportTest {
         AddLine(u"KANT");
     }
 
-    static std::int64_t Left(LeftOut reason) {
-        return TheAccount()[ObjectKind::LineSegment].leftOut[static_cast<std::size_t>(reason)];
+    std::int64_t Left(LeftOut reason) {
+        return translation.account[ObjectKind::LineSegment].leftOut[static_cast<std::size_t>(reason)];
     }
-    static std::int64_t Written() { return TheAccount()[ObjectKind::LineSegment].written; }
+    std::int64_t Written() { return translation.account[ObjectKind::LineSegment].written; }
 
     // The log book's lines that begin with "FOUT:  ".
     std::string Errors() {
@@ -65,11 +65,11 @@ TEST_F(ExportLines, ASegmentOfAnotherLineTypeIsLookedUpButNotWritten) {
     for (const TextView type : {u"SPLINE", u"ARC_3PT", u"", u"\"STRAIGHT\"", u"STRAIGHTS"}) AddSegment({.type = type});
     EXPECT_EQ(ExportObjects(), "");
     EXPECT_EQ(Left(LeftOut::LineType), 5);
-    EXPECT_EQ(LineCodes().rows[1].Count, 5);
+    EXPECT_EQ(translation.codes.lines.rows[1].Count, 5);
 }
 
 TEST_F(ExportLines, BoundariesAreWrittenLikeLines) {
-    AddRow(LineCodes(), {u"GRENS", u"A01", types::boundary});
+    AddRow(translation.codes.lines, {u"GRENS", u"A01", types::boundary});
     AddLine(u"GRENS");
     AddSegment({.line = 2});
     EXPECT_EQ(ExportObjects(), Records("03MA01      G120101   BBRON  0  |00\n"
@@ -77,8 +77,8 @@ TEST_F(ExportLines, BoundariesAreWrittenLikeLines) {
 }
 
 TEST_F(ExportLines, SegmentsOfOtherTypesAreLookedUpButNotWritten) {
-    AddRow(LineCodes(), {u"HULP", u"B98", types::dummy});
-    AddRow(LineCodes(), {u"PUNT", u"B99", types::point});
+    AddRow(translation.codes.lines, {u"HULP", u"B98", types::dummy});
+    AddRow(translation.codes.lines, {u"PUNT", u"B99", types::point});
     AddLine(u"HULP");
     AddLine(u"PUNT");
     AddSegment({.line = 2});
@@ -86,12 +86,12 @@ TEST_F(ExportLines, SegmentsOfOtherTypesAreLookedUpButNotWritten) {
     EXPECT_EQ(ExportObjects(), "");
     EXPECT_EQ(Left(LeftOut::Dummy), 1);
     EXPECT_EQ(Left(LeftOut::OtherType), 1);
-    EXPECT_EQ(LineCodes().rows[2].Count, 1);
-    EXPECT_EQ(LineCodes().rows[3].Count, 1);
+    EXPECT_EQ(translation.codes.lines.rows[2].Count, 1);
+    EXPECT_EQ(translation.codes.lines.rows[3].Count, 1);
 }
 
 TEST_F(ExportLines, TheQualityOfALineGoesOnOnASecondLine) {
-    AddRow(LineCodes(), {u"MUUR", u"B02", types::line, u"Muur", 1, 2, 3});
+    AddRow(translation.codes.lines, {u"MUUR", u"B02", types::line, u"Muur", 1, 2, 3});
     AddLine(u"MUUR");
     AddSegment({.line = 2});
     AddSegment({.type = u"ARC_CENT", .line = 2});
@@ -104,7 +104,7 @@ TEST_F(ExportLines, TheQualityOfALineGoesOnOnASecondLine) {
 }
 
 TEST_F(ExportLines, TheQualityOfALineInSuf2BeginsWithK) {
-    AddRow(LineCodes(), {u"MUUR", u"B02", types::line, u"Muur", 0, 0, 4});
+    AddRow(translation.codes.lines, {u"MUUR", u"B02", types::line, u"Muur", 0, 0, 4});
     AddLine(u"MUUR");
     AddSegment({.line = 2});
     EXPECT_EQ(ExportObjectsAsSuf2(), Records("03MB02      G 30 01   BBRON  0  |01\n"
@@ -113,7 +113,7 @@ TEST_F(ExportLines, TheQualityOfALineInSuf2BeginsWithK) {
 }
 
 TEST_F(ExportLines, NamesAndHeightsOfBothPointsAreWrittenWithTheirOptions) {
-    frmKORVANDE().chkExport3D = frmKORVANDE().chkExportPointnoAsField = true;
+    translation.options.chkExport3D = translation.options.chkExportPointnoAsField = true;
     AddPoint({.code = u"", .east = 1, .north = 2, .elevation = 3, .name = u"A"});
     AddPoint({.code = u"", .east = 4, .north = 5, .elevation = 6, .name = u"B"});
     AddSegment({.start = 3, .end = 4});
@@ -129,7 +129,7 @@ TEST_F(ExportLines, ASegmentRunsFromItsStartToItsEndPoint) {
 }
 
 TEST_F(ExportLines, SegmentsAreWrittenInTheirOwnOrder) {
-    AddRow(LineCodes(), {u"MUUR", u"B02", types::line});
+    AddRow(translation.codes.lines, {u"MUUR", u"B02", types::line});
     AddLine(u"MUUR");
     for (const std::int32_t line : {2, 1, 2}) AddSegment({.line = line});
     std::string codes;
@@ -144,11 +144,11 @@ TEST_F(ExportLines, AnUnknownLineIsLeftOutButCountedWhenUnknownsAreOff) {
     AddSegment({.line = 2});
     EXPECT_EQ(ExportObjects(), "");
     EXPECT_EQ(Left(LeftOut::UnknownCode), 1);
-    EXPECT_EQ(LineCodes().rows[0].Count, 1);
+    EXPECT_EQ(translation.codes.lines.rows[0].Count, 1);
 }
 
 TEST_F(ExportLines, AnUnknownLineIsWrittenWithTheUnknownRowWhenUnknownsAreOn) {
-    frmKORVANDE().chkExportUnknowns = true;
+    translation.options.chkExportUnknowns = true;
     AddLine(u"RAAR");
     AddSegment({.line = 2});
     EXPECT_EQ(ExportObjects(), Records("03MQ00      G120101   BBRON  0  |00\n"
@@ -156,8 +156,8 @@ TEST_F(ExportLines, AnUnknownLineIsWrittenWithTheUnknownRowWhenUnknownsAreOn) {
 }
 
 TEST_F(ExportLines, ALineTableWithoutRowsLeavesItsSegmentsOut) {
-    LineCodes().rows.clear();
-    LineCodes().RowsChanged();
+    translation.codes.lines.rows.clear();
+    translation.codes.lines.RowsChanged();
     AddSegment({});
     EXPECT_EQ(ExportObjects(), "");
     EXPECT_EQ(Left(LeftOut::UnknownCode), 1);
@@ -172,7 +172,7 @@ TEST_F(ExportLines, ASegmentThatRefersToAPointNeverReadIsLeftOutAndLogged) {
     EXPECT_EQ(SplitLines(ExportObjects()).size(), 2U);
     EXPECT_EQ(Left(LeftOut::NoReference), 4);
     EXPECT_EQ(Written(), 1);
-    EXPECT_EQ(LineCodes().rows[1].Count, 1) << "what is left out so is not looked up";
+    EXPECT_EQ(translation.codes.lines.rows[1].Count, 1) << "what is left out so is not looked up";
     EXPECT_EQ(Errors(),
               "FOUT:  Lijnsegment 1 verwijst naar een onbekend punt\n"
               "FOUT:  Lijnsegment 2 verwijst naar een onbekend punt\n"
@@ -184,7 +184,7 @@ TEST_F(ExportLines, ASegmentThatRefersToALineNeverReadIsLeftOutAndLogged) {
     for (const std::int32_t line : {0, -1, 2, 1}) AddSegment({.line = line});
     EXPECT_EQ(SplitLines(ExportObjects()).size(), 2U);
     EXPECT_EQ(Left(LeftOut::NoReference), 3);
-    EXPECT_EQ(LineCodes().rows[0].Count, 0);
+    EXPECT_EQ(translation.codes.lines.rows[0].Count, 0);
     EXPECT_EQ(Errors(),
               "FOUT:  Lijnsegment 1 verwijst naar een onbekende lijn\n"
               "FOUT:  Lijnsegment 2 verwijst naar een onbekende lijn\n"
@@ -202,13 +202,13 @@ TEST_F(ExportLines, ABlankLineInAGapOfNumbersIsFoundByItsBlankCode) {
     AddSegment({.line = 2});
     EXPECT_EQ(ExportObjects(), "");
     EXPECT_EQ(Errors(), "");
-    EXPECT_EQ(LineCodes().rows[0].Count, 1);
+    EXPECT_EQ(translation.codes.lines.rows[0].Count, 1);
 }
 
 TEST_F(ExportLines, LinesWithoutSegmentsWriteNothing) {
     AddLine(u"KANT");
     EXPECT_EQ(ExportObjects(), "");
-    EXPECT_EQ(LineCodes().rows[1].Count, 0);
+    EXPECT_EQ(translation.codes.lines.rows[1].Count, 0);
 }
 
 }  // namespace

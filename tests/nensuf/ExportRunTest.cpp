@@ -8,9 +8,9 @@ namespace {
 
 class ExportRun : public ExportTest {
  protected:
-    static RunOutcome& Outcome() { return TheRun().outcome; }
-    static std::int64_t Unfinished(ObjectKind kind) {
-        return TheAccount()[kind].leftOut[static_cast<std::size_t>(LeftOut::Unfinished)];
+    RunOutcome& Outcome() { return translation.outcome; }
+    std::int64_t Unfinished(ObjectKind kind) {
+        return translation.account[kind].leftOut[static_cast<std::size_t>(LeftOut::Unfinished)];
     }
 };
 
@@ -32,64 +32,74 @@ TEST_F(ExportRun, TheProgressOfAStepCountsItsObjects) {
 
 TEST_F(ExportRun, AFinishedExportHasClosedItsOutputAndShownNothing) {
     Export();
-    EXPECT_FALSE(TheRun().output.IsOpen());
+    EXPECT_FALSE(translation.output.IsOpen());
     EXPECT_FALSE(Outcome().Failed());
     EXPECT_TRUE(screen.messages.empty());
 }
 
-TEST_F(ExportRun, AnEarlierFileIsReplaced) {
+TEST_F(ExportRun, AnEarlierFileIsReplacedByTheBytesThatMemoryWouldGet) {
+    AddPoint({.code = u"PAAL"});
+    ExportSufNen(translation);
     folder.Write("uit.sfn", std::string(100000, 'x'));
-    EXPECT_EQ(Export().size(), 6U * 65);
+    translation.outputTo = OutputTo::File;
+    ExportSufNen(translation);
+    EXPECT_EQ(FileBytes(translation.SufNenFileName), translation.outputBytes);
+    EXPECT_EQ(translation.outputBytes.size(), (6U + 4U) * 66);
 }
 
 TEST_F(ExportRun, AFileThatCannotBeOpenedIsToldAndEndsTheExport) {
     AddPoint({.code = u"PAAL"});
-    TheRun().SufNenFileName = folder / "geen/map/uit.sfn";
-    ExportSufNen();
-    const std::string name = ToUtf8(TheRun().SufNenFileName);
+    translation.SufNenFileName = folder / "geen/map/uit.sfn";
+    translation.outputTo = OutputTo::File;
+    ExportSufNen(translation);
+    const std::string name = ToUtf8(translation.SufNenFileName);
     ASSERT_EQ(screen.boxes.size(), 1U);
     EXPECT_EQ(screen.messages[0], "Kon bestand: '" + name + "' niet opslaan;\nFoutcode: 76");
     EXPECT_EQ(screen.boxes[0].buttons, Buttons::Ok);
     EXPECT_EQ(LogText(), "FOUT:  Kon bestand: '" + name + "' niet opslaan; Foutcode: 76\n");
     EXPECT_TRUE(Outcome().outputFailed);
     EXPECT_EQ(Unfinished(ObjectKind::Point), 1);
-    EXPECT_EQ(PointCodes().rows[1].Count, 0);
+    EXPECT_EQ(translation.codes.points.rows[1].Count, 0);
 }
 
 TEST_F(ExportRun, AFolderInPlaceOfTheFileIsToldWithItsErrorNumber) {
-    TheRun().SufNenFileName = folder / "";
-    ExportSufNen();
+    translation.SufNenFileName = folder / "";
+    translation.outputTo = OutputTo::File;
+    ExportSufNen(translation);
     ASSERT_EQ(screen.boxes.size(), 1U);
     EXPECT_NE(screen.messages[0].find("niet opslaan;\nFoutcode: 75"), std::string::npos) << screen.messages[0];
     EXPECT_TRUE(Outcome().outputFailed);
 }
 
 TEST_F(ExportRun, TheTemporaryNameTakesTheFileAndTheMessageNamesTheRealOne) {
-    TheRun().temporaryOutput = folder / "tijdelijk.tmp";
-    ExportSufNen();
-    EXPECT_FALSE(FileIsThere(TheRun().SufNenFileName));
-    EXPECT_EQ(FileBytes(TheRun().temporaryOutput).size(), 6U * 66);
+    translation.temporaryOutput = folder / "tijdelijk.tmp";
+    translation.outputTo = OutputTo::File;
+    ExportSufNen(translation);
+    EXPECT_FALSE(FileIsThere(translation.SufNenFileName));
+    EXPECT_EQ(FileBytes(translation.temporaryOutput).size(), 6U * 66);
 
-    TheRun().temporaryOutput = folder / "geen/map/tijdelijk.tmp";
-    ExportSufNen();
+    translation.temporaryOutput = folder / "geen/map/tijdelijk.tmp";
+    ExportSufNen(translation);
     ASSERT_EQ(screen.messages.size(), 1U);
     EXPECT_NE(screen.messages[0].find("uit.sfn' niet opslaan;"), std::string::npos);
 }
 
 TEST_F(ExportRun, AFullDiskEndsTheExportWithoutStatistics) {
-    TheRun().temporaryOutput = u"/dev/full";
-    EXPECT_EQ(ErrorOf([] { ExportSufNen(); }), errors::diskFull);
+    translation.temporaryOutput = u"/dev/full";
+    translation.outputTo = OutputTo::File;
+    EXPECT_EQ(ErrorOf([this] { ExportSufNen(translation); }), errors::diskFull);
     EXPECT_TRUE(Outcome().outputFailed);
     EXPECT_EQ(LogText(), "");
 }
 
 TEST_F(ExportRun, AFullDiskEndsALongExportOnTheWay) {
-    TheRun().temporaryOutput = u"/dev/full";
+    translation.temporaryOutput = u"/dev/full";
+    translation.outputTo = OutputTo::File;
     for (int i = 0; i < 2000; ++i) AddPoint({.code = u"PAAL"});
-    EXPECT_EQ(ErrorOf([] { ExportSufNen(); }), errors::diskFull);
-    EXPECT_GT(TheAccount()[ObjectKind::Point].written, 0);
+    EXPECT_EQ(ErrorOf([this] { ExportSufNen(translation); }), errors::diskFull);
+    EXPECT_GT(translation.account[ObjectKind::Point].written, 0);
     EXPECT_GT(Unfinished(ObjectKind::Point), 0);
-    EXPECT_TRUE(TheAccount().Balances());
+    EXPECT_TRUE(translation.account.Balances());
     EXPECT_TRUE(Outcome().outputFailed);
 }
 
@@ -97,12 +107,12 @@ TEST_F(ExportRun, ACoordinateThatOverflowsEndsTheExportAfterWhatWasWritten) {
     AddPoint({.code = u"PAAL"});
     AddPoint({.code = u"PAAL", .east = 1e306});
     AddText({.text = u"a"});
-    EXPECT_EQ(ErrorOf([] { ExportSufNen(); }), errors::overflow);
+    EXPECT_EQ(ErrorOf([this] { ExportSufNen(translation); }), errors::overflow);
     EXPECT_TRUE(Outcome().outputFailed);
-    ASSERT_TRUE(TheRun().output.IsOpen()) << "the run closes it";
-    TheRun().output.Close();
-    EXPECT_EQ(FileBytes(TheRun().SufNenFileName).size(), (5U + 4U) * 66);
-    EXPECT_EQ(TheAccount()[ObjectKind::Point].written, 1);
+    ASSERT_TRUE(translation.output.IsOpen()) << "the run closes it";
+    translation.output.Close();
+    EXPECT_EQ(translation.outputBytes.size(), (5U + 4U) * 66);
+    EXPECT_EQ(translation.account[ObjectKind::Point].written, 1);
     EXPECT_EQ(Unfinished(ObjectKind::Point), 1);
     EXPECT_EQ(Unfinished(ObjectKind::TextObject), 1);
 }
@@ -110,7 +120,7 @@ TEST_F(ExportRun, ACoordinateThatOverflowsEndsTheExportAfterWhatWasWritten) {
 TEST_F(ExportRun, APersonCanEndTheExport) {
     AddPoint({.code = u"PAAL"});
     screen.onPump = [] { throw TranslationAborted(); };
-    EXPECT_THROW(ExportSufNen(), TranslationAborted);
+    EXPECT_THROW(ExportSufNen(translation), TranslationAborted);
     EXPECT_FALSE(Outcome().outputFailed);
     EXPECT_EQ(Unfinished(ObjectKind::Point), 1);
 }
@@ -121,29 +131,14 @@ TEST_F(ExportRun, APersonCanEndTheExportBetweenTwoObjects) {
     screen.onPump = [this] {
         if (screen.value > 0) throw TranslationAborted();
     };
-    EXPECT_THROW(ExportSufNen(), TranslationAborted);
-    EXPECT_EQ(TheAccount()[ObjectKind::Point].written, screen.value);
+    EXPECT_THROW(ExportSufNen(translation), TranslationAborted);
+    EXPECT_EQ(translation.account[ObjectKind::Point].written, screen.value);
     EXPECT_EQ(Unfinished(ObjectKind::Point), 300 - screen.value);
 }
 
-TEST_F(ExportRun, WithoutUnknownObjectsTheUnknownRowsBecomeDummies) {
-    ExportSufNen();
-    for (const CodeTable* table : {&PointCodes(), &LineCodes(), &TextCodes()}) {
-        EXPECT_EQ(table->rows[0].Type.TrimmedRight(), types::dummy);
-    }
-}
-
-TEST_F(ExportRun, WithUnknownObjectsTheUnknownRowsKeepTheirTypes) {
-    frmKORVANDE().chkExportUnknowns = true;
-    ExportSufNen();
-    EXPECT_EQ(PointCodes().rows[0].Type.TrimmedRight(), types::point);
-    EXPECT_EQ(LineCodes().rows[0].Type.TrimmedRight(), types::line);
-    EXPECT_EQ(TextCodes().rows[0].Type.TrimmedRight(), u"");
-}
-
 TEST_F(ExportRun, TheAccountBalances) {
-    AddRow(PointCodes(), {u"LIJN", u"G09", types::line});
-    AddRow(TextCodes(), {u"HULP", u"Z98", types::dummy});
+    AddRow(translation.codes.points, {u"LIJN", u"G09", types::line});
+    AddRow(translation.codes.texts, {u"HULP", u"Z98", types::dummy});
     for (const TextView code : {u"PAAL", u"", u"LIJN", u"RAAR", u"PAAL"}) AddPoint({.code = code});
     AddLine(u"KANT");
     AddLine(u"RAAR");
@@ -153,9 +148,9 @@ TEST_F(ExportRun, TheAccountBalances) {
     AddText({.text = u""});
     AddText({.text = u"b", .code = u"HULP"});
     AddText({.text = u"c", .anchor = 99});
-    ExportSufNen();
-    EXPECT_TRUE(TheAccount().Balances());
-    EXPECT_EQ(ToUtf8(TheAccount().Summary()),
+    ExportSufNen(translation);
+    EXPECT_TRUE(translation.account.Balances());
+    EXPECT_EQ(ToUtf8(translation.account.Summary()),
               "Punten: 5 gelezen, 2 geschreven, 3 weggelaten (1 onbekende code, 1 type DUMMY, 1 ander type)\n"
               "Lijnsegmenten: 5 gelezen, 2 geschreven, 3 weggelaten (1 onbekende code, 1 ander lijntype, 1 verwijst "
               "naar niets)\n"

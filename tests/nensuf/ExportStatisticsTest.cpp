@@ -9,7 +9,7 @@ class ExportStatistics : public ExportTest {
  protected:
     // The log book of an export, from its statistics on.
     std::string LogOfExport() {
-        ExportSufNen();
+        ExportSufNen(translation);
         const std::string log = LogText();
         return log.substr(log.find(" Statistiek:"));
     }
@@ -36,7 +36,7 @@ TEST_F(ExportStatistics, AnEmptyDrawingHasZeroCountsAndEmptyLists) {
 }
 
 TEST_F(ExportStatistics, EveryRowThatWasMetIsListedWithItsCount) {
-    AddRow(LineCodes(), {u"MUUR", u"B02", types::line, u"Muur of kademuur"});
+    AddRow(translation.codes.lines, {u"MUUR", u"B02", types::line, u"Muur of kademuur"});
     AddBarePoints();
     for (int i = 0; i < 12; ++i) AddPoint({.code = u"PAAL"});
     AddPoint({.code = u"RAAR"});
@@ -90,21 +90,21 @@ TEST_F(ExportStatistics, LineStringsAreCountedByTheirHighestNumber) {
 }
 
 TEST_F(ExportStatistics, ACountOfMoreThanSixDigitsIsWrittenInFull) {
-    TheDrawing().Lines.GrowTo(1234567);
-    WriteExportStatistics();
+    translation.drawing.Lines.GrowTo(1234567);
+    WriteExportStatistics(translation);
     EXPECT_EQ(SplitLines(LogText())[2], " Lijnstrings:  1234567");
 }
 
 TEST_F(ExportStatistics, ATableWithoutRowsGetsGeenAtColumnFive) {
-    LineCodes().rows.clear();
-    LineCodes().RowsChanged();
+    translation.codes.lines.rows.clear();
+    translation.codes.lines.RowsChanged();
     const std::string log = LogOfExport();
     EXPECT_NE(log.find("\nGeëxporteerde lijnobjecten:\n    GEEN\n\nGeëxporteerde puntobjecten:\n\n"), std::string::npos)
         << log;
 }
 
 TEST_F(ExportStatistics, WithUnknownObjectsTheirOverviewFollows) {
-    frmKORVANDE().chkExportUnknowns = true;
+    translation.options.chkExportUnknowns = true;
     AddPoint({.code = u"RAAR"});
     AddPoint({.code = u"RAAR"});
     AddText({.text = u"a", .code = u"VREEMD"});
@@ -128,7 +128,7 @@ TEST_F(ExportStatistics, WithUnknownObjectsTheirOverviewFollows) {
 }
 
 TEST_F(ExportStatistics, WithUnknownObjectsOnAndNoneMetOnlyTwoEmptyLinesFollow) {
-    frmKORVANDE().chkExportUnknowns = true;
+    translation.options.chkExportUnknowns = true;
     const std::string log = LogOfExport();
     EXPECT_EQ(log.substr(log.find("Geëxporteerde tekstelementen:")), "Geëxporteerde tekstelementen:\n\n\n");
 }

@@ -1,5 +1,7 @@
 #include "tests/nensuf/ExportTest.h"
 
+#include <utility>
+
 namespace korvande::testing {
 
 std::vector<std::string> SplitLines(std::string_view text) {
@@ -26,14 +28,21 @@ std::string Records(std::string_view marked) {
 }
 
 ExportTest::ExportTest() {
-    TheRun().SufNenFileName = folder / "uit.sfn";
-    TheOwner().Source = u"BRON";
-    frmKORVANDE().chkExportUnknowns = false;
+    Prepare(translation);
+    translation.SufNenFileName = folder / "uit.sfn";
     OpenLog();
-    AddRow(PointCodes(), {u"PAAL", u"G01", types::point});
-    AddRow(PointCodes(), {u"", u"Q99", types::dummy});
-    AddRow(LineCodes(), {u"KANT", u"B01", types::line});
-    AddRow(TextCodes(), {u"TEKST", u"Z01", u""});
+}
+
+void ExportTest::Prepare(Translation& translation) {
+    translation.mode = {Direction::FromIdex, Variant::Nen1878};
+    translation.outputTo = OutputTo::Memory;
+    translation.owner.Source = u"BRON";
+    translation.options.chkExportUnknowns = false;
+    CodeTables& codes = translation.codes;
+    AddRow(codes.points, {u"PAAL", u"G01", types::point});
+    AddRow(codes.points, {u"", u"Q99", types::dummy});
+    AddRow(codes.lines, {u"KANT", u"B01", types::line});
+    AddRow(codes.texts, {u"TEKST", u"Z01", u""});
 }
 
 void ExportTest::AddRow(CodeTable& table, const RowOf& row) {
@@ -48,14 +57,13 @@ void ExportTest::AddRow(CodeTable& table, const RowOf& row) {
     table.RowsChanged();
 }
 
-void ExportTest::AddPoint(const PointOf& point) {
-    Drawing& drawing = TheDrawing();
+void ExportTest::AddPoint(Drawing& drawing, const PointOf& point) {
     PointRec& added = drawing.Points.Append();
     const std::int32_t index = drawing.Points.UpperBound();
     added.PointNo = point.number == 0 ? index : point.number;
-    added.PointID = point.name;
-    added.Code = point.code;
-    added.Description = u"";
+    added.SetPointID(point.name);
+    drawing.SetCode(added, point.code);
+    drawing.SetDescription(added, TextView());
     added.East = point.east;
     added.North = point.north;
     added.Elevation = point.elevation;
@@ -63,27 +71,27 @@ void ExportTest::AddPoint(const PointOf& point) {
     drawing.PointIndex.Set(added.PointNo, index);
 }
 
-void ExportTest::AddLine(TextView code) {
-    LineRec& added = TheDrawing().Lines.Append();
-    added.Code = code;
-    added.Description = u"";
+void ExportTest::AddLine(Drawing& drawing, TextView code) {
+    LineRec& added = drawing.Lines.Append();
+    drawing.SetCode(added, code);
+    drawing.SetDescription(added, TextView());
 }
 
-void ExportTest::AddSegment(const SegmentOf& segment) {
-    EdgeRec& added = TheDrawing().Edges.Append();
+void ExportTest::AddSegment(Drawing& drawing, const SegmentOf& segment) {
+    EdgeRec& added = drawing.Edges.Append();
     added.LineNo = segment.line;
     added.StartPt = segment.start;
     added.EndPt = segment.end;
-    added.LineType = segment.type;
+    drawing.SetLineType(added, segment.type);
 }
 
-void ExportTest::AddText(const TextOf& text) {
-    TextRec& added = TheDrawing().Texts.Append();
+void ExportTest::AddText(Drawing& drawing, const TextOf& text) {
+    TextRec& added = drawing.Texts.Append();
     added.AnchorPointNo = text.anchor;
     added.AnchorPosition = text.position;
     added.HzDirection = text.direction;
-    added.Code = text.code;
-    added.Text = text.text;
+    drawing.SetCode(added, text.code);
+    added.SetCharacters(text.text);
 }
 
 void ExportTest::AddBarePoints() {
@@ -91,16 +99,16 @@ void ExportTest::AddBarePoints() {
     AddPoint({.code = u"", .east = 11, .north = 22});
 }
 
-std::string ExportTest::Export() {
-    ExportSufNen();
-    std::string text = FileBytes(TheRun().SufNenFileName);
+std::string ExportTest::Export(Translation& translation) {
+    ExportSufNen(translation);
+    std::string text = std::exchange(translation.outputBytes, {});
     std::erase(text, '\r');
     return text;
 }
 
 std::string ExportTest::ExportObjects() {
     const std::vector<std::string> lines = SplitLines(Export());
-    const std::size_t headerLines = TheRun().ExportNen ? 5 : 2;
+    const std::size_t headerLines = translation.mode.variant == Variant::Nen1878 ? 5 : 2;
     EXPECT_GT(lines.size(), headerLines);
     EXPECT_EQ(lines.back().substr(0, 2), "99");
     std::string objects;
@@ -109,7 +117,7 @@ std::string ExportTest::ExportObjects() {
 }
 
 std::string ExportTest::ExportObjectsAsSuf2() {
-    TheRun().ExportNen = false;
+    translation.mode.variant = Variant::Suf2;
     return ExportObjects();
 }
 

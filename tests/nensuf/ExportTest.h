@@ -7,7 +7,7 @@
 
 #include "nensuf/modExportSUFNEN.h"
 #include "tests/core/ErrorOf.h"
-#include "tests/support/ProgramState.h"
+#include "tests/support/TranslationState.h"
 
 namespace korvande::testing {
 
@@ -17,9 +17,9 @@ std::string Records(std::string_view marked);
 // Texts split at line feeds, without the empty one behind the last.
 std::vector<std::string> SplitLines(std::string_view text);
 
-// A drawing to be exported on 15 May 2024, with the owner's source BRON, no fieldwork date and, beside the unknown row,
-// one code of each kind in the tables.
-class ExportTest : public ProgramTest {
+// A drawing to be exported to NEN1878 in memory on 15 May 2024, with the owner's source BRON, no fieldwork date and,
+// beside the unknown row, one code of each kind in the tables.
+class ExportTest : public TranslationTest {
  protected:
     struct RowOf {
         TextView liscad;
@@ -55,22 +55,31 @@ class ExportTest : public ProgramTest {
 
     ExportTest();
 
+    // Makes any translation one as this test's own.
+    static void Prepare(Translation& translation);
+
     static void AddRow(CodeTable& table, const RowOf& row);
-    static void AddPoint(const PointOf& point);
-    static void AddLine(TextView code);
-    static void AddSegment(const SegmentOf& segment);
-    static void AddText(const TextOf& text);
+    static void AddPoint(Drawing& drawing, const PointOf& point);
+    static void AddLine(Drawing& drawing, TextView code);
+    static void AddSegment(Drawing& drawing, const SegmentOf& segment);
+    static void AddText(Drawing& drawing, const TextOf& text);
+
+    void AddPoint(const PointOf& point) { AddPoint(translation.drawing, point); }
+    void AddLine(TextView code) { AddLine(translation.drawing, code); }
+    void AddSegment(const SegmentOf& segment) { AddSegment(translation.drawing, segment); }
+    void AddText(const TextOf& text) { AddText(translation.drawing, text); }
 
     // Two points that nothing is written for, for lines and texts to refer to: 10.000, 20.000 and 11.000, 22.000.
-    static void AddBarePoints();
+    void AddBarePoints();
 
     // Exports and gives the whole file, or what stands between its header and its closing record; lines end in a line
     // feed.
-    static std::string Export();
-    static std::string ExportObjects();
+    static std::string Export(Translation& translation);
+    std::string Export() { return Export(translation); }
+    std::string ExportObjects();
 
     // The same in the variant that is not the default one.
-    static std::string ExportObjectsAsSuf2();
+    std::string ExportObjectsAsSuf2();
 
     EnvironmentValue today{"SOURCE_DATE_EPOCH", "1715731200"};
 };

@@ -7,13 +7,13 @@ class ExportTexts : public ExportTest {
  protected:
     ExportTexts() { AddBarePoints(); }
 
-    static std::int64_t Left(LeftOut reason) {
-        return TheAccount()[ObjectKind::TextObject].leftOut[static_cast<std::size_t>(reason)];
+    std::int64_t Left(LeftOut reason) {
+        return translation.account[ObjectKind::TextObject].leftOut[static_cast<std::size_t>(reason)];
     }
-    static std::int64_t Written() { return TheAccount()[ObjectKind::TextObject].written; }
+    std::int64_t Written() { return translation.account[ObjectKind::TextObject].written; }
 
     // The 06 records.
-    static std::string ExportedTexts() {
+    std::string ExportedTexts() {
         std::string texts;
         for (const std::string& line : SplitLines(ExportObjects())) {
             if (line.substr(0, 2) == "06") texts += line + "\n";
@@ -40,11 +40,11 @@ TEST_F(ExportTexts, ATextsCodeFieldInSuf2BeginsWithQ) {
 }
 
 TEST_F(ExportTexts, TheLetterOfATextsCodeIsTheOppositeOfAPointsQuality) {
-    AddRow(PointCodes(), {u"PUNT", u"G02", types::point, u"Punt", 1, 1, 1});
+    AddRow(translation.codes.points, {u"PUNT", u"G02", types::point, u"Punt", 1, 1, 1});
     AddPoint({.code = u"PUNT"});
     AddText({.text = u"tekst"});
     for (const bool nen : {true, false}) {
-        TheRun().ExportNen = nen;
+        translation.mode.variant = nen ? Variant::Nen1878 : Variant::Suf2;
         const auto lines = SplitLines(ExportObjects());
         EXPECT_EQ(lines[1][32], nen ? 'Q' : 'K');
         EXPECT_EQ(lines[5][52], nen ? 'K' : 'Q');
@@ -52,8 +52,8 @@ TEST_F(ExportTexts, TheLetterOfATextsCodeIsTheOppositeOfAPointsQuality) {
 }
 
 TEST_F(ExportTexts, TheCodeRecordOfATextKeepsItsColumns) {
-    frmKORVANDE().lstSource.index = 2;
-    TheDrawing().DrawingDate = u"01-02-2023";
+    translation.options.lstSource = 2;
+    translation.drawing.DrawingDate = u"01-02-2023";
     AddText({.text = u"a"});
     EXPECT_EQ(SplitLines(ExportObjects())[0] + "\n", Records("03MZ01           21   D 20230201BBRON  0  |00\n"));
 }
@@ -73,12 +73,12 @@ TEST_F(ExportTexts, TheInsertionPositionLiesOneMetreInTheTextsDirection) {
 TEST_F(ExportTexts, TheSymbolRotationOptionDoesNotTouchTexts) {
     AddText({.text = u"a"});
     const std::string without = ExportObjects();
-    frmKORVANDE().chkExportSymRotation = true;
+    translation.options.chkExportSymRotation = true;
     EXPECT_EQ(ExportObjects(), without);
 }
 
 TEST_F(ExportTexts, ThePlacementContinuesWhenNamesAndHeightsAreWritten) {
-    frmKORVANDE().chkExport3D = frmKORVANDE().chkExportPointnoAsField = true;
+    translation.options.chkExport3D = translation.options.chkExportPointnoAsField = true;
     AddPoint({.code = u"", .east = 1, .north = 2, .elevation = 3, .name = u"P17"});
     AddText({.text = u"a", .anchor = 3});
     EXPECT_EQ(ExportObjects(), Records("03MZ01           01   BBRON  0  |00\n"
@@ -117,7 +117,7 @@ TEST_F(ExportTexts, AnEmptyTextIsLeftOutBeforeAnythingIsLookedAt) {
     AddText({.text = u"    ", .anchor = 99});
     EXPECT_EQ(ExportObjects(), "");
     EXPECT_EQ(Left(LeftOut::EmptyText), 2);
-    EXPECT_EQ(TextCodes().rows[1].Count, 0);
+    EXPECT_EQ(translation.codes.texts.rows[1].Count, 0);
     EXPECT_EQ(LogText().find("FOUT:"), std::string::npos);
 }
 
@@ -127,7 +127,7 @@ TEST_F(ExportTexts, ATextThatHangsOnAPointNeverReadIsLeftOutAndLogged) {
     AddText({.text = u"c", .anchor = -1});
     EXPECT_EQ(ExportedTexts(), Records("06A01Ta|01\n"));
     EXPECT_EQ(Left(LeftOut::NoReference), 2);
-    EXPECT_EQ(TextCodes().rows[1].Count, 1);
+    EXPECT_EQ(translation.codes.texts.rows[1].Count, 1);
     const std::string log = LogText();
     EXPECT_EQ(log.substr(0, log.find(" Statistiek:")),
               "FOUT:  Tekst 2 verwijst naar een onbekend punt\n"
@@ -139,13 +139,13 @@ TEST_F(ExportTexts, AGeneratedPointNumberHoldsItsLkiCodeAndIsNotLookedUp) {
     EXPECT_EQ(ExportObjects(), Records("03MZ30           01   BBRON  0  |00\n"
                                        "05F111      X    10000Y    20000X    11000Y    20000KZ30    |00\n"
                                        "06A03TP17|01\n"));
-    EXPECT_EQ(TextCodes().rows[0].Count, 0);
+    EXPECT_EQ(translation.codes.texts.rows[0].Count, 0);
     EXPECT_EQ(Written(), 1);
 }
 
 TEST_F(ExportTexts, AGeneratedTextIsWrittenAlsoWhenUnknownsAreOffAndTheTableHasNoRows) {
-    TextCodes().rows.clear();
-    TextCodes().RowsChanged();
+    translation.codes.texts.rows.clear();
+    translation.codes.texts.RowsChanged();
     AddText({.text = u"P17", .code = generatedCode, .position = pointNumberAnchor});
     EXPECT_EQ(ExportedTexts(), Records("06A03TP17|01\n"));
 }
@@ -173,21 +173,21 @@ TEST_F(ExportTexts, OnlyAGeneratedTextAtTheHeightsPositionIsCountedAs09) {
 }
 
 TEST_F(ExportTexts, ATextOfTypeDummyIsNotWritten) {
-    AddRow(TextCodes(), {u"HULP", u"Z98", types::dummy});
+    AddRow(translation.codes.texts, {u"HULP", u"Z98", types::dummy});
     AddText({.text = u"a", .code = u"HULP"});
     EXPECT_EQ(ExportObjects(), "");
     EXPECT_EQ(Left(LeftOut::Dummy), 1);
-    EXPECT_EQ(TextCodes().rows[2].Count, 1);
+    EXPECT_EQ(translation.codes.texts.rows[2].Count, 1);
 }
 
 TEST_F(ExportTexts, ATextOfAnyOtherTypeIsWritten) {
-    AddRow(TextCodes(), {u"NAAM", u"Z02", u"LIJN"});
+    AddRow(translation.codes.texts, {u"NAAM", u"Z02", u"LIJN"});
     AddText({.text = u"a", .code = u"NAAM"});
     EXPECT_EQ(ExportObjects().substr(0, 10), "03MZ02    ");
 }
 
 TEST_F(ExportTexts, ATextsCodeCarriesNoQuality) {
-    AddRow(TextCodes(), {u"NAAM", u"Z02", u"", u"Naam", 1, 2, 3});
+    AddRow(translation.codes.texts, {u"NAAM", u"Z02", u"", u"Naam", 1, 2, 3});
     AddText({.text = u"a", .code = u"NAAM"});
     EXPECT_EQ(ExportObjects(), Records("03MZ02           01   BBRON  0  |00\n"
                                        "05F111      X    10000Y    20000X    11000Y    20000KZ02    |00\n"
@@ -198,11 +198,11 @@ TEST_F(ExportTexts, AnUnknownTextIsLeftOutButCountedWhenUnknownsAreOff) {
     AddText({.text = u"a", .code = u"RAAR"});
     EXPECT_EQ(ExportObjects(), "");
     EXPECT_EQ(Left(LeftOut::UnknownCode), 1);
-    EXPECT_EQ(TextCodes().rows[0].Count, 1);
+    EXPECT_EQ(translation.codes.texts.rows[0].Count, 1);
 }
 
 TEST_F(ExportTexts, AnUnknownTextIsWrittenWithTheUnknownRowWhenUnknownsAreOn) {
-    frmKORVANDE().chkExportUnknowns = true;
+    translation.options.chkExportUnknowns = true;
     AddText({.text = u"a", .code = u"RAAR"});
     EXPECT_EQ(ExportObjects(), Records("03MZ19           01   BBRON  0  |00\n"
                                        "05F111      X    10000Y    20000X    11000Y    20000KZ19    |00\n"
@@ -210,8 +210,8 @@ TEST_F(ExportTexts, AnUnknownTextIsWrittenWithTheUnknownRowWhenUnknownsAreOn) {
 }
 
 TEST_F(ExportTexts, ATextTableWithoutRowsLeavesItsTextsOut) {
-    TextCodes().rows.clear();
-    TextCodes().RowsChanged();
+    translation.codes.texts.rows.clear();
+    translation.codes.texts.RowsChanged();
     AddText({.text = u"a"});
     EXPECT_EQ(ExportObjects(), "");
     EXPECT_EQ(Left(LeftOut::UnknownCode), 1);

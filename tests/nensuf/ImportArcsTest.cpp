@@ -6,13 +6,13 @@ namespace {
 
 class ImportArcs : public ImportTest {
  protected:
-    static void Select(TextView minX, TextView maxX, TextView minY, TextView maxY) {
-        FormKORVANDE& form = frmKORVANDE();
-        form.chkSelectXY = true;
-        form.txtMinX = minX;
-        form.txtMaxX = maxX;
-        form.txtMinY = minY;
-        form.txtMaxY = maxY;
+    void Select(TextView minX, TextView maxX, TextView minY, TextView maxY) {
+        Options& options = translation.options;
+        options.chkSelectXY = true;
+        options.txtMinX = minX;
+        options.txtMaxX = maxX;
+        options.txtMinY = minY;
+        options.txtMaxY = maxY;
     }
 };
 
@@ -32,8 +32,8 @@ TEST_F(ImportArcs, AnArcClockwiseIsStartCentreAndEnd) {
     EXPECT_EQ(Points(), northPoint + centre + southPoint);
     EXPECT_EQ(Lines(), "KANT\n");
     EXPECT_EQ(Edges(), "1: 1-2 ARC_CENT\n1: 2-3 ARC_CENT\n");
-    EXPECT_EQ(ToUtf8(TheDrawing().Lines[1].Description.TrimmedRight()), "Kant verharding");
-    EXPECT_EQ(ToUtf8(TheDrawing().Points[2].Description.TrimmedRight()), "Kant verharding");
+    EXPECT_EQ(LineDescription(1), "Kant verharding");
+    EXPECT_EQ(PointDescription(2), "Kant verharding");
     ExpectAccount(ObjectKind::Arc, 1, 1);
     ExpectAccount(ObjectKind::LineString, 0, 0);
     EXPECT_EQ(LogText(), "");
@@ -47,8 +47,8 @@ TEST_F(ImportArcs, AnArcAnticlockwiseIsMarked) {
 
 TEST_F(ImportArcs, TheCentreKeepsTheHeightOfThePointOnTheArc) {
     Import(Arc("B10", At(100000, 210000, 1000) + At(110000, 200000, 2000) + At(100000, 190000, 3000)));
-    EXPECT_EQ(TheDrawing().Points[2].Elevation, 2);
-    EXPECT_EQ(TheDrawing().Points[3].Elevation, 3);
+    EXPECT_EQ(translation.drawing.Points[2].Elevation, 2);
+    EXPECT_EQ(translation.drawing.Points[3].Elevation, 3);
 }
 
 TEST_F(ImportArcs, NumbersAndInterpolationCodesTakeNoPart) {
@@ -71,8 +71,8 @@ TEST_F(ImportArcs, EachArcOfAChainCarriesItsOwnDirection) {
     Import(Arc("B10", south + At(90000, 180000) + At(100000, 170000) + At(110000, 160000) + At(100000, 150000) +
                           At(90000, 140000) + At(100000, 130000)));
     EXPECT_EQ(Lines(), "KANT|16\nKANT\nKANT|16\n");
-    EXPECT_EQ(TheDrawing().Edges.UpperBound(), 6);
-    EXPECT_EQ(ToUtf8(TheDrawing().Lines[3].Description.TrimmedRight()), "Kant verharding");
+    EXPECT_EQ(translation.drawing.Edges.UpperBound(), 6);
+    EXPECT_EQ(LineDescription(3), "Kant verharding");
     ExpectAccount(ObjectKind::Arc, 3, 3);
     EXPECT_EQ(LogText(), "");
 }
@@ -140,16 +140,16 @@ TEST_F(ImportArcs, AnUnknownArcIsDroppedOrImportedAsTheUnknownRow) {
     Import(Arc("ONB", north + east + south));
     EXPECT_EQ(Points() + Lines(), "");
     ExpectLeft(ObjectKind::Arc, LeftOut::UnknownCode);
-    frmKORVANDE().chkImportUnknowns = true;
+    translation.options.chkImportUnknowns = true;
     Import(Arc("ONB", north + east + south));
     EXPECT_EQ(Lines(), "STANDRD\n");
-    EXPECT_EQ(LineCodes().rows[0].Count, 2);
+    EXPECT_EQ(translation.codes.lines.rows[0].Count, 2);
 }
 
 TEST_F(ImportArcs, TheBordersOfTheRectangleBelongToIt) {
     Select(u"100", u"110", u"190", u"210");
     Import(Arc("B10", north + east + south));
-    EXPECT_EQ(TheDrawing().Edges.UpperBound(), 2);
+    EXPECT_EQ(translation.drawing.Edges.UpperBound(), 2);
 }
 
 TEST_F(ImportArcs, AnArcWithOnePointOutsideTheRectangleKeepsItsPointsWithoutEdges) {
@@ -179,15 +179,15 @@ TEST_F(ImportArcs, InAChainTheRectangleTestsEachArc) {
 
 TEST_F(ImportArcs, ArcsInTheNationalGridFindTheirCentreToTheMillimetre) {
     Import(Arc("B10", At(121000000, 487005000) + At(121003000, 487004000) + At(121005000, 487000000)));
-    EXPECT_NEAR(TheDrawing().Points[2].East, 121000, 0.0005);
-    EXPECT_NEAR(TheDrawing().Points[2].North, 487000, 0.0005);
+    EXPECT_NEAR(translation.drawing.Points[2].East, 121000, 0.0005);
+    EXPECT_NEAR(translation.drawing.Points[2].North, 487000, 0.0005);
 }
 
 TEST_F(ImportArcs, ArcsBeyondAllNumbersEndTheImport) {
     const std::string far = Field('X', "9E307") + Field('Y', "9E307");
     const std::string farther = Field('X', "-9E307") + Field('Y', "1");
     Import(Arc("B10", far + farther + far) + Point("P10", At(1, 1)), FirstLine() + SecondLine("010245"));
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 3);
+    EXPECT_EQ(translation.drawing.Points.UpperBound(), 3);
     EXPECT_EQ(Edges(), "");
     ExpectLeft(ObjectKind::Arc, LeftOut::Unfinished);
     EXPECT_EQ(LogText(), "FOUT:  Overloop (regel 4)\n");

@@ -11,7 +11,7 @@ namespace {
 
 class ImportBadInput : public ImportTest {
  protected:
-    static std::string Drawn() { return Points() + Lines() + Edges() + Texts(); }
+    std::string Drawn() { return Points() + Lines() + Edges() + Texts(); }
 
     // The lines that the log book holds, each once.
     std::set<std::string> LogLines() {
@@ -51,8 +51,8 @@ TEST_F(ImportBadInput, AFileCutAtAnyByteBringsWhatStandsBeforeTheCut) {
         drawn.push_back({Points(), Lines(), Edges(), Texts()});
     }
     ASSERT_TRUE(screen.boxes.empty());
-    ASSERT_EQ(TheDrawing().Texts.UpperBound(), 2);
-    ASSERT_EQ(TheDrawing().Edges.UpperBound(), 8);
+    ASSERT_EQ(translation.drawing.Texts.UpperBound(), 2);
+    ASSERT_EQ(translation.drawing.Edges.UpperBound(), 8);
     bytes += Record("99");
 
     for (std::size_t cut = 0; cut < bytes.size(); ++cut) {
@@ -64,8 +64,8 @@ TEST_F(ImportBadInput, AFileCutAtAnyByteBringsWhatStandsBeforeTheCut) {
         EXPECT_TRUE(Edges().starts_with(drawn[whole][2])) << cut;
         EXPECT_TRUE(Texts().starts_with(drawn[whole][3])) << cut;
         // A line needs no line end to be a header, and one behind the last record cuts nothing.
-        EXPECT_EQ(TheRun().outcome.wrongFormat, cut < header - 66 + 2) << cut;
-        TheRun().outcome = {};
+        EXPECT_EQ(translation.outcome.wrongFormat, cut < header - 66 + 2) << cut;
+        translation.outcome = {};
     }
     EXPECT_EQ(LogLines(), (std::set<std::string>{"FOUT:  NEN1878 bestand bevat geen '01' (KOP) record.",
                                                  "FOUT:  NEN1878 bestand bevat geen '02' (KOP) record.",
@@ -78,7 +78,7 @@ TEST_F(ImportBadInput, AFileCutAtARecordEndsInTheObjectThatItCuts) {
     const std::string whole =
         NenHeader() + Point("P10", At(1000, 1000)) + Arc("B10", At(0, 10000) + At(10000, 0) + At(0, -10000) + At(1, 1));
     ImportBytes(whole.substr(0, whole.size() - 66));  // the record with the arc's last point
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 4);
+    EXPECT_EQ(translation.drawing.Points.UpperBound(), 4);
     EXPECT_EQ(Edges(), "1: 2-3 ARC_CENT\n1: 3-4 ARC_CENT\n");
     EXPECT_EQ(LogText(), "");
 }
@@ -93,7 +93,7 @@ TEST_F(ImportBadInput, NoiseIsNoFileOfTheFormat) {
     for (unsigned seed = 1; seed <= 20; ++seed) {
         std::mt19937 random(seed);
         ImportBytes(Noise(random, 20'000));
-        EXPECT_TRUE(TheRun().outcome.wrongFormat);
+        EXPECT_TRUE(translation.outcome.wrongFormat);
         EXPECT_EQ(Drawn(), "");
     }
     EXPECT_EQ(LogLines(), std::set<std::string>{"FOUT:  NEN1878 bestand bevat geen '01' (KOP) record."});
@@ -225,17 +225,17 @@ class RandomFile {
 };
 
 TEST_F(ImportBadInput, RandomFilesBalanceAndSayOnlyWhatIsDescribed) {
-    for (const TextView type : {u"S01 A01", u"S01", u"S03"}) AddRow(PointCodes(), type, type, type);
+    for (const TextView type : {u"S01 A01", u"S01", u"S03"}) AddRow(translation.codes.points, type, type, type);
     for (unsigned seed = 1; seed <= 1500; ++seed) {
         RandomFile file(seed);
-        FormKORVANDE& form = frmKORVANDE();
-        form.chkImportUnknowns = file.OneIn(2);
-        form.chkExportUnknowns = file.OneIn(2);
-        form.chkImportSymRotation = file.OneIn(2);
-        form.chkSelectXY = file.OneIn(3);
-        form.txtMinX = form.txtMinY = u"-10";
-        form.txtMaxX = form.txtMaxY = u"10";
-        TheRun().NenMode = file.OneIn(2);
+        Options& options = translation.options;
+        options.chkImportUnknowns = file.OneIn(2);
+        options.chkExportUnknowns = file.OneIn(2);
+        options.chkImportSymRotation = file.OneIn(2);
+        options.chkSelectXY = file.OneIn(3);
+        options.txtMinX = options.txtMinY = u"-10";
+        options.txtMaxX = options.txtMaxY = u"10";
+        translation.mode.variant = file.OneIn(2) ? Variant::Nen1878 : Variant::Suf2;
         screen.answers.clear();
         for (int i = 0; i < 3; ++i) {
             screen.answers.push_back(std::array{Answer::Yes, Answer::No, Answer::Yes, Answer::Cancel}[file.Below(4)]);
@@ -244,8 +244,8 @@ TEST_F(ImportBadInput, RandomFilesBalanceAndSayOnlyWhatIsDescribed) {
         ASSERT_FALSE(HasFailure()) << "seed " << seed;
     }
     for (ObjectKind kind : {ObjectKind::Point, ObjectKind::LineString, ObjectKind::Arc, ObjectKind::TextObject}) {
-        EXPECT_GT(TheAccount()[kind].kept, 500);
-        EXPECT_GT(TheAccount()[kind].LeftOutTotal(), 500);
+        EXPECT_GT(translation.account[kind].kept, 500);
+        EXPECT_GT(translation.account[kind].LeftOutTotal(), 500);
     }
 
     std::set<std::string> logged;
@@ -272,9 +272,8 @@ TEST_F(ImportBadInput, AnImportAllocatesNothingPerRecord) {
         for (int i = 0; i < times; ++i) {
             for (const std::string& object : SampleObjects()) bytes += object;
         }
-        TheRun().SufNenFileName = folder.Write("in.sfn", bytes);
-        TheRun().IdexFileName = folder / "uit.idx";
-        return AllocationsOf([] { ImportNenSuf(); }).blocks;
+        translation.inputBytes = bytes;
+        return AllocationsOf([this] { ImportNenSuf(translation); }).blocks;
     };
     const std::size_t few = blocksOf(1000);
     const std::size_t many = blocksOf(2000);  // 40,000 records, 33,000 points and texts

@@ -1,6 +1,7 @@
 #include <random>
 
 #include "nensuf/ImportRun.h"
+#include "nensuf/PointNumbers.h"
 #include "tests/nensuf/ImportTest.h"
 
 namespace korvande::testing {
@@ -9,16 +10,16 @@ namespace {
 
 class ImportCleanUp : public ImportTest {
  protected:
-    static void AddNumbered(TextView number) {
+    void AddNumbered(TextView number) {
         PointRec point{};
-        point.PointID = number;
-        AddImportedPoint(point);
+        point.SetPointID(number);
+        AddImportedPoint(translation.drawing, point);
     }
 
-    static std::vector<Text> Numbers() {
+    std::vector<Text> Numbers() {
         std::vector<Text> numbers;
-        const auto& points = TheDrawing().Points;
-        for (std::int32_t i = 1; i <= points.UpperBound(); ++i) numbers.emplace_back(points[i].PointID.View());
+        const auto& points = translation.drawing.Points;
+        for (std::int32_t i = 1; i <= points.UpperBound(); ++i) numbers.emplace_back(points[i].PointID().View());
         return numbers;
     }
 
@@ -41,7 +42,7 @@ TEST_F(ImportCleanUp, OfPointsThatShareANumberTheFirstKeepsIt) {
     Import(Point("P10", N("12") + At(1, 1)) + Point("P10", N("7") + At(2, 2)) + Point("P20", N("12") + At(3, 3)));
     EXPECT_EQ(Points(),
               "12|BOOM|0.001 0.001 0.000|0.0000\n7|BOOM|0.002 0.002 0.000|0.0000\n|MAST|0.003 0.003 0.000|0.0000\n");
-    EXPECT_EQ(ToUtf8(TheDrawing().Points[3].PointID.View()), "         ");
+    EXPECT_EQ(ToUtf8(translation.drawing.Points[3].PointID().View()), "         ");
 }
 
 TEST_F(ImportCleanUp, PointsOfAllKindsShareTheirNumbers) {
@@ -65,7 +66,7 @@ TEST_F(ImportCleanUp, ItGivesWhatComparingEveryPairGives) {
     constexpr TextView alphabet = u"  1122aA\t\0é\u20AC"sv;
     std::mt19937 random(1878);
     for (int round = 0; round < 60; ++round) {
-        ResetDrawing();
+        ResetDrawing(translation.drawing);
         const auto points = static_cast<int>(random() % 300);
         const std::size_t length = 1 + random() % 4;
         for (int i = 0; i < points; ++i) {
@@ -74,7 +75,7 @@ TEST_F(ImportCleanUp, ItGivesWhatComparingEveryPairGives) {
             AddNumbered(number);
         }
         const std::vector<Text> expected = CleanedPlainly(Numbers());
-        CleanUpPointNumbers();
+        CleanUpPointNumbers(screen, translation.drawing);
         EXPECT_EQ(Numbers(), expected) << "round " << round;
     }
 }
@@ -83,16 +84,16 @@ TEST_F(ImportCleanUp, ItGivesWhatComparingEveryPairGives) {
 TEST_F(ImportCleanUp, ItsTimeGrowsWithTheNumberOfPoints) {
     constexpr int points = 300'000;
     for (int i = 0; i < points; ++i) AddNumbered(Concat(i % 250'000));
-    CleanUpPointNumbers();
-    EXPECT_EQ(ToUtf8(TheDrawing().Points[250'000].PointID.TrimmedRight()), "249999");
-    for (std::int32_t i = 250'001; i <= points; ++i) ASSERT_TRUE(TheDrawing().Points[i].PointID.IsBlank());
+    CleanUpPointNumbers(screen, translation.drawing);
+    EXPECT_EQ(ToUtf8(translation.drawing.Points[250'000].PointID().TrimmedRight()), "249999");
+    for (std::int32_t i = 250'001; i <= points; ++i) ASSERT_TRUE(translation.drawing.Points[i].PointID().IsBlank());
 }
 
 TEST_F(ImportCleanUp, TheProgressRunsToTheNumberOfPointsOrOne) {
-    CleanUpPointNumbers();
+    CleanUpPointNumbers(screen, translation.drawing);
     AddNumbered(u"1");
     AddNumbered(u"1");
-    CleanUpPointNumbers();
+    CleanUpPointNumbers(screen, translation.drawing);
     EXPECT_EQ(screen.maxima, (std::vector<std::int64_t>{1, 2}));
     EXPECT_EQ(screen.statuses, (std::vector<std::string>{"Opschonen Puntnummers", "Opschonen Puntnummers"}));
 }
@@ -100,14 +101,14 @@ TEST_F(ImportCleanUp, TheProgressRunsToTheNumberOfPointsOrOne) {
 TEST_F(ImportCleanUp, AnAddedPointWithoutACodeIsAnUnknownObject) {
     AddNumbered(u"1");
     PointRec point{};
-    point.Code = TextView();
-    point.PointID = TextView();
+    translation.drawing.SetCode(point, TextView());
+    point.SetPointID(TextView());
     point.PointNo = 4711;
-    EXPECT_EQ(AddImportedPoint(point), 2);
+    EXPECT_EQ(AddImportedPoint(translation.drawing, point), 2);
     EXPECT_EQ(Points(), "1|100|0.000 0.000 0.000|0.0000\n||0.000 0.000 0.000|0.0000\n");
-    EXPECT_EQ(ToUtf8(TheDrawing().Points[1].Description.TrimmedRight()), "Onbekend Object");
-    EXPECT_EQ(TheDrawing().Points[2].PointNo, 2);
-    EXPECT_EQ(TheDrawing().PointIndex.Find(2), 2);
+    EXPECT_EQ(PointDescription(1), "Onbekend Object");
+    EXPECT_EQ(translation.drawing.Points[2].PointNo, 2);
+    EXPECT_EQ(translation.drawing.PointIndex.Find(2), 2);
 }
 
 }  // namespace

@@ -8,16 +8,17 @@ namespace korvande::testing {
 
 namespace {
 
-using ImportGroups = ImportTest;
+class ImportGroups : public ImportTest {
+ protected:
+    // How many points, line strings, edges and texts the drawing holds.
+    std::string Counts() const {
+        const Drawing& drawing = translation.drawing;
+        return std::to_string(drawing.Points.UpperBound()) + " " + std::to_string(drawing.Lines.UpperBound()) + " " +
+               std::to_string(drawing.Edges.UpperBound()) + " " + std::to_string(drawing.Texts.UpperBound());
+    }
+};
 
 const std::string three = At(0, 10000) + At(10000, 0) + At(0, -10000);
-
-// How many points, line strings, edges and texts the drawing holds.
-std::string Counts() {
-    const Drawing& drawing = TheDrawing();
-    return std::to_string(drawing.Points.UpperBound()) + " " + std::to_string(drawing.Lines.UpperBound()) + " " +
-           std::to_string(drawing.Edges.UpperBound()) + " " + std::to_string(drawing.Texts.UpperBound());
-}
 
 TEST_F(ImportGroups, TheNumberInTheGFieldDecidesTheKind) {
     for (const std::string kind : {"1", " 1", "01", "1 ", "0101", " 10", "01X"}) {
@@ -38,7 +39,7 @@ TEST_F(ImportGroups, TheNumberInTheGFieldDecidesTheKind) {
 
 TEST_F(ImportGroups, OtherKindsOfGeometryImportNothing) {
     for (const std::string kind : {"2", "6", "0", "00", "11", "14", "99", "", "A1", "-1"}) {
-        TheAccount() = {};
+        translation.account = {};
         Import(Head("P10", kind) + Geometry(three));
         EXPECT_EQ(Counts(), "0 0 0 0") << kind;
         ExpectLeft(ObjectKind::Other, LeftOut::NotTranslated);
@@ -49,7 +50,7 @@ TEST_F(ImportGroups, OtherKindsOfGeometryImportNothing) {
 
 TEST_F(ImportGroups, AGroupWithoutACodeImportsNothing) {
     for (const std::string& head : {Group("03", Field('G', "01")), Head("", "01"), Head("         ", "01")}) {
-        TheAccount() = {};
+        translation.account = {};
         Import(head + Geometry(three));
         EXPECT_EQ(Counts(), "0 0 0 0");
         ExpectLeft(ObjectKind::Point, LeftOut::NoCode);
@@ -90,8 +91,8 @@ TEST_F(ImportGroups, TheCodeOfOneGroupDoesNotReachTheNext) {
 }
 
 TEST_F(ImportGroups, SeveralGFieldsRunTheirReadersAsPointLineAndArc) {
-    AddRow(PointCodes(), u"ALLES", u"X10", u"Alles");
-    AddRow(LineCodes(), u"ALLES", u"X10", u"Alles");
+    AddRow(translation.codes.points, u"ALLES", u"X10", u"Alles");
+    AddRow(translation.codes.lines, u"ALLES", u"X10", u"Alles");
     Import(Group("03", Field('M', "X10") + Field('G', "13") + Field('G', "12") + Field('G', "01")) +
            Geometry(At(1000, 1000)) + Geometry(At(2000, 2000) + At(3000, 3000)) + Geometry(three));
     EXPECT_EQ(Edges(), "1: 2-3 STRAIGHT\n2: 4-5 ARC_CENT\n2: 5-6 ARC_CENT\n");
@@ -102,7 +103,7 @@ TEST_F(ImportGroups, SeveralGFieldsRunTheirReadersAsPointLineAndArc) {
 }
 
 TEST_F(ImportGroups, EachReaderOfAGroupNeedsCoordinatesOfItsOwn) {
-    AddRow(LineCodes(), u"KANT", u"P10", u"Kant");
+    AddRow(translation.codes.lines, u"KANT", u"P10", u"Kant");
     Import(Group("03", Field('M', "P10") + Field('G', "01") + Field('G', "12")) + Geometry(At(1000, 1000)) +
            Point("P20", At(2000, 2000)));
     EXPECT_EQ(Points(), "|BOOM|1.000 1.000 0.000|0.0000\n");
@@ -171,16 +172,16 @@ TEST_F(ImportGroups, ALostGroupIsAccountedForWhateverItIs) {
     const std::string lines = Head("B10", "12");
     Import(lines + lines + Geometry(three));
     ExpectLeft(ObjectKind::LineString, LeftOut::MissingRecord, 2);
-    TheAccount() = {};
+    translation.account = {};
     Import(lines + Head("B10", "13") + Geometry(three));
     ExpectLeft(ObjectKind::Arc, LeftOut::MissingRecord);
-    TheAccount() = {};
+    translation.account = {};
     Import(lines + TextGroups("Z10", At(1, 1), "Weg"));
     ExpectLeft(ObjectKind::TextObject, LeftOut::MissingRecord);
-    TheAccount() = {};
+    translation.account = {};
     Import(lines + Symbol("P10", At(1, 1)));
     ExpectLeft(ObjectKind::Point, LeftOut::MissingRecord);
-    TheAccount() = {};
+    translation.account = {};
     Import(lines + Head("B10", "6") + Geometry(three));
     ExpectLeft(ObjectKind::Other, LeftOut::NotTranslated);
     EXPECT_EQ(Counts(), "0 0 0 0");

@@ -19,16 +19,16 @@ TEST_F(ImportHeader, CoordinatesOfAUsualFileAreMillimetres) {
 TEST_F(ImportHeader, ThePrecisionDigitOfNen1878StandsInColumn7) {
     for (int digit = 1; digit <= 9; ++digit) {
         Import(PointOf(At(1000000, 0)), FirstLine() + SecondLine("0102" + std::to_string(digit) + "5"));
-        EXPECT_NEAR(TheDrawing().Points[1].East, 1000000 * std::pow(10, digit - 4), 1e-6) << digit;
+        EXPECT_NEAR(translation.drawing.Points[1].East, 1000000 * std::pow(10, digit - 4), 1e-6) << digit;
     }
 }
 
 TEST_F(ImportHeader, ThePrecisionDigitOfSuf2StandsInColumn8) {
-    TheRun().NenMode = false;
+    translation.mode.variant = Variant::Suf2;
     for (int digit = 0; digit <= 9; ++digit) {
         screen.answers = {Answer::No};
         Import(PointOf(At(1000000, 0)), FirstLine() + SecondLine("01029" + std::to_string(digit)));
-        EXPECT_NEAR(TheDrawing().Points[1].East, 1000000 * std::pow(10, digit - 4), 1e-6) << digit;
+        EXPECT_NEAR(translation.drawing.Points[1].East, 1000000 * std::pow(10, digit - 4), 1e-6) << digit;
         screen.answers.clear();
     }
 }
@@ -67,51 +67,51 @@ TEST_F(ImportHeader, AHeaderValueBeyondAllNumbersEndsTheImport) {
 
 TEST_F(ImportHeader, TheProjectNameStandsInColumns39To62) {
     Import("", FirstLine(std::string(36, ' ') + " Kruispunt caf\xE9 Noord  ") + SecondLine("010215"));
-    EXPECT_EQ(ToUtf8(TheRun().ProjectName), "Kruispunt café Noord");
+    EXPECT_EQ(ToUtf8(translation.ProjectName), "Kruispunt café Noord");
     Import("", FirstLine(std::string(35, ' ') + "xHeel het kruispunt Noord") + SecondLine("010215"));
-    EXPECT_EQ(ToUtf8(TheRun().ProjectName), "Heel het kruispunt Noord");
+    EXPECT_EQ(ToUtf8(translation.ProjectName), "Heel het kruispunt Noord");
 }
 
 TEST_F(ImportHeader, WithoutAProjectNameColumns3To14AreTheName) {
     Import("", FirstLine("  Plan Zuid    202405") + SecondLine("010215"));
-    EXPECT_EQ(ToUtf8(TheRun().ProjectName), "Plan Zuid");
+    EXPECT_EQ(ToUtf8(translation.ProjectName), "Plan Zuid");
     Import("", FirstLine("Plan Oost 23x   202405") + SecondLine("010215"));
-    EXPECT_EQ(ToUtf8(TheRun().ProjectName), "Plan Oost 23");
+    EXPECT_EQ(ToUtf8(translation.ProjectName), "Plan Oost 23");
 }
 
 std::string DateOf(const std::optional<DateTime>& date) { return date ? CompactDate(*date) : "-"; }
 
 TEST_F(ImportHeader, TheProjectDateIsTheFirstDayOfTheMonthInColumns22To27) {
     Import("", FirstLine("0NEN1878    V199901202312") + SecondLine("010215"));
-    EXPECT_EQ(DateOf(TheRun().ProjectDate), "20231201");
+    EXPECT_EQ(DateOf(translation.ProjectDate), "20231201");
 }
 
 TEST_F(ImportHeader, AProjectDateThatIsNoneIsToday) {
     for (const std::string date :
          {"      ", "202300", "202313", " 20231", "2023 1", "-20231", "+20231", "2023AB", ""}) {
         Import("", FirstLine("0NEN1878    V199901" + date) + SecondLine("010215"));
-        EXPECT_EQ(DateOf(TheRun().ProjectDate), "20240515") << date;
+        EXPECT_EQ(DateOf(translation.ProjectDate), "20240515") << date;
     }
     Import("", "010NEN1878    V1999012312\r\n" + SecondLine("010215"));
-    EXPECT_EQ(DateOf(TheRun().ProjectDate), "20240515");
+    EXPECT_EQ(DateOf(translation.ProjectDate), "20240515");
 }
 
 TEST_F(ImportHeader, NameAndDateOfAnEarlierImportAreForgotten) {
     Import("", FirstLine(std::string(36, ' ') + "Eerste") + SecondLine("010215"));
     ImportBytes("geen kop\r\n");
-    EXPECT_EQ(ToUtf8(TheRun().ProjectName), "");
-    EXPECT_EQ(DateOf(TheRun().ProjectDate), "-");
+    EXPECT_EQ(ToUtf8(translation.ProjectName), "");
+    EXPECT_EQ(DateOf(translation.ProjectDate), "-");
 }
 
 TEST_F(ImportHeader, TheDrawingOfAnEarlierImportIsForgotten) {
-    frmKORVANDE().chkExportUnknowns = true;
+    translation.options.chkExportUnknowns = true;
     Import(PointOf(At(1, 2)) + Point("ONB", At(1, 2)) + Line("B10", At(1, 1) + At(2, 2)) +
            TextGroups("Z10", At(1, 1), "Kade"));
-    ASSERT_EQ(TheDrawing().UnknownCodes.Entries().size(), 1U);
+    ASSERT_EQ(translation.unknowns.Entries().size(), 1U);
     Import("");
     EXPECT_EQ(Points() + Lines() + Edges() + Texts(), "");
-    EXPECT_EQ(TheDrawing().PointIndex.UpperBound(), 0);
-    EXPECT_EQ(TheDrawing().UnknownCodes.Entries().size(), 0U);
+    EXPECT_EQ(translation.drawing.PointIndex.UpperBound(), 0);
+    EXPECT_EQ(translation.unknowns.Entries().size(), 0U);
 }
 
 void ExpectMessage(const MessageBox& box, std::string_view text) {
@@ -122,16 +122,16 @@ void ExpectMessage(const MessageBox& box, std::string_view text) {
 }
 
 TEST_F(ImportHeader, AFirstLineThatIsNo01RecordEndsTheImport) {
-    for (const bool isNen : {true, false}) {
+    for (const Variant variant : {Variant::Nen1878, Variant::Suf2}) {
         for (const std::string& first :
              {std::string(), " 1" + std::string(62, ' ') + "\r\n", "1" + std::string(62, ' ') + "\r\n"}) {
-            TheRun().NenMode = isNen;
-            TheRun().outcome = {};
+            translation.mode.variant = variant;
+            translation.outcome = {};
             screen.boxes.clear();
             ImportBytes(first + SecondLine("010215") + PointOf(At(1, 2)));
             ASSERT_EQ(screen.boxes.size(), 1U);
             ExpectMessage(screen.boxes[0], "NEN1878 bestand bevat geen '01' (KOP) record.");
-            EXPECT_TRUE(TheRun().outcome.wrongFormat);
+            EXPECT_TRUE(translation.outcome.wrongFormat);
             EXPECT_EQ(Points(), "");
         }
     }
@@ -145,15 +145,15 @@ TEST_F(ImportHeader, AnEmptyFileHasNo01Record) {
 }
 
 TEST_F(ImportHeader, ASecondLineThatIsNo02RecordEndsTheImport) {
-    for (const bool isNen : {true, false}) {
+    for (const Variant variant : {Variant::Nen1878, Variant::Suf2}) {
         for (const std::string& second : {std::string(), Record("03M"), "\r\n" + SecondLine("010215")}) {
-            TheRun().NenMode = isNen;
-            TheRun().outcome = {};
+            translation.mode.variant = variant;
+            translation.outcome = {};
             screen.boxes.clear();
             ImportBytes(FirstLine() + second + PointOf(At(1, 2)));
             ASSERT_EQ(screen.boxes.size(), 1U);
             ExpectMessage(screen.boxes[0], "NEN1878 bestand bevat geen '02' (KOP) record.");
-            EXPECT_TRUE(TheRun().outcome.wrongFormat);
+            EXPECT_TRUE(translation.outcome.wrongFormat);
             EXPECT_EQ(Points(), "");
         }
     }
@@ -162,26 +162,28 @@ TEST_F(ImportHeader, ASecondLineThatIsNo02RecordEndsTheImport) {
 }
 
 TEST_F(ImportHeader, AnInputThatCannotBeOpenedIsReportedAndTheOutputOpenedAllTheSame) {
-    TheRun().SufNenFileName = folder / "weg.sfn";
-    TheRun().IdexFileName = folder / "uit.idx";
-    ImportNenSuf();
+    translation.SufNenFileName = folder / "weg.sfn";
+    translation.IdexFileName = folder / "uit.idx";
+    translation.outputTo = OutputTo::File;
+    ImportNenSuf(translation);
     ASSERT_EQ(screen.boxes.size(), 1U);
     ExpectMessage(screen.boxes[0], "Error:53 - Bestand niet gevonden\n" + folder.Path() + "/weg.sfn");
-    EXPECT_TRUE(TheRun().outcome.inputUnreadable);
-    EXPECT_TRUE(TheRun().output.IsOpen());
+    EXPECT_TRUE(translation.outcome.inputUnreadable);
+    EXPECT_TRUE(translation.output.IsOpen());
     EXPECT_EQ(LogText(), "FOUT:  Error:53 - Bestand niet gevonden " + folder.Path() + "/weg.sfn\n");
 }
 
 TEST_F(ImportHeader, AnOutputThatCannotBeOpenedIsReportedAndTheFileReadAllTheSame) {
-    TheRun().IdexFileName = FromUtf8(folder.Path());
+    translation.IdexFileName = FromUtf8(folder.Path());
+    translation.outputTo = OutputTo::File;
     Import(PointOf(At(1000, 2000)));
     ASSERT_EQ(screen.boxes.size(), 1U);
     const std::string message = ToUtf8(screen.boxes[0].text);
     ExpectMessage(screen.boxes[0], message);
     EXPECT_EQ(message.substr(0, message.find(' ')), "Error:75");
     EXPECT_EQ(message.substr(message.find('\n')), "\n" + folder.Path());
-    EXPECT_TRUE(TheRun().outcome.outputFailed);
-    EXPECT_FALSE(TheRun().output.IsOpen());
+    EXPECT_TRUE(translation.outcome.outputFailed);
+    EXPECT_FALSE(translation.output.IsOpen());
     EXPECT_EQ(Points(), "|BOOM|1.000 2.000 0.000|0.0000\n");
     std::string line = "FOUT:  " + message + "\n";
     line[line.find('\n')] = ' ';
@@ -189,31 +191,33 @@ TEST_F(ImportHeader, AnOutputThatCannotBeOpenedIsReportedAndTheFileReadAllTheSam
 }
 
 TEST_F(ImportHeader, NeitherFileCanBeOpened) {
-    TheRun().SufNenFileName = folder / "weg.sfn";
-    TheRun().IdexFileName = FromUtf8(folder.Path());
-    ImportNenSuf();
+    translation.SufNenFileName = folder / "weg.sfn";
+    translation.IdexFileName = FromUtf8(folder.Path());
+    translation.outputTo = OutputTo::File;
+    ImportNenSuf(translation);
     EXPECT_EQ(screen.boxes.size(), 2U);
-    EXPECT_TRUE(TheRun().outcome.inputUnreadable);
-    EXPECT_TRUE(TheRun().outcome.outputFailed);
+    EXPECT_TRUE(translation.outcome.inputUnreadable);
+    EXPECT_TRUE(translation.outcome.outputFailed);
 }
 
 TEST_F(ImportHeader, TheStatusTellsTheStepsAndTheVariant) {
     Import("");
     EXPECT_EQ(screen.statuses, (std::vector<std::string>{"Inlezen NEN1878", "Opschonen Puntnummers"}));
     screen.statuses.clear();
-    TheRun().NenMode = false;
+    translation.mode.variant = Variant::Suf2;
     Import("", Suf2Header());
     EXPECT_EQ(screen.statuses, (std::vector<std::string>{"Inlezen SUF2", "Opschonen Puntnummers"}));
 }
 
 TEST_F(ImportHeader, BehindTheLastRecordNoLineIsBeingRead) {
     Import(PointOf(At(1, 1)));
-    EXPECT_EQ(CurrentInputLine(), 0);
+    EXPECT_EQ(translation.inputLine, 0);
 }
 
 TEST_F(ImportHeader, ProgressIsCountedInBlocksOfTheFileAndThenInPoints) {
-    Import(PointOf(At(1, 1)) + PointOf(At(2, 2)) + PointOf(At(3, 3)));
-    const auto length = static_cast<std::int64_t>(FileBytes(TheRun().SufNenFileName).size());
+    const std::string bytes = NenHeader() + PointOf(At(1, 1)) + PointOf(At(2, 2)) + PointOf(At(3, 3));
+    ImportBytes(bytes);
+    const auto length = static_cast<std::int64_t>(bytes.size());
     EXPECT_EQ(screen.maxima, (std::vector<std::int64_t>{length / 128 + 1, 3}));
     screen.maxima.clear();
     Import("");

@@ -7,13 +7,13 @@ namespace {
 class ImportLines : public ImportTest {
  protected:
     // Switches the selection rectangle on: 10 to 20 metres east, 30 to 40 north.
-    static void Select() {
-        FormKORVANDE& form = frmKORVANDE();
-        form.chkSelectXY = true;
-        form.txtMinX = u"10";
-        form.txtMaxX = u"20 m";
-        form.txtMinY = u"30.000";
-        form.txtMaxY = u" 4E1";
+    void Select() {
+        Options& options = translation.options;
+        options.chkSelectXY = true;
+        options.txtMinX = u"10";
+        options.txtMaxX = u"20 m";
+        options.txtMinY = u"30.000";
+        options.txtMaxY = u" 4E1";
     }
 };
 
@@ -23,8 +23,8 @@ TEST_F(ImportLines, ALineBecomesALineStringOfStraightEdges) {
               "|KANT|1.000 2.000 0.000|0.0000\n|KANT|3.000 4.000 0.500|0.0000\n|KANT|5.000 6.000 0.000|0.0000\n");
     EXPECT_EQ(Lines(), "KANT\n");
     EXPECT_EQ(Edges(), "1: 1-2 STRAIGHT\n1: 2-3 STRAIGHT\n");
-    EXPECT_EQ(ToUtf8(TheDrawing().Lines[1].Description.TrimmedRight()), "Kant verharding");
-    EXPECT_EQ(ToUtf8(TheDrawing().Points[2].Description.TrimmedRight()), "Kant verharding");
+    EXPECT_EQ(LineDescription(1), "Kant verharding");
+    EXPECT_EQ(PointDescription(2), "Kant verharding");
     ExpectAccount(ObjectKind::LineString, 1, 1);
     ExpectAccount(ObjectKind::Point, 0, 0);
     EXPECT_TRUE(screen.boxes.empty());
@@ -111,7 +111,7 @@ TEST_F(ImportLines, AMissing04GroupIsReportedAndTheRunGoesOn) {
     EXPECT_EQ(screen.boxes[0].icon, Icon::Critical);
     EXPECT_EQ(screen.boxes[0].buttons, Buttons::Ok);
     EXPECT_EQ(Lines(), "MUUR\n");
-    EXPECT_EQ(LineCodes().rows[1].Count, 0);
+    EXPECT_EQ(translation.codes.lines.rows[1].Count, 0);
     ExpectLeft(ObjectKind::LineString, LeftOut::MissingRecord);
     EXPECT_EQ(LogText(), "FOUT:  Lijn, 04 record ontbreekt\n");
 }
@@ -119,31 +119,31 @@ TEST_F(ImportLines, AMissing04GroupIsReportedAndTheRunGoesOn) {
 TEST_F(ImportLines, AnUnknownLineIsDroppedWithItsCoordinates) {
     Import(Line("ONB", At(1, 1) + At(2, 2)) + Line("B10", At(3, 3) + At(4, 4)));
     EXPECT_EQ(Lines(), "KANT\n");
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 2);
-    EXPECT_EQ(LineCodes().rows[0].Count, 1);
-    EXPECT_EQ(LineCodes().rows[1].Count, 1);
+    EXPECT_EQ(translation.drawing.Points.UpperBound(), 2);
+    EXPECT_EQ(translation.codes.lines.rows[0].Count, 1);
+    EXPECT_EQ(translation.codes.lines.rows[1].Count, 1);
     ExpectLeft(ObjectKind::LineString, LeftOut::UnknownCode);
 }
 
 TEST_F(ImportLines, AnUnknownLineIsImportedAsTheUnknownRowWhenAskedFor) {
-    frmKORVANDE().chkImportUnknowns = true;
+    translation.options.chkImportUnknowns = true;
     Import(Line("ONB", At(1, 1) + At(2, 2)));
     EXPECT_EQ(Lines(), "STANDRD\n");
-    EXPECT_EQ(ToUtf8(TheDrawing().Lines[1].Description.TrimmedRight()), "ONBEKEND LIJNOBJECT");
+    EXPECT_EQ(LineDescription(1), "ONBEKEND LIJNOBJECT");
     EXPECT_EQ(Points(), "|STANDRD|0.001 0.001 0.000|0.0000\n|STANDRD|0.002 0.002 0.000|0.0000\n");
-    EXPECT_EQ(LineCodes().rows[0].Count, 1);
-    EXPECT_EQ(TheDrawing().UnknownCodes.Entries().size(), 0U);
+    EXPECT_EQ(translation.codes.lines.rows[0].Count, 1);
+    EXPECT_EQ(translation.unknowns.Entries().size(), 0U);
     ExpectAccount(ObjectKind::LineString, 1, 1);
 }
 
 TEST_F(ImportLines, TheExportBoxDecidesWhetherUnknownCodesAreListed) {
-    frmKORVANDE().chkExportUnknowns = true;
+    translation.options.chkExportUnknowns = true;
     for (const bool imported : {false, true}) {
-        frmKORVANDE().chkImportUnknowns = imported;
+        translation.options.chkImportUnknowns = imported;
         Import(Line("ONB", At(1, 1)) + Line("onb", At(1, 1)) + Arc("ONB", At(1, 1)) + Point("ONB", At(1, 1)) +
                Symbol("ONB2", At(1, 1)) + TextGroups("ONBEKENDE", At(1, 1), "Weg"));
         std::string tally;
-        for (const UnknownCodeRec& entry : TheDrawing().UnknownCodes.Entries()) {
+        for (const UnknownCodeRec& entry : translation.unknowns.Entries()) {
             tally += ToUtf8(entry.Code.View()) + "=" + std::to_string(entry.Count) + "|";
         }
         EXPECT_EQ(tally, "LONB    =2|Lonb    =1|PONB    =1|PONB2   =1|TONBEKEN=1|");
@@ -151,15 +151,15 @@ TEST_F(ImportLines, TheExportBoxDecidesWhetherUnknownCodesAreListed) {
 }
 
 TEST_F(ImportLines, TheSameUnknownCodeTwiceInARowIsSearchedOnce) {
-    const std::int64_t before = LineCodes().byLki.SearchCount();
+    const std::int64_t before = translation.codes.lines.byLki.SearchCount();
     Import(Line("ONB", At(1, 1)) + Line("ONB", At(1, 1)));
-    EXPECT_EQ(LineCodes().byLki.SearchCount() - before, 1);
-    EXPECT_EQ(LineCodes().rows[0].Count, 2);
+    EXPECT_EQ(translation.codes.lines.byLki.SearchCount() - before, 1);
+    EXPECT_EQ(translation.codes.lines.rows[0].Count, 2);
 }
 
 TEST_F(ImportLines, OfRowsWithTheSameLkiCodeTheLastIsTaken) {
-    AddRow(LineCodes(), u"LAATSTE", u"B10", u"Laatste");
-    AddRow(LineCodes(), u"ANDERS", u"Q00", u"Zoals de onbekende");
+    AddRow(translation.codes.lines, u"LAATSTE", u"B10", u"Laatste");
+    AddRow(translation.codes.lines, u"ANDERS", u"Q00", u"Zoals de onbekende");
     Import(Line("B10", At(1, 1)) + Line("Q00", At(1, 1)));
     EXPECT_EQ(Lines(), "LAATSTE\nANDERS\n");
 }
@@ -167,26 +167,26 @@ TEST_F(ImportLines, OfRowsWithTheSameLkiCodeTheLastIsTaken) {
 TEST_F(ImportLines, TheUnknownRowItselfIsNotFoundByItsCode) {
     Import(Line("Q00", At(1, 1)));
     EXPECT_EQ(Lines(), "");
-    EXPECT_EQ(LineCodes().rows[0].Count, 1);
+    EXPECT_EQ(translation.codes.lines.rows[0].Count, 1);
 }
 
 TEST_F(ImportLines, ACodeOfNineCharactersIsSoughtByItsFirstSeven) {
-    AddRow(LineCodes(), u"LANG", u"1234567", u"Lang");
+    AddRow(translation.codes.lines, u"LANG", u"1234567", u"Lang");
     Import(Line("123456789", At(1, 1)));
     EXPECT_EQ(Lines(), "LANG\n");
 }
 
 TEST_F(ImportLines, ATableWithoutRowsLeavesItsObjectsOut) {
-    frmKORVANDE().chkImportUnknowns = true;
-    frmKORVANDE().chkExportUnknowns = true;
-    for (CodeTable* table : {&PointCodes(), &LineCodes(), &TextCodes()}) {
+    translation.options.chkImportUnknowns = true;
+    translation.options.chkExportUnknowns = true;
+    for (CodeTable* table : {&translation.codes.points, &translation.codes.lines, &translation.codes.texts}) {
         table->rows.clear();
         table->RowsChanged();
     }
     Import(Line("B10", At(1, 1)) + Arc("B10", At(1, 1) + At(2, 3) + At(3, 1)) + Point("P10", At(1, 1)) +
            Symbol("S01", At(1, 1), "A01") + TextGroups("Z10", At(1, 1), "Weg"));
     EXPECT_EQ(Points() + Lines() + Edges() + Texts(), "");
-    EXPECT_EQ(TheDrawing().UnknownCodes.Entries().size(), 0U);
+    EXPECT_EQ(translation.unknowns.Entries().size(), 0U);
     ExpectLeft(ObjectKind::LineString, LeftOut::UnknownCode);
     ExpectLeft(ObjectKind::Arc, LeftOut::UnknownCode);
     ExpectLeft(ObjectKind::Point, LeftOut::UnknownCode, 2);
@@ -198,7 +198,7 @@ TEST_F(ImportLines, TheRectangleTestsTheFirstPointOnly) {
     Import(Line("B10", At(15000, 35000) + At(99000, 99000)) + Line("B20", At(9000, 35000) + At(15000, 35000)));
     EXPECT_EQ(Lines(), "KANT\n");
     EXPECT_EQ(Edges(), "1: 1-2 STRAIGHT\n");
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 2);
+    EXPECT_EQ(translation.drawing.Points.UpperBound(), 2);
     ExpectAccount(ObjectKind::LineString, 2, 1);
     ExpectLeft(ObjectKind::LineString, LeftOut::OutsideRectangle);
 }
@@ -220,11 +220,11 @@ TEST_F(ImportLines, ADroppedLineLeavesNoTrace) {
     Import(Line("B10", N("1") + At(1, 1) + At(2, 2) + At(3, 3)) + Line("B20", At(15000, 35000) + At(2, 2)));
     EXPECT_EQ(Points(), "|MUUR|15.000 35.000 0.000|0.0000\n|MUUR|0.002 0.002 0.000|0.0000\n");
     EXPECT_EQ(Edges(), "1: 1-2 STRAIGHT\n");
-    EXPECT_EQ(LineCodes().rows[1].Count, 1);
+    EXPECT_EQ(translation.codes.lines.rows[1].Count, 1);
 }
 
 TEST_F(ImportLines, ALineWithoutCoordinatesIsOutsideAnyRectangle) {
-    frmKORVANDE().chkSelectXY = true;  // all of the grid, 0, 0 among it
+    translation.options.chkSelectXY = true;  // all of the grid, 0, 0 among it
     Import(Line("B10", ""));
     EXPECT_EQ(Lines(), "");
     ExpectLeft(ObjectKind::LineString, LeftOut::OutsideRectangle);
@@ -232,7 +232,7 @@ TEST_F(ImportLines, ALineWithoutCoordinatesIsOutsideAnyRectangle) {
 
 TEST_F(ImportLines, WithoutTheBoxTheRectangleTakesNoPart) {
     Select();
-    frmKORVANDE().chkSelectXY = false;
+    translation.options.chkSelectXY = false;
     Import(Line("B10", At(1, 1)));
     EXPECT_EQ(Lines(), "KANT\n");
 }

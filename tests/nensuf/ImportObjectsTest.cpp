@@ -8,22 +8,24 @@ namespace {
 class ImportObjects : public ImportTest {
  protected:
     ImportObjects() {
-        AddRow(PointCodes(), u"EIK", u"S01 A01", u"Eik");
-        AddRow(PointCodes(), u"PUT", u"S02 B12", u"Put");
-        AddRow(PointCodes(), u"KAST", u"S03 C  ", u"Kast");
-        AddRow(PointCodes(), u"TEKEN", u"S02", u"Symbool");
-        AddRow(PointCodes(), u"VIER", u"S04 A01", u"Vier");
+        AddRow(translation.codes.points, u"EIK", u"S01 A01", u"Eik");
+        AddRow(translation.codes.points, u"PUT", u"S02 B12", u"Put");
+        AddRow(translation.codes.points, u"KAST", u"S03 C  ", u"Kast");
+        AddRow(translation.codes.points, u"TEKEN", u"S02", u"Symbool");
+        AddRow(translation.codes.points, u"VIER", u"S04 A01", u"Vier");
     }
 
-    static double DirectionOf(std::int32_t point) { return TheDrawing().Points[point].SymDir; }
-    static std::string CodeOf(std::int32_t point) { return ToUtf8(TheDrawing().Points[point].Code.TrimmedRight()); }
+    double DirectionOf(std::int32_t point) { return translation.drawing.Points[point].SymDir; }
+    std::string CodeOf(std::int32_t point) {
+        return ToUtf8(translation.drawing.Code(translation.drawing.Points[point]).TrimmedRight());
+    }
 };
 
 TEST_F(ImportObjects, APointTakesCodeAndDescriptionOfItsRow) {
     Import(Point("P10", N("101") + At(1000, 2000, 3000)));
     EXPECT_EQ(Points(), "101|BOOM|1.000 2.000 3.000|0.0000\n");
-    EXPECT_EQ(ToUtf8(TheDrawing().Points[1].Description.TrimmedRight()), "Loofboom");
-    EXPECT_EQ(PointCodes().rows[1].Count, 1);
+    EXPECT_EQ(PointDescription(1), "Loofboom");
+    EXPECT_EQ(translation.codes.points.rows[1].Count, 1);
     ExpectAccount(ObjectKind::Point, 1, 1);
     EXPECT_TRUE(screen.boxes.empty());
     EXPECT_EQ(LogText(), "");
@@ -46,7 +48,7 @@ TEST_F(ImportObjects, ASecondPointOnlyGivesTheDirection) {
     Import(Point("P10", At(0, 0) + At(1000, 0)) + Point("P10", At(0, 0) + At(0, 1000)) +
            Point("P10", At(0, 0) + At(-1000, 0)) + Point("P10", At(0, 0) + At(0, -1000)) +
            Point("P10", At(0, 0) + At(1000, 1000)) + Point("P10", At(5, 5) + At(5005, 10, 9)));
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 6);
+    EXPECT_EQ(translation.drawing.Points.UpperBound(), 6);
     EXPECT_NEAR(DirectionOf(1), 0, 1e-9);
     EXPECT_NEAR(DirectionOf(2), 100, 1e-9);
     EXPECT_NEAR(DirectionOf(3), 200, 1e-9);
@@ -75,7 +77,7 @@ TEST_F(ImportObjects, OnlyTheFirstFivePointsOfAGroupAreTaken) {
 }
 
 TEST_F(ImportObjects, TheOptionForSymbolsDoesNotTurnPoints) {
-    frmKORVANDE().chkImportSymRotation = true;
+    translation.options.chkImportSymRotation = true;
     Import(Point("P10", At(0, 0) + At(0, 1000)));
     EXPECT_NEAR(DirectionOf(1), 100, 1e-9);
 }
@@ -84,35 +86,35 @@ TEST_F(ImportObjects, AnUnknownPointIsDroppedOrImportedAsTheUnknownRow) {
     Import(Point("ONB", At(1, 1)));
     EXPECT_EQ(Points(), "");
     ExpectLeft(ObjectKind::Point, LeftOut::UnknownCode);
-    frmKORVANDE().chkImportUnknowns = true;
+    translation.options.chkImportUnknowns = true;
     Import(Point("ONB", N("8") + At(1, 1)));
     EXPECT_EQ(Points(), "8|STANDRD|0.001 0.001 0.000|0.0000\n");
-    EXPECT_EQ(ToUtf8(TheDrawing().Points[1].Description.TrimmedRight()), "ONBEKEND PUNTOBJECT");
-    EXPECT_EQ(PointCodes().rows[0].Count, 2);
+    EXPECT_EQ(PointDescription(1), "ONBEKEND PUNTOBJECT");
+    EXPECT_EQ(translation.codes.points.rows[0].Count, 2);
 }
 
 TEST_F(ImportObjects, APointWithoutCoordinatesIsLookedUpAndLeftOut) {
     Import(Point("P10", Field('Y', 1)) + Point("P10", "") + Symbol("P20", ""));
     EXPECT_EQ(Points(), "");
-    EXPECT_EQ(PointCodes().rows[1].Count, 2);
-    EXPECT_EQ(PointCodes().rows[2].Count, 1);
+    EXPECT_EQ(translation.codes.points.rows[1].Count, 2);
+    EXPECT_EQ(translation.codes.points.rows[2].Count, 1);
     ExpectLeft(ObjectKind::Point, LeftOut::NoCoordinates, 3);
 }
 
 TEST_F(ImportObjects, TheRectangleTestsTheFirstPoint) {
-    FormKORVANDE& form = frmKORVANDE();
-    form.chkSelectXY = true;
-    form.txtMinX = u"1";
-    form.txtMaxX = u"2";
-    form.txtMinY = u"3";
-    form.txtMaxY = u"4";
+    Options& options = translation.options;
+    options.chkSelectXY = true;
+    options.txtMinX = u"1";
+    options.txtMaxX = u"2";
+    options.txtMinY = u"3";
+    options.txtMaxY = u"4";
     const std::string inside = At(2000, 4000);
     const std::string outside = At(2001, 4000);
     Import(Point("P10", outside + inside) + Point("P10", inside + outside) + Point("P10", At(1000, 3000)) +
            Symbol("P20", outside + inside) + Symbol("P20", inside + outside));
     EXPECT_EQ(CodeOf(1) + CodeOf(2) + CodeOf(3), "BOOMBOOMMAST");
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 3);
-    EXPECT_EQ(PointCodes().rows[1].Count, 3);
+    EXPECT_EQ(translation.drawing.Points.UpperBound(), 3);
+    EXPECT_EQ(translation.codes.points.rows[1].Count, 3);
     ExpectLeft(ObjectKind::Point, LeftOut::OutsideRectangle, 2);
 }
 
@@ -124,22 +126,22 @@ TEST_F(ImportObjects, AMissing04GroupIsReportedAndTheRunGoesOn) {
     EXPECT_EQ(screen.boxes[0].icon, Icon::Critical);
     EXPECT_EQ(screen.boxes[0].buttons, Buttons::Ok);
     EXPECT_EQ(Points(), "|MAST|0.001 0.001 0.000|0.0000\n");
-    EXPECT_EQ(PointCodes().rows[1].Count, 0);
+    EXPECT_EQ(translation.codes.points.rows[1].Count, 0);
     ExpectLeft(ObjectKind::Point, LeftOut::MissingRecord);
     EXPECT_EQ(LogText(), "FOUT:  Punt, 04 record ontbreekt\n");
 }
 
 TEST_F(ImportObjects, APointWithAnEmptyLiscadCodeKeepsItEmpty) {
-    AddRow(PointCodes(), u"", u"P99", u"Zonder code");
+    AddRow(translation.codes.points, u"", u"P99", u"Zonder code");
     Import(Point("P99", At(1, 1)));
     EXPECT_EQ(Points(), "||0.001 0.001 0.000|0.0000\n");
-    EXPECT_EQ(ToUtf8(TheDrawing().Points[1].Description.TrimmedRight()), "Zonder code");
+    EXPECT_EQ(PointDescription(1), "Zonder code");
 }
 
 TEST_F(ImportObjects, CoordinatesBeyondAllNumbersEndTheImport) {
     const std::string far = Field('X', "-9E307") + Field('X', "9E307");
     Import(Point("P10", At(1, 1)) + Point("P10", far) + Point("P10", At(2, 2)), FirstLine() + SecondLine("010245"));
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 1);
+    EXPECT_EQ(translation.drawing.Points.UpperBound(), 1);
     ExpectLeft(ObjectKind::Point, LeftOut::Unfinished);
     EXPECT_EQ(LogText(), "FOUT:  Overloop (regel 6)\n");
 }
@@ -152,7 +154,7 @@ TEST_F(ImportObjects, ADroppedPointsDirectionIsNotComputed) {
 TEST_F(ImportObjects, ASymbolIsAPointOfItsCode) {
     Import(Symbol("P20", N("77") + At(1000, 2000, 3000) + At(2000, 2000)));
     EXPECT_EQ(Points(), "77|MAST|1.000 2.000 3.000|0.0000\n");
-    EXPECT_EQ(ToUtf8(TheDrawing().Points[1].Description.TrimmedRight()), "Lichtmast");
+    EXPECT_EQ(PointDescription(1), "Lichtmast");
     EXPECT_EQ(Lines() + Edges() + Texts(), "");
     ExpectAccount(ObjectKind::Point, 1, 1);
 }
@@ -177,17 +179,17 @@ TEST_F(ImportObjects, TheThirdPositionOfThePlacementDecidesTheKind) {
 TEST_F(ImportObjects, SymbolsOfS01ToS03GoByTheirTypeToo) {
     Import(Symbol("S01", At(1, 1), "A01") + Symbol("S02", At(1, 1), "B12XYZ") + Symbol("S03", At(1, 1), "C"));
     EXPECT_EQ(CodeOf(1) + CodeOf(2) + CodeOf(3), "EIKPUTKAST");
-    EXPECT_EQ(PointCodes().rows[3].Count, 1);
-    EXPECT_EQ(PointCodes().rows[0].Count, 0);
+    EXPECT_EQ(translation.codes.points.rows[3].Count, 1);
+    EXPECT_EQ(translation.codes.points.rows[0].Count, 0);
 }
 
 TEST_F(ImportObjects, WithoutARowForTheTypeTheCodeAloneCounts) {
-    frmKORVANDE().chkImportUnknowns = true;
-    frmKORVANDE().chkExportUnknowns = true;
+    translation.options.chkImportUnknowns = true;
+    translation.options.chkExportUnknowns = true;
     Import(Symbol("S02", At(1, 1), "ZZZ") + Symbol("S02", At(1, 1)) + Symbol("S01", At(1, 1), "ZZZ"));
     EXPECT_EQ(CodeOf(1) + CodeOf(2) + CodeOf(3), "TEKENTEKENSTANDRD");
-    ASSERT_EQ(TheDrawing().UnknownCodes.Entries().size(), 1U);
-    EXPECT_EQ(ToUtf8(TheDrawing().UnknownCodes.Entries()[0].Code.View()), "PS01    ");
+    ASSERT_EQ(translation.unknowns.Entries().size(), 1U);
+    EXPECT_EQ(ToUtf8(translation.unknowns.Entries()[0].Code.View()), "PS01    ");
 }
 
 TEST_F(ImportObjects, OtherSymbolCodesDoNotGoByTheirType) {
@@ -212,7 +214,7 @@ TEST_F(ImportObjects, ASymbolsDirectionIsCountedLikeAPoints) {
 }
 
 TEST_F(ImportObjects, WithTheRotationOptionTheSecondPointLiesToTheSymbolsNorth) {
-    frmKORVANDE().chkImportSymRotation = true;
+    translation.options.chkImportSymRotation = true;
     Import(Symbol("P20", At(0, 0) + At(1000, 0)) + Symbol("P20", At(0, 0) + At(0, 1000)) +
            Symbol("P20", At(0, 0) + At(-1000, -1000)) + Symbol("P20", At(0, 0)) + Symbol("P20", At(7, 7) + At(7, 7)));
     EXPECT_NEAR(DirectionOf(1), 300, 1e-9);
@@ -224,7 +226,7 @@ TEST_F(ImportObjects, WithTheRotationOptionTheSecondPointLiesToTheSymbolsNorth) 
 
 TEST_F(ImportObjects, ASymbolsTextRecordIsPassedOver) {
     Import(Symbol("P20", At(1, 1)) + TextRecord("Lichtmast") + Symbol("P20", At(2, 2)));
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 2);
+    EXPECT_EQ(translation.drawing.Points.UpperBound(), 2);
     EXPECT_EQ(Texts(), "");
 }
 

@@ -26,15 +26,23 @@ const std::string goesOnAsSuf2 = "==>  Verwerking vervolgd als SUF2 bestand";
 class ImportQuestions : public ImportTest {
  protected:
     // Imports a point behind the second line given; the answers must be used up.
-    void ImportWith(bool isNen, std::string_view columns3To12, std::deque<Answer> answers, std::string_view groups) {
-        TheRun().NenMode = isNen;
+    void ImportWith(Variant variant, std::string_view columns3To12, std::deque<Answer> answers,
+                    std::string_view groups) {
+        translation.mode.variant = variant;
         screen.answers = std::move(answers);
         Import(groups, FirstLine() + SecondLine(columns3To12));
         EXPECT_TRUE(screen.answers.empty());
+        EXPECT_EQ(translation.mode.variant, variant) << "an answer is for this import only";
     }
 
-    // The variant after the run.
-    static std::string Variant() { return TheRun().NenMode ? "NEN1878" : "SUF2"; }
+    // The variants in which coordinates were read, import by import: those that did not end at the header.
+    std::string VariantsRead() const {
+        std::string variants;
+        for (const std::string& status : screen.statuses) {
+            if (status.starts_with("Inlezen ")) variants += status.substr(8) + " ";
+        }
+        return variants;
+    }
 
     void ExpectQuestion(std::size_t place, const Question& question) {
         ASSERT_LT(place, screen.boxes.size());
@@ -51,7 +59,7 @@ class ImportQuestions : public ImportTest {
         EXPECT_EQ(ToUtf8(box.title), "");
         EXPECT_EQ(box.icon, Icon::None);
         EXPECT_EQ(box.buttons, Buttons::Ok);
-        EXPECT_TRUE(TheRun().outcome.cancelled);
+        EXPECT_TRUE(translation.outcome.cancelled);
         // The numbers of an import that ends here are not cleaned up.
         EXPECT_EQ(std::count(screen.statuses.begin(), screen.statuses.end(), "Opschonen Puntnummers"), 0);
     }
@@ -63,33 +71,31 @@ class ImportQuestions : public ImportTest {
 
 TEST_F(ImportQuestions, AUsualFileOfEitherVariantAsksNothing) {
     Import(ownerGroup + point);
-    TheRun().NenMode = false;
+    translation.mode.variant = Variant::Suf2;
     Import(point, Suf2Header());
     EXPECT_TRUE(screen.boxes.empty());
     EXPECT_EQ(LogText(), "");
 }
 
 TEST_F(ImportQuestions, YesToTheFirstQuestionGoesOnAsSuf2WithItsPrecision) {
-    ImportWith(true, "010201", {Answer::Yes}, point);
+    ImportWith(Variant::Nen1878, "010201", {Answer::Yes}, point);
     ExpectQuestion(0, looksLikeSuf2);
     EXPECT_EQ(screen.boxes.size(), 1U);
-    EXPECT_EQ(Variant(), "SUF2");
-    EXPECT_EQ(screen.statuses[0], "Inlezen SUF2");
+    EXPECT_EQ(VariantsRead(), "SUF2 ");
     EXPECT_EQ(Points(), "|BOOM|1.000 2.000 0.000|0.0000\n");
     EXPECT_EQ(LogText(), looksLikeSuf2.text + "\n" + goesOnAsSuf2 + "\n");
 }
 
 TEST_F(ImportQuestions, NoToTheFirstQuestionGoesOnAsNen1878WithItsPrecision) {
-    ImportWith(true, "010209", {Answer::No}, point);
+    ImportWith(Variant::Nen1878, "010209", {Answer::No}, point);
     EXPECT_EQ(screen.boxes.size(), 1U);
-    EXPECT_EQ(Variant(), "NEN1878");
-    EXPECT_EQ(screen.statuses[0], "Inlezen NEN1878");
+    EXPECT_EQ(VariantsRead(), "NEN1878 ");
     EXPECT_EQ(Points(), "|BOOM|0.100 0.200 0.000|0.0000\n");
     EXPECT_EQ(LogText(), looksLikeSuf2.text + "\n" + goesOnAsNen + "\n");
 }
 
 TEST_F(ImportQuestions, CancelAtTheFirstQuestionEndsTheImport) {
-    ImportWith(true, "010201", {Answer::Cancel}, point);
+    ImportWith(Variant::Nen1878, "010201", {Answer::Cancel}, point);
     ASSERT_EQ(screen.boxes.size(), 2U);
     ExpectQuestion(0, looksLikeSuf2);
     ExpectCancelled("NEN1878 import afgebroken door gebruiker.");
@@ -98,38 +104,37 @@ TEST_F(ImportQuestions, CancelAtTheFirstQuestionEndsTheImport) {
 }
 
 TEST_F(ImportQuestions, InTheLogBookTheLinesOfAQuestionEndWithCrLf) {
-    ImportWith(true, "010201", {Answer::Yes}, "");
-    LogFile().Close();
+    ImportWith(Variant::Nen1878, "010201", {Answer::Yes}, "");
+    translation.log.Close();
     EXPECT_EQ(FileBytes(logName), WithCrLf(looksLikeSuf2.text + "\n" + goesOnAsSuf2 + "\n"));
 }
 
 TEST_F(ImportQuestions, OnlyAZeroInColumn7LooksLikeSuf2) {
     for (const std::string column7 : {"1", "2", "9", " ", "A", "O"})
-        ImportWith(true, "0102" + column7 + "9", {}, point);
+        ImportWith(Variant::Nen1878, "0102" + column7 + "9", {}, point);
     EXPECT_TRUE(screen.boxes.empty());
-    EXPECT_EQ(Variant(), "NEN1878");
+    EXPECT_EQ(VariantsRead(), "NEN1878 NEN1878 NEN1878 NEN1878 NEN1878 NEN1878 ");
 }
 
 TEST_F(ImportQuestions, YesToTheSecondQuestionGoesOnAsNen1878WithItsPrecision) {
-    ImportWith(false, "010225", {Answer::Yes}, point);
+    ImportWith(Variant::Suf2, "010225", {Answer::Yes}, point);
     ExpectQuestion(0, looksLikeNen);
     EXPECT_EQ(screen.boxes.size(), 1U);
-    EXPECT_EQ(Variant(), "NEN1878");
-    EXPECT_EQ(screen.statuses[0], "Inlezen NEN1878");
+    EXPECT_EQ(VariantsRead(), "NEN1878 ");
     EXPECT_EQ(Points(), "|BOOM|10.000 20.000 0.000|0.0000\n");
     EXPECT_EQ(LogText(), looksLikeNen.text + "\n" + goesOnAsNen + "\n");
 }
 
 TEST_F(ImportQuestions, NoToTheSecondQuestionStaysSuf2WithItsPrecision) {
-    ImportWith(false, "010222", {Answer::No}, point);
+    ImportWith(Variant::Suf2, "010222", {Answer::No}, point);
     EXPECT_EQ(screen.boxes.size(), 1U);
-    EXPECT_EQ(Variant(), "SUF2");
+    EXPECT_EQ(VariantsRead(), "SUF2 ");
     EXPECT_EQ(Points(), "|BOOM|10.000 20.000 0.000|0.0000\n");
     EXPECT_EQ(LogText(), looksLikeNen.text + "\n" + goesOnAsSuf2 + "\n");
 }
 
 TEST_F(ImportQuestions, CancelAtTheSecondQuestionEndsTheImport) {
-    ImportWith(false, "010215", {Answer::Cancel}, point);
+    ImportWith(Variant::Suf2, "010215", {Answer::Cancel}, point);
     ASSERT_EQ(screen.boxes.size(), 2U);
     ExpectQuestion(0, looksLikeNen);
     ExpectCancelled(suf2Cancelled);
@@ -139,28 +144,29 @@ TEST_F(ImportQuestions, CancelAtTheSecondQuestionEndsTheImport) {
 
 TEST_F(ImportQuestions, WhatSortsAfterOneInColumn8LooksLikeNen1878) {
     for (const std::string column8 : {"2", "5", "9", "A", "z", "\xE9"}) {
-        ImportWith(false, "01021" + column8, {Answer::No}, point);
+        ImportWith(Variant::Suf2, "01021" + column8, {Answer::No}, point);
         ExpectQuestion(screen.boxes.size() - 1, looksLikeNen);
     }
     EXPECT_EQ(screen.boxes.size(), 6U);
 }
 
 TEST_F(ImportQuestions, WhatSortsUpToOneInColumn8IsSuf2) {
-    for (const std::string column8 : {" ", "-", "0", "1"}) ImportWith(false, "01021" + column8, {}, point);
+    for (const std::string column8 : {" ", "-", "0", "1"}) ImportWith(Variant::Suf2, "01021" + column8, {}, point);
     ImportBytes(FirstLine() + "0201021\r\n" + point);
     EXPECT_TRUE(screen.boxes.empty());
-    EXPECT_EQ(Variant(), "SUF2");
+    EXPECT_EQ(VariantsRead(), "SUF2 SUF2 SUF2 SUF2 SUF2 ");
 }
 
 TEST_F(ImportQuestions, YesToTheFirstQuestionMayBringTheSecond) {
     const std::array<Answer, 3> answers = {Answer::Yes, Answer::No, Answer::Cancel};
-    const std::array<std::string, 3> variants = {"NEN1878", "SUF2", "SUF2"};
+    const std::array<std::string, 3> variants = {"NEN1878 ", "SUF2 ", ""};
     for (std::size_t i = 0; i < answers.size(); ++i) {
         screen.boxes.clear();
-        ImportWith(true, "010205", {Answer::Yes, answers[i]}, point);
+        screen.statuses.clear();
+        ImportWith(Variant::Nen1878, "010205", {Answer::Yes, answers[i]}, point);
         ExpectQuestion(0, looksLikeSuf2);
         ExpectQuestion(1, looksLikeNen);
-        EXPECT_EQ(Variant(), variants[i]);
+        EXPECT_EQ(VariantsRead(), variants[i]);
         EXPECT_EQ(screen.boxes.size(), answers[i] == Answer::Cancel ? 3U : 2U);
         if (answers[i] == Answer::Cancel) {
             EXPECT_EQ(screen.messages.back(), suf2Cancelled);
@@ -172,25 +178,24 @@ TEST_F(ImportQuestions, YesToTheFirstQuestionMayBringTheSecond) {
 }
 
 TEST_F(ImportQuestions, YesTwiceComesBackToNen1878WithItsPrecision) {
-    ImportWith(true, "010205", {Answer::Yes, Answer::Yes}, point);
+    ImportWith(Variant::Nen1878, "010205", {Answer::Yes, Answer::Yes}, point);
     EXPECT_EQ(Points(), "|BOOM|0.100 0.200 0.000|0.0000\n");
 }
 
 TEST_F(ImportQuestions, EachOwnerGroupInSuf2AsksAsLongAsTheAnswerIsYes) {
-    ImportWith(false, "010201", {Answer::Yes, Answer::Yes}, ownerGroup + point + ownerGroup + point);
+    ImportWith(Variant::Suf2, "010201", {Answer::Yes, Answer::Yes}, ownerGroup + point + ownerGroup + point);
     ASSERT_EQ(screen.boxes.size(), 2U);
     ExpectQuestion(0, holdsHeaders);
     ExpectQuestion(1, holdsHeaders);
-    EXPECT_EQ(Variant(), "SUF2");
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 2);
+    EXPECT_EQ(VariantsRead(), "SUF2 ");
+    EXPECT_EQ(translation.drawing.Points.UpperBound(), 2);
     const std::string asked = holdsHeaders.text + "\n" + goesOnAsSuf2 + "\n";
     EXPECT_EQ(LogText(), asked + asked);
 }
 
 TEST_F(ImportQuestions, NoAtAnOwnerGroupGoesOnAsNen1878WithoutAnotherQuestion) {
-    ImportWith(false, "010201", {Answer::Yes, Answer::No}, ownerGroup + ownerGroup + ownerGroup + point);
+    ImportWith(Variant::Suf2, "010201", {Answer::Yes, Answer::No}, ownerGroup + ownerGroup + ownerGroup + point);
     EXPECT_EQ(screen.boxes.size(), 2U);
-    EXPECT_EQ(Variant(), "NEN1878");
     // The coordinates stay those of the variant that the 02 record was read in.
     EXPECT_EQ(Points(), "|BOOM|1.000 2.000 0.000|0.0000\n");
     EXPECT_EQ(LogText(),
@@ -199,7 +204,7 @@ TEST_F(ImportQuestions, NoAtAnOwnerGroupGoesOnAsNen1878WithoutAnotherQuestion) {
 
 TEST_F(ImportQuestions, CancelAtAnOwnerGroupKeepsWhatWasImported) {
     const std::string numbered = korvande::testing::Point("P10", N("7") + At(1000, 2000));
-    ImportWith(false, "010201", {Answer::Cancel}, numbered + numbered + ownerGroup + numbered);
+    ImportWith(Variant::Suf2, "010201", {Answer::Cancel}, numbered + numbered + ownerGroup + numbered);
     ASSERT_EQ(screen.boxes.size(), 2U);
     ExpectQuestion(0, holdsHeaders);
     ExpectCancelled(suf2Cancelled);
@@ -208,14 +213,14 @@ TEST_F(ImportQuestions, CancelAtAnOwnerGroupKeepsWhatWasImported) {
 }
 
 TEST_F(ImportQuestions, ANen1878FileReadAsSuf2AsksBothQuestionsOfSuf2) {
-    ImportWith(false, "010215", {Answer::No, Answer::Yes}, ownerGroup + point);
+    ImportWith(Variant::Suf2, "010215", {Answer::No, Answer::Yes}, ownerGroup + point);
     ExpectQuestion(0, looksLikeNen);
     ExpectQuestion(1, holdsHeaders);
     EXPECT_EQ(Points(), "|BOOM|10000.000 20000.000 0.000|0.0000\n");
 }
 
 TEST_F(ImportQuestions, AnotherButtonThanYesAndNoIsCancel) {
-    ImportWith(true, "010201", {Answer::Ok}, point);
+    ImportWith(Variant::Nen1878, "010201", {Answer::Ok}, point);
     ExpectCancelled("NEN1878 import afgebroken door gebruiker.");
 }
 

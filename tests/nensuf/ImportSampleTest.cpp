@@ -1,17 +1,22 @@
+#include "project/ControlTable.h"
 #include "tests/nensuf/ImportTest.h"
 
 namespace korvande::testing {
 
 namespace {
 
-// The crossing of samples/, with the control table beside it.
+// The crossing of samples/, read from its file, with the control table beside it.
 class ImportSample : public ImportTest {
  protected:
     ImportSample() {
         const std::string samples = KORVANDE_SOURCE_DIR "/samples/";
-        EXPECT_TRUE(LoadProjectFile(FromUtf8(samples + "voorbeeld.nst")));
-        frmKORVANDE().chkImportUnknowns = false;
-        ImportBytes(FileBytes(FromUtf8(samples + "kruispunt.sfn")));
+        Project project;
+        EXPECT_TRUE(LoadProjectFile(screen, project, FromUtf8(samples + "voorbeeld.nst")));
+        translation.options = project.options;
+        translation.codes = project.codes;
+        translation.options.chkImportUnknowns = false;
+        translation.SufNenFileName = FromUtf8(samples + "kruispunt.sfn");
+        ImportInput();
     }
 
     static bool Has(const std::string& lines, std::string_view line) {
@@ -27,7 +32,7 @@ TEST_F(ImportSample, TheCrossingIsImportedWholeAndWithoutAWord) {
     ExpectAccount(ObjectKind::Arc, 30, 30);
     ExpectAccount(ObjectKind::TextObject, 21, 21);
     ExpectAccount(ObjectKind::Other, 0, 0);
-    EXPECT_EQ(ToUtf8(TheRun().ProjectName), "Kruising Coöperatieweg");
+    EXPECT_EQ(ToUtf8(translation.ProjectName), "Kruising Coöperatieweg");
 }
 
 TEST_F(ImportSample, PointsStandInTheNationalGridWithNumberAndHeight) {

@@ -29,22 +29,21 @@ std::string Decimal(double value, int decimals) {
     return {digits.data(), end.ptr};
 }
 
-void ExpectBalance() {
+void ExpectBalance(const ObjectAccount& accounts) {
     for (std::size_t kind = 0; kind < objectKinds; ++kind) {
-        const KindAccount& account = TheAccount()[static_cast<ObjectKind>(kind)];
+        const KindAccount& account = accounts[static_cast<ObjectKind>(kind)];
         EXPECT_EQ(account.read, account.kept + account.LeftOutTotal()) << "kind " << kind;
     }
 }
 
 // Points are numbered by their index, and what refers to an element finds one.
-void ExpectSoundDrawing() {
-    Drawing& drawing = TheDrawing();
+void ExpectSoundDrawing(const Drawing& drawing) {
     const std::int32_t points = drawing.Points.UpperBound();
     for (std::int32_t i = 1; i <= points; ++i) {
         ASSERT_EQ(drawing.Points[i].PointNo, i);
         ASSERT_EQ(drawing.PointIndex.Find(i), i);
-        ASSERT_FALSE(drawing.Points[i].Code.NeverFilled());
-        ASSERT_FALSE(drawing.Points[i].PointID.NeverFilled());
+        ASSERT_FALSE(drawing.Code(drawing.Points[i]).NeverFilled());
+        ASSERT_FALSE(drawing.Points[i].PointID().NeverFilled());
     }
     for (std::int32_t i = points + 1; i <= drawing.PointIndex.UpperBound(); ++i) {
         ASSERT_EQ(drawing.PointIndex.Find(i), 0);
@@ -116,15 +115,69 @@ std::string SecondLine(std::string_view columns3To12, std::string_view originX, 
 std::string NenHeader() { return FirstLine() + SecondLine("010215"); }
 std::string Suf2Header() { return FirstLine("0           V      202405       VAIKLI, LisCAD") + SecondLine("010201"); }
 
+std::string PointsOf(const Drawing& drawing) {
+    const auto& points = drawing.Points;
+    std::string lines;
+    for (std::int32_t i = 1; i <= points.UpperBound(); ++i) {
+        const PointRec& point = points[i];
+        lines += ToUtf8(point.PointID().TrimmedRight()) + "|" + ToUtf8(drawing.Code(point).TrimmedRight()) + "|" +
+                 Decimal(point.East, 3) + " " + Decimal(point.North, 3) + " " + Decimal(point.Elevation, 3) + "|" +
+                 Decimal(point.SymDir, 4) + "\n";
+    }
+    return lines;
+}
+
+std::string LinesOf(const Drawing& drawing) {
+    const auto& lineRecords = drawing.Lines;
+    std::string lines;
+    for (std::int32_t i = 1; i <= lineRecords.UpperBound(); ++i) {
+        const LineRec& line = lineRecords[i];
+        EXPECT_EQ(line.Flags2, 0);
+        lines += ToUtf8(drawing.Code(line).TrimmedRight()) +
+                 (line.Flags1 == 0 ? std::string() : "|" + std::to_string(line.Flags1)) + "\n";
+    }
+    return lines;
+}
+
+std::string EdgesOf(const Drawing& drawing) {
+    const auto& edges = drawing.Edges;
+    std::string lines;
+    for (std::int32_t i = 1; i <= edges.UpperBound(); ++i) {
+        const EdgeRec& edge = edges[i];
+        lines += std::to_string(edge.LineNo) + ": " + std::to_string(edge.StartPt) + "-" + std::to_string(edge.EndPt) +
+                 " " + ToUtf8(drawing.LineType(edge).TrimmedRight()) + "\n";
+    }
+    return lines;
+}
+
+std::string TextsOf(const Drawing& drawing) {
+    const auto& texts = drawing.Texts;
+    std::string lines;
+    for (std::int32_t i = 1; i <= texts.UpperBound(); ++i) {
+        const TextRec& text = texts[i];
+        lines += ToUtf8(drawing.Code(text).TrimmedRight()) + "|" + std::to_string(text.AnchorPointNo) + "|" +
+                 std::to_string(text.AnchorPosition) + "|" + Decimal(text.HzDirection, 3) + "|" +
+                 ToUtf8(text.Characters().TrimmedRight()) + "\n";
+    }
+    return lines;
+}
+
 ImportTest::ImportTest() {
-    AddRow(PointCodes(), u"BOOM", u"P10", u"Loofboom");
-    AddRow(PointCodes(), u"MAST", u"P20", u"Lichtmast");
-    AddRow(LineCodes(), u"KANT", u"B10", u"Kant verharding");
-    AddRow(LineCodes(), u"MUUR", u"B20", u"Muur");
-    AddRow(TextCodes(), u"STRAAT", u"Z10", u"Straatnaam");
-    AddRow(TextCodes(), u"PLAATS", u"Z01", u"Plaatsnaam");
-    frmKORVANDE().chkImportUnknowns = false;
+    Prepare(translation);
     OpenLog();
+}
+
+void ImportTest::Prepare(Translation& translation) {
+    translation.mode = {Direction::ToIdex, Variant::Nen1878};
+    translation.outputTo = OutputTo::Memory;
+    translation.options.chkImportUnknowns = false;
+    CodeTables& codes = translation.codes;
+    AddRow(codes.points, u"BOOM", u"P10", u"Loofboom");
+    AddRow(codes.points, u"MAST", u"P20", u"Lichtmast");
+    AddRow(codes.lines, u"KANT", u"B10", u"Kant verharding");
+    AddRow(codes.lines, u"MUUR", u"B20", u"Muur");
+    AddRow(codes.texts, u"STRAAT", u"Z10", u"Straatnaam");
+    AddRow(codes.texts, u"PLAATS", u"Z01", u"Plaatsnaam");
 }
 
 void ImportTest::AddRow(CodeTable& table, TextView liscad, TextView lki, TextView description) {
@@ -136,77 +189,43 @@ void ImportTest::AddRow(CodeTable& table, TextView liscad, TextView lki, TextVie
     table.RowsChanged();
 }
 
-void ImportTest::ImportBytes(std::string_view bytes) {
-    // A name of its own each time: writing over a file makes the system wait for the disk.
-    TheRun().SufNenFileName = folder.Write("in" + std::to_string(++imports) + ".sfn", bytes);
-    if (TheRun().IdexFileName.empty()) TheRun().IdexFileName = folder / "uit.idx";
+void ImportTest::ImportInput() {
     try {
-        ImportNenSuf();
+        ImportNenSuf(translation);
     } catch (const std::exception&) {
-        LogFile().WriteEscapedError(CurrentError());
+        Report(translation, EscapedError(CurrentError()));
     }
-    ExpectBalance();
-    ExpectSoundDrawing();
+    ExpectBalance(translation.account);
+    ExpectSoundDrawing(translation.drawing);
+}
+
+void ImportTest::ImportBytes(std::string_view bytes) {
+    translation.inputBytes = bytes;
+    ImportInput();
+    translation.inputBytes.reset();
 }
 
 void ImportTest::Import(std::string_view groups, std::string_view header) {
     ImportBytes(std::string(header).append(groups).append(Record("99", "  ")));
 }
 
-std::string ImportTest::Points() {
-    const auto& points = TheDrawing().Points;
-    std::string lines;
-    for (std::int32_t i = 1; i <= points.UpperBound(); ++i) {
-        const PointRec& point = points[i];
-        lines += ToUtf8(point.PointID.TrimmedRight()) + "|" + ToUtf8(point.Code.TrimmedRight()) + "|" +
-                 Decimal(point.East, 3) + " " + Decimal(point.North, 3) + " " + Decimal(point.Elevation, 3) + "|" +
-                 Decimal(point.SymDir, 4) + "\n";
-    }
-    return lines;
+std::string ImportTest::PointDescription(std::int32_t point) const {
+    const Drawing& drawing = translation.drawing;
+    return ToUtf8(drawing.Description(drawing.Points[point]).TrimmedRight());
 }
 
-std::string ImportTest::Lines() {
-    const auto& lineRecords = TheDrawing().Lines;
-    std::string lines;
-    for (std::int32_t i = 1; i <= lineRecords.UpperBound(); ++i) {
-        const LineRec& line = lineRecords[i];
-        EXPECT_EQ(line.Flags2, 0);
-        lines += ToUtf8(line.Code.TrimmedRight()) +
-                 (line.Flags1 == 0 ? std::string() : "|" + std::to_string(line.Flags1)) + "\n";
-    }
-    return lines;
-}
-
-std::string ImportTest::Edges() {
-    const auto& edges = TheDrawing().Edges;
-    std::string lines;
-    for (std::int32_t i = 1; i <= edges.UpperBound(); ++i) {
-        const EdgeRec& edge = edges[i];
-        lines += std::to_string(edge.LineNo) + ": " + std::to_string(edge.StartPt) + "-" + std::to_string(edge.EndPt) +
-                 " " + ToUtf8(edge.LineType.TrimmedRight()) + "\n";
-    }
-    return lines;
-}
-
-std::string ImportTest::Texts() {
-    const auto& texts = TheDrawing().Texts;
-    std::string lines;
-    for (std::int32_t i = 1; i <= texts.UpperBound(); ++i) {
-        const TextRec& text = texts[i];
-        lines += ToUtf8(text.Code.TrimmedRight()) + "|" + std::to_string(text.AnchorPointNo) + "|" +
-                 std::to_string(text.AnchorPosition) + "|" + Decimal(text.HzDirection, 3) + "|" +
-                 ToUtf8(text.Text.TrimmedRight()) + "\n";
-    }
-    return lines;
+std::string ImportTest::LineDescription(std::int32_t line) const {
+    const Drawing& drawing = translation.drawing;
+    return ToUtf8(drawing.Description(drawing.Lines[line]).TrimmedRight());
 }
 
 void ImportTest::ExpectAccount(ObjectKind kind, int read, int kept) {
-    EXPECT_EQ(TheAccount()[kind].read, read);
-    EXPECT_EQ(TheAccount()[kind].kept, kept);
+    EXPECT_EQ(translation.account[kind].read, read);
+    EXPECT_EQ(translation.account[kind].kept, kept);
 }
 
 void ImportTest::ExpectLeft(ObjectKind kind, LeftOut reason, int count) {
-    EXPECT_EQ(TheAccount()[kind].leftOut[static_cast<std::size_t>(reason)], count);
+    EXPECT_EQ(translation.account[kind].leftOut[static_cast<std::size_t>(reason)], count);
 }
 
 }  // namespace korvande::testing

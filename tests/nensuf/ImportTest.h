@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "nensuf/modImportSUFNEN.h"
-#include "tests/support/ProgramState.h"
+#include "tests/support/TranslationState.h"
 
 namespace korvande::testing {
 
@@ -47,30 +47,40 @@ std::string SecondLine(std::string_view columns3To12, std::string_view originX =
                        std::string_view factor = "1", std::string_view originZ = "0", std::string_view factorZ = "1");
 std::string FirstLine(std::string_view columns3To62 = "0NEN1878    V202405202405       0101S05");
 
-// Imports files and tells what they brought. The tables hold, beside their unknown rows, a tree and a lamp, two kinds
-// of line, and two kinds of text. After every import the account must balance and the drawing be sound.
-class ImportTest : public ProgramTest {
+// What a drawing holds, a line for each element: number|code|east north height|direction; code|flags (when not 0);
+// line: start-end type; code|anchor point|anchor position|direction|text.
+std::string PointsOf(const Drawing& drawing);
+std::string LinesOf(const Drawing& drawing);
+std::string EdgesOf(const Drawing& drawing);
+std::string TextsOf(const Drawing& drawing);
+
+// Imports drawings from memory and tells what they brought. The tables hold, beside their unknown rows, a tree and a
+// lamp, two kinds of line, and two kinds of text. After every import the account must balance and the drawing be sound.
+class ImportTest : public TranslationTest {
  protected:
     ImportTest();
 
+    // Makes any translation one as this test's own.
+    static void Prepare(Translation& translation);
+
     static void AddRow(CodeTable& table, TextView liscad, TextView lki, TextView description);
 
-    // Imports a file of these bytes, or one of a header, these groups and a closing record.
+    // Imports what the translation has for input; these bytes; or a header, these groups and a closing record.
+    void ImportInput();
     void ImportBytes(std::string_view bytes);
     void Import(std::string_view groups, std::string_view header = NenHeader());
 
-    // The drawing, a line for each element: number|code|east north height|direction; code|flags (when not 0);
-    // line: start-end type; code|anchor point|anchor position|direction|text.
-    static std::string Points();
-    static std::string Lines();
-    static std::string Edges();
-    static std::string Texts();
+    std::string Points() const { return PointsOf(translation.drawing); }
+    std::string Lines() const { return LinesOf(translation.drawing); }
+    std::string Edges() const { return EdgesOf(translation.drawing); }
+    std::string Texts() const { return TextsOf(translation.drawing); }
+    std::string PointDescription(std::int32_t point) const;
+    std::string LineDescription(std::int32_t line) const;
 
     // Expects this account of a kind: read, kept, and left out for this reason alone.
-    static void ExpectAccount(ObjectKind kind, int read, int kept);
-    static void ExpectLeft(ObjectKind kind, LeftOut reason, int count = 1);
+    void ExpectAccount(ObjectKind kind, int read, int kept);
+    void ExpectLeft(ObjectKind kind, LeftOut reason, int count = 1);
 
-    int imports = 0;
     EnvironmentValue today{"SOURCE_DATE_EPOCH", "1715731200"};  // 15 May 2024
 };
 

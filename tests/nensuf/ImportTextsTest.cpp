@@ -10,9 +10,9 @@ TEST_F(ImportTexts, ATextHangsOnItsPointWithTheCodeOfItsRow) {
     Import(TextGroups("Z10", At(1000, 2000, 500), "Lindenlaan"));
     EXPECT_EQ(Texts(), "STRAAT|1|1|0.000|Lindenlaan\n");
     EXPECT_EQ(Points(), "|100|1.000 2.000 0.500|0.0000\n");
-    EXPECT_EQ(ToUtf8(TheDrawing().Points[1].Description.TrimmedRight()), "Onbekend Object");
+    EXPECT_EQ(PointDescription(1), "Onbekend Object");
     EXPECT_EQ(Lines() + Edges(), "");
-    EXPECT_EQ(TextCodes().rows[1].Count, 1);
+    EXPECT_EQ(translation.codes.texts.rows[1].Count, 1);
     ExpectAccount(ObjectKind::TextObject, 1, 1);
     ExpectAccount(ObjectKind::Point, 0, 0);
     EXPECT_TRUE(screen.boxes.empty());
@@ -25,7 +25,7 @@ TEST_F(ImportTexts, TwoPointsGiveTheDirectionAndALineString) {
     EXPECT_EQ(Points(),
               "|BOOM|0.009 0.009 0.000|0.0000\n4|100|1.000 1.000 0.000|0.0000\n|100|1.000 2.000 0.000|0.0000\n");
     EXPECT_EQ(Lines(), "STRAAT\n");
-    EXPECT_EQ(ToUtf8(TheDrawing().Lines[1].Description.TrimmedRight()), "Straatnaam");
+    EXPECT_EQ(LineDescription(1), "Straatnaam");
     EXPECT_EQ(Edges(), "1: 2-3 STRAIGHT\n");
 }
 
@@ -50,13 +50,13 @@ TEST_F(ImportTexts, MorePointsAreAddedUpToFive) {
 
 TEST_F(ImportTexts, ANumberIsThatOfOnePointOnly) {
     // Cancelled at the question, so that the clean-up does not hide it.
-    TheRun().NenMode = false;
+    translation.mode.variant = Variant::Suf2;
     Import(TextGroups("Z10", N("4") + At(1, 1) + At(2, 2), "Weg") + Record("07N"), Suf2Header());
     EXPECT_EQ(Points(), "4|100|0.001 0.001 0.000|0.0000\n|100|0.002 0.002 0.000|0.0000\n");
 }
 
 TEST_F(ImportTexts, TheRotationOptionDoesNotTurnTexts) {
-    frmKORVANDE().chkImportSymRotation = true;
+    translation.options.chkImportSymRotation = true;
     Import(TextGroups("Z10", At(0, 0) + At(1000, 1000), "Weg"));
     EXPECT_EQ(Texts(), "STRAAT|1|1|50.000|Weg\n");
 }
@@ -77,11 +77,12 @@ TEST_F(ImportTexts, TheFirstPositionOfThePlacementIsTheAnchorPositionRenumbered)
     const std::string renumbered = "147258369";
     for (char anchor = '1'; anchor <= '9'; ++anchor) {
         Import(Placement(std::string(1, anchor) + "11", "Z10", At(1, 1)) + TextRecord("Weg"));
-        EXPECT_EQ(TheDrawing().Texts[1].AnchorPosition, renumbered[static_cast<std::size_t>(anchor - '1')] - '0');
+        EXPECT_EQ(translation.drawing.Texts[1].AnchorPosition,
+                  renumbered[static_cast<std::size_t>(anchor - '1')] - '0');
     }
     for (const std::string anchor : {"0", " ", ":", "A", "\xE9", "-"}) {
         Import(Placement(anchor + "11", "Z10", At(1, 1)) + TextRecord("Weg"));
-        EXPECT_EQ(TheDrawing().Texts[1].AnchorPosition, 1) << anchor;
+        EXPECT_EQ(translation.drawing.Texts[1].AnchorPosition, 1) << anchor;
     }
 }
 
@@ -102,7 +103,7 @@ TEST_F(ImportTexts, OnlyTheFirstOfSeveral06RecordsHoldsTheText) {
     Import(Placement("111", "Z10", At(1, 1)) + Record("06A03TWeg", "00") + Record("06A05Tverder", "00") +
            Record("06A03Teinde") + Point("P10", At(2, 2)));
     EXPECT_EQ(Texts(), "STRAAT|1|1|0.000|Weg\n");
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 2);
+    EXPECT_EQ(translation.drawing.Points.UpperBound(), 2);
 }
 
 TEST_F(ImportTexts, BlanksBeforeAnOrdinaryTextStay) {
@@ -140,7 +141,7 @@ TEST_F(ImportTexts, AMissing06RecordIsReportedAndTheRecordFoundIsTheNextGroup) {
     EXPECT_EQ(screen.boxes[0].buttons, Buttons::Ok);
     EXPECT_EQ(Points(), "|BOOM|0.003 0.003 0.000|0.0000\n");
     EXPECT_EQ(Texts() + Lines(), "");
-    EXPECT_EQ(TextCodes().rows[1].Count, 0);
+    EXPECT_EQ(translation.codes.texts.rows[1].Count, 0);
     ExpectLeft(ObjectKind::TextObject, LeftOut::MissingRecord);
     EXPECT_EQ(LogText(), "FOUT:  Tekst, 06 record ontbreekt\n");
 }
@@ -154,13 +155,13 @@ TEST_F(ImportTexts, AMissing06RecordAtTheEndOfTheFileIsReportedToo) {
 TEST_F(ImportTexts, AnUnknownTextIsDroppedWithIts06Record) {
     Import(TextGroups("ONB", At(1, 1), "Weg") + TextGroups("Z10", At(2, 2), "Pad"));
     EXPECT_EQ(Texts(), "STRAAT|1|1|0.000|Pad\n");
-    EXPECT_EQ(TextCodes().rows[0].Count, 1);
+    EXPECT_EQ(translation.codes.texts.rows[0].Count, 1);
     ExpectLeft(ObjectKind::TextObject, LeftOut::UnknownCode);
     EXPECT_TRUE(screen.boxes.empty());
 }
 
 TEST_F(ImportTexts, AnUnknownTextIsImportedAsTheUnknownRowWhenAskedFor) {
-    frmKORVANDE().chkImportUnknowns = true;
+    translation.options.chkImportUnknowns = true;
     Import(TextGroups("ONB", At(0, 0) + At(1000, 0), "Weg"));
     EXPECT_EQ(Texts(), "STANDRD|1|1|0.000|Weg\n");
     EXPECT_EQ(Lines(), "STANDRD\n");
@@ -169,26 +170,26 @@ TEST_F(ImportTexts, AnUnknownTextIsImportedAsTheUnknownRowWhenAskedFor) {
 TEST_F(ImportTexts, ATextWithoutCoordinatesIsLeftOut) {
     Import(TextGroups("Z10", N("1"), "Weg") + TextGroups("Z10", At(1, 1), "Pad"));
     EXPECT_EQ(Texts(), "STRAAT|1|1|0.000|Pad\n");
-    EXPECT_EQ(TextCodes().rows[1].Count, 2);
+    EXPECT_EQ(translation.codes.texts.rows[1].Count, 2);
     ExpectLeft(ObjectKind::TextObject, LeftOut::NoCoordinates);
 }
 
 TEST_F(ImportTexts, TheRectangleTestsTheFirstPoint) {
-    FormKORVANDE& form = frmKORVANDE();
-    form.chkSelectXY = true;
-    form.txtMinX = u"1";
-    form.txtMaxX = u"2";
-    form.txtMinY = u"3";
-    form.txtMaxY = u"4";
+    Options& options = translation.options;
+    options.chkSelectXY = true;
+    options.txtMinX = u"1";
+    options.txtMaxX = u"2";
+    options.txtMinY = u"3";
+    options.txtMaxY = u"4";
     Import(TextGroups("Z10", At(2001, 3500) + At(1500, 3500), "buiten") +
            TextGroups("Z10", At(2000, 4000) + At(9000, 4000), "binnen"));
     EXPECT_EQ(Texts(), "STRAAT|1|1|0.000|binnen\n");
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 2);
+    EXPECT_EQ(translation.drawing.Points.UpperBound(), 2);
     ExpectLeft(ObjectKind::TextObject, LeftOut::OutsideRectangle);
 }
 
 TEST_F(ImportTexts, SeveralFFieldsRunTheReadersOfSymbolAndText) {
-    AddRow(PointCodes(), u"PAAL", u"Z10", u"Paal");
+    AddRow(translation.codes.points, u"PAAL", u"Z10", u"Paal");
     Import(Group("05", Field('F', "911") + Field('F', "312") + Field('K', "Z10") + N("5") + At(1000, 1000)) +
            TextRecord("Weg"));
     EXPECT_EQ(Points(), "5|PAAL|1.000 1.000 0.000|0.0000\n|100|1.000 1.000 0.000|0.0000\n");
@@ -198,7 +199,7 @@ TEST_F(ImportTexts, SeveralFFieldsRunTheReadersOfSymbolAndText) {
 }
 
 TEST_F(ImportTexts, SymbolAndTextOfOneGroupShareA04GroupBehindIt) {
-    AddRow(PointCodes(), u"PAAL", u"Z10", u"Paal");
+    AddRow(translation.codes.points, u"PAAL", u"Z10", u"Paal");
     Import(Group("05", Field('F', "112") + Field('F', "111") + Field('K', "Z10")) + Geometry(At(2000, 2000)) +
            TextRecord("Weg"));
     EXPECT_EQ(Points(), "|PAAL|2.000 2.000 0.000|0.0000\n|100|2.000 2.000 0.000|0.0000\n");
@@ -206,9 +207,9 @@ TEST_F(ImportTexts, SymbolAndTextOfOneGroupShareA04GroupBehindIt) {
 }
 
 TEST_F(ImportTexts, ATextBehindARolledBackLineHangsOnItsOwnPoint) {
-    FormKORVANDE& form = frmKORVANDE();
-    form.chkSelectXY = true;
-    form.txtMaxX = u"10";
+    Options& options = translation.options;
+    options.chkSelectXY = true;
+    options.txtMaxX = u"10";
     Import(Line("B10", At(11000, 0) + At(0, 0)) + TextGroups("Z10", At(1000, 0), "Weg"));
     EXPECT_EQ(Texts(), "STRAAT|1|1|0.000|Weg\n");
     EXPECT_EQ(Points(), "|100|1.000 0.000 0.000|0.0000\n");

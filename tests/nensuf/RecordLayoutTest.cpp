@@ -13,15 +13,17 @@ class RecordLayout : public ExportTest {
     RecordLayout() { AddPoint({.code = u""}); }
 
     // The bytes that writing one record makes.
-    static std::string Written(std::string_view buffer, std::string_view tail, int closingFlag) {
-        OpenOutput(TheRun().SufNenFileName);
+    std::string Written(std::string_view buffer, std::string_view tail, int closingFlag) {
+        std::string bytes;
+        LineWriter output;
+        output.OpenBytes(bytes);
         RecordText record;
         record.Put(buffer);
-        WriteRecord(record, tail, closingFlag);
-        TheRun().output.Close();
-        return FileBytes(TheRun().SufNenFileName);
+        WriteRecord(output, variant, record, tail, closingFlag);
+        output.Close();
+        return bytes;
     }
-    static std::vector<std::string> WrittenLines(std::string_view buffer, std::string_view tail = {}) {
+    std::vector<std::string> WrittenLines(std::string_view buffer, std::string_view tail = {}) {
         std::string bytes = Written(buffer, tail, 1);
         std::erase(bytes, '\r');
         return SplitLines(bytes);
@@ -40,13 +42,16 @@ class RecordLayout : public ExportTest {
         return std::string(field.View());
     }
 
-    static PointRec& ThePoint() { return TheDrawing().Points[1]; }
-    static std::string Coordinates() { return std::string(FormatCoordinates(1).View()); }
+    PointRec& ThePoint() { return translation.drawing.Points[1]; }
+    std::string Coordinates() { return std::string(FormatCoordinates(translation.options, ThePoint()).View()); }
 
-    static std::string DateOf(TextView date) {
-        TheDrawing().DrawingDate = date;
-        return FormatFieldworkDate();
+    std::string DateOf(TextView date) {
+        translation.drawing.DrawingDate = date;
+        return FormatFieldworkDate(translation.drawing, translation.log);
     }
+    std::string SourceBlock() { return FormatSourceBlock(translation.owner); }
+
+    Variant variant = Variant::Nen1878;
 };
 
 using Lines = std::vector<std::string>;
@@ -101,7 +106,7 @@ TEST_F(RecordLayout, ABareRecordTypeIsNotWritten) {
 }
 
 TEST_F(RecordLayout, Nen1878EndsARecordWithTheLastDigitOfTheClosingFlag) {
-    const auto endCode = [](int closingFlag) { return Written("03M", "", closingFlag).substr(62, 2); };
+    const auto endCode = [this](int closingFlag) { return Written("03M", "", closingFlag).substr(62, 2); };
     EXPECT_EQ(endCode(0), "00");
     EXPECT_EQ(endCode(1), "01");
     EXPECT_EQ(endCode(12), "02");
@@ -109,7 +114,7 @@ TEST_F(RecordLayout, Nen1878EndsARecordWithTheLastDigitOfTheClosingFlag) {
 }
 
 TEST_F(RecordLayout, Suf2EndsEveryRecordWith01WhateverTheClosingFlag) {
-    TheRun().ExportNen = false;
+    variant = Variant::Suf2;
     EXPECT_EQ(Written("03M", "", 0).substr(62, 2), "01");
     EXPECT_EQ(Written("03M", "", 2).substr(62, 2), "01");
     const std::string twoLines = Written(RecordOf(66), "", 0);
@@ -118,10 +123,12 @@ TEST_F(RecordLayout, Suf2EndsEveryRecordWith01WhateverTheClosingFlag) {
 }
 
 TEST_F(RecordLayout, TheClosingRecordIs99And62Spaces) {
-    OpenOutput(TheRun().SufNenFileName);
-    WriteClosingRecord();
-    TheRun().output.Close();
-    EXPECT_EQ(FileBytes(TheRun().SufNenFileName), "99" + std::string(62, ' ') + "\r\n");
+    std::string bytes;
+    LineWriter output;
+    output.OpenBytes(bytes);
+    WriteClosingRecord(output);
+    output.Close();
+    EXPECT_EQ(bytes, "99" + std::string(62, ' ') + "\r\n");
 }
 
 TEST_F(RecordLayout, ARecordTextHoldsNoMoreThanItsCapacity) {
@@ -181,58 +188,60 @@ TEST_F(RecordLayout, ALengthThatIsNoFiniteNumberOfMillimetresIsAnOverflow) {
 
 TEST_F(RecordLayout, CoordinatesAreXAndY) {
     ThePoint().Elevation = 1.5;
-    ThePoint().PointID = u"P1";
+    ThePoint().SetPointID(u"P1");
     EXPECT_EQ(Coordinates(), "X   100000Y   200000");
 }
 
 TEST_F(RecordLayout, ThePointNumberFieldHoldsTheNameInNineColumns) {
-    frmKORVANDE().chkExportPointnoAsField = true;
-    ThePoint().PointID = u"P1";
+    translation.options.chkExportPointnoAsField = true;
+    ThePoint().SetPointID(u"P1");
     EXPECT_EQ(Coordinates(), "NP1       X   100000Y   200000");
-    ThePoint().PointID = u"ABCDEFGHIJ";
+    ThePoint().SetPointID(u"ABCDEFGHIJ");
     EXPECT_EQ(Coordinates(), "NABCDEFGHIX   100000Y   200000");
 }
 
 TEST_F(RecordLayout, ABlankNameHasNoPointNumberField) {
-    frmKORVANDE().chkExportPointnoAsField = true;
+    translation.options.chkExportPointnoAsField = true;
     EXPECT_EQ(Coordinates(), "X   100000Y   200000");
 }
 
 TEST_F(RecordLayout, TheHeightFieldComesWithThe3DOption) {
-    frmKORVANDE().chkExport3D = true;
+    translation.options.chkExport3D = true;
     ThePoint().Elevation = -1.25;
     EXPECT_EQ(Coordinates(), "X   100000Y   200000Z    -1250");
 }
 
 TEST_F(RecordLayout, AHeightOfZeroHasNoHeightField) {
-    frmKORVANDE().chkExport3D = true;
+    translation.options.chkExport3D = true;
     EXPECT_EQ(Coordinates(), "X   100000Y   200000");
     ThePoint().Elevation = 0.0001;
     EXPECT_EQ(Coordinates(), "X   100000Y   200000Z        0");
 }
 
 TEST_F(RecordLayout, NameAndHeightStandBeforeAndBehindTheCoordinates) {
-    frmKORVANDE().chkExport3D = frmKORVANDE().chkExportPointnoAsField = true;
+    translation.options.chkExport3D = translation.options.chkExportPointnoAsField = true;
     ThePoint().Elevation = 2;
-    ThePoint().PointID = u"P1";
+    ThePoint().SetPointID(u"P1");
     EXPECT_EQ(Coordinates(), "NP1       X   100000Y   200000Z     2000");
 }
 
-TEST_F(RecordLayout, IndexZeroIsTheScratchPoint) {
-    TheDrawing().Points[0].East = 3;
-    TheDrawing().Points[0].North = 4;
-    EXPECT_EQ(FormatCoordinates(0).View(), "X     3000Y     4000");
+TEST_F(RecordLayout, APointNeedsNoPlaceInADrawing) {
+    PointRec point{};
+    point.SetPointID(u"P1");
+    point.East = 3;
+    point.North = 4;
+    EXPECT_EQ(FormatCoordinates(translation.options, point).View(), "X     3000Y     4000");
 }
 
 TEST_F(RecordLayout, TheQualityFieldTakesTheLastDigitsOfPIAndB) {
-    EXPECT_EQ(FormatQuality(1, 2, 3), "Q  1  2  3");
-    EXPECT_EQ(FormatQuality(12, 0, -37), "Q  2  0  7");
-    EXPECT_EQ(FormatQuality(32767, -32768, 10), "Q  7  8  0");
+    EXPECT_EQ(FormatQuality(variant, 1, 2, 3), "Q  1  2  3");
+    EXPECT_EQ(FormatQuality(variant, 12, 0, -37), "Q  2  0  7");
+    EXPECT_EQ(FormatQuality(variant, 32767, -32768, 10), "Q  7  8  0");
 }
 
 TEST_F(RecordLayout, TheQualityFieldBeginsWithKInSuf2) {
-    TheRun().ExportNen = false;
-    EXPECT_EQ(FormatQuality(1, 2, 3), "K  1  2  3");
+    variant = Variant::Suf2;
+    EXPECT_EQ(FormatQuality(variant, 1, 2, 3), "K  1  2  3");
 }
 
 TEST_F(RecordLayout, AFieldworkDateIsWrittenAsYearMonthAndDay) {
@@ -265,23 +274,23 @@ TEST_F(RecordLayout, AnInvalidFieldworkDateIsLeftOutWithAMessage) {
         EXPECT_EQ(DateOf(date), "") << ToUtf8(date);
         messages += "Tekening bevat ongeldige veldwerkdatum, wordt weggelaten...\n";
     }
-    EXPECT_EQ(LogFile().ErrorCount(), 0);
+    EXPECT_EQ(translation.problems.errors, 0);
     EXPECT_EQ(LogText(), messages);
 }
 
 TEST_F(RecordLayout, TheSourceBlockHoldsTheTrimmedSourceInFiveColumns) {
-    EXPECT_EQ(FormatSourceBlock(), "BBRON  0  ");
-    TheOwner().Source = u"VOSAI";
-    EXPECT_EQ(FormatSourceBlock(), "BVOSAI 0  ");
-    TheOwner().Source = u"  AB";
-    EXPECT_EQ(FormatSourceBlock(), "BAB    0  ");
-    TheOwner().Source = u"é";
-    EXPECT_EQ(FormatSourceBlock(), "B\xE9     0  ");
+    EXPECT_EQ(SourceBlock(), "BBRON  0  ");
+    translation.owner.Source = u"VOSAI";
+    EXPECT_EQ(SourceBlock(), "BVOSAI 0  ");
+    translation.owner.Source = u"  AB";
+    EXPECT_EQ(SourceBlock(), "BAB    0  ");
+    translation.owner.Source = u"é";
+    EXPECT_EQ(SourceBlock(), "B\xE9     0  ");
 }
 
 TEST_F(RecordLayout, ABlankSourceGivesTenSpaces) {
-    TheOwner().Source = u"";
-    EXPECT_EQ(FormatSourceBlock(), std::string(10, ' '));
+    translation.owner.Source = u"";
+    EXPECT_EQ(SourceBlock(), std::string(10, ' '));
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "run/RunValues.h"
 #include "tests/nensuf/ImportTest.h"
 
 namespace korvande::testing {
@@ -13,8 +12,9 @@ namespace {
 class RecordReaderTest : public ::testing::Test {
  protected:
     RecordReader& Open(std::string_view bytes) {
-        file.Open(folder.Write("in.sfn", bytes));
-        return reader.emplace(file);
+        input = bytes;
+        file.OpenBytes(input);
+        return reader.emplace(file, screen, inputLine);
     }
 
     std::string NextRecord() {
@@ -40,8 +40,10 @@ class RecordReaderTest : public ::testing::Test {
         return group;
     }
 
-    TestFolder folder;
+    std::string input;
     LineReader file;
+    SilentScreen screen;
+    std::int64_t inputLine = 0;
     std::optional<RecordReader> reader;
 };
 
@@ -112,10 +114,9 @@ TEST_F(RecordReaderTest, LinesEndAtAnyLineEndAndTheLastMayLackIt) {
 TEST_F(RecordReaderTest, TheLineReadLastIsKnownForErrors) {
     Open("kort\r\n\r\n" + Record("03") + Record("04"));
     NextRecord();
-    EXPECT_EQ(CurrentInputLine(), 3);
+    EXPECT_EQ(inputLine, 3);
     NextRecord();
-    EXPECT_EQ(CurrentInputLine(), 4);
-    CurrentInputLine() = 0;
+    EXPECT_EQ(inputLine, 4);
 }
 
 TEST_F(RecordReaderTest, AGroupIsSplitIntoFieldsOfTenColumns) {

@@ -12,8 +12,13 @@ namespace korvande::testing {
 
 namespace {
 
+ArcCentre ArcThrough(Position start, Position onArc, Position end) {
+    std::int32_t crossingsFound = 0;
+    return ArcCentreFrom3Points(start, onArc, end, crossingsFound);
+}
+
 void ExpectArc(Position start, Position onArc, Position end, Position centre, int direction) {
-    const ArcCentre arc = ArcCentreFrom3Points(start, onArc, end);
+    const ArcCentre arc = ArcThrough(start, onArc, end);
     EXPECT_EQ(arc.direction, direction);
     EXPECT_NEAR(arc.centre.east, centre.east, 1e-9);
     EXPECT_NEAR(arc.centre.north, centre.north, 1e-9);
@@ -29,19 +34,17 @@ TEST(ArcFunctions, AHalfCircleThroughNorthHasADirection) {
 }
 
 TEST(ArcFunctions, PointsOnOneLineHaveNoCentre) {
-    EXPECT_EQ(ArcCentreFrom3Points({0, 0}, {1, 1}, {5, 5}).direction, 0);
-    EXPECT_EQ(ArcCentreFrom3Points({0, 0}, {5, 5}, {1, 1}).direction, 0);
-    EXPECT_EQ(ArcCentreFrom3Points({3, 0}, {3, 1}, {3, 9}).direction, 0);
-    EXPECT_EQ(ArcCentreFrom3Points({0, 4}, {-1, 4}, {-7, 4}).direction, 0);
-    EXPECT_EQ(ArcCentreFrom3Points({121000, 487000}, {121000.001, 487000.002}, {121030, 487060}).direction, 0);
+    EXPECT_EQ(ArcThrough({0, 0}, {1, 1}, {5, 5}).direction, 0);
+    EXPECT_EQ(ArcThrough({0, 0}, {5, 5}, {1, 1}).direction, 0);
+    EXPECT_EQ(ArcThrough({3, 0}, {3, 1}, {3, 9}).direction, 0);
+    EXPECT_EQ(ArcThrough({0, 4}, {-1, 4}, {-7, 4}).direction, 0);
+    EXPECT_EQ(ArcThrough({121000, 487000}, {121000.001, 487000.002}, {121030, 487060}).direction, 0);
 }
 
-TEST(ArcFunctions, ThreeEqualPointsHaveNoCentre) {
-    EXPECT_EQ(ArcCentreFrom3Points({7, 7}, {7, 7}, {7, 7}).direction, 0);
-}
+TEST(ArcFunctions, ThreeEqualPointsHaveNoCentre) { EXPECT_EQ(ArcThrough({7, 7}, {7, 7}, {7, 7}).direction, 0); }
 
 TEST(ArcFunctions, APairHalfATurnApartHasACentreButNoDirection) {
-    const ArcCentre arc = ArcCentreFrom3Points({0, -10}, {10, 0}, {-10, 0});
+    const ArcCentre arc = ArcThrough({0, -10}, {10, 0}, {-10, 0});
     EXPECT_EQ(arc.direction, 0);
     EXPECT_NEAR(arc.centre.east, 0, 1e-9);
     EXPECT_NEAR(arc.centre.north, 0, 1e-9);
@@ -91,17 +94,27 @@ TEST(ArcFunctions, CentreAndDirectionOfRandomArcsComeBack) {
             const double bearing = begin + direction * sweep;
             return Position{centre.east + radius * std::sin(bearing), centre.north + radius * std::cos(bearing)};
         };
-        const ArcCentre arc = ArcCentreFrom3Points(at(0), at(first), at(first + second));
+        const ArcCentre arc = ArcThrough(at(0), at(first), at(first + second));
         ASSERT_EQ(arc.direction, direction) << i;
         ASSERT_NEAR(arc.centre.east, centre.east, 1e-5) << i;
         ASSERT_NEAR(arc.centre.north, centre.north, 1e-5) << i;
     }
 }
 
+TEST(ArcFunctions, EachCentreThatIsFoundIsACrossingMore) {
+    std::int32_t crossings = 41;
+    ArcCentreFrom3Points({0, 10}, {10, 0}, {0, -10}, crossings);
+    EXPECT_EQ(crossings, 42);
+    ArcCentreFrom3Points({0, -10}, {10, 0}, {-10, 0}, crossings);
+    EXPECT_EQ(crossings, 43) << "one without a direction too";
+    ArcCentreFrom3Points({0, 0}, {1, 1}, {5, 5}, crossings);
+    EXPECT_EQ(crossings, 43) << "lines that do not cross";
+}
+
 TEST(ArcFunctions, AStepThatOverflowsIsError6) {
-    EXPECT_EQ(ErrorOf([] { ArcCentreFrom3Points({1e308, 0}, {-1e308, 0}, {0, 1}); }), errors::overflow);
-    EXPECT_EQ(ErrorOf([] { ArcCentreFrom3Points({1e308, 0}, {1e308, 1}, {1e308, 3}); }), errors::overflow);
-    EXPECT_EQ(ErrorOf([] { ArcCentreFrom3Points({0, 0}, {2, 1}, {1e307, 0}); }), errors::overflow);
+    EXPECT_EQ(ErrorOf([] { ArcThrough({1e308, 0}, {-1e308, 0}, {0, 1}); }), errors::overflow);
+    EXPECT_EQ(ErrorOf([] { ArcThrough({1e308, 0}, {1e308, 1}, {1e308, 3}); }), errors::overflow);
+    EXPECT_EQ(ErrorOf([] { ArcThrough({0, 0}, {2, 1}, {1e307, 0}); }), errors::overflow);
     EXPECT_EQ(ErrorOf([] { ArcDirection2Points({-1e308, 0}, {1, 1}, {1e308, 0}); }), errors::overflow);
 }
 

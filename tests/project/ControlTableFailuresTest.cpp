@@ -4,8 +4,7 @@
 #include <filesystem>
 
 #include "core/RuntimeError.h"
-#include "tests/project/ProjectState.h"
-#include "tests/support/ProgramState.h"
+#include "tests/project/ProjectTest.h"
 
 namespace korvande::testing {
 
@@ -20,13 +19,15 @@ class PointerScreen : public RecordingScreen {
     void ShowBusy(bool busy) override { pointer += busy ? 'B' : 'N'; }
 };
 
-class ControlTableFailures : public ProgramTest {
+class ControlTableFailures : public ProjectTest {
  protected:
     ControlTableFailures() {
-        CurrentProject() = u"STRAAT.NST";
         folder.Write("ander.nst", "[Export]\nIncludeUnknown = 1\n[Points]\nAB = Q21, PUNT, BOOM\n[End]\n");
-        EXPECT_TRUE(LoadProjectFile(folder / "ander.nst"));
+        EXPECT_TRUE(LoadFile(folder / "ander.nst"));
     }
+
+    bool LoadFile(TextView name) { return LoadProjectFile(pointerScreen, project, name); }
+    bool SaveFile(TextView name) { return SaveProjectFile(pointerScreen, project, name); }
 
     static std::string Message(const Text& name, const char* verb, const char* error) {
         return "Kon bestand: '" + ToUtf8(name) + "' niet " + verb + ";\nFoutcode: " + error;
@@ -43,15 +44,11 @@ class ControlTableFailures : public ProgramTest {
 
 TEST_F(ControlTableFailures, AFileThatCannotBeOpenedIsReportedAndCancelLeavesTheResetState) {
     const Text name = folder / "geen.nst";
-    EXPECT_FALSE(LoadProjectFile(name));
+    EXPECT_FALSE(LoadFile(name));
     EXPECT_EQ(messages, std::vector{Message(name, "openen", "53\nBestand niet gevonden")});
     ExpectRetryCancelBox();
-    EXPECT_FALSE(frmKORVANDE().chkExportUnknowns);
-    EXPECT_EQ(TableText('P'), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\n");
-    EXPECT_EQ(frmKORVANDE().gridPoints.RowCount(), 2);
-    EXPECT_EQ(frmKORVANDE().txtProject, u"STRAAT");
-    SaveGridData();
-    EXPECT_EQ(PointCodes().rows.size(), 1U);
+    EXPECT_FALSE(options.chkExportUnknowns);
+    EXPECT_EQ(TableText(pointTable), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\n");
 }
 
 TEST_F(ControlTableFailures, RetryOpensAgainAsOftenAsAsked) {
@@ -60,15 +57,14 @@ TEST_F(ControlTableFailures, RetryOpensAgainAsOftenAsAsked) {
     pointerScreen.onMessage = [&] {
         if (messages.size() == 3) folder.Write("straat.nst", "[Points]\nCD = Q22, PUNT, PAAL\n[End]\n");
     };
-    EXPECT_TRUE(LoadProjectFile(name));
+    EXPECT_TRUE(LoadFile(name));
     EXPECT_EQ(messages.size(), 3U);
-    EXPECT_EQ(TableText('P'), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\nCD|Q22|PUNT|PAAL|0|0|0\n");
-    EXPECT_EQ(frmKORVANDE().gridPoints.RowCount(), 3);
+    EXPECT_EQ(TableText(pointTable), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\nCD|Q22|PUNT|PAAL|0|0|0\n");
 }
 
 TEST_F(ControlTableFailures, RetryAndThenCancelEndsTheLoad) {
     pointerScreen.answers = {Answer::Retry, Answer::Cancel};
-    EXPECT_FALSE(LoadProjectFile(folder / "geen.nst"));
+    EXPECT_FALSE(LoadFile(folder / "geen.nst"));
     EXPECT_EQ(messages.size(), 2U);
 }
 
@@ -85,7 +81,7 @@ TEST_F(ControlTableFailures, TheMessageNamesTheCause) {
                  {u"", "52\nOngeldige bestandsnaam of ongeldig bestandsnummer"}};
     for (const auto& [name, error] : cases) {
         messages.clear();
-        EXPECT_FALSE(LoadProjectFile(name));
+        EXPECT_FALSE(LoadFile(name));
         EXPECT_EQ(messages, std::vector{Message(name, "openen", error)});
     }
 }
@@ -95,33 +91,32 @@ TEST_F(ControlTableFailures, MalformedLinesNeverStopALoadAndSayNothing) {
         "kapot.nst",
         "=\n[Export]\nIncludeZ = twee\nUseDateNow = misschien\nIncludeUnknown = 7\n= =\nIncludeNrAsText = 1\n[Points]\n"
         "A = \"\n=\n[Lines\n###\nB = ,,,,,,,,,,,,\n[Texts]\nC =\n[End]\n");
-    EXPECT_TRUE(LoadProjectFile(folder / "kapot.nst"));
+    EXPECT_TRUE(LoadFile(folder / "kapot.nst"));
     EXPECT_TRUE(messages.empty());
-    const FormKORVANDE& form = frmKORVANDE();
-    EXPECT_FALSE(form.chkExport3D);
-    EXPECT_FALSE(form.optDateNow);
-    EXPECT_FALSE(form.chkExportUnknowns);
-    EXPECT_TRUE(form.chkExportPointnoAsText);
-    EXPECT_EQ(TextCodes().rows.size(), 2U);
+    EXPECT_FALSE(options.chkExport3D);
+    EXPECT_FALSE(options.optDateNow);
+    EXPECT_FALSE(options.chkExportUnknowns);
+    EXPECT_TRUE(options.chkExportPointnoAsText);
+    EXPECT_EQ(textTable.rows.size(), 2U);
 }
 
 TEST_F(ControlTableFailures, TheFileIsAlwaysClosed) {
     const std::ptrdiff_t before = OpenFiles();
-    EXPECT_TRUE(LoadProjectFile(folder / "ander.nst"));
+    EXPECT_TRUE(LoadFile(folder / "ander.nst"));
     EXPECT_EQ(OpenFiles(), before);
-    EXPECT_FALSE(LoadProjectFile(u"/proc/self/mem"));
+    EXPECT_FALSE(LoadFile(u"/proc/self/mem"));
     EXPECT_EQ(OpenFiles(), before);
-    EXPECT_TRUE(SaveProjectFile(folder / "nieuw.nst"));
+    EXPECT_TRUE(SaveFile(folder / "nieuw.nst"));
     EXPECT_EQ(OpenFiles(), before);
-    EXPECT_FALSE(SaveProjectFile(u"/dev/full"));
+    EXPECT_FALSE(SaveFile(u"/dev/full"));
     EXPECT_EQ(OpenFiles(), before);
 }
 
 TEST_F(ControlTableFailures, TheBusyPointerShowsDuringALoadAndGoesOnEveryPath) {
     pointerScreen.pointer.clear();
-    LoadProjectFile(folder / "ander.nst");
+    LoadFile(folder / "ander.nst");
     EXPECT_EQ(pointerScreen.pointer, "BN");
-    LoadProjectFile(folder / "geen.nst");
+    LoadFile(folder / "geen.nst");
     EXPECT_EQ(pointerScreen.pointer, "BNBN");
 }
 
@@ -130,7 +125,7 @@ TEST_F(ControlTableFailures, WaitingEventsRunDuringALoad) {
     for (int i = 0; i < 20'000; ++i) lines += "; een regel\n";
     const Text name = folder.Write("lang.nst", lines);
     // The screen hears of events every 50 ms, so that some loads may pass without.
-    for (int i = 0; i < 1000 && pointerScreen.pumps == 0; ++i) LoadProjectFile(name);
+    for (int i = 0; i < 1000 && pointerScreen.pumps == 0; ++i) LoadFile(name);
     EXPECT_GT(pointerScreen.pumps, 0);
 }
 
@@ -143,7 +138,7 @@ TEST_F(ControlTableFailures, ALoadThatAPersonEndsIsNoError) {
     bool aborted = false;
     for (int i = 0; i < 1000 && !aborted; ++i) {
         try {
-            LoadProjectFile(name);
+            LoadFile(name);
         } catch (const TranslationAborted&) {
             aborted = true;
         }
@@ -156,7 +151,7 @@ TEST_F(ControlTableFailures, ALoadThatAPersonEndsIsNoError) {
 
 TEST_F(ControlTableFailures, AFileThatCannotBeWrittenIsReportedAndCancelEndsTheSave) {
     const Text name = folder / "geen map/straat.nst";
-    EXPECT_FALSE(SaveProjectFile(name));
+    EXPECT_FALSE(SaveFile(name));
     EXPECT_EQ(messages, std::vector{Message(name, "opslaan", "76\nPad niet gevonden")});
     ExpectRetryCancelBox();
     EXPECT_EQ(folder.Listing(), "ander.nst");
@@ -168,33 +163,33 @@ TEST_F(ControlTableFailures, RetrySavesAgainAsOftenAsAsked) {
     pointerScreen.onMessage = [&] {
         if (messages.size() == 2) fs::create_directory(folder.Path() + "/map");
     };
-    EXPECT_TRUE(SaveProjectFile(name));
+    EXPECT_TRUE(SaveFile(name));
     EXPECT_EQ(messages.size(), 2U);
     EXPECT_TRUE(FileBytes(name).ends_with("\r\n[End]\r\n"));
 }
 
 TEST_F(ControlTableFailures, RetryAndThenCancelEndsTheSave) {
     pointerScreen.answers = {Answer::Retry, Answer::Cancel};
-    EXPECT_FALSE(SaveProjectFile(folder / "geen map/straat.nst"));
+    EXPECT_FALSE(SaveFile(folder / "geen map/straat.nst"));
     EXPECT_EQ(messages.size(), 2U);
 }
 
 TEST_F(ControlTableFailures, AWriteThatFailsIsReportedAsAnOpenThatFails) {
     pointerScreen.answers = {Answer::Retry, Answer::Cancel};
-    EXPECT_FALSE(SaveProjectFile(u"/dev/full"));
+    EXPECT_FALSE(SaveFile(u"/dev/full"));
     EXPECT_EQ(messages, std::vector(2, Message(u"/dev/full", "opslaan", "61\nSchijf vol")));
 }
 
 TEST_F(ControlTableFailures, AFolderCannotBeWrittenOver) {
     const Text name = folder / "";
-    EXPECT_FALSE(SaveProjectFile(name));
+    EXPECT_FALSE(SaveFile(name));
     EXPECT_EQ(messages, std::vector{Message(name, "opslaan", "75\nFout bij toegang tot pad of bestand")});
 }
 
-TEST_F(ControlTableFailures, ASaveTakesTheGridsEvenWhenTheFileCannotBeWritten) {
-    frmKORVANDE().gridPoints[1][Grid::Lki] = u"Q99";
-    EXPECT_FALSE(SaveProjectFile(folder / "geen map/straat.nst"));
-    EXPECT_EQ(PointCodes().rows[0].LkiCode.TrimmedRight(), u"Q99");
+TEST_F(ControlTableFailures, ASaveTakesTheOwnerEvenWhenTheFileCannotBeWritten) {
+    options.txtCity = u"Elders";
+    EXPECT_FALSE(SaveFile(folder / "geen map/straat.nst"));
+    EXPECT_EQ(owner.Town.TrimmedRight(), u"Elders");
 }
 
 }  // namespace

@@ -1,16 +1,15 @@
 #include <gtest/gtest.h>
 
-#include "tests/project/ProjectState.h"
-#include "tests/support/ProgramState.h"
+#include "tests/project/ProjectTest.h"
 
 namespace korvande::testing {
 
 namespace {
 
-class PosixControlTables : public ProgramTest {};
+class PosixControlTables : public ProjectTest {};
 
 TEST_F(PosixControlTables, AFileThatOpensButCannotBeReadIsReported) {
-    EXPECT_FALSE(LoadProjectFile(u"/proc/self/mem"));
+    EXPECT_FALSE(LoadFile(u"/proc/self/mem"));
     EXPECT_EQ(screen.messages, std::vector<std::string>{"Kon bestand: '/proc/self/mem' niet openen;\nFoutcode: "
                                                         "75\nFout bij toegang tot pad of bestand"});
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "project/ControlTableReader.h"
 #include "tests/project/ControlTableTest.h"
 
 namespace korvande::testing {
@@ -14,7 +15,7 @@ struct KeyCase {
 };
 
 constexpr KeyCase keyCases[] = {
-    {"NEN1878", "StandaloneAllowed = no", "framStandaloneVisible=0; StartedInteractively=0"},
+    {"NEN1878", "StandaloneAllowed = no", "StartedInteractively=0"},
     {"NEN1878", "NameLong = Bureau Één", "NameLong=BUREAU ÉÉN                         ; txtNameLong=BUREAU ÉÉN"},
     {"NEN1878", "NameShort = abcdefghij", "NameShort=ABCDEFGH; Source=ABCDE; txtNameShort=ABCDEFGH; txtSource=ABCDE"},
     {"NEN1878", "Street = Dorpsstraat", "Street=DORPSSTRAAT             ; txtStreet=DORPSSTRAAT"},
@@ -44,7 +45,7 @@ constexpr KeyCase keyCases[] = {
     {"Export", "AltDate =19991231", "txtAltDatum=19991231"},
     {"Export", "UseDateSEE =False", "optDateSEE=0"},
     {"Export", "UseDateNow =True", "optDateSEE=0; optDateNow=1"},
-    {"Export", "UseDateAlt =True", "txtAltDatumEnabled=1; optDateSEE=0; optDateAlt=1"},
+    {"Export", "UseDateAlt =True", "optDateSEE=0; optDateAlt=1"},
 };
 
 TEST_F(ControlTable, EachKeySetsItsPlaceAndNothingElse) {
@@ -73,26 +74,26 @@ TEST_F(ControlTable, AKeyCountsInItsOwnSectionsOnly) {
 TEST_F(ControlTable, OnlyFileNonePrinterAreListingDestinationsBesideTheScreen) {
     const struct {
         const char* value;
-        bool FormKORVANDE::*option;
-    } cases[] = {{"FILE", &FormKORVANDE::optReportDisk},       {"none", &FormKORVANDE::optReportNone},
-                 {"Printer", &FormKORVANDE::optReportPrinter}, {"Disk", &FormKORVANDE::optReportScreen},
-                 {"Screen", &FormKORVANDE::optReportScreen},   {"", &FormKORVANDE::optReportScreen}};
+        bool Options::*option;
+    } cases[] = {{"FILE", &Options::optReportDisk},       {"none", &Options::optReportNone},
+                 {"Printer", &Options::optReportPrinter}, {"Disk", &Options::optReportScreen},
+                 {"Screen", &Options::optReportScreen},   {"", &Options::optReportScreen}};
     for (const char* key : {"[NEN1878]\nReporting", "[Import]\nOutputListing", "[Export]\nOutputListing"}) {
         for (const auto& [value, option] : cases) {
             Load(std::string("[NEN1878]\nReporting = None\n") + key + " = " + value + "\n[End]\n");
-            const FormKORVANDE& form = frmKORVANDE();
-            EXPECT_TRUE(form.*option) << key << value;
-            EXPECT_EQ(form.optReportScreen + form.optReportDisk + form.optReportPrinter + form.optReportNone, 1);
+            EXPECT_TRUE(options.*option) << key << value;
+            EXPECT_EQ(
+                options.optReportScreen + options.optReportDisk + options.optReportPrinter + options.optReportNone, 1);
         }
     }
 }
 
 TEST_F(ControlTable, AnOlderFolderKeyFillsTheIdexNameOnlyWhenThatIsEmpty) {
     Load("[NEN1878]\nIDEXFile = \nSUF2Path = d:\\werk\\\n[End]\n");
-    EXPECT_EQ(frmKORVANDE().txtFileSUFNEN, u"D:\\WERK\\Voorbeeld.sfn");
-    EXPECT_EQ(frmKORVANDE().txtFileIDEX, u"D:\\WERK\\Voorbeeld.sfn");
+    EXPECT_EQ(options.txtFileSUFNEN, u"D:\\WERK\\Voorbeeld.sfn");
+    EXPECT_EQ(options.txtFileIDEX, u"D:\\WERK\\Voorbeeld.sfn");
     Load("[NEN1878]\nIDEXFile = A.IDX\nNEN1878Path = d:\\werk\\\n[End]\n");
-    EXPECT_EQ(frmKORVANDE().txtFileIDEX, u"A.IDX");
+    EXPECT_EQ(options.txtFileIDEX, u"A.IDX");
 }
 
 TEST_F(ControlTable, ACheckBoxTakesZeroAndOneAndNothingElse) {
@@ -102,12 +103,12 @@ TEST_F(ControlTable, ACheckBoxTakesZeroAndOneAndNothingElse) {
     } cases[] = {{"0", false}, {"1", true}, {"1.0", true}, {" 1 ", true}, {"0.4", false}, {"+1", true}, {"1E0", true}};
     for (const auto& [value, isSet] : cases) {
         Load(std::string("[Import]\nSymRotation = ") + (isSet ? "0" : "1") + "\nSymRotation = " + value + "\n[End]\n");
-        EXPECT_EQ(frmKORVANDE().chkImportSymRotation, isSet) << value;
+        EXPECT_EQ(options.chkImportSymRotation, isSet) << value;
     }
     for (const char* value : {"", "2", "-1", "TRUE", "JA", "1 x", "1,0", "99999999999", "1e999"}) {
         for (const char* set : {"0", "1"}) {
             Load(std::string("[Import]\nSymRotation = ") + set + "\nSymRotation = " + value + "\n[End]\n");
-            EXPECT_EQ(frmKORVANDE().chkImportSymRotation, *set == '1') << value;
+            EXPECT_EQ(options.chkImportSymRotation, *set == '1') << value;
         }
     }
 }
@@ -115,31 +116,28 @@ TEST_F(ControlTable, ACheckBoxTakesZeroAndOneAndNothingElse) {
 TEST_F(ControlTable, ADateOptionTakesAWordOrANumber) {
     for (const char* value : {"True", "TRUE", "true", "1", "-1", "0.5", "2"}) {
         Load(std::string("[Export]\nUseDateNow = ") + value + "\n[End]\n");
-        EXPECT_TRUE(frmKORVANDE().optDateNow) << value;
-        EXPECT_FALSE(frmKORVANDE().optDateSEE) << value;
-        frmKORVANDE().SetDateOption(&FormKORVANDE::optDateSEE, true);
+        EXPECT_TRUE(options.optDateNow) << value;
+        EXPECT_FALSE(options.optDateSEE) << value;
+        SetDateOption(options, &Options::optDateSEE, true);
     }
     for (const char* value : {"False", "0", "0.0", "", "JA", "YES", "WAAR", "1 x"}) {
         Load(std::string("[Export]\nUseDateNow = ") + value + "\n[End]\n");
-        EXPECT_FALSE(frmKORVANDE().optDateNow) << value;
-        EXPECT_TRUE(frmKORVANDE().optDateSEE) << value;
+        EXPECT_FALSE(options.optDateNow) << value;
+        EXPECT_TRUE(options.optDateSEE) << value;
     }
 }
 
-TEST_F(ControlTable, TheAlternativeDateCanBeEditedOnlyWhileItIsTaken) {
+TEST_F(ControlTable, TheAlternativeDateIsTakenWhenItsOptionIsTrue) {
     Load("[Export]\nUseDateAlt = True\n[End]\n");
-    EXPECT_TRUE(frmKORVANDE().optDateAlt);
-    EXPECT_TRUE(frmKORVANDE().txtAltDatumEnabled);
+    EXPECT_TRUE(options.optDateAlt);
     Load("[Export]\nUseDateAlt = False\n[End]\n");
-    EXPECT_FALSE(frmKORVANDE().optDateAlt);
-    EXPECT_FALSE(frmKORVANDE().txtAltDatumEnabled);
+    EXPECT_FALSE(options.optDateAlt);
 }
 
 TEST_F(ControlTable, TheLastDateOptionThatIsTrueIsSelected) {
     Load("[Export]\nUseDateAlt =True\nUseDateSEE =False\nUseDateNow =True\n[End]\n");
-    EXPECT_FALSE(frmKORVANDE().optDateAlt);
-    EXPECT_TRUE(frmKORVANDE().optDateNow);
-    EXPECT_FALSE(frmKORVANDE().txtAltDatumEnabled);
+    EXPECT_FALSE(options.optDateAlt);
+    EXPECT_TRUE(options.optDateNow);
 }
 
 TEST(TrueFalse, OnlyThreeWordsAreTrue) {
@@ -159,16 +157,14 @@ TEST(TrueFalse, OnlyThreeWordsAreTrue) {
 
 TEST_F(ControlTable, StandaloneIsAllowedByThreeWordsInAnyCase) {
     for (const char* word : {"yes", "True", "1"}) {
-        StartedInteractively() = false;
+        options.StartedInteractively = false;
         Load(std::string("[NEN1878]\nStandaloneAllowed = ") + word + "\n[End]\n");
-        EXPECT_TRUE(StartedInteractively()) << word;
-        EXPECT_TRUE(frmKORVANDE().framStandaloneVisible) << word;
+        EXPECT_TRUE(options.StartedInteractively) << word;
     }
     for (const char* word : {"ja", "2", ""}) {
-        StartedInteractively() = true;
+        options.StartedInteractively = true;
         Load(std::string("[NEN1878]\nStandaloneAllowed = ") + word + "\n[End]\n");
-        EXPECT_FALSE(StartedInteractively()) << word;
-        EXPECT_FALSE(frmKORVANDE().framStandaloneVisible) << word;
+        EXPECT_FALSE(options.StartedInteractively) << word;
     }
 }
 

@@ -1,3 +1,5 @@
+#include "project/ControlTableReader.h"
+
 #include <algorithm>
 #include <chrono>
 
@@ -13,82 +15,73 @@ TEST_F(ControlTable, CaseAndBlanksInTheFileDoNotMatter) {
 }
 
 TEST_F(ControlTable, AFileWithItsEndOnlyLeavesTheResetStateAndASource) {
-    const std::vector<std::string> before = ProjectState();
+    const std::vector<std::string> before = State();
     Load("[End]\n");
-    EXPECT_EQ(Differences(before, ProjectState()), "Source=VOSAI; txtSource=VOSAI");
-    EXPECT_EQ(TableText('P'), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\n");
-    EXPECT_EQ(TableText('L'), "STANDRD|Q00|LIJN|ONBEKEND LIJNOBJECT|0|0|0\n");
-    EXPECT_EQ(TableText('T'), "STANDRD|Z19||ONBEKEND TEKSTOBJECT|0|0|0\n");
+    EXPECT_EQ(Differences(before, State()), "Source=VOSAI; txtSource=VOSAI");
+    EXPECT_EQ(TableText(pointTable), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\n");
+    EXPECT_EQ(TableText(lineTable), "STANDRD|Q00|LIJN|ONBEKEND LIJNOBJECT|0|0|0\n");
+    EXPECT_EQ(TableText(textTable), "STANDRD|Z19||ONBEKEND TEKSTOBJECT|0|0|0\n");
 }
 
 TEST_F(ControlTable, AnEmptyProjectIsAsAFileWithItsEndOnly) {
     Load("[End]\n");
-    const std::vector<std::string> loaded = ProjectState();
-    InitialiseForm();
-    frmKORVANDE().chkExportUnknowns = true;
-    PointCodes().rows.resize(3);
-    LoadEmptyProject();
-    EXPECT_EQ(Differences(loaded, ProjectState()), "");
+    const std::vector<std::string> loaded = State();
+    BeginAnew();
+    options.chkExportUnknowns = true;
+    pointTable.rows.resize(3);
+    LoadEmptyProject(project);
+    EXPECT_EQ(Differences(loaded, State()), "");
+}
+
+TEST_F(ControlTable, AFileIsReadAsItsBytesInMemory) {
+    const std::string bytes = FileBytes(FromUtf8(KORVANDE_SOURCE_DIR "/samples/voorbeeld.nst"));
+    LoadBytes(bytes);
+    const std::vector<std::string> fromMemory = State();
+    BeginAnew();
+    ASSERT_TRUE(LoadFile(folder.Write("a.nst", bytes)));
+    EXPECT_EQ(Differences(fromMemory, State()), "");
 }
 
 TEST_F(ControlTable, AnEmptyFileIsAsOneWithItsEndOnly) {
     Load("[End]\n");
-    const std::vector<std::string> loaded = ProjectState();
-    InitialiseForm();
+    const std::vector<std::string> loaded = State();
+    BeginAnew();
     Load("");
-    EXPECT_EQ(Differences(loaded, ProjectState()), "");
+    EXPECT_EQ(Differences(loaded, State()), "");
 }
 
 TEST_F(ControlTable, ALoadBeginsWithAReset) {
     Load("[NEN1878]\nReporting = None\n[Export]\nIncludeUnknown = 1\n[Points]\nA = Q1, PUNT, X\n[End]\n");
     Load("[End]\n");
-    EXPECT_TRUE(frmKORVANDE().optReportScreen);
-    EXPECT_FALSE(frmKORVANDE().chkExportUnknowns);
-    EXPECT_EQ(PointCodes().rows.size(), 1U);
+    EXPECT_TRUE(options.optReportScreen);
+    EXPECT_FALSE(options.chkExportUnknowns);
+    EXPECT_EQ(pointTable.rows.size(), 1U);
 }
 
 TEST_F(ControlTable, TheOwnerOfThePreviousProjectSurvivesAFileWithoutOne) {
     Load("[NEN1878]\nNameLong = Bureau\nTown = Elders\nSource = BR\n[End]\n");
     Load("[NEN1878]\nTown = Hier\n[End]\n");
-    EXPECT_EQ(TheOwner().NameLong.TrimmedRight(), u"BUREAU");
-    EXPECT_EQ(TheOwner().Town.TrimmedRight(), u"HIER");
-    EXPECT_EQ(frmKORVANDE().txtNameLong, u"BUREAU");
-    EXPECT_EQ(frmKORVANDE().txtSource, u"BR");
+    EXPECT_EQ(owner.NameLong.TrimmedRight(), u"BUREAU");
+    EXPECT_EQ(owner.Town.TrimmedRight(), u"HIER");
+    EXPECT_EQ(options.txtNameLong, u"BUREAU");
+    EXPECT_EQ(options.txtSource, u"BR");
 }
 
 TEST_F(ControlTable, TheSourceIsMadeFromTheShortNameAndElseFromTheLongOne) {
     Load("[NEN1878]\nSource = \nNameShort = Meetbureau\nNameLong = Lang\n[End]\n");
-    EXPECT_EQ(frmKORVANDE().txtSource, u"MEETB");
+    EXPECT_EQ(options.txtSource, u"MEETB");
     Load("[NEN1878]\nSource = \nNameShort = \nNameLong = Landmeters\n[End]\n");
-    EXPECT_EQ(frmKORVANDE().txtSource, u"LANDM");
+    EXPECT_EQ(options.txtSource, u"LANDM");
     Load("[NEN1878]\nSource = \nNameShort = \nNameLong = \n[End]\n");
-    EXPECT_EQ(frmKORVANDE().txtSource, u"");
-    TheOwner().Source = u" ab";
+    EXPECT_EQ(options.txtSource, u"");
+    owner.Source = u" ab";
     Load("[End]\n");
-    EXPECT_EQ(TheOwner().Source.View(), u"ab   ");
-    TheOwner().Source = u"";
-    TheOwner().NameShort = u"één ding";
+    EXPECT_EQ(owner.Source.View(), u"ab   ");
+    owner.Source = u"";
+    owner.NameShort = u"één ding";
     Load("[End]\n");
-    EXPECT_EQ(TheOwner().Source.View(), u"ÉÉN D");
-    EXPECT_EQ(TheOwner().NameShort.View(), u"één ding");
-}
-
-TEST_F(ControlTable, TheProjectNameIsTheFileNameWithoutItsExtension) {
-    CurrentProject() = u"Mijn straat.nst";
-    Load("[End]\n");
-    EXPECT_EQ(frmKORVANDE().txtProject, u"Mijn straat");
-    CurrentProject() = u"nst";
-    Load("[End]\n");
-    EXPECT_EQ(frmKORVANDE().txtProject, u"");
-}
-
-TEST_F(ControlTable, TheGridsShowWhatWasLoaded) {
-    int shown = 0;
-    frmKORVANDE().changed = [&shown] { ++shown; };
-    Load("[Points]\nAB = Q21, PUNT, BOOM, 1, 2, 3\n[End]\n");
-    ASSERT_EQ(frmKORVANDE().gridPoints.RowCount(), 3);
-    EXPECT_EQ(frmKORVANDE().gridPoints[2], (Grid::Row{u"AB", u"Q21", u"PUNT", u"BOOM", u"1", u"2", u"3"}));
-    EXPECT_EQ(shown, 1);
+    EXPECT_EQ(owner.Source.View(), u"ÉÉN D");
+    EXPECT_EQ(owner.NameShort.View(), u"één ding");
 }
 
 TEST_F(ControlTable, NothingBehindTheEndIsRead) {
@@ -98,9 +91,9 @@ TEST_F(ControlTable, NothingBehindTheEndIsRead) {
 
 TEST_F(ControlTable, TheClosingBracketOfAHeaderIsNotChecked) {
     Load("[PointsX\nAB = Q20, PUNT, X\n[EndX\nCD = Q20, PUNT, X\n");
-    EXPECT_EQ(PointCodes().rows.size(), 2U);
+    EXPECT_EQ(pointTable.rows.size(), 2U);
     Load("[\nAB = Q20, PUNT, X\n[]\nAB = Q20, PUNT, X\n");
-    EXPECT_EQ(PointCodes().rows.size(), 1U);
+    EXPECT_EQ(pointTable.rows.size(), 1U);
 }
 
 TEST_F(ControlTable, ASectionMayComeTwice) {
@@ -117,17 +110,17 @@ TEST_F(ControlTable, ABlankIsASpaceAndNoTab) { EXPECT_EQ(Changes("[Export]\n\tIn
 // Reads a control table pair by pair.
 class Pairs {
  public:
-    explicit Pairs(std::string_view bytes) : file(folder.Write("a.nst", bytes)) {}
+    explicit Pairs(std::string_view bytes) { file.OpenBytes(bytes); }
 
     std::string Next() {
-        ReadINI(file, section, key, value);
+        ReadINI(screen, file, section, key, value);
         return std::string(section).append("|").append(key).append("|").append(value);
     }
 
     std::string section;
 
  private:
-    TestFolder folder;
+    SilentScreen screen;
     LineReader file;
     std::string key = "x";
     std::string value = "x";
@@ -160,52 +153,52 @@ std::string FullTable() {
 
 TEST_F(ControlTable, EveryKindOfLineEndIsRead) {
     Load(FullTable());
-    const std::string expected = ProjectStateText();
+    const std::string expected = StateText();
     ASSERT_NE(expected.find("NameLong=BUREAU ÉÉN "), std::string::npos);
     ASSERT_NE(expected.find("AB|Q21|ROT.PNT|BOOM Ž€|4|5|6"), std::string::npos);
     std::string bytes = FullTable();
-    InitialiseForm();
-    ASSERT_TRUE(LoadProjectFile(folder.Write("lf.nst", bytes)));
-    EXPECT_EQ(ProjectStateText(), expected);
+    BeginAnew();
+    LoadBytes(bytes);
+    EXPECT_EQ(StateText(), expected);
     std::replace(bytes.begin(), bytes.end(), '\n', '\r');
-    InitialiseForm();
-    ASSERT_TRUE(LoadProjectFile(folder.Write("cr.nst", bytes)));
-    EXPECT_EQ(ProjectStateText(), expected);
-    InitialiseForm();
-    ASSERT_TRUE(LoadProjectFile(folder.Write("eof.nst", WithCrLf(FullTable()) + "\x1A")));
-    EXPECT_EQ(ProjectStateText(), expected);
+    BeginAnew();
+    LoadBytes(bytes);
+    EXPECT_EQ(StateText(), expected);
+    BeginAnew();
+    LoadBytes(WithCrLf(FullTable()) + "\x1A");
+    EXPECT_EQ(StateText(), expected);
 }
 
 TEST_F(ControlTable, AUtf8ByteOrderMarkIsBelieved) {
     Load(FullTable());
-    const std::string expected = ProjectStateText();
-    InitialiseForm();
-    ASSERT_TRUE(LoadProjectFile(folder.Write("utf8.nst", "\xEF\xBB\xBF" + Windows1252ToUtf8(FullTable()))));
-    EXPECT_EQ(ProjectStateText(), expected);
+    const std::string expected = StateText();
+    BeginAnew();
+    LoadBytes("\xEF\xBB\xBF" + Windows1252ToUtf8(FullTable()));
+    EXPECT_EQ(StateText(), expected);
 }
 
 TEST_F(ControlTable, AFileCutOffAnywhereIsReadAsFarAsItGoes) {
     const std::string whole = WithCrLf(FullTable());
     Load(FullTable());
-    const std::string points = TableText('P');
+    const std::string points = TableText(pointTable);
     std::size_t rows = 3;
     for (std::size_t length = 0; length <= whole.size(); ++length) {
-        ASSERT_TRUE(LoadProjectFile(folder.Write("kort.nst", whole.substr(0, length))));
-        const std::size_t rowsNow = PointCodes().rows.size() + LineCodes().rows.size() + TextCodes().rows.size();
+        LoadBytes(std::string_view(whole).substr(0, length));
+        const std::size_t rowsNow = pointTable.rows.size() + lineTable.rows.size() + textTable.rows.size();
         ASSERT_TRUE(rowsNow == rows || rowsNow == rows + 1) << length;
         rows = rowsNow;
     }
     EXPECT_EQ(rows, 6U);
-    EXPECT_EQ(TableText('P'), points);
+    EXPECT_EQ(TableText(pointTable), points);
     EXPECT_TRUE(screen.messages.empty());
 }
 
 TEST_F(ControlTable, AnyBytesAreReadWithoutHarm) {
     std::string bytes = "[Points]\n";
     for (int i = 0; i < 4096; ++i) bytes.push_back(static_cast<char>((i * 7919) >> 3));
-    ASSERT_TRUE(LoadProjectFile(folder.Write("ruis.nst", bytes)));
-    EXPECT_FALSE(PointCodes().rows.empty());
-    EXPECT_EQ(frmKORVANDE().gridPoints.RowCount(), static_cast<int>(PointCodes().rows.size()) + 1);
+    LoadBytes(bytes);
+    EXPECT_FALSE(pointTable.rows.empty());
+    EXPECT_TRUE(screen.messages.empty());
 }
 
 TEST_F(ControlTable, ALineOfEightMegabytesIsALine) {
@@ -220,18 +213,18 @@ TEST_F(ControlTable, ManyRowsLoadInTimeThatGrowsWithTheirNumber) {
     const auto start = std::chrono::steady_clock::now();
     Load(lines);
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-    EXPECT_EQ(PointCodes().rows.size(), count + 1U);
+    EXPECT_EQ(pointTable.rows.size(), count + 1U);
     // Copying the table for each row would take hours.
     EXPECT_LT(seconds.count(), 30);
 }
 
 TEST_F(ControlTable, TheSampleHasItsRows) {
-    ASSERT_TRUE(LoadProjectFile(FromUtf8(KORVANDE_SOURCE_DIR "/samples/voorbeeld.nst")));
-    const std::string points = TableText('P');
+    ASSERT_TRUE(LoadFile(FromUtf8(KORVANDE_SOURCE_DIR "/samples/voorbeeld.nst")));
+    const std::string points = TableText(pointTable);
     EXPECT_EQ(points.substr(0, points.find('\n')), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0");
     EXPECT_NE(points.find("\n|Q20|DUMMY|"), std::string::npos);
-    EXPECT_NE(TableText('L').find("É"), std::string::npos);
-    EXPECT_GE(PointCodes().rows.size() + LineCodes().rows.size() + TextCodes().rows.size(), 43U);
+    EXPECT_NE(TableText(lineTable).find("É"), std::string::npos);
+    EXPECT_GE(pointTable.rows.size() + lineTable.rows.size() + textTable.rows.size(), 43U);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ TEST_F(ControlTable, ACodeRowTakesItsFields) {
     EXPECT_EQ(Rows('P', "ab = q21, symbool, boom, 1, -2, 3\n"), "AB|Q21|SYMBOOL|BOOM|1|-2|3\n");
     EXPECT_EQ(Rows('L', "ab = b01, grens, gebouw, 1, 2, 3\n"), "AB|B01|GRENS|GEBOUW|1|2|3\n");
     EXPECT_EQ(Rows('T', "ab = z02, straatnaam, 1, 2, 3\n"), "AB|Z02||STRAATNAAM|1|2|3\n");
-    EXPECT_FALSE(TextCodes().rows[1].Type.NeverFilled());
+    EXPECT_FALSE(textTable.rows[1].Type.NeverFilled());
 }
 
 TEST_F(ControlTable, TheOlderRotatedPointTypeIsRenamed) {
@@ -47,7 +47,7 @@ TEST_F(ControlTable, TheUnknownRowIsOverwritten) {
     EXPECT_EQ(UnknownRow('P', "Unknown = ABC, Q99, SYMBOOL, Anders, 1, 2, 3\n"), "ABC|Q99|SYMBOOL|ANDERS|1|2|3");
     EXPECT_EQ(UnknownRow('L', "Unknown = ABC, Q99, GRENS, Anders, 1, 2, 3\n"), "ABC|Q99|GRENS|ANDERS|1|2|3");
     EXPECT_EQ(UnknownRow('T', "Unknown = ABC, Z99, Anders, 1, 2, 3\n"), "ABC|Z99||ANDERS|1|2|3");
-    EXPECT_EQ(TextCodes().rows.size(), 1U);
+    EXPECT_EQ(textTable.rows.size(), 1U);
 }
 
 TEST_F(ControlTable, AMissingLastFieldOfTheUnknownRowLeavesWhatIsThere) {
@@ -96,7 +96,7 @@ TEST_F(ControlTable, NumbersOfARowAreLeadingNumbersOfSixteenBits) {
 TEST_F(ControlTable, OnlyTheFirstEqualSignDividesALine) {
     EXPECT_EQ(Rows('P', "AB = Q20, PUNT, A=B\n"), "AB|Q20|PUNT|A=B|0|0|0\n");
     Load("[NEN1878]\nSUFNENFile = a=b.sfn\n");
-    EXPECT_EQ(frmKORVANDE().txtFileSUFNEN, u"A=B.SFN");
+    EXPECT_EQ(options.txtFileSUFNEN, u"A=B.SFN");
 }
 
 }  // namespace

@@ -2,19 +2,18 @@
 
 #include <random>
 
-#include "tests/project/ProjectState.h"
-#include "tests/support/ProgramState.h"
+#include "tests/project/ProjectTest.h"
 
 namespace korvande::testing {
 
 namespace {
 
-class SavedControlTable : public ProgramTest {
+class SavedControlTable : public ProjectTest {
  protected:
     // The file as saved, in UTF-8 and with line feeds.
     std::string Saved() {
         const Text name = folder / "project.nst";
-        EXPECT_TRUE(SaveProjectFile(name));
+        EXPECT_TRUE(SaveFile(name));
         std::string text = Windows1252ToUtf8(FileBytes(name));
         EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), std::count(text.begin(), text.end(), '\n'));
         std::erase(text, '\r');
@@ -32,7 +31,7 @@ class SavedControlTable : public ProgramTest {
 };
 
 TEST_F(SavedControlTable, TheDefaultsAreWrittenLineByLine) {
-    frmKORVANDE().txtAltDatum = u"20240514";
+    options.txtAltDatum = u"20240514";
     EXPECT_EQ(Saved(),
               "[NEN1878]\n"
               "SUFNENFile = voorbeeld.sfn\n"
@@ -77,38 +76,37 @@ TEST_F(SavedControlTable, TheDefaultsAreWrittenLineByLine) {
               "[End]\n");
 }
 
-// A form in which nothing is as the reset leaves it.
-void FillForm() {
-    FormKORVANDE& form = frmKORVANDE();
-    form.txtFileSUFNEN = u"C:\\Data\\Kaart één.sfn";
-    form.txtFileIDEX = u"C:\\Data\\Kaart één.idx";
-    form.txtNameLong = u"Gemeente Súdwest-Fryslân";
-    form.txtNameShort = u"Súdwest";
-    form.txtStreet = u"Marktstraat";
-    form.txtNumber = u"15";
-    form.txtSuffix = u"bis";
-    form.txtZipcode = u"8601CR";
-    form.txtCity = u"Sneek";
-    form.txtSource = u"SWF";
-    form.SelectReport(&FormKORVANDE::optReportPrinter);
-    form.chkImportUnknowns = false;
-    form.chkImportSymRotation = form.chkExportUnknowns = form.chkExportPointnoAsField = true;
-    form.chkExportPointnoAsText = form.chkExport3D = form.chkExportHeightAsText = form.chkExportSymRotation = true;
-    form.txtPnoTxtLKI = u"Z30";
-    form.txtEleTxtLKI = u"Z31";
-    form.txtAltDatum = u"19991231";
-    form.SetDateOption(&FormKORVANDE::optDateAlt, true);
-    form.gridPoints.SetRowCount(4);
-    form.gridPoints[1] = {u"ANDERS", u"Q99", u"SYMBOOL", u"Onbekend", u"1", u"2", u"3"};
-    form.gridPoints[2] = {u" AB ", u"S01 A01", u"ROT.PNT", u"Knotwilg €", u"-4", u"32767", u"-32768"};
-    form.gridLines.SetRowCount(3);
-    form.gridLines[2] = {u"MUUR", u"B05", u"GRENS", u"Muur, laag", u"1", u"x", u"12m"};
-    form.gridTexts.SetRowCount(3);
-    form.gridTexts[2] = {u"NAAM", u"Z02", u"TYPE", u"Straatnaam", u"7", u"8", u"9"};
+// A project in which nothing is as the reset leaves it.
+void Fill(Project& project) {
+    Options& options = project.options;
+    options.txtFileSUFNEN = u"C:\\Data\\Kaart één.sfn";
+    options.txtFileIDEX = u"C:\\Data\\Kaart één.idx";
+    options.txtNameLong = u"Gemeente Súdwest-Fryslân";
+    options.txtNameShort = u"Súdwest";
+    options.txtStreet = u"Marktstraat";
+    options.txtNumber = u"15";
+    options.txtSuffix = u"bis";
+    options.txtZipcode = u"8601CR";
+    options.txtCity = u"Sneek";
+    options.txtSource = u"SWF";
+    SelectReport(options, &Options::optReportPrinter);
+    options.chkImportUnknowns = false;
+    options.chkImportSymRotation = options.chkExportUnknowns = options.chkExportPointnoAsField = true;
+    options.chkExportPointnoAsText = options.chkExport3D = options.chkExportHeightAsText =
+        options.chkExportSymRotation = true;
+    options.txtPnoTxtLKI = u"Z30";
+    options.txtEleTxtLKI = u"Z31";
+    options.txtAltDatum = u"19991231";
+    SetDateOption(options, &Options::optDateAlt, true);
+    Edit(project.codes.points, 1, {u"ANDERS", u"Q99", u"SYMBOOL", u"Onbekend", u"1", u"2", u"3"});
+    Edit(project.codes.points, 2, {u" AB ", u"S01 A01", u"ROT.PNT", u"Knotwilg €", u"-4", u"32767", u"-32768"});
+    Edit(project.codes.points, 3, {});
+    Edit(project.codes.lines, 2, {u"MUUR", u"B05", u"GRENS", u"Muur, laag", u"1", u"x", u"12m"});
+    Edit(project.codes.texts, 2, {u"NAAM", u"Z02", u"TYPE", u"Straatnaam", u"7", u"8", u"9"});
 }
 
 TEST_F(SavedControlTable, EveryValueIsWrittenLineByLine) {
-    FillForm();
+    Fill(project);
     EXPECT_EQ(Saved(),
               "[NEN1878]\n"
               "SUFNENFile = C:\\Data\\Kaart één.sfn\n"
@@ -159,101 +157,88 @@ TEST_F(SavedControlTable, EveryValueIsWrittenLineByLine) {
 
 TEST_F(SavedControlTable, EachCheckBoxHasItsLine) {
     const struct {
-        bool FormKORVANDE::*box;
+        bool Options::*box;
         const char* section;
         const char* key;
-    } cases[] = {{&FormKORVANDE::chkImportUnknowns, "Import", "AcceptUnknown"},
-                 {&FormKORVANDE::chkImportSymRotation, "Import", "SymRotation"},
-                 {&FormKORVANDE::chkExportUnknowns, "Export", "IncludeUnknown"},
-                 {&FormKORVANDE::chkExportPointnoAsField, "Export", "IncludeNrAsField"},
-                 {&FormKORVANDE::chkExportPointnoAsText, "Export", "IncludeNrAsText"},
-                 {&FormKORVANDE::chkExport3D, "Export", "IncludeZ ="},
-                 {&FormKORVANDE::chkExportHeightAsText, "Export", "IncludeZAsText"},
-                 {&FormKORVANDE::chkExportSymRotation, "Export", "SymRotation"}};
+    } cases[] = {{&Options::chkImportUnknowns, "Import", "AcceptUnknown"},
+                 {&Options::chkImportSymRotation, "Import", "SymRotation"},
+                 {&Options::chkExportUnknowns, "Export", "IncludeUnknown"},
+                 {&Options::chkExportPointnoAsField, "Export", "IncludeNrAsField"},
+                 {&Options::chkExportPointnoAsText, "Export", "IncludeNrAsText"},
+                 {&Options::chkExport3D, "Export", "IncludeZ ="},
+                 {&Options::chkExportHeightAsText, "Export", "IncludeZAsText"},
+                 {&Options::chkExportSymRotation, "Export", "SymRotation"}};
     for (const auto& [box, section, key] : cases) {
-        frmKORVANDE().*box = false;
+        options.*box = false;
         EXPECT_TRUE(SavedLine(section, key).ends_with(" = 0")) << key;
-        frmKORVANDE().*box = true;
+        options.*box = true;
         EXPECT_TRUE(SavedLine(section, key).ends_with(" = 1")) << key;
-        frmKORVANDE().*box = false;
+        options.*box = false;
     }
 }
 
 TEST_F(SavedControlTable, TheListingDestinationIsOneOfFourWords) {
-    FormKORVANDE& form = frmKORVANDE();
-    const auto line = [&](bool FormKORVANDE::*option) {
-        form.SelectReport(option);
+    const auto line = [&](bool Options::*option) {
+        SelectReport(options, option);
         return SavedLine("NEN1878", "Reporting");
     };
-    EXPECT_EQ(line(&FormKORVANDE::optReportDisk), "Reporting = Disk");
-    EXPECT_EQ(line(&FormKORVANDE::optReportScreen), "Reporting = Screen");
-    EXPECT_EQ(line(&FormKORVANDE::optReportPrinter), "Reporting = Printer");
-    EXPECT_EQ(line(&FormKORVANDE::optReportNone), "Reporting = None");
-    form.optReportNone = false;
+    EXPECT_EQ(line(&Options::optReportDisk), "Reporting = Disk");
+    EXPECT_EQ(line(&Options::optReportScreen), "Reporting = Screen");
+    EXPECT_EQ(line(&Options::optReportPrinter), "Reporting = Printer");
+    EXPECT_EQ(line(&Options::optReportNone), "Reporting = None");
+    options.optReportNone = false;
     EXPECT_EQ(SavedLine("NEN1878", "Reporting"), "Reporting = None");
-    form.optReportPrinter = form.optReportScreen = true;
+    options.optReportPrinter = options.optReportScreen = true;
     EXPECT_EQ(SavedLine("NEN1878", "Reporting"), "Reporting = Screen");
-    form.optReportDisk = true;
+    options.optReportDisk = true;
     EXPECT_EQ(SavedLine("NEN1878", "Reporting"), "Reporting = Disk");
 }
 
 TEST_F(SavedControlTable, AListingToDiskComesBackAsOneToTheScreen) {
-    frmKORVANDE().SelectReport(&FormKORVANDE::optReportDisk);
-    ASSERT_TRUE(SaveProjectFile(folder / "a.nst"));
-    ASSERT_TRUE(LoadProjectFile(folder / "a.nst"));
-    EXPECT_TRUE(frmKORVANDE().optReportScreen);
-    EXPECT_FALSE(frmKORVANDE().optReportDisk);
+    SelectReport(options, &Options::optReportDisk);
+    ASSERT_TRUE(SaveFile(folder / "a.nst"));
+    ASSERT_TRUE(LoadFile(folder / "a.nst"));
+    EXPECT_TRUE(options.optReportScreen);
+    EXPECT_FALSE(options.optReportDisk);
 }
 
 TEST_F(SavedControlTable, TheDateOptionsAreWrittenAsTheyAre) {
-    frmKORVANDE().SetDateOption(&FormKORVANDE::optDateNow, true);
+    SetDateOption(options, &Options::optDateNow, true);
     EXPECT_EQ(SavedLine("Export", "UseDateAlt"), "UseDateAlt =False");
     EXPECT_EQ(SavedLine("Export", "UseDateSEE"), "UseDateSEE =False");
     EXPECT_EQ(SavedLine("Export", "UseDateNow"), "UseDateNow =True");
 }
 
 TEST_F(SavedControlTable, TextsAreWrittenAsTheyStandInTheirBoxes) {
-    frmKORVANDE().txtNameShort = u"  Een heel lange korte naam  ";
+    options.txtNameShort = u"  Een heel lange korte naam  ";
     EXPECT_EQ(SavedLine("NEN1878", "NameShort"), "NameShort =   Een heel lange korte naam  ");
-    frmKORVANDE().txtPnoTxtLKI = u" z30 ";
+    options.txtPnoTxtLKI = u" z30 ";
     EXPECT_EQ(SavedLine("Export", "PointIDLKI"), "PointIDLKI =  z30 ");
 }
 
 TEST_F(SavedControlTable, ACharacterWithoutAByteIsAQuestionMark) {
-    frmKORVANDE().txtCity = u"Łódź 𝄞";
+    options.txtCity = u"Łódź 𝄞";
     EXPECT_EQ(SavedLine("NEN1878", "Town"), "Town = ?ód? ?");
 }
 
 TEST_F(SavedControlTable, TheOwnerBoxesReachTheOwnerRecord) {
-    frmKORVANDE().txtNameLong = u"Bureau";
-    frmKORVANDE().txtNameShort = u"Veel te lang";
-    frmKORVANDE().txtSource = u"";
+    options.txtNameLong = u"Bureau";
+    options.txtNameShort = u"Veel te lang";
+    options.txtSource = u"";
     Saved();
-    EXPECT_EQ(TheOwner().NameLong, MakeFixedText<35>(u"Bureau"));
-    EXPECT_EQ(TheOwner().NameShort, MakeFixedText<8>(u"Veel te lang"));
-    EXPECT_TRUE(TheOwner().Source.IsBlank());
-    EXPECT_FALSE(TheOwner().Source.NeverFilled());
-}
-
-TEST_F(SavedControlTable, TheGridsAreTakenIntoTheTables) {
-    PointCodes().rows.resize(5);
-    PointCodes().rows[0].Count = 3;
-    frmKORVANDE().gridPoints[1][Grid::Description] = u"Gewijzigd";
-    EXPECT_EQ(SavedLine("Points", "Unknown"), "Unknown = STANDRD, Q20, PUNT, Gewijzigd, 0, 0, 0");
-    EXPECT_EQ(PointCodes().rows.size(), 1U);
-    EXPECT_EQ(PointCodes().rows[0].Count, 0);
+    EXPECT_EQ(owner.NameLong, MakeFixedText<35>(u"Bureau"));
+    EXPECT_EQ(owner.NameShort, MakeFixedText<8>(u"Veel te lang"));
+    EXPECT_TRUE(owner.Source.IsBlank());
+    EXPECT_FALSE(owner.Source.NeverFilled());
 }
 
 TEST_F(SavedControlTable, ACodeOfNineCharactersIsCut) {
-    frmKORVANDE().gridLines.SetRowCount(3);
-    frmKORVANDE().gridLines[2][Grid::Liscad] = u"ABCDEFGHI";
+    Edit(lineTable, 2, {u"ABCDEFGHI"});
     EXPECT_EQ(SavedLine("Lines", "ABC"), "ABCDEFG = , , , 0, 0, 0");
 }
 
 TEST_F(SavedControlTable, ATableWithoutAnyRowHasNoUnknownLine) {
-    for (Grid* grid : {&frmKORVANDE().gridPoints, &frmKORVANDE().gridLines, &frmKORVANDE().gridTexts}) {
-        grid->SetRowCount(1);
-    }
+    for (CodeTable* table : {&pointTable, &lineTable, &textTable}) table->rows.clear();
     const std::string text = Saved();
     EXPECT_TRUE(text.ends_with("\n\n[Points]\n\n[Lines]\n\n[Texts]\n\n[End]\n"));
 }
@@ -264,30 +249,29 @@ TEST_F(SavedControlTable, AnEarlierFileIsWrittenOver) {
 }
 
 TEST_F(SavedControlTable, WhatWasSavedIsLoadedAgainInCapitals) {
-    FillForm();
-    frmKORVANDE().gridLines[2][Grid::Description] = u"Muur";
-    ASSERT_TRUE(SaveProjectFile(folder / "a.nst"));
-    InitialiseForm();
-    ASSERT_TRUE(LoadProjectFile(folder / "a.nst"));
-    const FormKORVANDE& form = frmKORVANDE();
-    EXPECT_EQ(form.txtFileSUFNEN, u"C:\\DATA\\KAART ÉÉN.SFN");
-    EXPECT_EQ(form.txtNameLong, u"GEMEENTE SÚDWEST-FRYSLÂN");
-    EXPECT_TRUE(form.optReportPrinter);
-    EXPECT_FALSE(form.chkImportUnknowns);
-    EXPECT_TRUE(form.chkExportSymRotation);
-    EXPECT_TRUE(form.optDateAlt);
-    EXPECT_EQ(form.txtAltDatum, u"19991231");
-    EXPECT_EQ(TableText('P'),
+    Fill(project);
+    lineTable.rows[1].Description = u"Muur";
+    ASSERT_TRUE(SaveFile(folder / "a.nst"));
+    BeginAnew();
+    ASSERT_TRUE(LoadFile(folder / "a.nst"));
+    EXPECT_EQ(options.txtFileSUFNEN, u"C:\\DATA\\KAART ÉÉN.SFN");
+    EXPECT_EQ(options.txtNameLong, u"GEMEENTE SÚDWEST-FRYSLÂN");
+    EXPECT_TRUE(options.optReportPrinter);
+    EXPECT_FALSE(options.chkImportUnknowns);
+    EXPECT_TRUE(options.chkExportSymRotation);
+    EXPECT_TRUE(options.optDateAlt);
+    EXPECT_EQ(options.txtAltDatum, u"19991231");
+    EXPECT_EQ(TableText(pointTable),
               "ANDERS|Q99|SYMBOOL|ONBEKEND|1|2|3\nAB|S01 A01|ROT.PNT|KNOTWILG €|-4|32767|-32768\n||||0|0|0\n");
-    EXPECT_EQ(TableText('L'), "STANDRD|Q00|LIJN|ONBEKEND LIJNOBJECT|0|0|0\nMUUR|B05|GRENS|MUUR|1|0|12\n");
-    EXPECT_EQ(TableText('T'), "STANDRD|Z19||ONBEKEND TEKSTOBJECT|0|0|0\nNAAM|Z02||STRAATNAAM|7|8|9\n");
+    EXPECT_EQ(TableText(lineTable), "STANDRD|Q00|LIJN|ONBEKEND LIJNOBJECT|0|0|0\nMUUR|B05|GRENS|MUUR|1|0|12\n");
+    EXPECT_EQ(TableText(textTable), "STANDRD|Z19||ONBEKEND TEKSTOBJECT|0|0|0\nNAAM|Z02||STRAATNAAM|7|8|9\n");
     // From here on nothing changes any more.
-    const std::vector<std::string> before = ProjectState();
-    ASSERT_TRUE(SaveProjectFile(folder / "b.nst"));
-    InitialiseForm();
-    ASSERT_TRUE(LoadProjectFile(folder / "b.nst"));
-    EXPECT_EQ(Differences(before, ProjectState()), "");
-    ASSERT_TRUE(SaveProjectFile(folder / "c.nst"));
+    const std::vector<std::string> before = State();
+    ASSERT_TRUE(SaveFile(folder / "b.nst"));
+    BeginAnew();
+    ASSERT_TRUE(LoadFile(folder / "b.nst"));
+    EXPECT_EQ(Differences(before, State()), "");
+    ASSERT_TRUE(SaveFile(folder / "c.nst"));
     EXPECT_EQ(FileBytes(folder / "b.nst"), FileBytes(folder / "c.nst"));
 }
 
@@ -296,16 +280,17 @@ TEST_F(SavedControlTable, EveryAccentSurvives) {
     for (int byte = 0xC0; byte < 0xDF; ++byte) accents.push_back(static_cast<char16_t>(byte));
     accents += u"ŠŒŽŸß€µ";
     for (std::size_t at = 0; at < accents.size(); at += 7) {
-        InitialiseForm();
+        BeginAnew();
         const Text part = accents.substr(at, 7);
-        frmKORVANDE().txtCity = part;
-        frmKORVANDE().gridTexts.SetRowCount(3);
-        frmKORVANDE().gridTexts[2] = {part, part, u"", part, u"0", u"0", u"0"};
-        ASSERT_TRUE(SaveProjectFile(folder / "a.nst"));
-        InitialiseForm();
-        ASSERT_TRUE(LoadProjectFile(folder / "a.nst"));
-        EXPECT_EQ(frmKORVANDE().txtCity, part);
-        EXPECT_EQ(frmKORVANDE().gridTexts[2], (Grid::Row{part, part, u"", part, u"0", u"0", u"0"}));
+        options.txtCity = part;
+        Edit(project.codes.texts, 2, {part, part, u"", part, u"0", u"0", u"0"});
+        ASSERT_TRUE(SaveFile(folder / "a.nst"));
+        BeginAnew();
+        ASSERT_TRUE(LoadFile(folder / "a.nst"));
+        EXPECT_EQ(options.txtCity, part);
+        Grid grid(textGridHeader);
+        LoadGrid(grid, textTable);
+        EXPECT_EQ(grid[2], (Grid::Row{part, part, u"", part, u"0", u"0", u"0"}));
     }
 }
 
@@ -318,7 +303,8 @@ Text RandomCell(std::mt19937& random, std::size_t longest) {
     return Text(Trim(cell));
 }
 
-void FillRandomly(Grid& grid, std::mt19937& random, bool withType) {
+void FillRandomly(CodeTable& table, std::mt19937& random, bool withType) {
+    Grid grid(gridHeader);
     grid.SetRowCount(static_cast<int>(2 + random() % 60));
     for (int row = 1; row < grid.RowCount(); ++row) {
         grid[row] = {Concat(u"C", RandomCell(random, 6)),         RandomCell(random, 7),
@@ -326,42 +312,42 @@ void FillRandomly(Grid& grid, std::mt19937& random, bool withType) {
                      Concat(static_cast<std::int16_t>(random())), Concat(static_cast<std::int16_t>(random())),
                      Concat(static_cast<std::int16_t>(random()))};
     }
+    SaveGrid(grid, table);
 }
 
 TEST_F(SavedControlTable, RandomProjectsComeBackAsTheyWere) {
     std::mt19937 random(1878);
     for (int round = 0; round < 50; ++round) {
-        InitialiseForm();
-        FormKORVANDE& form = frmKORVANDE();
-        for (Text* box : {&form.txtNameLong, &form.txtNameShort, &form.txtStreet, &form.txtNumber, &form.txtSuffix,
-                          &form.txtZipcode, &form.txtCity, &form.txtPnoTxtLKI, &form.txtEleTxtLKI, &form.txtFileIDEX,
-                          &form.txtFileSUFNEN, &form.txtAltDatum}) {
+        BeginAnew();
+        for (Text* box : {&options.txtNameLong, &options.txtNameShort, &options.txtStreet, &options.txtNumber,
+                          &options.txtSuffix, &options.txtZipcode, &options.txtCity, &options.txtPnoTxtLKI,
+                          &options.txtEleTxtLKI, &options.txtFileIDEX, &options.txtFileSUFNEN, &options.txtAltDatum}) {
             *box = RandomCell(random, 5);
         }
-        form.txtSource = u"BRON";
-        for (bool* box : {&form.chkImportUnknowns, &form.chkImportSymRotation, &form.chkExportUnknowns,
-                          &form.chkExportPointnoAsField, &form.chkExportPointnoAsText, &form.chkExport3D,
-                          &form.chkExportHeightAsText, &form.chkExportSymRotation}) {
+        options.txtSource = u"BRON";
+        for (bool* box : {&options.chkImportUnknowns, &options.chkImportSymRotation, &options.chkExportUnknowns,
+                          &options.chkExportPointnoAsField, &options.chkExportPointnoAsText, &options.chkExport3D,
+                          &options.chkExportHeightAsText, &options.chkExportSymRotation}) {
             *box = random() % 2 == 0;
         }
-        FillRandomly(form.gridPoints, random, true);
-        FillRandomly(form.gridLines, random, true);
-        FillRandomly(form.gridTexts, random, false);
-        ASSERT_TRUE(SaveProjectFile(folder / "a.nst"));
-        const std::vector<std::string> saved = ProjectState();
-        InitialiseForm();
-        ASSERT_TRUE(LoadProjectFile(folder / "a.nst"));
-        ASSERT_EQ(Differences(saved, ProjectState()), "") << round;
+        FillRandomly(pointTable, random, true);
+        FillRandomly(lineTable, random, true);
+        FillRandomly(textTable, random, false);
+        ASSERT_TRUE(SaveFile(folder / "a.nst"));
+        const std::vector<std::string> saved = State();
+        BeginAnew();
+        ASSERT_TRUE(LoadFile(folder / "a.nst"));
+        ASSERT_EQ(Differences(saved, State()), "") << round;
     }
 }
 
 TEST_F(SavedControlTable, TheSampleComesBackAsItWas) {
-    ASSERT_TRUE(LoadProjectFile(FromUtf8(KORVANDE_SOURCE_DIR "/samples/voorbeeld.nst")));
-    const std::vector<std::string> loaded = ProjectState();
-    ASSERT_TRUE(SaveProjectFile(folder / "a.nst"));
-    InitialiseForm();
-    ASSERT_TRUE(LoadProjectFile(folder / "a.nst"));
-    EXPECT_EQ(Differences(loaded, ProjectState()), "");
+    ASSERT_TRUE(LoadFile(FromUtf8(KORVANDE_SOURCE_DIR "/samples/voorbeeld.nst")));
+    const std::vector<std::string> loaded = State();
+    ASSERT_TRUE(SaveFile(folder / "a.nst"));
+    BeginAnew();
+    ASSERT_TRUE(LoadFile(folder / "a.nst"));
+    EXPECT_EQ(Differences(loaded, State()), "");
 }
 
 }  // namespace

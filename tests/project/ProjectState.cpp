@@ -1,9 +1,5 @@
 #include "tests/project/ProjectState.h"
 
-#include "project/CodeTables.h"
-#include "project/OwnerRecord.h"
-#include "project/frmKORVANDE.h"
-
 namespace korvande::testing {
 
 namespace {
@@ -13,17 +9,11 @@ class Lines {
  public:
     void Add(const std::string& name, TextView value) { lines.push_back(name + "=" + ToUtf8(value)); }
     void Add(const std::string& name, const Text& value) { Add(name, TextView(value)); }
+    void Add(const std::string& name, const std::string& value) { lines.push_back(name + "=" + value); }
     void Add(const std::string& name, bool value) { lines.push_back(name + (value ? "=1" : "=0")); }
     template <std::size_t N>
     void Add(const std::string& name, const FixedText<N>& value) {
         Add(name, value.View());
-    }
-    void Add(const std::string& name, const Grid& grid) {
-        for (int row = 0; row < grid.RowCount(); ++row) {
-            Text cells;
-            for (const Text& cell : grid[row]) AppendTo(cells, Concat(cell, u"|"));
-            Add(name + std::to_string(row), cells);
-        }
     }
 
     std::vector<std::string> lines;
@@ -38,36 +28,37 @@ std::string RowText(const CodeRow& row) {
     return text + std::to_string(row.P) + "|" + std::to_string(row.I) + "|" + std::to_string(row.B);
 }
 
-void AddControls(Lines& state, const FormKORVANDE& form) {
-    state.Add("txtFileSUFNEN", form.txtFileSUFNEN);
-    state.Add("txtFileIDEX", form.txtFileIDEX);
-    state.Add("framStandaloneVisible", form.framStandaloneVisible);
-    state.Add("txtProject", form.txtProject);
-    state.Add("optReportScreen", form.optReportScreen);
-    state.Add("optReportDisk", form.optReportDisk);
-    state.Add("optReportPrinter", form.optReportPrinter);
-    state.Add("optReportNone", form.optReportNone);
-    state.Add("chkImportUnknowns", form.chkImportUnknowns);
-    state.Add("chkImportSymRotation", form.chkImportSymRotation);
-    state.Add("chkSelectXY", form.chkSelectXY);
-    state.Add("chkExportUnknowns", form.chkExportUnknowns);
-    state.Add("chkExportPointnoAsField", form.chkExportPointnoAsField);
-    state.Add("chkExportPointnoAsText", form.chkExportPointnoAsText);
-    state.Add("txtPnoTxtLKI", form.txtPnoTxtLKI);
-    state.Add("chkExport3D", form.chkExport3D);
-    state.Add("chkExportHeightAsText", form.chkExportHeightAsText);
-    state.Add("txtEleTxtLKI", form.txtEleTxtLKI);
-    state.Add("chkExportSymRotation", form.chkExportSymRotation);
-    state.Add("txtAltDatum", form.txtAltDatum);
-    state.Add("txtAltDatumEnabled", form.txtAltDatumEnabled);
-    state.Add("optDateSEE", form.optDateSEE);
-    state.Add("optDateNow", form.optDateNow);
-    state.Add("optDateAlt", form.optDateAlt);
-    state.Add("lstSource", form.lstSource.SelectedText());
-    state.Add("cboXlateMode", form.cboXlateMode.SelectedText());
+void AddControls(Lines& state, const Options& options) {
+    state.Add("txtFileSUFNEN", options.txtFileSUFNEN);
+    state.Add("txtFileIDEX", options.txtFileIDEX);
+    state.Add("optReportScreen", options.optReportScreen);
+    state.Add("optReportDisk", options.optReportDisk);
+    state.Add("optReportPrinter", options.optReportPrinter);
+    state.Add("optReportNone", options.optReportNone);
+    state.Add("chkImportUnknowns", options.chkImportUnknowns);
+    state.Add("chkImportSymRotation", options.chkImportSymRotation);
+    state.Add("chkSelectXY", options.chkSelectXY);
+    state.Add("txtMinX", options.txtMinX);
+    state.Add("txtMaxX", options.txtMaxX);
+    state.Add("txtMinY", options.txtMinY);
+    state.Add("txtMaxY", options.txtMaxY);
+    state.Add("chkExportUnknowns", options.chkExportUnknowns);
+    state.Add("chkExportPointnoAsField", options.chkExportPointnoAsField);
+    state.Add("chkExportPointnoAsText", options.chkExportPointnoAsText);
+    state.Add("txtPnoTxtLKI", options.txtPnoTxtLKI);
+    state.Add("chkExport3D", options.chkExport3D);
+    state.Add("chkExportHeightAsText", options.chkExportHeightAsText);
+    state.Add("txtEleTxtLKI", options.txtEleTxtLKI);
+    state.Add("chkExportSymRotation", options.chkExportSymRotation);
+    state.Add("txtAltDatum", options.txtAltDatum);
+    state.Add("optDateSEE", options.optDateSEE);
+    state.Add("optDateNow", options.optDateNow);
+    state.Add("optDateAlt", options.optDateAlt);
+    state.Add("lstSource", std::to_string(options.lstSource));
+    state.Add("StartedInteractively", options.StartedInteractively);
 }
 
-void AddOwner(Lines& state, const FormKORVANDE& form, const OwnerRec& owner) {
+void AddOwner(Lines& state, const Options& options, const OwnerRec& owner) {
     state.Add("NameLong", owner.NameLong);
     state.Add("NameShort", owner.NameShort);
     state.Add("Street", owner.Street);
@@ -76,35 +67,26 @@ void AddOwner(Lines& state, const FormKORVANDE& form, const OwnerRec& owner) {
     state.Add("ZipCode", owner.ZipCode);
     state.Add("Town", owner.Town);
     state.Add("Source", owner.Source);
-    state.Add("txtNameLong", form.txtNameLong);
-    state.Add("txtNameShort", form.txtNameShort);
-    state.Add("txtStreet", form.txtStreet);
-    state.Add("txtNumber", form.txtNumber);
-    state.Add("txtSuffix", form.txtSuffix);
-    state.Add("txtZipcode", form.txtZipcode);
-    state.Add("txtCity", form.txtCity);
-    state.Add("txtSource", form.txtSource);
+    state.Add("txtNameLong", options.txtNameLong);
+    state.Add("txtNameShort", options.txtNameShort);
+    state.Add("txtStreet", options.txtStreet);
+    state.Add("txtNumber", options.txtNumber);
+    state.Add("txtSuffix", options.txtSuffix);
+    state.Add("txtZipcode", options.txtZipcode);
+    state.Add("txtCity", options.txtCity);
+    state.Add("txtSource", options.txtSource);
 }
 
 }  // namespace
 
-std::vector<std::string> ProjectState() {
-    const FormKORVANDE& form = frmKORVANDE();
+std::vector<std::string> ProjectState(const Project& project) {
     Lines state;
-    AddControls(state, form);
-    AddOwner(state, form, TheOwner());
-    state.Add("StartedInteractively", StartedInteractively());
-    for (const char letter : {'P', 'L', 'T'}) state.lines.push_back(TableText(letter));
-    state.Add("gridPoints", form.gridPoints);
-    state.Add("gridLines", form.gridLines);
-    state.Add("gridTexts", form.gridTexts);
+    AddControls(state, project.options);
+    AddOwner(state, project.options, project.owner);
+    for (const CodeTable* table : {&project.codes.points, &project.codes.lines, &project.codes.texts}) {
+        state.lines.push_back(TableText(*table));
+    }
     return state.lines;
-}
-
-std::string ProjectStateText() {
-    std::string text;
-    for (const std::string& line : ProjectState()) text += line + "\n";
-    return text;
 }
 
 std::string Differences(const std::vector<std::string>& before, const std::vector<std::string>& after) {
@@ -116,10 +98,15 @@ std::string Differences(const std::vector<std::string>& before, const std::vecto
     return differences;
 }
 
-std::string TableText(char letter) {
-    const CodeTable& table = letter == 'P' ? PointCodes() : letter == 'L' ? LineCodes() : TextCodes();
+std::string TableText(const CodeTable& table) {
     std::string text;
     for (const CodeRow& row : table.rows) text += RowText(row) + "\n";
+    return text;
+}
+
+std::string CellsText(const Grid::Row& row) {
+    std::string text;
+    for (const Text& cell : row) text += (&cell == row.data() ? "" : "|") + ToUtf8(cell);
     return text;
 }
 

@@ -1,13 +1,29 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <chrono>
+#include <cmath>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "idex/modImportIDEX.h"
-#include "tests/run/FileRun.h"
+#include "project/ControlTableReader.h"
+#include "run/TranslateFiles.h"
+#include "translation/Translation.h"
 
 // Files whose contents mean harm: texts that look like the structure of the format they go to, and numbers beyond all
 // bounds.
 namespace korvande::testing {
 
 namespace {
+
+constexpr Mode idexToNen{Direction::FromIdex, Variant::Nen1878};
+constexpr Mode idexToSuf{Direction::FromIdex, Variant::Suf2};
+constexpr Mode nenToIdex{Direction::ToIdex, Variant::Nen1878};
+constexpr Mode sufToIdex{Direction::ToIdex, Variant::Suf2};
 
 std::string Idex(const std::string& database) {
     return "HEADER\r\nEND HEADER\r\nLAYERS (LayerNo,Name)\r\n0,\"NAAM\";\r\nEND LAYERS\r\nDATABASE\r\n" + database +
@@ -22,43 +38,88 @@ std::string Record(std::string typeAndPayload, const char* endCode) {
 const std::string header = Record("010NEN1878    V202405202405", "01") +
                            "020102150201         0         0         1         0         101\r\n";
 
-class HostileInput : public FileRunTest {
+class HostileInput : public ::testing::Test {
  protected:
+    HostileInput() { LoadEmptyProject(project); }
+
     void TakeTable(const std::string& points = "") {
-        LoadProjectFile(folder.Write("t.nst", "[Points]\r\nUnknown = ?, Q20, PUNT, ONBEKEND, 0, 0, 0\r\n" + points +
-                                                  "[Texts]\r\nUnknown = ?, Z19, ONBEKEND, 0, 0, 0\r\n"
-                                                  "NAAM = Z04, NAAM, 0, 0, 0\r\n[End]\r\n"));
-        frmKORVANDE().chkExportUnknowns = frmKORVANDE().chkImportUnknowns = true;
+        const std::string table = "[Points]\r\nUnknown = ?, Q20, PUNT, ONBEKEND, 0, 0, 0\r\n" + points +
+                                  "[Texts]\r\nUnknown = ?, Z19, ONBEKEND, 0, 0, 0\r\n"
+                                  "NAAM = Z04, NAAM, 0, 0, 0\r\n[End]\r\n";
+        LineReader file;
+        file.OpenBytes(table);
+        ReadControlTable(screen, file, project);
+        project.options.chkExportUnknowns = project.options.chkImportUnknowns = true;
+    }
+
+    // A translation of the test's own, from these bytes into memory, that has not been run.
+    Translation& Begin(Mode mode, std::string drawing) {
+        errors.clear();
+        input = std::move(drawing);
+        translation.emplace(screen, project);
+        translation->mode = mode;
+        translation->modeText = NamesOf(mode).text;
+        translation->inputBytes = input;
+        translation->outputTo = OutputTo::Memory;
+        translation->withDiagnosticFiles = false;
+        translation->problems.onProblem = [this](const Problem& problem) {
+            errors.push_back(ToUtf8(Sentence(problem)));
+        };
+        return *translation;
+    }
+
+    // A whole run, after which the account must balance.
+    const Translation& Translate(Mode mode, std::string drawing) {
+        Translation& run = Begin(mode, std::move(drawing));
+        EXPECT_TRUE(TranslateFiles(run));
+        EXPECT_TRUE(run.account.Balances()) << ToUtf8(NamesOf(mode).text) << "\n" << ToUtf8(run.account.Summary());
+        EXPECT_EQ(run.problems.errors, static_cast<std::int64_t>(errors.size()));
+        return run;
+    }
+
+    // What the IDEX reader makes of what a translation to IDEX wrote.
+    const Drawing& ReadBack() {
+        Translation& run = Begin(idexToNen, translation->outputBytes);
+        ReadIdexFile(run);
+        EXPECT_EQ(errors, std::vector<std::string>());
+        return run.drawing;
     }
 
     // The texts of the drawing at the other end of a translation there and back, in UTF-8 and without blanks around.
-    std::vector<std::string> TextsAfter(int there, int back, const std::string& drawing) {
-        Translate(there, folder.Write("heen", drawing), folder / "onderweg");
-        EXPECT_FALSE(TheRun().outcome.Failed());
-        EXPECT_EQ(LogFile().ErrorCount(), 0) << LogText();
-        Translate(back, folder / "onderweg", folder / "terug");
-        EXPECT_FALSE(TheRun().outcome.Failed());
-        EXPECT_EQ(LogFile().ErrorCount(), 0) << LogText();
-        const Drawing& read = TheDrawing();
+    std::vector<std::string> TextsAfter(Mode there, Mode back, const std::string& drawing) {
+        for (const Mode mode : {there, back}) {
+            const Translation& run = Translate(mode, mode == there ? drawing : translation->outputBytes);
+            EXPECT_FALSE(run.outcome.Failed());
+            EXPECT_EQ(errors, std::vector<std::string>());
+        }
+        return TextsOf(translation->drawing);
+    }
+
+    static std::vector<std::string> TextsOf(const Drawing& drawing) {
         std::vector<std::string> texts;
-        for (int i = 1; i <= read.Texts.UpperBound(); ++i) texts.push_back(ToUtf8(read.Texts[i].Text.Trimmed()));
+        for (int i = 1; i <= drawing.Texts.UpperBound(); ++i) {
+            texts.push_back(ToUtf8(drawing.Texts[i].Characters().Trimmed()));
+        }
         return texts;
     }
 
     // What becomes of a number that stands as a coordinate in a drawing: its value as read, and the error, if any.
     std::pair<double, std::string> AsCoordinate(const std::string& number) {
-        frmKORVANDE().chkExportUnknowns = true;
-        Translate(idexToNen,
-                  folder.Write("a.idx", Idex("POINTS (PointNo,East,North,Code)\r\n1," + number + ",2,\"MV\";\r\n" +
-                                             "END POINTS\r\n")),
-                  folder / "uit");
-        const std::string log = LogText();
-        const std::size_t error = log.find("FOUT:  ");
-        const std::size_t end = log.find('\n', error);
-        const bool isRead = TheDrawing().Points.UpperBound() == 1;
-        return {isRead ? TheDrawing().Points[1].East : 0,
-                error == std::string::npos ? "" : log.substr(error + 7, end - error - 7)};
+        project.options.chkExportUnknowns = true;
+        const Translation& run = Translate(
+            idexToNen, Idex("POINTS (PointNo,East,North,Code)\r\n1," + number + ",2,\"MV\";\r\n" + "END POINTS\r\n"));
+        const auto& points = run.drawing.Points;
+        return {points.UpperBound() == 1 ? points[1].East : 0, errors.empty() ? "" : errors.front()};
     }
+
+    // Whether the last translation wrote this.
+    bool Wrote(std::string_view bytes) const { return translation->outputBytes.find(bytes) != std::string::npos; }
+
+    SilentScreen screen;
+    Project project;
+    std::string input;
+    std::optional<Translation> translation;
+    std::vector<std::string> errors;  // of the last translation, in UTF-8
 };
 
 using Texts = std::vector<std::string>;
@@ -101,28 +162,21 @@ TEST_F(HostileInput, TextsThatLookLikeRowsStayTextsInIdex) {
                   Record("06A" + std::to_string(10 + asRecord.size()) + "T" + asRecord, "01");
         expected.push_back(asIdex);
     }
-    Translate(nenToIdex, folder.Write("heen", header + groups), folder / "terug");
-    EXPECT_EQ(LogFile().ErrorCount(), 0) << LogText();
-    TheRun().IdexFileName = folder / "terug";
-    ReadIdexFile();
-    Texts actual;
-    for (int i = 1; i <= TheDrawing().Texts.UpperBound(); ++i) {
-        actual.push_back(ToUtf8(TheDrawing().Texts[i].Text.Trimmed()));
-    }
-    EXPECT_EQ(actual, expected);
+    Translate(nenToIdex, header + groups);
+    EXPECT_EQ(errors, Texts());
+    EXPECT_EQ(TextsOf(ReadBack()), expected);
 }
 
 TEST_F(HostileInput, NamesAndCodesThatLookLikeRowsStayNamesAndCodesInIdex) {
     TakeTable("\";\",X = Q22, PUNT, X; END, 0, 0, 0\r\n");
     const std::string point =
         Record("03MQ22      G0101", "00") + Record("04I1        N\",1;\";ENDX     1000Y     2000", "01");
-    Translate(nenToIdex, folder.Write("heen", header + point + point), folder / "terug");
-    TheRun().IdexFileName = folder / "terug";
-    ReadIdexFile();
-    const auto& points = TheDrawing().Points;
+    Translate(nenToIdex, header + point + point);
+    const Drawing& read = ReadBack();
+    const auto& points = read.Points;
     ASSERT_EQ(points.UpperBound(), 2);
-    EXPECT_EQ(ToUtf8(points[1].PointID.Trimmed()), "',1,',END");
-    EXPECT_EQ(ToUtf8(points[1].Code.Trimmed()), "',',X");
+    EXPECT_EQ(ToUtf8(points[1].PointID().Trimmed()), "',1,',END");
+    EXPECT_EQ(ToUtf8(read.Code(points[1]).Trimmed()), "',',X");
     EXPECT_EQ(points[2].East, 1);
 }
 
@@ -132,13 +186,13 @@ TEST_F(HostileInput, WhatIsNoNumberCountsAsNought) {
         const auto [value, error] = AsCoordinate(word);
         EXPECT_EQ(error, "") << word;
         EXPECT_EQ(value, std::string(word) == "1E" ? 1 : 0) << word;
-        EXPECT_TRUE(FileBytes(folder / "uit").find("X-") == std::string::npos) << word;
+        EXPECT_FALSE(Wrote("X-")) << word;
     }
 }
 
 TEST_F(HostileInput, ANumberTooLargeForItsColumnsKeepsItsLastDigits) {
     EXPECT_EQ(AsCoordinate("99999999999999999999"), std::pair(1e20, std::string()));
-    EXPECT_TRUE(FileBytes(folder / "uit").find("X000000000Y     2000") != std::string::npos);
+    EXPECT_TRUE(Wrote("X000000000Y     2000"));
     EXPECT_EQ(AsCoordinate("-99999999999999999999").second, "");
     EXPECT_EQ(AsCoordinate("1E300").second, "");
 }
@@ -149,7 +203,7 @@ TEST_F(HostileInput, ANumberBeyondAllBoundsIsAnOverflow) {
     EXPECT_EQ(AsCoordinate(std::string(400, '9')).second, "Overloop (regel 8)");
     // As many metres can be read, but not as many millimetres written.
     EXPECT_EQ(AsCoordinate("1E308").second, "Overloop");
-    EXPECT_TRUE(TheRun().outcome.outputFailed);
+    EXPECT_TRUE(translation->outcome.outputFailed);
 }
 
 TEST_F(HostileInput, ANumberThatFillsItsFieldIsReadFromARecord) {
@@ -158,28 +212,26 @@ TEST_F(HostileInput, ANumberThatFillsItsFieldIsReadFromARecord) {
           std::pair("     -INF", 0.0), std::pair("       -0", 0.0), std::pair("-99999999", -99999.999)}) {
         const std::string point =
             Record("03MQ22      G0101", "00") + Record("04I1        X" + std::string(field) + "Y     2000", "01");
-        Translate(nenToIdex, folder.Write("heen", header + point), folder / "terug");
-        ASSERT_EQ(TheDrawing().Points.UpperBound(), 1) << field;
-        EXPECT_LE(std::abs(TheDrawing().Points[1].East - value), 1e-9 * std::abs(TheDrawing().Points[1].East)) << field;
-        TheRun().IdexFileName = folder / "terug";
-        ReadIdexFile();
-        EXPECT_EQ(TheDrawing().Points.UpperBound(), 1) << field;
+        const Translation& run = Translate(nenToIdex, header + point);
+        ASSERT_EQ(run.drawing.Points.UpperBound(), 1) << field;
+        const double east = run.drawing.Points[1].East;
+        EXPECT_LE(std::abs(east - value), 1e-9 * std::abs(east)) << field;
+        EXPECT_EQ(ReadBack().Points.UpperBound(), 1) << field;
     }
 }
 
 TEST_F(HostileInput, HeadersThatPromiseTooMuchTakeNoMemory) {
     for (const char* const table : {"LINES (LineNo)\r\n1000000001;\r\n", "LINES (LineNo)\r\n99999999999999999999;\r\n",
                                     "TEXT\r\nBOX_ON_POINT (TextBoxNo,AnchorPointNo,LayerNo)\r\n1000000001,1,0;\r\n"}) {
-        Translate(idexToNen, folder.Write("a.idx", Idex(table)), folder / "uit");
-        EXPECT_EQ(LogFile().ErrorCount(), 1) << table;
-        EXPECT_EQ(TheDrawing().Lines.UpperBound(), 0) << table;
-        EXPECT_EQ(TheDrawing().Texts.UpperBound(), 0) << table;
+        const Translation& run = Translate(idexToNen, Idex(table));
+        EXPECT_EQ(run.problems.errors, 1) << table;
+        EXPECT_EQ(run.drawing.Lines.UpperBound(), 0) << table;
+        EXPECT_EQ(run.drawing.Texts.UpperBound(), 0) << table;
     }
-    Translate(idexToNen,
-              folder.Write("a.idx", "HEADER\r\nEND HEADER\r\nLAYERS (LayerNo,Name)\r\n1000000001,\"A\";\r\n"),
-              folder / "uit");
-    EXPECT_TRUE(LogText().find("FOUT:  Index buiten bereik (regel 4)") != std::string::npos);
-    EXPECT_LE(TheDrawing().LayerNames.size(), 1U);
+    const Translation& run =
+        Translate(idexToNen, "HEADER\r\nEND HEADER\r\nLAYERS (LayerNo,Name)\r\n1000000001,\"A\";\r\n");
+    EXPECT_EQ(std::count(errors.begin(), errors.end(), "Index buiten bereik (regel 4)"), 1);
+    EXPECT_LE(run.drawing.LayerNames.size(), 1U);
 }
 
 // What a reader could take the square of a file's length for: each is read in a moment.
@@ -193,7 +245,7 @@ TEST_F(HostileInput, NoFileTakesLongerThanItsLengthAccountsFor) {
     constexpr std::size_t size = 500'000;
     const std::string points = "POINTS (PointNo,PointID,East,North,Code)\r\n";
     const std::string group = Record("03MB05      G1301", "00");
-    const std::vector<std::pair<int, std::string>> files = {
+    const std::vector<std::pair<Mode, std::string>> files = {
         {idexToNen, Idex(points + "1,\"" + times(size, "\"") + "\";\r\n")},
         {idexToNen, Idex(points + "1,\"" + times(size, "\\\"") + "\";\r\n")},
         {idexToNen, Idex(points + times(size, "1,2,3\r\n"))},
@@ -210,7 +262,7 @@ TEST_F(HostileInput, NoFileTakesLongerThanItsLengthAccountsFor) {
     for (std::size_t i = 0; i < files.size(); ++i) {
         const auto& [mode, bytes] = files[i];
         const auto begin = std::chrono::steady_clock::now();
-        Translate(mode, folder.Write("a", bytes), folder / "uit");
+        Translate(mode, bytes);
         EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10)) << "file " << i;
     }
 }
@@ -223,14 +275,12 @@ TEST_F(HostileInput, AMillionColumnsAreReadOver) {
         values += "1,";
     }
     const auto begin = std::chrono::steady_clock::now();
-    Translate(idexToNen,
-              folder.Write("a.idx", Idex("POINTS (" + columns + "PointNo,East,Code)\r\n" + values + "7,5,\"MV\";\r\n" +
-                                         "END POINTS\r\n")),
-              folder / "uit");
+    const Translation& run = Translate(idexToNen, Idex("POINTS (" + columns + "PointNo,East,Code)\r\n" + values +
+                                                       "7,5,\"MV\";\r\n" + "END POINTS\r\n"));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
-    ASSERT_EQ(TheDrawing().Points.UpperBound(), 1);
-    EXPECT_EQ(TheDrawing().Points[1].PointNo, 7);
-    EXPECT_EQ(TheDrawing().Points[1].East, 5);
+    ASSERT_EQ(run.drawing.Points.UpperBound(), 1);
+    EXPECT_EQ(run.drawing.Points[1].PointNo, 7);
+    EXPECT_EQ(run.drawing.Points[1].East, 5);
 }
 
 }  // namespace

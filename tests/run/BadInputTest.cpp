@@ -17,27 +17,26 @@ class BadInput : public FileRunTest {
         screen.onMessage = [this, answer] { screen.answers = {answer}; };
     }
 
-    void TranslateBytes(int mode, std::string_view bytes) {
-        DeleteFileAt(folder / "invoer");
-        Translate(mode, folder.Write("invoer", bytes), folder / "uitvoer");
+    void TranslateToItsEnd(Mode mode, std::string_view bytes) {
+        TranslateBytes(mode, bytes);
         EXPECT_TRUE(LogText().find("     Gereed:     ") != std::string::npos);
     }
 
     // Counts of what the drawing holds, to compare.
-    static std::int64_t Objects() {
-        const Drawing& drawing = TheDrawing();
+    std::int64_t Objects() const {
+        const Drawing& drawing = last->drawing;
         return std::int64_t{drawing.Points.UpperBound()} + drawing.Lines.UpperBound() + drawing.Edges.UpperBound() +
                drawing.Texts.UpperBound();
     }
 
-    std::string Output() { return FileBytes(folder / "uitvoer"); }
+    const std::string& Output() const { return last->outputBytes; }
 
     // A run that the reader's error ended: its log book line, and so many points all the same.
-    void ExpectError(int mode, std::string_view bytes, const std::string& line, std::int32_t points) {
-        TranslateBytes(mode, bytes);
+    void ExpectError(Mode mode, std::string_view bytes, const std::string& line, std::int32_t points) {
+        TranslateToItsEnd(mode, bytes);
         EXPECT_TRUE(LogText().find("\nFOUT:  " + line + "\n") != std::string::npos) << LogText();
-        EXPECT_EQ(TheDrawing().Points.UpperBound(), points);
-        EXPECT_FALSE(TheRun().outcome.Failed());
+        EXPECT_EQ(last->drawing.Points.UpperBound(), points);
+        EXPECT_FALSE(last->outcome.Failed());
     }
 };
 
@@ -77,24 +76,24 @@ const RandomDrawing& SomeDrawing() {
 
 TEST_F(BadInput, EveryGoldenFileBalancesInEveryModeWithEveryAnswer) {
     const std::filesystem::path source(KORVANDE_SOURCE_DIR);
-    std::vector<std::string> files;
+    std::vector<std::string> drawings;
     for (const char* const place : {"tests/golden", "samples"}) {
         for (const auto& entry : std::filesystem::directory_iterator(source / place)) {
-            if (entry.is_regular_file() && entry.path().extension() != ".nst") files.push_back(entry.path().string());
+            if (entry.is_regular_file() && entry.path().extension() != ".nst") {
+                drawings.push_back(FileBytes(FromUtf8(entry.path().string())));
+            }
         }
     }
-    ASSERT_GT(files.size(), 20U);
+    ASSERT_GT(drawings.size(), 20U);
     for (const char* const table : {"tests/golden/klein.nst", "tests/golden/puntteksten.nst"}) {
-        LoadProjectFile(FromUtf8((source / table).string()));
+        LoadTable(FileBytes(FromUtf8((source / table).string())));
         for (const bool withUnknowns : {false, true}) {
-            frmKORVANDE().chkExportUnknowns = frmKORVANDE().chkImportUnknowns = withUnknowns;
-            frmKORVANDE().chkSelectXY = withUnknowns;
+            options.chkExportUnknowns = options.chkImportUnknowns = withUnknowns;
+            options.chkSelectXY = withUnknowns;
             for (const Answer answer : {Answer::Yes, Answer::No, Answer::Cancel}) {
                 AnswerAlways(answer);
-                for (const std::string& file : files) {
-                    for (const int mode : {idexToNen, idexToSuf, nenToIdex, sufToIdex}) {
-                        Translate(mode, FromUtf8(file), folder / "uitvoer");
-                    }
+                for (const std::string& drawing : drawings) {
+                    for (const Mode mode : allModes) TranslateBytes(mode, drawing);
                 }
             }
         }
@@ -102,17 +101,17 @@ TEST_F(BadInput, EveryGoldenFileBalancesInEveryModeWithEveryAnswer) {
 }
 
 TEST_F(BadInput, RandomDrawingsBalanceWithRandomDamage) {
-    LoadProjectFile(folder.Write("t.nst", RandomTable()));
+    LoadTable(RandomTable());
     AnswerAlways(Answer::Yes);
     Chance chance(1878);
     for (unsigned seed = 1; seed <= 40; ++seed) {
         SCOPED_TRACE(seed);
         const std::string idex = RandomDrawing(seed).AsIdex();
-        frmKORVANDE().chkExportUnknowns = seed % 2 == 0;
-        frmKORVANDE().chkExport3D = seed % 3 == 0;
-        frmKORVANDE().chkExportPointnoAsText = seed % 5 == 0;
-        frmKORVANDE().txtPnoTxtLKI = u"Z30";
-        TranslateBytes(seed % 2 == 0 ? idexToNen : idexToSuf, idex);
+        options.chkExportUnknowns = seed % 2 == 0;
+        options.chkExport3D = seed % 3 == 0;
+        options.chkExportPointnoAsText = seed % 5 == 0;
+        options.txtPnoTxtLKI = u"Z30";
+        TranslateToItsEnd(seed % 2 == 0 ? idexToNen : idexToSuf, idex);
         const std::string exchange = Output();
         for (int damage = 0; damage < 12; ++damage) {
             const bool isIdex = damage % 2 == 0;
@@ -137,40 +136,40 @@ TEST_F(BadInput, RandomDrawingsBalanceWithRandomDamage) {
                         break;
                 }
             }
-            for (const int mode : isIdex ? std::vector{idexToNen, idexToSuf} : std::vector{nenToIdex, sufToIdex}) {
-                TranslateBytes(mode, bytes);
+            for (const Mode mode : isIdex ? std::vector{idexToNen, idexToSuf} : std::vector{nenToIdex, sufToIdex}) {
+                TranslateToItsEnd(mode, bytes);
             }
         }
     }
 }
 
 TEST_F(BadInput, ADrawingCutOffAnywhereKeepsWhatStoodBefore) {
-    LoadProjectFile(folder.Write("t.nst", RandomTable()));
+    LoadTable(RandomTable());
     const std::string idex = SomeDrawing().AsIdex();
     std::int64_t before = 0;
     for (std::size_t length = 0; length <= idex.size(); ++length) {
         SCOPED_TRACE(length);
-        TranslateBytes(idexToNen, std::string_view(idex).substr(0, length));
+        TranslateToItsEnd(idexToNen, std::string_view(idex).substr(0, length));
         EXPECT_GE(Objects(), before);
         before = Objects();
         const std::string output = Output();
         EXPECT_TRUE(output.starts_with("010NEN1878"));
         EXPECT_TRUE(output.ends_with("\r\n99" + std::string(62, ' ') + "\r\n"));
-        EXPECT_EQ(TheRun().outcome.wrongFormat, length < std::string_view("HEADER").size());
+        EXPECT_EQ(last->outcome.wrongFormat, length < std::string_view("HEADER").size());
     }
     EXPECT_GT(before, 5);
 }
 
 TEST_F(BadInput, AnExchangeFileCutOffAnywhereKeepsWhatStoodBefore) {
-    LoadProjectFile(folder.Write("t.nst", RandomTable()));
+    LoadTable(RandomTable());
     AnswerAlways(Answer::Yes);
     for (const auto& [there, back] : {std::pair(idexToNen, nenToIdex), std::pair(idexToSuf, sufToIdex)}) {
-        TranslateBytes(there, SomeDrawing().AsIdex());
+        TranslateToItsEnd(there, SomeDrawing().AsIdex());
         const std::string exchange = Output();
         std::int64_t before = 0;
         for (std::size_t length = 0; length <= exchange.size(); ++length) {
             SCOPED_TRACE(length);
-            TranslateBytes(back, std::string_view(exchange).substr(0, length));
+            TranslateToItsEnd(back, std::string_view(exchange).substr(0, length));
             EXPECT_GE(Objects(), before);
             before = Objects();
             EXPECT_TRUE(Output().ends_with("END DATABASE\r\n"));
@@ -185,12 +184,12 @@ TEST_F(BadInput, BinaryNoiseIsNoDrawing) {
     for (int round = 0; round < 20; ++round) {
         std::string noise(1 + chance.Below(20'000), '\0');
         for (char& byte : noise) byte = static_cast<char>(chance.Below(256));
-        for (const int mode : {idexToNen, idexToSuf, nenToIdex, sufToIdex}) TranslateBytes(mode, noise);
-        for (const int mode : {idexToNen, idexToSuf}) {
-            TranslateBytes(mode, Idex("POINTS (PointNo,East,Code)\n" + noise));
-            TranslateBytes(mode, Idex(points + noise));
+        for (const Mode mode : allModes) TranslateToItsEnd(mode, noise);
+        for (const Mode mode : {idexToNen, idexToSuf}) {
+            TranslateToItsEnd(mode, Idex("POINTS (PointNo,East,Code)\n" + noise));
+            TranslateToItsEnd(mode, Idex(points + noise));
         }
-        for (const int mode : {nenToIdex, sufToIdex}) TranslateBytes(mode, Nen(NenPoint() + noise));
+        for (const Mode mode : {nenToIdex, sufToIdex}) TranslateToItsEnd(mode, Nen(NenPoint() + noise));
     }
 }
 
@@ -199,7 +198,7 @@ TEST_F(BadInput, WhatStoodBeforeAnErrorOfTheReaderIsWritten) {
     const std::string edges = "LINES (LineNo,Code)\n1,\"MUUR\";\nEDGES (LineNo,StartPt,EndPt,LINETYPE)\n";
     ExpectError(idexToNen, Idex(ended + edges + "1,1,2,STRAIGHT;\n1,een,2,STRAIGHT;\nEND EDGES\n"),
                 "Typen komen niet overeen (regel 15)", 2);
-    EXPECT_EQ(TheDrawing().Edges.UpperBound(), 1);
+    EXPECT_EQ(last->drawing.Edges.UpperBound(), 1);
     ExpectError(idexToNen, Idex(ended + edges + "1,1,3,STRAIGHT;\nEND EDGES\n"), "Index buiten bereik (regel 14)", 2);
     ExpectError(idexToNen, Idex(ended + edges + "1,1,-1,STRAIGHT;\nEND EDGES\n"), "Index buiten bereik (regel 14)", 2);
     ExpectError(idexToNen, Idex(std::string(points) + "-1,\"C\",1,2,3,\"MV\";\n"), "Index buiten bereik (regel 10)", 2);
@@ -216,38 +215,38 @@ TEST_F(BadInput, WhatStoodBeforeAnErrorOfTheReaderIsWritten) {
 }
 
 TEST_F(BadInput, APointNumberOfTwoThousandMillionCostsNoMoreThanOne) {
-    TranslateBytes(idexToNen, Idex("POINTS (PointNo,East,Code)\n2000000000,1,\"MV\";\n1,2,\"MV\";\nEND POINTS\n"
-                                   "LINES (LineNo,Code)\n1,\"MUUR\";\nEDGES (LineNo,StartPt,EndPt,LINETYPE)\n"
-                                   "1,2000000000,1,STRAIGHT;\nEND EDGES\nEND LINES\n"));
-    EXPECT_EQ(LogFile().ErrorCount(), 0);
-    EXPECT_EQ(TheDrawing().Edges[1].StartPt, 1);
-    EXPECT_EQ(TheAccount()[ObjectKind::Point].read, 2);
+    TranslateToItsEnd(idexToNen, Idex("POINTS (PointNo,East,Code)\n2000000000,1,\"MV\";\n1,2,\"MV\";\nEND POINTS\n"
+                                      "LINES (LineNo,Code)\n1,\"MUUR\";\nEDGES (LineNo,StartPt,EndPt,LINETYPE)\n"
+                                      "1,2000000000,1,STRAIGHT;\nEND EDGES\nEND LINES\n"));
+    EXPECT_EQ(last->problems.errors, 0);
+    EXPECT_EQ(last->drawing.Edges[1].StartPt, 1);
+    EXPECT_EQ(last->account[ObjectKind::Point].read, 2);
 }
 
 TEST_F(BadInput, PointNumbersThatAreNoNumbersCountAsNought) {
-    TranslateBytes(idexToNen,
-                   Idex("POINTS (PointNo,East,Code)\nacht,1,\"MV\";\n,2,\"MV\";\n7x,3,\"MV\";\nEND POINTS\n"));
-    EXPECT_EQ(LogFile().ErrorCount(), 0);
-    EXPECT_EQ(TheDrawing().Points[1].PointNo, 0);
-    EXPECT_EQ(TheDrawing().Points[2].PointNo, 2);
-    EXPECT_EQ(TheDrawing().Points[3].PointNo, 7);
+    TranslateToItsEnd(idexToNen,
+                      Idex("POINTS (PointNo,East,Code)\nacht,1,\"MV\";\n,2,\"MV\";\n7x,3,\"MV\";\nEND POINTS\n"));
+    EXPECT_EQ(last->problems.errors, 0);
+    EXPECT_EQ(last->drawing.Points[1].PointNo, 0);
+    EXPECT_EQ(last->drawing.Points[2].PointNo, 2);
+    EXPECT_EQ(last->drawing.Points[3].PointNo, 7);
 }
 
 TEST_F(BadInput, ARowOfTenMegabytesIsARowLikeAnyOther) {
     std::string longName;
     longName.resize(10'000'000, 'a');
-    TranslateBytes(idexToNen, Idex(std::string(points) + "3,\"" + longName + "\",1,2,3,\"MV\";\nEND POINTS\n"));
-    EXPECT_EQ(TheDrawing().Points.UpperBound(), 3);
-    EXPECT_EQ(TheDrawing().Points[3].PointID.View(), u"AAAAAAAAA");
-    TranslateBytes(nenToIdex, longName);
-    EXPECT_TRUE(TheRun().outcome.wrongFormat);
+    TranslateToItsEnd(idexToNen, Idex(std::string(points) + "3,\"" + longName + "\",1,2,3,\"MV\";\nEND POINTS\n"));
+    EXPECT_EQ(last->drawing.Points.UpperBound(), 3);
+    EXPECT_EQ(last->drawing.Points[3].PointID().View(), u"AAAAAAAAA");
+    TranslateToItsEnd(nenToIdex, longName);
+    EXPECT_TRUE(last->outcome.wrongFormat);
 }
 
 TEST_F(BadInput, RecordsOfTheWrongLengthAreReadAsFarAsTheyGo) {
     const auto pointsAfter = [this](const std::string& line) {
-        TranslateBytes(nenToIdex, Nen(NenPoint() + line + "\r\n" + NenPoint()));
-        EXPECT_EQ(LogFile().ErrorCount(), 0) << line.substr(0, 100);
-        return TheDrawing().Points.UpperBound();
+        TranslateToItsEnd(nenToIdex, Nen(NenPoint() + line + "\r\n" + NenPoint()));
+        EXPECT_EQ(last->problems.errors, 0) << line.substr(0, 100);
+        return last->drawing.Points.UpperBound();
     };
     const std::string geometry = "04I1        X     3000Y     4000";
     const std::string head = Record("03MQ22      G0101", "00");
@@ -265,9 +264,9 @@ TEST_F(BadInput, RecordsOfTheWrongLengthAreReadAsFarAsTheyGo) {
 }
 
 TEST_F(BadInput, CoordinatesWithLettersCountAsTheirLeadingNumber) {
-    TranslateBytes(nenToIdex, Nen(Record("03MQ22      G0101", "00") + Record("04I1        X  12x3456Yonbekend")));
-    EXPECT_EQ(TheDrawing().Points[1].East, 0.012);
-    EXPECT_EQ(TheDrawing().Points[1].North, 0);
+    TranslateToItsEnd(nenToIdex, Nen(Record("03MQ22      G0101", "00") + Record("04I1        X  12x3456Yonbekend")));
+    EXPECT_EQ(last->drawing.Points[1].East, 0.012);
+    EXPECT_EQ(last->drawing.Points[1].North, 0);
 }
 
 TEST_F(BadInput, AnOutputThatFailsBalancesToo) {
@@ -275,21 +274,21 @@ TEST_F(BadInput, AnOutputThatFailsBalancesToo) {
     const Text nen = folder.Write("a.nen", Nen(NenPoint()));
     AnswerAlways(Answer::No);
     for (const Text& output : {folder / "nergens/uit", Text(u"/dev/full"), folder / ""}) {
-        for (const int mode : {idexToNen, idexToSuf}) {
+        for (const Mode mode : {idexToNen, idexToSuf}) {
             Translate(mode, idex, output);
-            EXPECT_TRUE(TheRun().outcome.outputFailed);
-            EXPECT_EQ(TheAccount()[ObjectKind::Point].read, 2);
+            EXPECT_TRUE(last->outcome.outputFailed);
+            EXPECT_EQ(last->account[ObjectKind::Point].read, 2);
         }
-        for (const int mode : {nenToIdex, sufToIdex}) {
+        for (const Mode mode : {nenToIdex, sufToIdex}) {
             Translate(mode, nen, output);
-            EXPECT_TRUE(TheRun().outcome.outputFailed);
-            EXPECT_EQ(TheAccount()[ObjectKind::Point].read, 1);
+            EXPECT_TRUE(last->outcome.outputFailed);
+            EXPECT_EQ(last->account[ObjectKind::Point].read, 1);
         }
     }
 }
 
 TEST_F(BadInput, ARunThatIsEndedBalancesToo) {
-    LoadProjectFile(folder.Write("t.nst", RandomTable()));
+    LoadTable(RandomTable());
     const Text idex = folder.Write("a.idx", SomeDrawing().AsIdex());
     Translate(idexToNen, idex, folder / "a.sfn");
     AnswerAlways(Answer::No);

@@ -3,36 +3,36 @@
 #include <string>
 
 #include "host/modFileHandling.h"
-#include "run/TranslateFiles.h"
-#include "tests/support/ProgramState.h"
+#include "tests/run/RunTest.h"
 
 namespace korvande::testing {
 
-// Modes by their place in the mode list.
-inline constexpr int idexToNen = 0;
-inline constexpr int idexToSuf = 1;
-inline constexpr int nenToIdex = 2;
-inline constexpr int sufToIdex = 3;
+inline constexpr Mode allModes[] = {idexToNen, idexToSuf, nenToIdex, sufToIdex};
 
-// Whole runs over files, without a front end. After each of them the account must balance.
-class FileRunTest : public ProgramTest {
+// Whole runs without a front end. After each of them the account must balance.
+class FileRunTest : public RunTest {
  protected:
-    void Translate(int mode, const Text& input, const Text& output) {
-        const bool isFromIdex = mode == idexToNen || mode == idexToSuf;
-        RunValues& run = TheRun();
-        frmKORVANDE().cboXlateMode.index = mode;
-        run.XlateDirection = isFromIdex ? fromIdex : toIdex;
-        run.IdexFileName = isFromIdex ? input : output;
-        run.SufNenFileName = isFromIdex ? output : input;
-        run.LogFileName = logName;
-        run.withDiagnosticFiles = false;
+    // From file to file.
+    Translation& Translate(Mode mode, const Text& from, const Text& to) {
         // A file that is not there yet costs the disk less than one that is emptied.
-        if (IsRegularFileOrMissing(output)) DeleteFileAt(output);
+        if (IsRegularFileOrMissing(to)) DeleteFileAt(to);
+        return Run(Begin(mode, from, to));
+    }
+
+    // From bytes to bytes.
+    Translation& TranslateBytes(Mode mode, std::string_view bytes) { return Run(BeginInMemory(mode, bytes)); }
+
+    // Loads the control table that the random drawings have their codes of.
+    void LoadTable(std::string_view bytes) { LoadProjectBytes(screen, project, bytes); }
+
+ private:
+    Translation& Run(Translation& translation) const {
         DeleteFileAt(logName);
-        SaveGridData();
-        EXPECT_TRUE(TranslateFiles());
-        EXPECT_TRUE(TheAccount().Balances()) << ToUtf8(input) << " in mode " << mode << "\n"
-                                             << ToUtf8(TheAccount().Summary());
+        EXPECT_TRUE(TranslateFiles(translation));
+        EXPECT_TRUE(translation.account.Balances())
+            << ToUtf8(translation.modeText) << " of " << ToUtf8(InputName(translation)) << "\n"
+            << ToUtf8(translation.account.Summary());
+        return translation;
     }
 };
 

@@ -77,74 +77,79 @@ bool IsWrittenLine(const RandomCode& code) { return code.type == "LIJN" || code.
 
 class RoundTrip : public FileRunTest {
  protected:
-    RoundTrip() { LoadProjectFile(folder.Write("t.nst", RandomTable())); }
+    RoundTrip() { LoadTable(RandomTable()); }
 
-    struct Options {
+    struct Choice {
         bool withHeight = false;
         bool withNames = false;
         bool withUnknowns = false;
     };
 
-    static Options TakeOptions(unsigned seed) {
-        const Options options{seed % 2 == 0, seed % 3 != 0, seed % 5 == 0};
-        FormKORVANDE& form = frmKORVANDE();
-        form.chkExport3D = options.withHeight;
-        form.chkExportPointnoAsField = options.withNames;
-        form.chkExportUnknowns = form.chkImportUnknowns = options.withUnknowns;
-        form.chkExportSymRotation = form.chkImportSymRotation = seed % 7 == 0;
-        return options;
+    Choice Choose(unsigned seed) {
+        const Choice choice{seed % 2 == 0, seed % 3 != 0, seed % 5 == 0};
+        options.chkExport3D = choice.withHeight;
+        options.chkExportPointnoAsField = choice.withNames;
+        options.chkExportUnknowns = options.chkImportUnknowns = choice.withUnknowns;
+        options.chkExportSymRotation = options.chkImportSymRotation = seed % 7 == 0;
+        return choice;
     }
 
     // The part of a drawing that its translation carries over and that must come back.
-    static Content Carried(const RandomDrawing& drawing, const Options& options) {
+    static Content Carried(const RandomDrawing& drawing, const Choice& choice) {
         Content content;
         for (const auto& point : drawing.points) {
             const RandomCode* const code = Find(PointCodesOfTable(), point.code);
             if (code == nullptr || !IsWrittenPoint(*code)) continue;
-            content.points.insert({PlaceOf(point, options.withHeight),
-                                   options.withNames ? ToCapitals(point.name) : std::string(), point.code,
+            content.points.insert({PlaceOf(point, choice.withHeight),
+                                   choice.withNames ? ToCapitals(point.name) : std::string(), point.code,
                                    code->description});
         }
         for (const auto& edge : drawing.edges) {
             const RandomCode* const code = Find(LineCodesOfTable(), CodeOfLine(drawing, edge.line));
             const bool isStraight = edge.type == "STRAIGHT" || edge.type.starts_with("CURVE_");
             if (code == nullptr || !isStraight || !IsWrittenLine(*code)) continue;
-            content.segments.insert({code->liscad, PlaceOf(drawing.points[edge.start], options.withHeight),
-                                     PlaceOf(drawing.points[edge.end], options.withHeight)});
+            content.segments.insert({code->liscad, PlaceOf(drawing.points[edge.start], choice.withHeight),
+                                     PlaceOf(drawing.points[edge.end], choice.withHeight)});
         }
         for (const auto& label : drawing.labels) {
             const bool isKnown = Find(TextCodesOfTable(), label.layer) != nullptr;
             if (!isKnown || label.text.size() > 40) continue;
-            content.texts[{PlaceOf(drawing.points[label.anchor], options.withHeight), label.text}] =
+            content.texts[{PlaceOf(drawing.points[label.anchor], choice.withHeight), label.text}] =
                 static_cast<double>(label.direction) / 1000;
         }
         return content;
     }
 
     // What an IDEX file holds, by the reader of such files.
-    static Content ContentOf(const Text& idexFile) {
-        TheRun().IdexFileName = idexFile;
-        ReadIdexFile();
+    Content ContentOf(std::string_view idex) {
+        ReadIdexFile(BeginInMemory(idexToNen, idex));
         Content content;
-        const Drawing& drawing = TheDrawing();
+        const Drawing& drawing = last->drawing;
         for (std::int32_t i = 1; i <= drawing.Points.UpperBound(); ++i) {
             const PointRec& point = drawing.Points[i];
-            content.points.insert({PlaceOf(point), ToWindows1252(point.PointID.Trimmed()),
-                                   ToWindows1252(point.Code.Trimmed()), ToWindows1252(point.Description.Trimmed())});
+            content.points.insert({PlaceOf(point), ToWindows1252(point.PointID().Trimmed()),
+                                   ToWindows1252(drawing.Code(point).Trimmed()),
+                                   ToWindows1252(drawing.Description(point).Trimmed())});
         }
         for (std::int32_t i = 1; i <= drawing.Edges.UpperBound(); ++i) {
             const EdgeRec& edge = drawing.Edges[i];
-            if (edge.LineType.Trimmed() != u"STRAIGHT") continue;
-            content.segments.insert({ToWindows1252(drawing.Lines[edge.LineNo].Code.Trimmed()),
+            if (drawing.LineType(edge).Trimmed() != u"STRAIGHT") continue;
+            content.segments.insert({ToWindows1252(drawing.Code(drawing.Lines[edge.LineNo]).Trimmed()),
                                      PlaceOf(drawing.Points[edge.StartPt]), PlaceOf(drawing.Points[edge.EndPt])});
         }
         for (std::int32_t i = 1; i <= drawing.Texts.UpperBound(); ++i) {
             const TextRec& text = drawing.Texts[i];
             const PointRec& anchor = drawing.Points[drawing.PointIndex.Find(text.AnchorPointNo)];
-            content.texts[{PlaceOf(anchor), ToWindows1252(text.Text.Trimmed())}] =
+            content.texts[{PlaceOf(anchor), ToWindows1252(text.Characters().Trimmed())}] =
                 static_cast<double>(text.HzDirection);
         }
         return content;
+    }
+
+    std::string Translated(Mode mode, const std::string& bytes) {
+        const Translation& translation = TranslateBytes(mode, bytes);
+        EXPECT_FALSE(translation.outcome.Failed());
+        return translation.outputBytes;
     }
 
     static std::string CodeOfLine(const RandomDrawing& drawing, std::int32_t number) {
@@ -154,18 +159,16 @@ class RoundTrip : public FileRunTest {
         return {};
     }
 
-    void ExpectTheDrawingToComeBack(unsigned seed, int there, int back) {
-        const Options options = TakeOptions(seed);
+    void ExpectTheDrawingToComeBack(unsigned seed, Mode there, Mode back) {
+        const Choice choice = Choose(seed);
         const RandomDrawing drawing(seed);
-        const Text original = folder.Write("heen.idx", drawing.AsIdex());
-        Translate(there, original, folder / "heen.sfn");
-        EXPECT_FALSE(TheRun().outcome.Failed());
-        EXPECT_EQ(TheDrawing().Points.UpperBound(), static_cast<std::int32_t>(drawing.points.size()));
-        Translate(back, folder / "heen.sfn", folder / "terug.idx");
-        EXPECT_FALSE(TheRun().outcome.Failed());
+        const std::string original = drawing.AsIdex();
+        const std::string exchange = Translated(there, original);
+        EXPECT_EQ(last->drawing.Points.UpperBound(), static_cast<std::int32_t>(drawing.points.size()));
+        const std::string cameBack = Translated(back, exchange);
 
-        const Content expected = Carried(drawing, options);
-        const Content actual = ContentOf(folder / "terug.idx");
+        const Content expected = Carried(drawing, choice);
+        const Content actual = ContentOf(cameBack);
         ExpectContained(expected.points, actual.points, "points");
         ExpectContained(expected.segments, actual.segments, "segments");
         for (const auto& [key, direction] : expected.texts) {
@@ -315,8 +318,8 @@ class ExchangeRoundTrip : public RoundTrip {
     }
 
     void ExpectTheFileToComeBack(unsigned seed, bool isNen) {
-        Options options = TakeOptions(seed);
-        frmKORVANDE().chkExportUnknowns = frmKORVANDE().chkImportUnknowns = false;
+        const Choice choice = Choose(seed);
+        options.chkExportUnknowns = options.chkImportUnknowns = false;
         Chance chance(seed);
         ExchangeFile file(isNen);
         Exchanged expected;
@@ -324,7 +327,7 @@ class ExchangeRoundTrip : public RoundTrip {
         for (std::size_t i = 0; i < objects; ++i) {
             if (chance.Once(2)) {
                 const CodeAndPlaces point = {AnyCode(chance, PointCodesOfTable(), IsWrittenPoint),
-                                             {AnyPlace(chance, options.withHeight)}};
+                                             {AnyPlace(chance, choice.withHeight)}};
                 file.Put(point.first, true, point.second);
                 expected.points.insert(point);
                 continue;
@@ -332,18 +335,16 @@ class ExchangeRoundTrip : public RoundTrip {
             const std::string code = AnyCode(chance, LineCodesOfTable(), IsWrittenLine);
             std::vector<Place> vertices;
             const std::size_t count = 2 + chance.Below(20);
-            for (std::size_t j = 0; j < count; ++j) vertices.push_back(AnyPlace(chance, options.withHeight));
+            for (std::size_t j = 0; j < count; ++j) vertices.push_back(AnyPlace(chance, choice.withHeight));
             file.Put(code, false, vertices);
             for (std::size_t j = 1; j < count; ++j) expected.segments.insert({code, {vertices[j - 1], vertices[j]}});
         }
-        const Text original = folder.Write("heen.sfn", file.End());
-        Translate(isNen ? nenToIdex : sufToIdex, original, folder / "heen.idx");
-        EXPECT_FALSE(TheRun().outcome.Failed());
-        Translate(isNen ? idexToNen : idexToSuf, folder / "heen.idx", folder / "terug.sfn");
-        EXPECT_FALSE(TheRun().outcome.Failed());
-        const Exchanged actual = Exchange(FileBytes(folder / "terug.sfn"));
-        EXPECT_TRUE(actual.points == expected.points) << FileBytes(original) << FileBytes(folder / "terug.sfn");
-        EXPECT_TRUE(actual.segments == expected.segments) << FileBytes(original) << FileBytes(folder / "terug.sfn");
+        const std::string original = file.End();
+        const std::string idex = Translated(isNen ? nenToIdex : sufToIdex, original);
+        const std::string cameBack = Translated(isNen ? idexToNen : idexToSuf, idex);
+        const Exchanged actual = Exchange(cameBack);
+        EXPECT_TRUE(actual.points == expected.points) << original << cameBack;
+        EXPECT_TRUE(actual.segments == expected.segments) << original << cameBack;
         carriedPoints += expected.points.size();
         carriedSegments += expected.segments.size();
     }

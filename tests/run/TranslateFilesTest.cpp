@@ -1,5 +1,8 @@
 #include "run/TranslateFiles.h"
 
+#include <utility>
+
+#include "host/modFileHandling.h"
 #include "tests/run/RunTest.h"
 
 namespace korvande::testing {
@@ -8,19 +11,11 @@ namespace {
 
 class TranslateFilesTest : public RunTest {
  protected:
-    void SetNames(std::int16_t direction, const Text& idex, const Text& sufNen) {
-        TheRun().XlateDirection = direction;
-        TheRun().IdexFileName = idex;
-        TheRun().SufNenFileName = sufNen;
-        TheRun().LogFileName = logName;
-        SaveGridData();
-    }
+    TranslateFilesTest() { options.chkExportUnknowns = true; }
 };
 
 TEST_F(TranslateFilesTest, TheLogBookBeginsAndEndsWithNamesModeAndMoments) {
-    TheRun().IdexFileName = u"  C:\\KA\"ART.IDX ";
-    SetNames(fromIdex, TheRun().IdexFileName, u"weg.sfn");
-    EXPECT_TRUE(TranslateFiles());
+    EXPECT_TRUE(TranslateFiles(Begin(idexToNen, u"  C:\\KA\"ART.IDX ", u"weg.sfn")));
     EXPECT_EQ(LogText(),
               "\n"
               "--- LISCAD  -  NEN1878/SUF2 Vertaler Versie:  8.01.064  -  Logboek ---\n"
@@ -38,92 +33,125 @@ TEST_F(TranslateFilesTest, TheLogBookBeginsAndEndsWithNamesModeAndMoments) {
               "     Gereed:     21-11-202603:00:00\n");
 }
 
-TEST_F(TranslateFilesTest, AnInputThatHasDisappearedIsToldAndNoReaderOrWriterRuns) {
-    const Text input = folder / "weg.sfn";
-    SetNames(toIdex, folder / "uit.idx", input);
-    TranslateFiles();
-    EXPECT_EQ(screen.messages,
-              std::vector<std::string>{"Bestand: " + ToUtf8(input) +
-                                       " niet gevonden.\nGebruik [Bladeren...] om het juiste bestand te zoeken."});
-    EXPECT_NE(LogText().find("==>  Bestand: " + ToUtf8(input) + " niet gevonden; verwerking afgebroken.\n"),
-              std::string::npos);
-    EXPECT_FALSE(FileIsThere(folder / "uit.idx"));
-    EXPECT_TRUE(TheRun().outcome.inputUnreadable);
+TEST_F(TranslateFilesTest, TheLogBookTellsTheModeInTheWordsOfTheFrontEnd) {
+    Translation& translation = BeginInMemory(idexToNen, OnePoint());
+    translation.modeText = u"Export NEN1878";
+    TranslateFiles(translation);
+    EXPECT_NE(LogText().find("     Bewerking:  Export NEN1878\n"), std::string::npos);
+    EXPECT_EQ(LogText().find("IDEX >> NEN1878"), std::string::npos);
 }
 
-TEST_F(TranslateFilesTest, TheModesTextDecidesWhichVariantIsReadAndWritten) {
-    frmKORVANDE().cboXlateMode.index = 0;
-    TakeVariantFromMode();
-    EXPECT_TRUE(TheRun().NenMode);
-    EXPECT_TRUE(TheRun().ExportNen);
-    frmKORVANDE().cboXlateMode.index = 3;
-    TakeVariantFromMode();
-    EXPECT_FALSE(TheRun().NenMode);
-    EXPECT_FALSE(TheRun().ExportNen);
-    frmKORVANDE().cboXlateMode = {{u"Export NEN1878"}, 0};
-    TakeVariantFromMode();
-    EXPECT_TRUE(TheRun().ExportNen);
+TEST_F(TranslateFilesTest, AnInputThatHasDisappearedIsToldAndNoReaderOrWriterRuns) {
+    const Text name = folder / "weg.sfn";
+    Translation& translation = Begin(nenToIdex, name, folder / "uit.idx");
+    TranslateFiles(translation);
+    EXPECT_EQ(screen.messages,
+              std::vector<std::string>{"Bestand: " + ToUtf8(name) +
+                                       " niet gevonden.\nGebruik [Bladeren...] om het juiste bestand te zoeken."});
+    EXPECT_NE(LogText().find("==>  Bestand: " + ToUtf8(name) + " niet gevonden; verwerking afgebroken.\n"),
+              std::string::npos);
+    EXPECT_FALSE(FileIsThere(folder / "uit.idx"));
+    EXPECT_TRUE(translation.outcome.inputUnreadable);
+}
+
+TEST_F(TranslateFilesTest, TheModeDecidesWhatIsReadAndWritten) {
+    TranslateFiles(BeginInMemory(idexToNen, OnePoint()));
+    const std::string nen = last->outputBytes;
+    EXPECT_TRUE(nen.starts_with("010NEN1878 ")) << nen;
+    TranslateFiles(BeginInMemory(idexToSuf, OnePoint()));
+    const std::string suf = last->outputBytes;
+    EXPECT_TRUE(suf.starts_with("010           V")) << suf;
+    for (const auto& [mode, exchange] : {std::pair(nenToIdex, nen), std::pair(sufToIdex, suf)}) {
+        TranslateFiles(BeginInMemory(mode, exchange));
+        EXPECT_TRUE(last->outputBytes.starts_with("HEADER\r\n")) << last->outputBytes;
+        EXPECT_EQ(last->account[ObjectKind::Point].written, 1);
+    }
+    EXPECT_TRUE(screen.messages.empty());
 }
 
 TEST_F(TranslateFilesTest, AnErrorThatEscapesTheReaderIsLoggedAndWhatWasReadIsWritten) {
-    std::string drawing = Drawing();
-    drawing.resize(drawing.find("END POINTS"));
-    SetNames(fromIdex, folder.Write("in.idx", drawing), folder / "uit.sfn");
-    TranslateFiles();
+    const std::string drawing = OnePoint();
+    Translation& translation = BeginInMemory(idexToNen, drawing.substr(0, drawing.find("END POINTS")));
+    TranslateFiles(translation);
     const std::string log = LogText();
     EXPECT_NE(log.find("FOUT:  Invoer voorbij het einde van het bestand (regel 8)\n"), std::string::npos) << log;
     EXPECT_NE(log.find(" Punten:            1\n"), std::string::npos) << log;
-    EXPECT_NE(FileBytes(folder / "uit.sfn").find("X121000500Y487000250"), std::string::npos);
-    EXPECT_EQ(LogFile().ErrorCount(), 1);
-    EXPECT_FALSE(TheRun().outcome.Failed());
+    EXPECT_NE(translation.outputBytes.find("X121000500Y487000250"), std::string::npos);
+    EXPECT_EQ(translation.problems.errors, 1);
+    EXPECT_EQ(translation.inputLine, 0);
+    EXPECT_FALSE(translation.outcome.Failed());
 }
 
 TEST_F(TranslateFilesTest, AnErrorThatEscapesTheWriterIsLoggedAndTheFooterFollows) {
-    SetNames(fromIdex, folder.Write("in.idx", Drawing()), u"/dev/full");
-    TranslateFiles();
+    Translation& translation = Begin(idexToNen, folder.Write("in.idx", OnePoint()), u"/dev/full");
+    TranslateFiles(translation);
     const std::string log = LogText();
     EXPECT_NE(log.find("FOUT:  Schijf vol\n"), std::string::npos) << log;
     EXPECT_NE(log.find("     Gereed:     "), std::string::npos) << log;
-    EXPECT_TRUE(TheRun().outcome.outputFailed);
+    EXPECT_TRUE(translation.outcome.outputFailed);
 }
 
 TEST_F(TranslateFilesTest, ALogBookThatCannotBeWrittenDoesNotEndTheRun) {
-    SetNames(fromIdex, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    TheRun().LogFileName = u"/dev/full";
-    EXPECT_TRUE(TranslateFiles());
-    EXPECT_NE(FileBytes(folder / "uit.sfn").find("X121000500Y487000250"), std::string::npos);
-    EXPECT_TRUE(TheRun().outcome.logBookFailed);
+    Translation& translation = BeginInMemory(idexToNen, OnePoint());
+    translation.LogFileName = u"/dev/full";
+    EXPECT_TRUE(TranslateFiles(translation));
+    EXPECT_NE(translation.outputBytes.find("X121000500Y487000250"), std::string::npos);
+    EXPECT_TRUE(translation.outcome.logBookFailed);
     EXPECT_EQ(screen.messages, std::vector<std::string>{"Het logboek kon niet volledig worden geschreven:\n/dev/full"});
 }
 
+TEST_F(TranslateFilesTest, ALogBookThatCannotBeOpenedIsAskedAboutAndAfterCancelNothingIsDone) {
+    screen.answers = {Answer::Retry, Answer::Cancel};
+    Translation& translation = BeginInMemory(idexToNen, OnePoint());
+    translation.LogFileName = folder / "geen map/a.log";
+    EXPECT_FALSE(TranslateFiles(translation));
+    EXPECT_EQ(screen.messages.size(), 2U);
+    EXPECT_TRUE(screen.messages[0].starts_with("Kon bestand: '")) << screen.messages[0];
+    EXPECT_TRUE(translation.outcome.logBookFailed);
+    EXPECT_EQ(translation.outputBytes, "");
+    EXPECT_EQ(translation.account[ObjectKind::Point].read, 0);
+}
+
 TEST_F(TranslateFilesTest, WithoutALogBooksNameNoneIsKept) {
-    SetNames(fromIdex, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    TheRun().LogFileName.clear();
-    EXPECT_TRUE(TranslateFiles());
+    Translation& translation = Begin(idexToNen, folder.Write("in.idx", OnePoint()), folder / "uit.sfn");
+    translation.LogFileName.clear();
+    EXPECT_TRUE(TranslateFiles(translation));
     EXPECT_EQ(folder.Listing(), "in.idx uit.sfn");
 }
 
-TEST_F(TranslateFilesTest, ASecondRunBeginsWithAnEmptyDrawingAndFreshCounts) {
-    SetNames(fromIdex, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    TranslateFiles();
-    const std::string first = FileBytes(folder / "uit.sfn");
+TEST_F(TranslateFilesTest, FilesAreTranslatedAsTheirBytesAre) {
+    const Text name = folder.Write("in.idx", OnePoint());
+    TranslateFiles(Begin(idexToNen, name, folder / "uit.sfn"));
+    const std::string fromFile = FileBytes(folder / "uit.sfn");
+    const std::string log = LogText();
+    Translation& translation = BeginInMemory(idexToNen, OnePoint());
+    translation.IdexFileName = name;
+    translation.SufNenFileName = folder / "uit.sfn";
+    ASSERT_TRUE(DeleteFileAt(name));
+    ASSERT_TRUE(DeleteFileAt(folder / "uit.sfn"));
+    EXPECT_TRUE(TranslateFiles(translation));
+    EXPECT_EQ(translation.outputBytes, fromFile);
+    EXPECT_EQ(LogText(), log);
+    EXPECT_EQ(folder.Listing(), "test.log");
+}
+
+TEST_F(TranslateFilesTest, ASecondTranslationBeginsWithAnEmptyDrawingAndFreshCounts) {
+    TranslateFiles(BeginInMemory(idexToNen, OnePoint()));
+    const std::string first = last->outputBytes;
     const std::string firstLog = LogText();
-    SaveGridData();
-    TranslateFiles();
-    EXPECT_EQ(FileBytes(folder / "uit.sfn"), first);
+    TranslateFiles(BeginInMemory(idexToNen, OnePoint()));
+    EXPECT_EQ(last->outputBytes, first);
     EXPECT_EQ(LogText(), firstLog);
+    EXPECT_NE(first.find("X121000500Y487000250"), std::string::npos);
 }
 
 TEST_F(TranslateFilesTest, TheAccountOfARunBalances) {
-    SetNames(fromIdex, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    TranslateFiles();
-    EXPECT_TRUE(TheAccount().Balances());
-    EXPECT_EQ(TheAccount()[ObjectKind::Point].written, 1);
-    frmKORVANDE().cboXlateMode.index = 2;
-    SetNames(toIdex, folder / "terug.idx", folder / "uit.sfn");
-    TranslateFiles();
-    EXPECT_TRUE(TheAccount().Balances());
-    EXPECT_EQ(TheAccount()[ObjectKind::Point].written, 1);
+    TranslateFiles(BeginInMemory(idexToNen, OnePoint()));
+    EXPECT_TRUE(last->account.Balances());
+    EXPECT_EQ(last->account[ObjectKind::Point].written, 1);
+    TranslateFiles(BeginInMemory(nenToIdex, last->outputBytes));
+    EXPECT_TRUE(last->account.Balances());
+    EXPECT_EQ(last->account[ObjectKind::Point].written, 1);
 }
 
 }  // namespace

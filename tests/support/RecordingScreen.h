@@ -10,7 +10,7 @@
 namespace korvande::testing {
 
 // A screen that records what it was asked to show (in UTF-8) and answers message boxes from a list; when the list is
-// empty, with OK for a box that has only that button and with Cancel for any other. It is in use as long as it lives.
+// empty, with OK for a box that has only that button and with Cancel for any other.
 class RecordingScreen : public Screen {
  public:
     std::vector<std::string> statuses;
@@ -56,9 +56,6 @@ class RecordingScreen : public Screen {
         if (printerWorks) printed = makePages(linesPerPage);
         return printerWorks;
     }
-
- private:
-    ScreenInUse inUse{*this};
 };
 
 }  // namespace korvande::testing

@@ -1,11 +1,11 @@
-#include "run/CodeStatistics.h"
+#include "translation/CodeStatistics.h"
 
-#include "tests/support/ProgramState.h"
+#include "tests/support/TranslationState.h"
 
 namespace korvande::testing {
 namespace {
 
-class CodeStatistics : public ProgramTest {
+class CodeStatistics : public TranslationTest {
  protected:
     CodeStatistics() { OpenLog(); }
 
@@ -18,17 +18,17 @@ class CodeStatistics : public ProgramTest {
     }
 
     std::string Statistics(NoneFor noneFor) {
-        WriteCodeStatistics(u"Geïmporteerde", noneFor);
+        WriteCodeStatistics(translation.log, translation.codes, u"Geïmporteerde", noneFor);
         return LogText();
     }
 };
 
 TEST_F(CodeStatistics, UsedRowsAreListedByTheirLiscadCodeInTheOrderOfTheTable) {
-    AddRow(LineCodes(), u"MUUR", u"Muur", 1234567);
-    AddRow(LineCodes(), u"KANT", u"Kant", 0);
-    AddRow(LineCodes(), u"1234567", Text(43, u'x'), 1);
-    AddRow(PointCodes(), u"BOOM", u"Boom", 12);
-    AddRow(TextCodes(), u"NAAM", u"Straatnaam", 2);
+    AddRow(translation.codes.lines, u"MUUR", u"Muur", 1234567);
+    AddRow(translation.codes.lines, u"KANT", u"Kant", 0);
+    AddRow(translation.codes.lines, u"1234567", Text(43, u'x'), 1);
+    AddRow(translation.codes.points, u"BOOM", u"Boom", 12);
+    AddRow(translation.codes.texts, u"NAAM", u"Straatnaam", 2);
     EXPECT_EQ(Statistics(NoneFor::TablesWithoutUsedRows),
               "\n"
               "Geïmporteerde lijnobjecten:\n"
@@ -43,15 +43,15 @@ TEST_F(CodeStatistics, UsedRowsAreListedByTheirLiscadCodeInTheOrderOfTheTable) {
 }
 
 TEST_F(CodeStatistics, TheUnknownRowIsListedLikeAnyOther) {
-    PointCodes().rows[0].Count = 3;
+    translation.codes.points.rows[0].Count = 3;
     EXPECT_NE(Statistics(NoneFor::TablesWithoutRows)
                   .find("puntobjecten:\nSTANDRD = ONBEKEND PUNTOBJECT                         3 maal\n"),
               std::string::npos);
 }
 
 TEST_F(CodeStatistics, GeenForTablesWithoutUsedRows) {
-    PointCodes().rows[0].Count = 1;
-    TextCodes().rows.clear();
+    translation.codes.points.rows[0].Count = 1;
+    translation.codes.texts.rows.clear();
     EXPECT_EQ(Statistics(NoneFor::TablesWithoutUsedRows),
               "\n"
               "Geïmporteerde lijnobjecten:\n"
@@ -65,7 +65,7 @@ TEST_F(CodeStatistics, GeenForTablesWithoutUsedRows) {
 }
 
 TEST_F(CodeStatistics, GeenForTablesWithoutRowsOnly) {
-    TextCodes().rows.clear();
+    translation.codes.texts.rows.clear();
     EXPECT_EQ(Statistics(NoneFor::TablesWithoutRows),
               "\n"
               "Geïmporteerde lijnobjecten:\n"

@@ -1,4 +1,4 @@
-#include "run/ObjectAccount.h"
+#include "translation/ObjectAccount.h"
 
 #include <gtest/gtest.h>
 
@@ -39,6 +39,16 @@ TEST(ObjectAccount, TheSummaryTellsEachKindThatOccurs) {
               "Punten: 3 gelezen, 3 geschreven, 0 weggelaten\n"
               "Lijnsegmenten: 4 gelezen, 2 geschreven, 2 weggelaten (1 ander lijntype, 1 verwijst naar niets)\n"
               "Veelhoeken: 2 gelezen, 0 geschreven, 2 weggelaten (2 wordt niet vertaald)\n");
+}
+
+TEST(ObjectAccount, WhatWasKeptIsWrittenOnceToldSo) {
+    ObjectAccount account;
+    account[ObjectKind::Point] = {.read = 5, .kept = 3, .written = 1};
+    account[ObjectKind::Arc] = {.read = 2, .kept = 2};
+    account.KeptAreWritten();
+    EXPECT_EQ(account[ObjectKind::Point].written, 4);
+    EXPECT_EQ(account[ObjectKind::Arc].written, 2);
+    EXPECT_EQ(account[ObjectKind::TextObject].written, 0);
 }
 
 TEST(ObjectAccount, EveryReasonHasItsWords) {

@@ -1,20 +1,21 @@
-#include "run/UnknownObjects.h"
+#include "translation/UnknownObjects.h"
 
-#include "tests/support/ProgramState.h"
+#include "tests/support/TranslationState.h"
 
 namespace korvande::testing {
 namespace {
 
-class UnknownObjects : public ProgramTest {
+class UnknownObjects : public TranslationTest {
  protected:
     UnknownObjects() { OpenLog(); }
 
-    static void Met(TextView tableLetterAndCode, int times = 1) {
-        for (int i = 0; i < times; ++i) CountUnknownCode(MakeFixedText<8>(tableLetterAndCode));
+    void Met(TextView tableLetterAndCode, int times = 1) {
+        const auto code = MakeFixedText<8>(tableLetterAndCode);
+        for (int i = 0; i < times; ++i) CountUnknownCode(translation.unknowns, code);
     }
 
     std::string Overview() {
-        WriteUnknownObjectOverview();
+        WriteUnknownObjectOverview(translation.log, translation.unknowns);
         return LogText();
     }
 };
@@ -88,8 +89,8 @@ TEST_F(UnknownObjects, TablesAndCodesAreSorted) {
               "Tekstelementen:    A      (1)     B      (1)\n"
               "\n"
               "\n");
-    EXPECT_EQ(TheDrawing().UnknownCodes.Entries()[3].Code.TrimmedRight(), u"PZ") << "the tally itself is sorted";
-    EXPECT_EQ(TheDrawing().UnknownCodes.Entries()[3].Count, 2);
+    EXPECT_EQ(translation.unknowns.Entries()[3].Code.TrimmedRight(), u"PZ") << "the tally itself is sorted";
+    EXPECT_EQ(translation.unknowns.Entries()[3].Count, 2);
 }
 
 TEST_F(UnknownObjects, EveryTableBeginsAtColumn20Again) {
@@ -119,24 +120,22 @@ TEST_F(UnknownObjects, ACodeOfSevenCharactersIsWrittenInFull) {
 }
 
 TEST_F(UnknownObjects, AnEntryThatPassesTheNextColumnSendsTheNextOneToANewLine) {
-    Met(u"PA");
+    Met(u"PA", 1'234'567);
     Met(u"PB");
-    TheDrawing().UnknownCodes.Entries()[0].Count = 12345678;
     EXPECT_EQ(Overview(),
               "\n"
               "Overzicht onbekende objecten:\n"
               "\n"
               "\n"
-              "Puntobjecten:      A      (12345678)\n"
+              "Puntobjecten:      A      (1234567)\n"
               "                   B      (1)\n"
               "\n"
               "\n");
 }
 
 TEST_F(UnknownObjects, AnEntryThatJustReachesTheNextColumnStaysOnItsLine) {
-    Met(u"PA");
+    Met(u"PA", 123'456);
     Met(u"PB");
-    TheDrawing().UnknownCodes.Entries()[0].Count = 123456;
     EXPECT_NE(Overview().find("Puntobjecten:      A      (123456)B      (1)\n"), std::string::npos);
 }
 
@@ -145,7 +144,7 @@ TEST_F(UnknownObjects, TheTallyGoesOnCountingAfterTheOverview) {
     Met(u"PA");
     Overview();
     Met(u"PZ");
-    const auto& entries = TheDrawing().UnknownCodes.Entries();
+    const auto& entries = translation.unknowns.Entries();
     ASSERT_EQ(entries.size(), 2U);
     EXPECT_EQ(entries[0].Count, 1);
     EXPECT_EQ(entries[1].Count, 2);

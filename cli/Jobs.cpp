@@ -1,0 +1,73 @@
+#include "cli/Jobs.h"
+
+#include <unordered_set>
+
+#include "host/modFileHandling.h"
+#include "translation/Translation.h"
+
+namespace korvande {
+
+namespace {
+
+Job JobFor(const TranslateOptions& options, const ModeNames& mode, const std::string& file) {
+    Job job;
+    job.input = FromUtf8(file);
+    if (!options.outputFolder.empty()) {
+        const Text name = FileNameOf(job.input);
+        const std::size_t dot = name.rfind(u'.');
+        const Text stem = name.substr(0, dot == 0 ? Text::npos : dot);
+        job.output = Concat(FolderWithSeparator(FromUtf8(options.outputFolder)), stem, u".", mode.extension);
+    } else {
+        job.output = options.files.size() > 1 ? FromUtf8(options.files[1])
+                                              : WithLastThreeReplaced(job.input, mode.derivedExtension);
+    }
+    if (options.withoutLogBook) return job;
+    job.logBook = options.logBook.empty() ? WithLastThreeReplaced(job.output, u"LOG") : FromUtf8(options.logBook);
+    return job;
+}
+
+}  // namespace
+
+std::vector<Job> JobsFor(const TranslateOptions& options, const ModeNames& mode) {
+    if (options.files.empty()) throw UsageError{u"Er ontbreekt een invoerbestand."};
+    if (options.withoutLogBook && !options.logBook.empty()) {
+        throw UsageError{u"--logboek en --geen-logboek gaan niet samen."};
+    }
+    if (options.outputFolder.empty() && options.files.size() > 2) {
+        throw UsageError{u"Te veel bestanden; gebruik --uitvoermap om er meer te vertalen."};
+    }
+    if (!options.outputFolder.empty() && options.files.size() > 1 && !options.logBook.empty()) {
+        throw UsageError{u"--logboek gaat samen met een invoerbestand; elk bestand krijgt zijn eigen logboek."};
+    }
+    const std::size_t inputs = options.outputFolder.empty() ? 1 : options.files.size();
+    std::vector<Job> jobs;
+    for (std::size_t i = 0; i < inputs; ++i) jobs.push_back(JobFor(options, mode, options.files[i]));
+    return jobs;
+}
+
+void RefuseClashes(const std::vector<Job>& jobs, const std::string& project) {
+    const auto refuse = [](TextView what, TextView name) {
+        throw UsageError{Concat(what, u" zijn hetzelfde bestand:\n", name)};
+    };
+    std::unordered_set<std::string> inputs;
+    for (const Job& job : jobs) inputs.insert(FileIdentity(job.input));
+    const std::string table = project.empty() ? std::string() : FileIdentity(FromUtf8(project));
+    std::unordered_set<std::string> written;
+    for (const Job& job : jobs) {
+        const std::string output = FileIdentity(job.output);
+        if (inputs.contains(output)) refuse(u"Invoer en uitvoer", job.output);
+        if (output == table) refuse(u"Controletabel en uitvoer", job.output);
+        if (!written.insert(output).second) {
+            throw UsageError{Concat(u"Meer dan een invoerbestand krijgt deze uitvoer:\n", job.output)};
+        }
+    }
+    for (const Job& job : jobs) {
+        if (job.logBook.empty()) continue;
+        const std::string logBook = FileIdentity(job.logBook);
+        if (inputs.contains(logBook)) refuse(u"Invoer en logboek", job.logBook);
+        if (logBook == table) refuse(u"Controletabel en logboek", job.logBook);
+        if (!written.insert(logBook).second) refuse(u"Uitvoer en logboek", job.logBook);
+    }
+}
+
+}  // namespace korvande

@@ -1,0 +1,81 @@
+#include "cli/OptionValues.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "cli/Arguments.h"
+#include "core/Numbers.h"
+#include "core/RuntimeError.h"
+
+namespace korvande {
+
+namespace {
+
+[[noreturn]] void RefuseValue(TextView option, const std::string& value, TextView wanted) {
+    throw UsageError{Concat(u"Ongeldige waarde bij ", option, u": ", FromUtf8(value), u" (", wanted, u")")};
+}
+
+// Takes four numbers separated by commas, in the order of the option: the minima, then the maxima. False when they are
+// no rectangle.
+bool TakeRectangle(std::string_view value, Options& options) {
+    const std::array<Text*, 4> boxes = {&options.txtMinX, &options.txtMinY, &options.txtMaxX, &options.txtMaxY};
+    std::array<double, 4> metres{};
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        const std::size_t end = std::min(value.find(','), value.size());
+        const bool isLast = i + 1 == boxes.size();
+        const std::string_view number = value.substr(0, end);
+        if (!IsNumber(number) || (end == value.size()) != isLast) return false;
+        metres[i] = LeadingNumber(number);
+        *boxes[i] = FromUtf8(number);
+        value.remove_prefix(std::min(end + 1, value.size()));
+    }
+    return metres[0] <= metres[2] && metres[1] <= metres[3];
+}
+
+}  // namespace
+
+Mode ModeOf(const std::string& name) {
+    if (name.empty()) throw UsageError{u"Er ontbreekt een optie: --modus"};
+    const Text text = FromUtf8(name);
+    const std::optional<Mode> mode = FindMode(text);
+    // What a mode is called in the window of a conversion that LISCAD asked for is no name of it here.
+    if (!mode || text == NamesOf(*mode).commandLineText) {
+        RefuseValue(u"--modus", name, u"idex-nen1878, idex-suf2, nen1878-idex of suf2-idex");
+    }
+    return *mode;
+}
+
+bool YesOrNo(TextView option, const std::string& value) {
+    if (value != "ja" && value != "nee") RefuseValue(option, value, u"ja of nee");
+    return value == "ja";
+}
+
+std::optional<Answer> FixedAnswer(const std::string& value) {
+    if (value.empty()) return {};
+    if (value == "ja") return Answer::Yes;
+    if (value == "nee") return Answer::No;
+    if (value == "annuleren") return Answer::Cancel;
+    RefuseValue(u"--antwoord", value, u"ja, nee of annuleren");
+}
+
+void TakeSelection(const std::string& value, Options& options) {
+    bool isRectangle = false;
+    try {
+        isRectangle = TakeRectangle(value, options);
+    } catch (const RuntimeError&) {  // a number beyond all bounds
+        isRectangle = false;
+    }
+    if (!isRectangle) RefuseValue(u"--selectie", value, u"MINX,MINY,MAXX,MAXY in meters");
+    options.chkSelectXY = true;
+}
+
+void TakeSource(const std::string& value, Options& options) {
+    constexpr int last = static_cast<int>(sourceKinds.size()) - 1;
+    if (value.size() != 1 || value[0] < '0' || value[0] > '0' + last) {
+        RefuseValue(u"--bronvermelding", value, u"0 tot en met 5");
+    }
+    options.lstSource = value[0] - '0';
+}
+
+}  // namespace korvande

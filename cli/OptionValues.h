@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/Text.h"
+#include "core/modScreen.h"
+#include "project/Options.h"
+#include "translation/Mode.h"
+
+// The values of the options of `vertaal`. A value that is none is a UsageError.
+namespace korvande {
+
+// The mode of a short name or a text of the mode list.
+Mode ModeOf(const std::string& name);
+
+// "ja" or "nee" behind this option.
+bool YesOrNo(TextView option, const std::string& value);
+
+// The answer to every question; nothing when none was given.
+std::optional<Answer> FixedAnswer(const std::string& value);
+
+// The rectangle that limits an import, and the source kind of the G field.
+void TakeSelection(const std::string& value, Options& options);
+void TakeSource(const std::string& value, Options& options);
+
+}  // namespace korvande

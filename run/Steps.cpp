@@ -1,0 +1,72 @@
+#include "run/Steps.h"
+
+#include "core/RuntimeError.h"
+#include "host/modFileHandling.h"
+#include "idex/modExportIDEX.h"
+#include "idex/modImportIDEX.h"
+#include "nensuf/modExportSUFNEN.h"
+#include "nensuf/modImportSUFNEN.h"
+#include "translation/Translation.h"
+
+namespace korvande {
+
+namespace {
+
+void ReportVanishedInput(Translation& translation, TextView name) {
+    translation.outcome.inputUnreadable = true;
+    ShowMessage(translation.screen,
+                Concat(u"Bestand: ", name, u" niet gevonden.\nGebruik [Bladeren...] om het juiste bestand te zoeken."));
+    translation.log.WriteLine(Concat(u"==>  Bestand: ", name, u" niet gevonden; verwerking afgebroken."));
+}
+
+void RunStep(Translation& translation, void (*step)(Translation&)) {
+    try {
+        step(translation);
+    } catch (const std::exception&) {
+        Report(translation, EscapedError(CurrentError()));
+    }
+    translation.inputLine = 0;
+}
+
+void RunSteps(Translation& translation) {
+    const Text& input = InputName(translation);
+    if (!translation.inputBytes && !FileExistsAt(input)) return ReportVanishedInput(translation, input);
+    const bool isFromIdex = translation.mode.direction == Direction::FromIdex;
+    RunStep(translation, isFromIdex ? ReadIdexFile : ImportNenSuf);
+    RunStep(translation, isFromIdex ? ExportSufNen : WriteIdexFile);
+}
+
+// What a step that ended early left in the output's buffer is written too.
+void CloseOutput(Translation& translation) {
+    try {
+        if (translation.output.IsOpen()) translation.output.Close();
+    } catch (const RuntimeError& error) {
+        Report(translation, EscapedError(error));
+    }
+    if (translation.output.HasFailed()) translation.outcome.outputFailed = true;
+}
+
+// In a run that failed, what was read and did not get into an output was left out by that.
+void AccountForTheRest(Translation& translation) {
+    if (!translation.outcome.Failed()) return;
+    for (std::size_t i = 0; i < objectKinds; ++i) {
+        const auto kind = static_cast<ObjectKind>(i);
+        const KindAccount& account = translation.account[kind];
+        translation.account.Leave(kind, LeftOut::Unfinished, account.read - account.written - account.LeftOutTotal());
+    }
+}
+
+}  // namespace
+
+void ReadAndWrite(Translation& translation) {
+    try {
+        RunSteps(translation);
+    } catch (const TranslationAborted&) {
+        translation.outcome.cancelled = true;
+        translation.log.WriteLine(u"==>  Vertaling afgebroken.");
+    }
+    CloseOutput(translation);
+    AccountForTheRest(translation);
+}
+
+}  // namespace korvande

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/Clock.h"
+#include "core/LineWriter.h"
+#include "core/Text.h"
+#include "core/UnknownCodeTally.h"
+#include "core/modKORVANDE.h"
+#include "core/modScreen.h"
+#include "project/CodeTables.h"
+#include "project/Options.h"
+#include "project/OwnerRecord.h"
+#include "project/Project.h"
+#include "translation/LogBook.h"
+#include "translation/Mode.h"
+#include "translation/ObjectAccount.h"
+#include "translation/Problem.h"
+
+namespace korvande {
+
+// What a run came to, beside what its log book says.
+struct RunOutcome {
+    bool inputUnreadable = false;  // missing, or it could not be opened or read to its end
+    bool wrongFormat = false;      // no header of the format
+    bool outputFailed = false;     // it could not be opened, or not written to its end
+    bool logBookFailed = false;    // it could not be opened
+    bool cancelled = false;        // a person ended the run
+
+    bool Failed() const noexcept {
+        return inputUnreadable || wrongFormat || outputFailed || logBookFailed || cancelled;
+    }
+};
+
+// Where the output's bytes go.
+enum class OutputTo { File, Memory, Nowhere };
+
+// Everything that one translation needs and makes. A front end makes it, hands it on, and takes from it what became of
+// the translation; any number of them can be alive, each on a thread of its own.
+struct Translation {
+    // With the settings of a project, whose code tables are taken as grids would give them back; and with a project's
+    // beginnings.
+    Translation(Screen& itsScreen, const Project& project);
+    explicit Translation(Screen& itsScreen);
+
+    // It stays where it is made: its output may write into its own bytes.
+    Translation(const Translation&) = delete;
+    Translation& operator=(const Translation&) = delete;
+    ~Translation() = default;
+
+    Screen& screen;
+
+    Options options;
+    OwnerRec owner{};
+    CodeTables codes;
+
+    Mode mode;
+    Text modeText;  // as the log book tells it
+
+    Text IdexFileName;
+    Text SufNenFileName;
+    Text LogFileName;  // empty: no log book is kept
+
+    // A drawing in memory, in place of the input file.
+    std::optional<std::string_view> inputBytes;
+
+    // Under which name the output is written when that is not its own (a front end that renames the finished file);
+    // and its bytes, when they go to memory.
+    OutputTo outputTo = OutputTo::File;
+    Text temporaryOutput;
+    std::string outputBytes;
+
+    // Whether the diagnostic files of an IDEX read are written.
+    bool withDiagnosticFiles = true;
+
+    Drawing drawing;
+    UnknownCodeTally unknowns;
+    std::int32_t crossingsFound = 0;  // of lines, while arcs were read
+
+    // From the header of a NEN1878/SUF2 file.
+    Text ProjectName;
+    std::optional<DateTime> ProjectDate;
+
+    // The line of the input that is being read, for problems; 0 when none is.
+    std::int64_t inputLine = 0;
+
+    // The import opens it and the IDEX writer goes on with it.
+    LineWriter output;
+
+    LogBook log;
+    ObjectAccount account;
+    Problems problems;
+    RunOutcome outcome;
+};
+
+// The names of the files of a translation, by their roles.
+const Text& InputName(const Translation& translation) noexcept;
+const Text& OutputName(const Translation& translation) noexcept;
+
+// A problem of the line being read: counted, told to who listens, and a line "FOUT:  " in the log book.
+void Report(Translation& translation, Problem problem);
+
+// A name less its last three characters, with these behind it. It does not look for a dot.
+Text WithLastThreeReplaced(TextView name, TextView extension);
+
+}  // namespace korvande
