@@ -1,0 +1,13 @@
+# Runs the example on the sample street; what it prints must be what the console program writes.
+set(ENV{SOURCE_DATE_EPOCH} 1717198200)
+execute_process(COMMAND ${EMULATOR} ${PROGRAM} ${SOURCE}/samples/voorbeeld.nst ${SOURCE}/samples/straat.idx
+                OUTPUT_FILE translated.sfn RESULT_VARIABLE status)
+if(NOT status EQUAL 0)
+  message(FATAL_ERROR "the example ended with ${status}")
+endif()
+execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files translated.sfn
+                        ${SOURCE}/tests/golden/sample_idex_to_nen1878/verwacht/straat.sfn
+                RESULT_VARIABLE differs)
+if(differs)
+  message(FATAL_ERROR "the example's drawing is not the console program's")
+endif()
