@@ -5,6 +5,7 @@
 #include "core/VersionText.h"
 #include "core/modScreen.h"
 #include "project/ControlTable.h"
+#include "project/OwnerBoxes.h"
 
 namespace korvande {
 

@@ -6,8 +6,8 @@
 
 #include "app/EditedGrid.h"
 #include "core/Text.h"
-#include "project/Project.h"
 #include "project/Grid.h"
+#include "project/Project.h"
 #include "translation/Mode.h"
 
 // The main window without its pixels: the value of every control under the control's name, the cells of the three code

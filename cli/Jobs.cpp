@@ -3,7 +3,6 @@
 #include <unordered_set>
 
 #include "host/modFileHandling.h"
-#include "translation/Translation.h"
 
 namespace korvande {
 

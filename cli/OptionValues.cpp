@@ -7,6 +7,7 @@
 #include "cli/Arguments.h"
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
+#include "project/Options.h"
 
 namespace korvande {
 

@@ -5,11 +5,12 @@
 
 #include "core/Text.h"
 #include "core/modScreen.h"
-#include "project/Options.h"
 #include "translation/Mode.h"
 
 // The values of the options of `vertaal`. A value that is none is a UsageError.
 namespace korvande {
+
+struct Options;
 
 // The mode of a short name or a text of the mode list.
 Mode ModeOf(const std::string& name);

@@ -10,6 +10,7 @@
 #include "host/modFileHandling.h"
 #include "project/ControlTable.h"
 #include "project/Grid.h"
+#include "project/Project.h"
 
 namespace korvande {
 

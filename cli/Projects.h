@@ -2,10 +2,9 @@
 
 #include <string>
 
-#include "project/Project.h"
-
 namespace korvande {
 
+struct Project;
 class Screen;
 
 // Loads a control table, or the defaults with unknown objects taken along when no file is named. False when it cannot

@@ -73,4 +73,8 @@ class LineReader {
     std::int64_t length = 0;
 };
 
+// How far the reading of a file has come, and how far it goes, in the units of its progress (128 bytes).
+inline std::int64_t ReadUnits(const LineReader& file) noexcept { return file.Position() / 128; }
+inline std::int64_t AllUnits(const LineReader& file) noexcept { return file.Length() / 128; }
+
 }  // namespace korvande

@@ -205,6 +205,10 @@ Text FolderWithSeparator(TextView folder) {
     return result;
 }
 
+Text WithLastThreeReplaced(TextView name, TextView extension) {
+    return Concat(name.substr(0, name.size() - std::min<std::size_t>(name.size(), 3)), extension);
+}
+
 bool CopyFileWithReport(Screen& screen, TextView source, TextView target, bool showError) {
     try {
         Copy(source, target);

@@ -41,6 +41,9 @@ Text FolderOf(TextView name);
 // The empty name, the current folder, stays empty.
 Text FolderWithSeparator(TextView folder);
 
+// A name less its last three characters, with these behind it. It does not look for a dot.
+Text WithLastThreeReplaced(TextView name, TextView extension);
+
 // Copies a file, over an earlier one as well. When it fails and `showError` is set a message box tells why.
 bool CopyFileWithReport(Screen& screen, TextView source, TextView target, bool showError);
 

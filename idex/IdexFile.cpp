@@ -5,7 +5,6 @@
 #include "core/RuntimeError.h"
 #include "core/modParser.h"
 #include "core/modScreen.h"
-#include "translation/Files.h"
 
 namespace korvande {
 

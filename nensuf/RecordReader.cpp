@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "core/Text.h"
-#include "translation/Files.h"
+#include "core/modScreen.h"
 
 namespace korvande {
 

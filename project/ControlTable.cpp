@@ -4,6 +4,8 @@
 #include "core/modScreen.h"
 #include "project/ControlTableReader.h"
 #include "project/ControlTableWriter.h"
+#include "project/OwnerBoxes.h"
+#include "project/Project.h"
 
 namespace korvande {
 

@@ -3,11 +3,11 @@
 #include <string_view>
 
 #include "core/Text.h"
-#include "project/Project.h"
 
 // A project's file, the control table: lines "key = value" in sections.
 namespace korvande {
 
+struct Project;
 class Screen;
 
 // Resets, then reads a control table file. When it cannot be opened or read a Retry/Cancel message tells so; after

@@ -7,6 +7,8 @@
 #include "core/RuntimeError.h"
 #include "core/modParser.h"
 #include "core/modScreen.h"
+#include "project/OwnerBoxes.h"
+#include "project/Project.h"
 
 // Reading a control table: "key = value" lines in sections, taken in capitals. What a line does not say right is left
 // as the reset put it.

@@ -4,10 +4,10 @@
 #include <string_view>
 
 #include "core/LineReader.h"
-#include "project/Project.h"
 
 namespace korvande {
 
+struct Project;
 class Screen;
 
 // Reads a control table over a reset project; errors of the reading escape.

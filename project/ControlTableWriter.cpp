@@ -3,6 +3,8 @@
 #include <initializer_list>
 
 #include "core/Numbers.h"
+#include "project/CodeTables.h"
+#include "project/Options.h"
 
 // Writing a control table: sections of lines "key = value", then the rows of the code tables, all in Windows-1252 with
 // CR LF behind each line. The blanks around the equal signs are part of the format.

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <string_view>
-
 #include "core/FixedText.h"
-#include "project/Options.h"
 
 namespace korvande {
 
@@ -25,12 +22,5 @@ void FillOwner(OwnerRec& owner);
 
 // A data owner without a source code gets one made from its name.
 void FillSource(OwnerRec& owner);
-
-// The record into the owner boxes, without trailing blanks, and the boxes back into the record.
-void ShowOwner(const OwnerRec& owner, Options& options);
-void TakeOwner(const Options& options, OwnerRec& owner);
-
-// Windows-1252 bytes into the field that a box shows.
-void TakeOwnerField(OwnerRec& owner, Text Options::*box, std::string_view bytes);
 
 }  // namespace korvande

@@ -1,5 +1,7 @@
 #include "project/Project.h"
 
+#include "project/OwnerBoxes.h"
+
 namespace korvande {
 
 void ResetProject(Project& project) {

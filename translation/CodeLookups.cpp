@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "translation/Translation.h"
-
 namespace korvande {
 
 namespace {
@@ -47,10 +45,6 @@ std::int32_t LookupLineCode(CodeTable& lines, UnknownCodeTally* unknowns, const 
 }
 std::int32_t LookupTextCode(CodeTable& texts, UnknownCodeTally* unknowns, const CodeKey& lkiCode) {
     return ByLki(texts, unknowns, lkiCode);
-}
-
-UnknownCodeTally* TallyOf(Translation& translation) noexcept {
-    return translation.options.chkExportUnknowns ? &translation.unknowns : nullptr;
 }
 
 }  // namespace korvande

@@ -7,8 +7,6 @@
 
 namespace korvande {
 
-struct Translation;
-
 // The lookups of a translation: the row of the code, 0 when it is unknown. Each adds 1 to the uses of that row and,
 // when the code is unknown, to the tally of unknown codes unless that is null; a table that lost every row counts
 // nothing. The first three, by LISCAD code, serve the export; the others, by LKI code, the import.
@@ -18,8 +16,5 @@ std::int32_t LookupTextByLiscadCode(CodeTable& texts, UnknownCodeTally* unknowns
 std::int32_t LookupPointCode(CodeTable& points, UnknownCodeTally* unknowns, const CodeKey& lkiCode);
 std::int32_t LookupLineCode(CodeTable& lines, UnknownCodeTally* unknowns, const CodeKey& lkiCode);
 std::int32_t LookupTextCode(CodeTable& texts, UnknownCodeTally* unknowns, const CodeKey& lkiCode);
-
-// The translation's tally, or null when its options want none (chkExportUnknowns, for both directions).
-UnknownCodeTally* TallyOf(Translation& translation) noexcept;
 
 }  // namespace korvande

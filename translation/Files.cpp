@@ -21,7 +21,7 @@ bool OpenInput(Translation& translation, LineReader& file, TextView name) {
         ReportOpenFailure(translation, name, error);
         return false;
     }
-    BeginProgress(translation.screen, file.Length() / 128 + 1);
+    BeginProgress(translation.screen, AllUnits(file) + 1);
     return true;
 }
 

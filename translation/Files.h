@@ -10,12 +10,9 @@ namespace korvande {
 // Shows that a file of the run could not be opened ("Error:", number, description, name) and logs it.
 void ReportOpenFailure(Translation& translation, TextView name, const RuntimeError& error);
 
-// Opens the input, which has this name when it is a file, and begins its progress, counted in units of 128 bytes. When
-// that fails a message and the log book tell so, the outcome is marked, and the result is false.
+// Opens the input, which has this name when it is a file, and begins its progress, counted in the units of ReadUnits.
+// When that fails a message and the log book tell so, the outcome is marked, and the result is false.
 bool OpenInput(Translation& translation, LineReader& file, TextView name);
-
-// How far the reading of a file has come, in the units of its progress.
-inline std::int64_t ReadUnits(const LineReader& file) noexcept { return file.Position() / 128; }
 
 // Runs a reader over an open input. A read that fails marks the outcome; the error goes on to the caller.
 template <class Reader>

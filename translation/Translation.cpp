@@ -1,6 +1,5 @@
 #include "translation/Translation.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "project/Grid.h"
@@ -26,15 +25,15 @@ const Text& OutputName(const Translation& translation) noexcept {
     return translation.mode.direction == Direction::FromIdex ? translation.SufNenFileName : translation.IdexFileName;
 }
 
+UnknownCodeTally* TallyOf(Translation& translation) noexcept {
+    return translation.options.chkExportUnknowns ? &translation.unknowns : nullptr;
+}
+
 void Report(Translation& translation, Problem problem) {
     if (problem.line == 0) problem.line = translation.inputLine;
     ++translation.problems.errors;
     translation.log.WriteError(Sentence(problem));
     if (translation.problems.onProblem) translation.problems.onProblem(problem);
-}
-
-Text WithLastThreeReplaced(TextView name, TextView extension) {
-    return Concat(name.substr(0, name.size() - std::min<std::size_t>(name.size(), 3)), extension);
 }
 
 }  // namespace korvande

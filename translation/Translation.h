@@ -100,10 +100,10 @@ struct Translation {
 const Text& InputName(const Translation& translation) noexcept;
 const Text& OutputName(const Translation& translation) noexcept;
 
+// The tally that lookups count in, or null when the options want none (chkExportUnknowns, for both directions).
+UnknownCodeTally* TallyOf(Translation& translation) noexcept;
+
 // A problem of the line being read: counted, told to who listens, and a line "FOUT:  " in the log book.
 void Report(Translation& translation, Problem problem);
-
-// A name less its last three characters, with these behind it. It does not look for a dot.
-Text WithLastThreeReplaced(TextView name, TextView extension);
 
 }  // namespace korvande

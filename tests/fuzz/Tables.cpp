@@ -3,6 +3,7 @@
 
 #include "project/ControlTableWriter.h"
 #include "project/Grid.h"
+#include "project/OwnerBoxes.h"
 #include "tests/fuzz/Targets.h"
 #include "tests/fuzz/Workplace.h"
 

@@ -1,3 +1,4 @@
+#include "project/OwnerBoxes.h"
 #include "project/OwnerRecord.h"
 
 #include "tests/project/ProjectTest.h"

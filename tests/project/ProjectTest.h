@@ -10,6 +10,8 @@
 #include "project/ControlTableReader.h"
 #include "project/ControlTableWriter.h"
 #include "project/Grid.h"
+#include "project/OwnerBoxes.h"
+#include "project/Project.h"
 #include "tests/project/ProjectState.h"
 #include "tests/support/RecordingScreen.h"
 #include "tests/support/TestFiles.h"

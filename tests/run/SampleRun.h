@@ -13,9 +13,9 @@ namespace korvande::testing {
 // that holds the output and the log book.
 struct SampleCase {
     Mode mode;
-    const char* input;
-    const char* output;
-    const char* golden;
+    const char* input = nullptr;
+    const char* output = nullptr;
+    const char* golden = nullptr;
 };
 inline constexpr std::array<SampleCase, 4> sampleCases = {{
     {idexToNen, "straat.idx", "straat.sfn", "sample_idex_to_nen1878"},

@@ -13,20 +13,27 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The samples in the current folder, as the golden files' runs have them.
-class ThreadsTest : public ::testing::Test {
- protected:
-    ThreadsTest() {
+// A folder that is the current one as long as this object lives, with the samples in it.
+class SamplesFolder {
+ public:
+    SamplesFolder() {
         fs::create_directory(fs::path(folder.Path()) / "samples");
         for (const char* const name : {"straat.idx", "straat.sfn", "straat.sf2", "voorbeeld.nst"}) {
             folder.Write(std::string("samples/") + name, SampleBytes(name));
         }
         fs::current_path(folder.Path());
     }
-    ~ThreadsTest() override { fs::current_path(before); }
-    ThreadsTest(const ThreadsTest&) = delete;
-    ThreadsTest& operator=(const ThreadsTest&) = delete;
+    SamplesFolder(const SamplesFolder&) = delete;
+    SamplesFolder& operator=(const SamplesFolder&) = delete;
+    ~SamplesFolder() { fs::current_path(before); }
 
+ private:
+    fs::path before = fs::current_path();
+    TestFolder folder;
+};
+
+class ThreadsTest : public ::testing::Test {
+ protected:
     // A whole run as a front end makes it, from the control table on. The mark tells its files from those of others.
     static RunResult Run(const SampleCase& sample, const std::string& mark, bool toMemory) {
         SilentScreen screen;
@@ -50,8 +57,7 @@ class ThreadsTest : public ::testing::Test {
 
     EnvironmentValue moment{"SOURCE_DATE_EPOCH", goldenMoment};
     EnvironmentValue locale{"LC_ALL", "C"};
-    fs::path before = fs::current_path();
-    TestFolder folder;
+    SamplesFolder samples;
 };
 
 TEST_F(ThreadsTest, EachOfFourModesGivesItsGoldenFilesAlone) {

@@ -39,10 +39,10 @@ struct Work {
     }
 
     bool IsFromIdex() const { return translation->mode.direction == Direction::FromIdex; }
-    void Read() { (IsFromIdex() ? ReadIdexFile : ImportNenSuf)(*translation); }
-    void Write() { (IsFromIdex() ? ExportSufNen : WriteIdexFile)(*translation); }
+    void Read() const { (IsFromIdex() ? ReadIdexFile : ImportNenSuf)(*translation); }
+    void Write() const { (IsFromIdex() ? ExportSufNen : WriteIdexFile)(*translation); }
 
-    RunResult Result() {
+    RunResult Result() const {
         if (translation->output.IsOpen()) translation->output.Close();
         translation->log.Close();
         return {translation->outputBytes, FileBytes(logName)};
@@ -60,9 +60,9 @@ class Translations : public ::testing::Test {
     // Translations that differ in everything.
     struct Kind {
         Mode mode;
-        const char* sample;
-        const char* table;
-        bool isRich;
+        const char* sample = nullptr;
+        const char* table = nullptr;
+        bool isRich = false;
     };
     static constexpr std::array<Kind, 6> kinds = {{
         {idexToNen, "straat.idx", "samples/voorbeeld.nst", true},

@@ -8,8 +8,8 @@ namespace {
 // A problem, its sentence, and its sentence with the line where it occurred.
 struct ProblemCase {
     Problem problem;
-    const char* sentence;
-    const char* withLine;
+    const char* sentence = nullptr;
+    const char* withLine = nullptr;
 };
 
 const ProblemCase cases[] = {

@@ -1,3 +1,5 @@
+#include "core/LineReader.h"
+#include "host/modFileHandling.h"
 #include "translation/Translation.h"
 
 #include "core/RuntimeError.h"
