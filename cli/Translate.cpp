@@ -7,7 +7,6 @@
 #include "cli/ConsoleScreen.h"
 #include "cli/Jobs.h"
 #include "cli/OptionValues.h"
-#include "cli/OutputPlace.h"
 #include "cli/Print.h"
 #include "cli/Process.h"
 #include "cli/Projects.h"
@@ -80,7 +79,7 @@ void PrintAccount(const ObjectAccount& account) {
 }
 
 TextView WhyNotTranslated(const RunOutcome& outcome, Mode mode) {
-    if (outcome.cancelled) return u"afgebroken";
+    if (outcome.cancelled || outcome.importCancelled) return u"afgebroken";
     if (outcome.logBookFailed) return u"het logboek kan niet worden geschreven";
     if (outcome.inputUnreadable) return u"het bestand kan niet worden gelezen";
     if (outcome.wrongFormat) {
@@ -111,7 +110,6 @@ void TakeJob(const Job& job, Mode mode, Translation& translation) {
     translation.IdexFileName = isFromIdex ? job.input : job.output;
     translation.SufNenFileName = isFromIdex ? job.output : job.input;
     translation.LogFileName = job.logBook;
-    translation.temporaryOutput = TemporaryNameFor(job.output);
 }
 
 int TranslateOne(ConsoleScreen& screen, const Project& project, const Job& job, Mode mode, bool isQuiet) {
@@ -125,7 +123,6 @@ int TranslateOne(ConsoleScreen& screen, const Project& project, const Job& job, 
         };
     }
     TranslateFiles(translation);
-    PutInPlace(translation);
     screen.ClearProgress();
     const bool hasFailed = translation.outcome.Failed();
     if (!hasFailed) {

@@ -22,32 +22,47 @@ LineWriter& LineWriter::operator=(LineWriter&& other) noexcept {
     sink = std::exchange(other.sink, Sink::None);
     used = std::exchange(other.used, 0);
     failed = other.failed;
+    staysOnDisk = other.staysOnDisk;
     return *this;
 }
 
 void LineWriter::Open(TextView name, OpenMode mode) {
-    Abandon();
+    MakeReady();
     file.reset(OpenNativeFile(name, mode));
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
     Begin(Sink::File);
 }
 
+bool LineWriter::Create(TextView name, TextView rightsOf) {
+    MakeReady();
+    file.reset(CreateNativeFile(name, rightsOf));
+    if (!file) return false;
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    Begin(Sink::File);
+    return true;
+}
+
 void LineWriter::OpenBytes(std::string& bytes) {
-    Abandon();
+    MakeReady();
     memory = &bytes;
     Begin(Sink::Memory);
 }
 
 void LineWriter::OpenNowhere() {
-    Abandon();
+    MakeReady();
     Begin(Sink::Nowhere);
 }
 
-void LineWriter::Begin(Sink newSink) {
+// When there is no room for a buffer, no file has been made or emptied yet.
+void LineWriter::MakeReady() {
+    Abandon();
     buffer.resize(bufferSize);
+}
+
+void LineWriter::Begin(Sink newSink) noexcept {
     sink = newSink;
     used = 0;
-    failed = false;
+    failed = staysOnDisk = false;
 }
 
 void LineWriter::Put(std::string_view bytes) {
@@ -74,6 +89,11 @@ char* LineWriter::Reserve(std::size_t size) {
 void LineWriter::Close() {
     try {
         Flush();
+        if (sink == Sink::File && staysOnDisk && !failed) {
+            failed = true;
+            FlushToDisk(file.get());
+            failed = false;
+        }
     } catch (...) {
         Abandon();
         throw;

@@ -24,6 +24,13 @@ class LineWriter {
     // be done.
     void Open(TextView name, OpenMode mode = OpenMode::Write);
 
+    // Makes a file that is new, with the rights of another one when that is there; false, and nothing open, when
+    // anything has its name already. Any other failure is a run-time error.
+    bool Create(TextView name, TextView rightsOf);
+
+    // From now on closing the file has all of it reach the disk first.
+    void KeepOnDisk() noexcept { staysOnDisk = true; }
+
     // Appends to these bytes, which must outlive the writing.
     void OpenBytes(std::string& bytes);
 
@@ -50,7 +57,8 @@ class LineWriter {
  private:
     enum class Sink { None, File, Memory, Nowhere };
 
-    void Begin(Sink newSink);
+    void MakeReady();
+    void Begin(Sink newSink) noexcept;
     void Flush();
     void RequireOpen() const;
 
@@ -60,6 +68,7 @@ class LineWriter {
     std::string buffer;
     std::size_t used = 0;
     bool failed = false;
+    bool staysOnDisk = false;
 };
 
 }  // namespace korvande

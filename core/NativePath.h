@@ -20,4 +20,13 @@ enum class OpenMode { Read, Write, Append };
 // Opens a file in binary form, through NativePath. A folder, or what the system refuses, is a run-time error.
 std::FILE* OpenNativeFile(TextView name, OpenMode mode);
 
+// Makes a file that is new, to be written in binary form, with the rights of another one when that is there; null when
+// anything has its name already. What the system refuses is a run-time error.
+std::FILE* CreateNativeFile(TextView name, TextView rightsOf);
+
+// Has what was written to a file, or the names in a folder, reach the disk before it goes on. A disk that fails is a
+// run-time error. A folder is passed over where the system knows no such thing, or lets nobody read it.
+void FlushToDisk(std::FILE* file);
+void FlushFolderToDisk(TextView folder);
+
 }  // namespace korvande

@@ -1,4 +1,6 @@
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -56,6 +58,27 @@ std::string FollowCase(const std::string& path) {
     return resolved;
 }
 
+// Gives a new file, still empty, the owner and the rights of another one. A group that it cannot have gets no more than
+// everybody.
+void TakeRights(int descriptor, const struct stat& other) {
+    constexpr mode_t rightsBits = 07777;
+    constexpr mode_t groupBits = 0070;
+    mode_t rights = other.st_mode & rightsBits;
+    const bool hasGroup = ::fchown(descriptor, other.st_uid, other.st_gid) == 0 ||
+                          ::fchown(descriptor, static_cast<uid_t>(-1), other.st_gid) == 0;
+    if (!hasGroup) rights = (rights & ~groupBits) | (rights & groupBits & ((rights & 0007) << 3));
+    if (::fchmod(descriptor, rights) != 0) throw RuntimeError(ErrorNumberOf(errno));
+}
+
+// Until it is done, or what stopped it is no signal.
+int Synchronise(int descriptor) {
+    int result = 0;
+    do {
+        result = ::fsync(descriptor);
+    } while (result != 0 && errno == EINTR);
+    return result;
+}
+
 }  // namespace
 
 std::string NativePath(TextView name) {
@@ -86,6 +109,41 @@ std::FILE* OpenNativeFile(TextView name, OpenMode mode) {
         throw RuntimeError(folderMissing ? errors::pathNotFound : number);
     }
     return file;
+}
+
+std::FILE* CreateNativeFile(TextView name, TextView rightsOf) {
+    const std::string path = NativePath(name);
+    struct stat other {};
+    const bool takesRights = ::stat(NativePath(rightsOf).c_str(), &other) == 0;
+    const OwnChange change(path);
+    // Whoever may not read the other file never may read this one.
+    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, takesRights ? 0600 : 0666);
+    if (descriptor < 0 && errno == EEXIST) return nullptr;
+    if (descriptor < 0) throw RuntimeError(errno == ENOENT ? errors::pathNotFound : ErrorNumberOf(errno));
+    try {
+        if (takesRights) TakeRights(descriptor, other);
+        std::FILE* const file = ::fdopen(descriptor, "wb");
+        if (file == nullptr) throw RuntimeError(ErrorNumberOf(errno));
+        return file;
+    } catch (const RuntimeError&) {
+        ::close(descriptor);
+        ::unlink(path.c_str());
+        throw;
+    }
+}
+
+void FlushToDisk(std::FILE* file) {
+    if (Synchronise(::fileno(file)) != 0) throw RuntimeError(ErrorNumberOf(errno));
+}
+
+void FlushFolderToDisk(TextView folder) {
+    const std::string path = folder.empty() ? "." : NativePath(folder);
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    const bool hasFailed = Synchronise(descriptor) != 0 && errno != EINVAL && errno != ENOTSUP;
+    const int cause = errno;
+    ::close(descriptor);
+    if (hasFailed) throw RuntimeError(ErrorNumberOf(cause));
 }
 
 }  // namespace korvande

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 #include "core/RuntimeError.h"
 #include "core/WideText_windows.h"
@@ -79,6 +80,31 @@ HowToOpen HowToOpenFor(OpenMode mode) {
     }
 }
 
+// The library's file for an open one of the system; it is closed when there is none to be had.
+std::FILE* FileOf(HANDLE handle, int flags, const char* mode) {
+    const int descriptor = ::_open_osfhandle(reinterpret_cast<std::intptr_t>(handle), flags | _O_BINARY | _O_NOINHERIT);
+    if (descriptor < 0) {
+        ::CloseHandle(handle);
+        throw RuntimeError(errors::pathAccess);
+    }
+    std::FILE* const file = ::_fdopen(descriptor, mode);
+    if (file == nullptr) {
+        ::_close(descriptor);
+        throw RuntimeError(errors::pathAccess);
+    }
+    return file;
+}
+
+// Who may do what with a file, as the system keeps it; empty when there is none, or nobody tells.
+std::string RightsOf(const std::wstring& path) {
+    constexpr SECURITY_INFORMATION rights = DACL_SECURITY_INFORMATION;
+    DWORD size = 0;
+    ::GetFileSecurityW(path.c_str(), rights, nullptr, 0, &size);
+    std::string descriptor(size, '\0');
+    if (size == 0 || ::GetFileSecurityW(path.c_str(), rights, descriptor.data(), size, &size) == 0) return {};
+    return descriptor;
+}
+
 }  // namespace
 
 std::string NativePath(TextView name) { return ToUtf8(name); }
@@ -95,18 +121,28 @@ std::FILE* OpenNativeFile(TextView name, OpenMode mode) {
     const HANDLE handle = ::CreateFileW(path.c_str(), how.access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                         how.disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE) throw RuntimeError(ErrorNumberOfOpening(::GetLastError(), name, mode));
-    const int descriptor =
-        ::_open_osfhandle(reinterpret_cast<std::intptr_t>(handle), how.flags | _O_BINARY | _O_NOINHERIT);
-    if (descriptor < 0) {
-        ::CloseHandle(handle);
-        throw RuntimeError(errors::pathAccess);
-    }
-    std::FILE* const file = ::_fdopen(descriptor, how.mode);
-    if (file == nullptr) {
-        ::_close(descriptor);
-        throw RuntimeError(errors::pathAccess);
-    }
-    return file;
+    return FileOf(handle, how.flags, how.mode);
 }
+
+std::FILE* CreateNativeFile(TextView name, TextView rightsOf) {
+    if (name.empty() || name.find(u'\0') != TextView::npos) throw RuntimeError(errors::badFileName);
+    std::string rights = RightsOf(ToWide(rightsOf));
+    SECURITY_ATTRIBUTES security{sizeof(SECURITY_ATTRIBUTES), rights.data(), FALSE};
+    const HANDLE handle =
+        ::CreateFileW(ToWide(name).c_str(), GENERIC_WRITE, FILE_SHARE_READ, rights.empty() ? nullptr : &security,
+                      CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) return FileOf(handle, _O_WRONLY, "wb");
+    const DWORD systemError = ::GetLastError();
+    if (systemError == ERROR_FILE_EXISTS || systemError == ERROR_ALREADY_EXISTS) return nullptr;
+    throw RuntimeError(ErrorNumberOfOpening(systemError, name, OpenMode::Write));
+}
+
+void FlushToDisk(std::FILE* file) {
+    const auto handle = reinterpret_cast<HANDLE>(::_get_osfhandle(::_fileno(file)));
+    if (::FlushFileBuffers(handle) == 0) throw RuntimeError(errors::pathAccess);
+}
+
+// The system keeps a journal of its folders.
+void FlushFolderToDisk(TextView) {}
 
 }  // namespace korvande

@@ -5,9 +5,10 @@
 #include <charconv>
 #include <unordered_set>
 
-#include "core/LineWriter.h"
+#include "core/LineReader.h"
 #include "core/NativePath.h"
 #include "core/RuntimeError.h"
+#include "host/FileReplacement.h"
 #include "host/modFileHandling.h"
 
 namespace korvande {
@@ -143,18 +144,9 @@ RegistryFile::RegistryFile(TextView name) : fileName(name) {
 }
 
 void RegistryFile::Save() const {
-    const Text temporary = TemporaryNameBeside(fileName);
-    LineWriter file;
-    try {
-        file.Open(temporary);
-        for (const std::string& line : lines) file.PutLine(line);
-        file.Close();
-        if (!RenameFileAt(temporary, fileName)) throw RuntimeError(errors::accessDenied);
-    } catch (const std::exception&) {
-        file.Abandon();
-        DeleteFileAt(temporary);
-        throw;
-    }
+    std::string text;
+    for (const std::string& line : lines) text.append(line).append("\r\n");
+    ReplaceFile(fileName, text);
 }
 
 bool RegistryFile::HasKey(TextView key) const {

@@ -235,8 +235,6 @@ bool RenameFileAt(TextView from, TextView to, Replace replace) {
         if (FileExistsAt(to)) {
             // To the system a file that may not be written may well be replaced; to its owner it may not.
             const FileHandle writable(OpenNativeFile(to, OpenMode::Append));
-            std::error_code ignored;
-            fs::permissions(source, fs::status(target).permissions(), ignored);
         }
         const OwnChange leaving(ToUtf8(NameOf(source)));
         const OwnChange arriving(ToUtf8(NameOf(target)));

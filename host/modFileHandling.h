@@ -52,7 +52,7 @@ bool DeleteFileAt(TextView name);
 
 // Renames a file within its file system, in one step: any other program sees the old or the new one. An earlier file of
 // the new name is replaced, or without `replace` left alone, which is a failure, and so is one that may not be written.
-// Its permissions go to the new one. A link at the new name stays: the file that it points to is replaced.
+// A link at the new name stays: the file that it points to is replaced.
 enum class Replace { No, Yes };
 bool RenameFileAt(TextView from, TextView to, Replace replace = Replace::Yes);
 

@@ -11,8 +11,9 @@ struct Project;
 class Screen;
 
 // Resets, then reads a control table file. When it cannot be opened or read a Retry/Cancel message tells so; after
-// Cancel the reset state stays, and the result is false. Malformed lines never stop a load. A key may set
-// StartedInteractively.
+// Cancel the reset state stays, and the result is false. So it is, with a message, for a file without any section of a
+// control table. One without [End] is loaded, and a message tells that it seems to be cut off. Malformed lines never
+// stop a load. A key may set StartedInteractively.
 bool LoadProjectFile(Screen& screen, Project& project, TextView fileName);
 
 // The same with the bytes of a control table.

@@ -19,13 +19,17 @@ void ReportVanishedInput(Translation& translation, TextView name) {
     translation.log.WriteLine(Concat(u"==>  Bestand: ", name, u" niet gevonden; verwerking afgebroken."));
 }
 
-void RunStep(Translation& translation, void (*step)(Translation&)) {
+// False when an error ended the step.
+bool RunStep(Translation& translation, void (*step)(Translation&)) {
+    bool isDone = false;
     try {
         step(translation);
+        isDone = true;
     } catch (const std::exception&) {
         Report(translation, EscapedError(CurrentError()));
     }
     translation.inputLine = 0;
+    return isDone;
 }
 
 void RunSteps(Translation& translation) {
@@ -33,11 +37,14 @@ void RunSteps(Translation& translation) {
     if (!translation.inputBytes && !FileExistsAt(input)) return ReportVanishedInput(translation, input);
     const bool isFromIdex = translation.mode.direction == Direction::FromIdex;
     RunStep(translation, isFromIdex ? ReadIdexFile : ImportNenSuf);
-    RunStep(translation, isFromIdex ? ExportSufNen : WriteIdexFile);
+    // An import that had no room to begin has opened no output.
+    if (!isFromIdex && !translation.output.IsOpen()) translation.outcome.outputFailed = true;
+    if (!RunStep(translation, isFromIdex ? ExportSufNen : WriteIdexFile)) translation.outcome.outputFailed = true;
 }
 
-// What a step that ended early left in the output's buffer is written too.
+// What a step that ended early left in the output's buffer is written too, unless nobody will ever read it.
 void CloseOutput(Translation& translation) {
+    if (translation.replacement && translation.outcome.Failed()) translation.output.Abandon();
     try {
         if (translation.output.IsOpen()) translation.output.Close();
     } catch (const RuntimeError& error) {

@@ -1,6 +1,7 @@
 #include "run/TranslateFiles.h"
 
 #include "core/Clock.h"
+#include "core/RuntimeError.h"
 #include "core/VersionText.h"
 #include "core/modScreen.h"
 #include "core/modStrings.h"
@@ -51,6 +52,38 @@ void CloseLogBook(Translation& translation) {
                 Concat(u"Het logboek kon niet volledig worden geschreven:\n", translation.LogFileName));
 }
 
+// The log book is closed by now, so this goes behind its end.
+void ReportNotInPlace(Translation& translation) {
+    LogBook& log = translation.log;
+    try {
+        if (!translation.LogFileName.empty()) log.Reopen(translation.LogFileName);
+    } catch (const RuntimeError&) {
+        // The message tells it too.
+    }
+    const Problem problem{.kind = ProblemKind::OutputNotPutInPlace, .name = OutputName(translation)};
+    Report(translation, problem);
+    if (log.IsOpen()) log.Close();
+    ShowMessage(translation.screen, Sentence(problem));
+}
+
+// A front end that names another file to be written does with it what it wants.
+bool IsToBePutInPlace(const Translation& translation) {
+    return translation.outputTo == OutputTo::File && translation.temporaryOutput.empty();
+}
+
+// The finished output takes the place of an earlier one, which until then stayed as it was; what a translation that
+// failed has written goes.
+void PutInPlace(Translation& translation) {
+    if (!translation.replacement) return;
+    if (translation.outcome.Failed()) return translation.replacement->Drop();
+    try {
+        translation.replacement->PutInPlace();
+    } catch (const RuntimeError&) {
+        translation.outcome.outputFailed = true;
+        ReportNotInPlace(translation);
+    }
+}
+
 }  // namespace
 
 bool TranslateFiles(Translation& translation) {
@@ -59,9 +92,11 @@ bool TranslateFiles(Translation& translation) {
         return false;
     }
     WriteHeader(translation);
+    if (IsToBePutInPlace(translation)) translation.replacement.emplace(OutputName(translation));
     ReadAndWrite(translation);
     WriteFooter(translation);
     CloseLogBook(translation);
+    PutInPlace(translation);
     return true;
 }
 

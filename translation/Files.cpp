@@ -16,9 +16,9 @@ bool OpenInput(Translation& translation, LineReader& file, TextView name) {
         } else {
             file.Open(name, &translation.screen);
         }
-    } catch (const RuntimeError& error) {
+    } catch (const std::exception&) {
         translation.outcome.inputUnreadable = true;
-        ReportOpenFailure(translation, name, error);
+        ReportOpenFailure(translation, name, CurrentError());
         return false;
     }
     BeginProgress(translation.screen, AllUnits(file) + 1);
@@ -26,16 +26,25 @@ bool OpenInput(Translation& translation, LineReader& file, TextView name) {
 }
 
 void OpenOutput(Translation& translation, TextView name) {
-    switch (translation.outputTo) {
-        case OutputTo::File:
-            translation.output.Open(translation.temporaryOutput.empty() ? name : translation.temporaryOutput);
-            break;
-        case OutputTo::Memory:
-            translation.output.OpenBytes(translation.outputBytes);
-            break;
-        case OutputTo::Nowhere:
-            translation.output.OpenNowhere();
-            break;
+    try {
+        switch (translation.outputTo) {
+            case OutputTo::File:
+                if (translation.replacement) {
+                    translation.replacement->Open(translation.output);
+                } else {
+                    translation.output.Open(translation.temporaryOutput.empty() ? name : translation.temporaryOutput);
+                }
+                break;
+            case OutputTo::Memory:
+                translation.output.OpenBytes(translation.outputBytes);
+                break;
+            case OutputTo::Nowhere:
+                translation.output.OpenNowhere();
+                break;
+        }
+    } catch (const std::exception&) {
+        translation.outcome.outputFailed = true;
+        throw;
     }
 }
 

@@ -25,8 +25,8 @@ void ReadInput(Translation& translation, const LineReader& file, Reader reader) 
     }
 }
 
-// Opens the output: under its name, under the temporary one when there is one, or in memory. A run-time error when that
-// fails.
+// Opens the output: beside its place when the run puts it there, else under the name that a front end gave, or under
+// its own; or in memory. When that fails the outcome is marked, and the error goes on to the caller.
 void OpenOutput(Translation& translation, TextView name);
 
 }  // namespace korvande

@@ -11,6 +11,7 @@
 #include "core/UnknownCodeTally.h"
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
+#include "host/FileReplacement.h"
 #include "project/CodeTables.h"
 #include "project/Options.h"
 #include "project/OwnerRecord.h"
@@ -29,9 +30,10 @@ struct RunOutcome {
     bool outputFailed = false;     // it could not be opened, or not written to its end
     bool logBookFailed = false;    // it could not be opened
     bool cancelled = false;        // a person ended the run
+    bool importCancelled = false;  // a person cancelled at a question about the format; the run went on to its end
 
     bool Failed() const noexcept {
-        return inputUnreadable || wrongFormat || outputFailed || logBookFailed || cancelled;
+        return inputUnreadable || wrongFormat || outputFailed || logBookFailed || cancelled || importCancelled;
     }
 };
 
@@ -67,10 +69,11 @@ struct Translation {
     // A drawing in memory, in place of the input file.
     std::optional<std::string_view> inputBytes;
 
-    // Under which name the output is written when that is not its own (a front end that renames the finished file);
-    // and its bytes, when they go to memory.
+    // A file is put in its place by the run when it is finished, unless a front end names another one to be written
+    // in its stead; and its bytes, when they go to memory.
     OutputTo outputTo = OutputTo::File;
     Text temporaryOutput;
+    std::optional<FileReplacement> replacement;  // made by the run
     std::string outputBytes;
 
     // Whether the diagnostic files of an IDEX read are written.

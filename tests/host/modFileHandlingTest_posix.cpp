@@ -162,17 +162,6 @@ TEST_F(PosixFiles, AFileThatMayNotBeWrittenIsNotReplaced) {
     EXPECT_EQ(folder.Listing(), "kaart.sfn tijdelijk.tmp");
 }
 
-TEST_F(PosixFiles, AReplacedFileKeepsItsPermissions) {
-    const fs::perms ownersOnly = fs::perms::owner_read | fs::perms::owner_write;
-    const Text from = folder.Write("tijdelijk.tmp", "nieuw");
-    const Text to = folder.Write("kaart.sfn", "oud");
-    fs::permissions(Path("tijdelijk.tmp"), fs::perms::all);
-    fs::permissions(Path("kaart.sfn"), ownersOnly);
-    EXPECT_TRUE(RenameFileAt(from, to));
-    EXPECT_EQ(FileBytes(to), "nieuw");
-    EXPECT_EQ(fs::status(Path("kaart.sfn")).permissions(), ownersOnly);
-}
-
 TEST_F(PosixFiles, ATemporaryNameForALinkIsBesideItsFile) {
     fs::create_directory(Path("map"));
     fs::create_symlink("map/kaart.sfn", Path("link"));

@@ -1,5 +1,6 @@
 #include "run/TranslateFiles.h"
 
+#include <filesystem>
 #include <utility>
 
 #include "host/modFileHandling.h"
@@ -117,6 +118,94 @@ TEST_F(TranslateFilesTest, WithoutALogBooksNameNoneIsKept) {
     translation.LogFileName.clear();
     EXPECT_TRUE(TranslateFiles(translation));
     EXPECT_EQ(folder.Listing(), "in.idx uit.sfn");
+}
+
+TEST_F(TranslateFilesTest, AnEarlierOutputStaysUntilTheNewOneIsFinished) {
+    class WatchingScreen : public RecordingScreen {
+     public:
+        explicit WatchingScreen(Text file) : output(std::move(file)) {}
+        void ShowStatus(TextView) override { seen.push_back(FileBytes(output)); }
+        Text output;
+        std::vector<std::string> seen;
+    };
+    WatchingScreen watching(folder.Write("uit.sfn", "van gisteren"));
+    Translation translation(watching, project);
+    translation.mode = idexToNen;
+    translation.IdexFileName = folder.Write("in.idx", OnePoint());
+    translation.SufNenFileName = folder / "uit.sfn";
+    translation.withDiagnosticFiles = false;
+    EXPECT_TRUE(TranslateFiles(translation));
+    EXPECT_GT(watching.seen.size(), 3U);
+    for (const std::string& bytes : watching.seen) EXPECT_EQ(bytes, "van gisteren");
+    EXPECT_TRUE(FileBytes(folder / "uit.sfn").starts_with("010NEN1878"));
+    EXPECT_EQ(folder.Listing(), "in.idx uit.sfn");
+}
+
+TEST_F(TranslateFilesTest, AFailedRunLeavesAnEarlierOutputAndMakesNone) {
+    const Text none = folder.Write("geen.txt", "geen tekening\r\n");
+    for (const Mode mode : {idexToNen, idexToSuf, nenToIdex, sufToIdex}) {
+        folder.Write("eerder", "van gisteren");
+        for (const char* const output : {"eerder", "nieuw"}) {
+            for (const Text& from : {none, folder / "weg.txt"}) {
+                Translation& translation = Begin(mode, from, folder / output);
+                translation.LogFileName.clear();
+                EXPECT_TRUE(TranslateFiles(translation));
+                EXPECT_TRUE(translation.outcome.Failed());
+                EXPECT_EQ(FileBytes(folder / "eerder"), "van gisteren");
+                EXPECT_EQ(folder.Listing(), "eerder geen.txt");
+            }
+        }
+    }
+}
+
+// Says that the run is to end as soon as it is asked.
+class EndingScreen : public RecordingScreen {
+ public:
+    void PumpEvents() override { throw TranslationAborted(); }
+};
+
+TEST_F(TranslateFilesTest, ARunThatAPersonEndsLeavesAnEarlierOutputAndMakesNone) {
+    folder.Write("eerder", "van gisteren");
+    const std::string drawing = OnePoint();
+    TranslateFiles(BeginInMemory(idexToNen, drawing));
+    const std::string exchange = last->outputBytes;
+    folder.Write("in", exchange);
+    for (const char* const output : {"eerder", "nieuw"}) {
+        EndingScreen ending;
+        Translation translation(ending, project);
+        translation.mode = nenToIdex;
+        translation.SufNenFileName = folder / "in";
+        translation.IdexFileName = folder / output;
+        EXPECT_TRUE(TranslateFiles(translation));
+        EXPECT_TRUE(translation.outcome.cancelled);
+        EXPECT_EQ(FileBytes(folder / "eerder"), "van gisteren");
+        EXPECT_EQ(folder.Listing(), "eerder in test.log");
+    }
+}
+
+TEST_F(TranslateFilesTest, AnOutputThatCannotTakeItsPlaceIsToldBehindTheEndOfTheLogBook) {
+    // Its place is taken while the import is read.
+    class TakingScreen : public RecordingScreen {
+     public:
+        explicit TakingScreen(std::string path) : place(std::move(path)) {}
+        void ShowStatus(TextView) override { std::filesystem::create_directory(place); }
+        std::string place;
+    };
+    TranslateFiles(BeginInMemory(idexToNen, OnePoint()));
+    folder.Write("in", last->outputBytes);
+    TakingScreen taking(folder.Path() + "/uit.idx");
+    Translation translation(taking, project);
+    translation.mode = nenToIdex;
+    translation.modeText = u"x";
+    translation.SufNenFileName = folder / "in";
+    translation.IdexFileName = folder / "uit.idx";
+    translation.LogFileName = logName;
+    EXPECT_TRUE(TranslateFiles(translation));
+    EXPECT_TRUE(translation.outcome.outputFailed);
+    const std::string message = "Kon bestand: '" + folder.Path() + "/uit.idx' niet opslaan";
+    EXPECT_TRUE(LogText().ends_with("03:00:00\nFOUT:  " + message + "\n")) << LogText();
+    EXPECT_EQ(taking.messages, std::vector<std::string>{message});
+    EXPECT_EQ(folder.Listing(), "in test.log uit.idx");
 }
 
 TEST_F(TranslateFilesTest, FilesAreTranslatedAsTheirBytesAre) {

@@ -155,7 +155,7 @@ TEST_F(TranslationStateTest, EachFailureMakesTheOutcomeFailed) {
     EXPECT_FALSE(RunOutcome().Failed());
     for (bool RunOutcome::*const failure :
          {&RunOutcome::inputUnreadable, &RunOutcome::wrongFormat, &RunOutcome::outputFailed, &RunOutcome::logBookFailed,
-          &RunOutcome::cancelled}) {
+          &RunOutcome::cancelled, &RunOutcome::importCancelled}) {
         RunOutcome outcome;
         outcome.*failure = true;
         EXPECT_TRUE(outcome.Failed());

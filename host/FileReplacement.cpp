@@ -1,0 +1,73 @@
+#include "host/FileReplacement.h"
+
+#include <cstdio>
+
+#include "core/LineWriter.h"
+#include "core/NativePath.h"
+#include "core/RuntimeError.h"
+#include "host/modFileHandling.h"
+
+namespace korvande {
+
+namespace {
+
+// A name that nobody has is taken by somebody else now and then.
+Text CreateBeside(LineWriter& writer, TextView name) {
+    while (true) {
+        Text temporary = TemporaryNameBeside(name);
+        if (temporary.empty() || writer.Create(temporary, name)) return temporary;
+    }
+}
+
+}  // namespace
+
+void FileReplacement::Open(LineWriter& writer) {
+    Drop();
+    if (IsRegularFileOrMissing(name)) {
+        const bool isThere = FileExistsAt(name);
+        // One that may not be written is not replaced either.
+        if (isThere) std::fclose(OpenNativeFile(name, OpenMode::Append));
+        try {
+            temporary = CreateBeside(writer, name);
+        } catch (const RuntimeError& error) {
+            const bool isClosedFolder = error.Number() == errors::accessDenied;
+            if (!isThere || !isClosedFolder) throw;
+        }
+        if (temporary.empty()) writer.Open(name);
+        writer.KeepOnDisk();
+    } else {
+        writer.Open(name);
+    }
+    isOpened = true;
+}
+
+void FileReplacement::PutInPlace() {
+    if (!isOpened) throw RuntimeError(errors::badFileName);
+    if (temporary.empty()) return;
+    const Text folder = FolderOf(temporary);
+    const bool isInPlace = RenameFileAt(temporary, name);
+    if (!isInPlace) {
+        Drop();
+        throw RuntimeError(errors::accessDenied);
+    }
+    temporary.clear();
+    FlushFolderToDisk(folder);
+}
+
+void FileReplacement::Drop() noexcept {
+    if (!temporary.empty()) DeleteFileAt(temporary);
+    temporary.clear();
+    isOpened = false;
+}
+
+void ReplaceFile(TextView name, std::string_view bytes) {
+    // In this order: an open file is not removed everywhere.
+    FileReplacement replacement(name);
+    LineWriter writer;
+    replacement.Open(writer);
+    writer.Put(bytes);
+    writer.Close();
+    replacement.PutInPlace();
+}
+
+}  // namespace korvande
