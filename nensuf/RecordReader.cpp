@@ -5,11 +5,13 @@
 
 #include "core/Text.h"
 #include "core/modScreen.h"
+#include "nensuf/RecordLine.h"
 
 namespace korvande {
 
 namespace {
 
+constexpr std::string_view closingType = "99";
 constexpr std::size_t payloadBegin = 2;
 constexpr std::size_t payloadLength = 60;
 constexpr std::size_t endCodeBegin = 62;
@@ -32,11 +34,14 @@ void RecordReader::ReadFileRecord(Record& target) {
         }
         line = file.LineNumber();
         StepProgress(screen, ReadUnits(file));
+        if (read.size() < shortest && !IsWhiteSpace(read)) hasClosingRecord = read.starts_with(closingType);
     } while (read.size() < shortest);
-    if (read.size() > recordLength) read.remove_prefix(read.size() - recordLength);
-    const std::size_t missing = recordLength - read.size();
+    hasClosingRecord = read.starts_with(closingType);
+    if (read.size() > recordLength) read = RecordOfLongLine(read);
+    const std::size_t missing = LacksFirstDigit(read) ? 1 : 0;
     std::memcpy(target.data() + missing, read.data(), read.size());
-    if (missing > 0 || static_cast<unsigned char>(target[0]) < '0') target[0] = '0';
+    if (missing > 0 || StandsForZero(target[0])) target[0] = '0';
+    hasClosingRecord = hasClosingRecord || std::equal(closingType.begin(), closingType.end(), target.begin());
 }
 
 std::string_view RecordReader::ReadRecordGroup(int mode) {

@@ -8,6 +8,7 @@
 
 #include "core/LineReader.h"
 #include "core/modScreen.h"
+#include "nensuf/RecordLine.h"
 
 namespace korvande {
 
@@ -19,19 +20,17 @@ struct GroupField {
 
 // Reads a NEN1878 or SUF2 file record by record and group by group, with one record of look-ahead.
 //
-// A record is a line of 64 columns: 1-2 the type, 3-62 the payload, 63-64 the end code, of which "00" says that the
-// next record of the same type goes on with the payload.
+// The end code "00" of a record says that the next record of the same type goes on with the payload.
 class RecordReader {
  public:
-    static constexpr std::size_t recordLength = 64;
     using Record = std::array<char, recordLength>;
 
     // The screen hears of the progress; the number of the line read last is kept in `inputLine`.
     RecordReader(LineReader& itsFile, Screen& itsScreen, std::int64_t& inputLine)
         : file(itsFile), screen(itsScreen), line(inputLine) {}
 
-    // The next line as a record of 64 characters: lines below 63 are skipped, of a longer one the last 64 count, one of
-    // 63 lacks its leading zero, and a first character that sorts before "0" is one. At the end of the file "99".
+    // The next line as a record of 64 characters: lines below 63 are skipped, the others are what RecordLine.h says.
+    // At the end of the file "99".
     void ReadFileRecord(Record& target);
 
     // Mode 0 reads the next group into the type and the fields. Mode 1 looks at the next record, which stays the next
@@ -41,6 +40,10 @@ class RecordReader {
     // The group read last: its type (two characters) and its fields, which stand until the next group is read.
     std::string_view RecordType() const noexcept { return {recordType.data(), recordType.size()}; }
     const std::vector<GroupField>& GroupFields() const noexcept { return fields; }
+
+    // Whether the line read last that holds more than white space begins with "99" or counts as such a record. At the
+    // end it tells whether the file has a closing record, which may be too short to be read as a record.
+    bool HasClosingRecord() const noexcept { return hasClosingRecord; }
 
     // Whether the next record is of this type (two characters).
     bool NextIs(std::string_view type) { return ReadRecordGroup(1).starts_with(type); }
@@ -57,6 +60,7 @@ class RecordReader {
     Record record{};  // the record being read
     Record lookAhead{};
     bool hasLookAhead = false;
+    bool hasClosingRecord = false;
 };
 
 }  // namespace korvande

@@ -14,6 +14,7 @@
 #include "nensuf/ImportRun.h"
 #include "nensuf/Overflow.h"
 #include "nensuf/PointNumbers.h"
+#include "nensuf/RecordLine.h"
 #include "translation/Files.h"
 #include "translation/Translation.h"
 
@@ -123,28 +124,32 @@ void CheckFormat(ImportRun& run, std::string_view line) {
     if (run.NenMode == Variant::Suf2 && hasPrecision) AskFormat(run, looksLikeNen1878);
 }
 
-// Reads a header line; false, with a message, when it does not begin with its record type.
-bool ReadHeaderLine(Translation& translation, LineReader& file, std::string_view type, ProblemKind problemWithout,
-                    std::string_view& line) {
-    const bool isThere = file.Next(line) && line.starts_with(type);
+// A line as a header record of its type; when it is none, with a message, nothing.
+std::optional<std::string> TakeHeaderRecord(Translation& translation, const LineReader& file, bool isThere,
+                                            std::string_view line, std::string_view type, ProblemKind problemWithout) {
     translation.inputLine = file.LineNumber();
-    if (isThere) return true;
+    std::optional<std::string> record;
+    if (isThere) record = HeaderRecord(line, type);
+    if (record) return record;
     const Problem problem{.kind = problemWithout};
     translation.outcome.wrongFormat = true;
     Report(translation, problem);
     ShowMessage(translation.screen, Sentence(problem));
-    return false;
+    return {};
 }
 
 bool ReadHeader(ImportRun& run, LineReader& file) {
     Translation& translation = run.translation;
     std::string_view line;
-    if (!ReadHeaderLine(translation, file, "01", ProblemKind::NoProjectRecord, line)) return false;
-    TakeProject(translation, line);
-    if (!ReadHeaderLine(translation, file, "02", ProblemKind::NoFrameRecord, line)) return false;
-    const std::string record(line);
-    CheckFormat(run, record);
-    run.frame = FrameOf(run.NenMode, record);
+    const bool hasFirst = NextWritten(file, line);
+    const auto project = TakeHeaderRecord(translation, file, hasFirst, line, "01", ProblemKind::NoProjectRecord);
+    if (!project) return false;
+    TakeProject(translation, *project);
+    const bool hasSecond = file.Next(line);
+    const auto frame = TakeHeaderRecord(translation, file, hasSecond, line, "02", ProblemKind::NoFrameRecord);
+    if (!frame) return false;
+    CheckFormat(run, *frame);
+    run.frame = FrameOf(run.NenMode, *frame);
     translation.screen.ShowStatus(run.NenMode == Variant::Nen1878 ? u"Inlezen NEN1878" : u"Inlezen SUF2");
     return true;
 }
@@ -206,7 +211,7 @@ void Import(Translation& translation, LineReader& file) {
         if (!ReadHeader(run, file)) return;
         ImportGroups(run);
     } catch (const ImportCancelled& cancelled) {
-        translation.outcome.cancelled = true;
+        translation.outcome.importCancelled = true;
         translation.log.WriteLine(Concat(u"==>  ", cancelled.message));
         ShowMessage(translation.screen, cancelled.message);
         return;

@@ -124,7 +124,7 @@ void ExpectMessage(const MessageBox& box, std::string_view text) {
 TEST_F(ImportHeader, AFirstLineThatIsNo01RecordEndsTheImport) {
     for (const Variant variant : {Variant::Nen1878, Variant::Suf2}) {
         for (const std::string& first :
-             {std::string(), " 1" + std::string(62, ' ') + "\r\n", "1" + std::string(62, ' ') + "\r\n"}) {
+             {std::string(), "1" + std::string(61, ' ') + "\r\n", std::string(5, 'x') + FirstLine().substr(1)}) {
             translation.mode.variant = variant;
             translation.outcome = {};
             screen.boxes.clear();
@@ -140,8 +140,46 @@ TEST_F(ImportHeader, AFirstLineThatIsNo01RecordEndsTheImport) {
 }
 
 TEST_F(ImportHeader, AnEmptyFileHasNo01Record) {
-    ImportBytes("");
-    EXPECT_EQ(screen.messages, std::vector<std::string>{"NEN1878 bestand bevat geen '01' (KOP) record."});
+    for (const std::string bytes : {"", "\r\n", " \r\n\t\r\n  "}) {
+        screen.messages.clear();
+        ImportBytes(bytes);
+        EXPECT_EQ(screen.messages, std::vector<std::string>{"NEN1878 bestand bevat geen '01' (KOP) record."});
+    }
+}
+
+// The two usual header lines, each changed.
+template <typename Change>
+std::string ChangedHeader(Change change) {
+    return change(FirstLine(std::string(36, ' ') + "Noord")) + change(SecondLine("010225", "1"));
+}
+
+TEST_F(ImportHeader, LinesThatLackTheirZeroOrHaveABlankForItAreReadAsIfTheyHadIt) {
+    const std::string wanted = "|BOOM|1010.000 20.000 0.000|0.0000\n";
+    const auto without = [](const std::string& line) { return line.substr(1); };
+    const auto withBlank = [](const std::string& line) { return " " + line.substr(1); };
+    const auto longer = [](const std::string& line) { return "1234 6" + line; };
+    const auto longerWithBlank = [](const std::string& line) { return "000001 " + line.substr(1); };
+    const auto padded = [](const std::string& line) { return " " + line.substr(1, 63) + "   \r\n"; };
+    for (const std::string& header :
+         {ChangedHeader(without), ChangedHeader(withBlank), ChangedHeader(longer), ChangedHeader(longerWithBlank),
+          ChangedHeader(padded), "\r\n\t \r\n" + ChangedHeader(without)}) {
+        screen.messages.clear();
+        Import(PointOf(At(1000, 2000)), header);
+        EXPECT_EQ(screen.messages, std::vector<std::string>()) << header;
+        EXPECT_EQ(Points(), wanted) << header;
+        EXPECT_EQ(ToUtf8(translation.ProjectName), "Noord") << header;
+    }
+}
+
+TEST_F(ImportHeader, ALongerLineThatBeginsWithItsTypeIsTakenAsItStands) {
+    const std::string second = SecondLine("010225", "1");
+    Import(PointOf(At(1000, 2000)), FirstLine() + second.substr(0, 64) + "020102\r\n");
+    EXPECT_EQ(Points(), "|BOOM|1010.000 20.000 0.000|0.0000\n");
+}
+
+TEST_F(ImportHeader, AnErrorInAHeaderLineThatLacksItsZeroIsToldWithItsLine) {
+    Import(PointOf(At(1000, 1000)), "\r\n" + FirstLine() + SecondLine("010215", "9E307").substr(1));
+    EXPECT_EQ(LogText(), "FOUT:  Overloop (regel 3)\n");
 }
 
 TEST_F(ImportHeader, ASecondLineThatIsNo02RecordEndsTheImport) {

@@ -59,7 +59,8 @@ class ImportQuestions : public ImportTest {
         EXPECT_EQ(ToUtf8(box.title), "");
         EXPECT_EQ(box.icon, Icon::None);
         EXPECT_EQ(box.buttons, Buttons::Ok);
-        EXPECT_TRUE(translation.outcome.cancelled);
+        EXPECT_TRUE(translation.outcome.importCancelled);
+        EXPECT_FALSE(translation.outcome.cancelled);
         // The numbers of an import that ends here are not cleaned up.
         EXPECT_EQ(std::count(screen.statuses.begin(), screen.statuses.end(), "Opschonen Puntnummers"), 0);
     }

@@ -69,6 +69,57 @@ TEST_F(RecordReaderTest, OfALongerLineTheLast64CharactersCount) {
     }
 }
 
+TEST_F(RecordReaderTest, BlanksBehindARecordAreLeftToTheEditorThatPutThemThere) {
+    for (const std::string blanks : {" ", "      ", "                "}) {
+        for (const std::string& line : {LineOf(62, "03M") + "01", LineOf(62, "04X") + "00", LineOf(62, " 4X") + "00"}) {
+            EXPECT_EQ(RecordOf(line + blanks).substr(1), line.substr(1));
+            EXPECT_EQ(RecordOf(line + blanks).front(), '0');
+        }
+        EXPECT_EQ(RecordOf(closingRecord + blanks), closingRecord);
+    }
+}
+
+TEST_F(RecordReaderTest, OtherLongLinesKeepTheirLast64CharactersWhateverTheirEnd) {
+    const std::string record = LineOf(62, "03M") + "01";
+    for (const std::string& line : {record + "\t", record + " 1", LineOf(64, "03M") + "      ",
+                                    LineOf(62, "03M") + "0100", "000000" + record, LineOf(62, "03M") + "02  "}) {
+        std::string last = line.substr(line.size() - 64);
+        if (last[0] < '0') last[0] = '0';
+        EXPECT_EQ(RecordOf(line), last) << line;
+    }
+}
+
+TEST_F(RecordReaderTest, ALastLineThatBeginsWith99IsTheClosingRecordHoweverShort) {
+    for (const std::string& last : {closingRecord, std::string("99"), std::string("99   01"),
+                                    "99" + std::string(61, ' '), closingRecord + "   ", "abcdef" + closingRecord}) {
+        for (const char* const behind : {"", "\r\n", "\r\n\r\n \t \r\n\x1A"}) {
+            Open(Record("03M1") + last + behind);
+            EXPECT_EQ(NextGroup(), "03|M1        ");
+            EXPECT_FALSE(reader->HasClosingRecord());
+            while (NextGroup() != "99") {
+            }
+            EXPECT_TRUE(reader->HasClosingRecord()) << last << behind;
+        }
+    }
+}
+
+TEST_F(RecordReaderTest, WithoutSuchALastLineThereIsNoClosingRecord) {
+    for (const std::string bytes : {"", "99\r\n9\r\n", "9", "099", " 99", "99\r\nkort\r\n"}) {
+        Open(Record("03M1") + bytes);
+        NextGroup();
+        EXPECT_EQ(NextGroup(), "99");
+        EXPECT_FALSE(reader->HasClosingRecord()) << bytes;
+    }
+}
+
+TEST_F(RecordReaderTest, AShort99InTheMiddleIsSkippedLikeAnyShortLine) {
+    Open(Record("03M1") + "99\r\n" + Record("04X1", "00") + "99   01\r\n" + Record("04X2"));
+    EXPECT_EQ(NextGroup(), "03|M1        ");
+    EXPECT_EQ(NextGroup().substr(0, 13), "04|X1        ");
+    EXPECT_EQ(NextGroup(), "99");
+    EXPECT_FALSE(reader->HasClosingRecord());
+}
+
 TEST_F(RecordReaderTest, LinesOfFewerThan63CharactersAreSkipped) {
     Open("\r\n" + LineOf(10, "03") + "\r\n" + LineOf(62, "03") + "\r\n" + LineOf(64, "05F") + "\r\n" +
          LineOf(62, "06"));

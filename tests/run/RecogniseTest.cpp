@@ -46,6 +46,32 @@ TEST(Recognise, An01RecordWithoutAWhole02RecordBehindItIsNothing) {
     }
 }
 
+TEST(Recognise, HeaderLinesAreWhatTheImportTakesForSuch) {
+    const std::string first = "010NEN1878" + std::string(52, ' ') + "01";
+    const std::string second = "020102150201" + std::string(50, ' ') + "01";
+    const auto formatOf = [](std::string_view one, std::string_view two) {
+        return FormatOf(std::string(one) + "\r\n" + std::string(two) + "\r\n");
+    };
+    EXPECT_EQ(formatOf(first.substr(1), second), Format::Nen1878);
+    EXPECT_EQ(formatOf(first, second.substr(1)), Format::Nen1878);
+    EXPECT_EQ(formatOf(" " + first.substr(1), " " + second.substr(1)), Format::Nen1878);
+    EXPECT_EQ(formatOf("regel " + first, "regel " + second), Format::Nen1878);
+    EXPECT_EQ(formatOf("\r\n \t\r\n" + first, second), Format::Nen1878);
+    EXPECT_EQ(formatOf(first, "2010201 " + std::string(53, ' ') + "01"), Format::Suf2);
+    EXPECT_EQ(formatOf(first, "\r\n" + second), std::nullopt) << "an empty line between them";
+    EXPECT_EQ(formatOf(first.substr(1), first), std::nullopt);
+    EXPECT_EQ(FormatOf(first.substr(1)), std::nullopt);
+}
+
+TEST(Recognise, ALineThatOnlyCountsAsAn01RecordMayStandInIdex) {
+    EXPECT_EQ(FormatOf(" 1 januari\nHEADER\n"), Format::Idex);
+    EXPECT_EQ(FormatOf(" 1 header"), Format::Idex);
+    EXPECT_EQ(FormatOf(" 1 header\n 2 version\n"), Format::Nen1878) << "an 02 record, whatever it holds";
+    EXPECT_EQ(FormatOf(" 1 header\nVERSION\n"), Format::Idex);
+    EXPECT_EQ(FormatOf(" 1 januari\n\n\nheader\n"), Format::Idex);
+    EXPECT_EQ(FormatOf(" 1 januari\n"), std::nullopt);
+}
+
 TEST(Recognise, AnythingElseIsNothing) {
     for (const char* const bytes : {"", "\n", "\x1A", "02010201\n", "HEADE\nR\n", "[NEN1878]\n", "010203"}) {
         EXPECT_EQ(FormatOf(bytes), std::nullopt) << bytes;
