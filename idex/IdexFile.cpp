@@ -14,7 +14,23 @@ constexpr std::string_view blanks = " \t";
 
 std::string_view Trimmed(std::string_view line) noexcept { return TrimAs(Blanks::SpacesAndTabs, line); }
 
+// Whether another byte has this one for its capital.
+bool HasSmallLetter(char byte) noexcept {
+    for (int code = 0; code < 256; ++code) {
+        const char other = static_cast<char>(code);
+        if (other != byte && ToCapital(other) == byte) return true;
+    }
+    return false;
+}
+
 }  // namespace
+
+void RequireArrayIndex(std::int32_t number, std::int64_t rowsRead) {
+    constexpr std::int32_t alwaysAllowed = 1'000'000;
+    if (number < 0 || (number > alwaysAllowed && number > 10 * rowsRead)) {
+        throw RuntimeError(errors::subscriptOutOfRange);
+    }
+}
 
 bool StartsWith(std::string_view line, std::string_view keyword) noexcept {
     return line.size() >= keyword.size() &&
@@ -50,6 +66,25 @@ bool IdexFile::NextRow(std::string_view& row) {
         row = Next();
     } while (row.empty());
     return !StartsWith(row, "END");
+}
+
+void IdexFile::SetSeparator(char character) noexcept {
+    separator = character;
+    letters = HasSmallLetter(separator) || HasSmallLetter(terminator);
+}
+
+void IdexFile::SetTerminator(char character) noexcept {
+    terminator = character;
+    letters = HasSmallLetter(separator) || HasSmallLetter(terminator);
+}
+
+bool IdexFile::NextCapitalRow(std::string_view& row) {
+    const bool isRow = NextRow(row);
+    if (!letters) return isRow;
+    capitalRow = row;
+    for (char& character : capitalRow) character = ToCapital(character);
+    row = capitalRow;
+    return isRow;
 }
 
 KeywordLine IdexFile::NextKeyword() {
@@ -107,7 +142,7 @@ void IdexTable::ReadHeader(std::string_view headerLine) {
     if (open != std::string::npos && close != std::string::npos) {
         list = std::string_view(header).substr(open + 1, close - open - 1);
     }
-    ParseFields(list, file.separator, file.terminator, Blanks::SpacesAndTabs, fields);
+    ParseFields(list, file.Separator(), file.Terminator(), Blanks::SpacesAndTabs, fields);
 
     positions.clear();
     for (const std::string_view name : names) {
@@ -125,7 +160,7 @@ std::string_view IdexTable::WithSingleQuotes(std::string_view value) {
 }
 
 void IdexTable::Split(std::string_view row) {
-    ParseFields(row, file.separator, file.terminator, Blanks::SpacesAndTabs, fields, lastPosition);
+    ParseFields(row, file.Separator(), file.Terminator(), Blanks::SpacesAndTabs, fields, lastPosition);
 }
 
 }  // namespace korvande

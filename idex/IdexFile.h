@@ -10,10 +10,15 @@
 #include "core/LineReader.h"
 
 // The line level of an IDEX file: lines, keyword lines, table headers and rows. Lines are trimmed of spaces and tabs.
-// Keywords are met in any case; what stands in rows is put into capitals by who stores it.
+// Keywords are met in any case; what stands in rows is put into capitals by who stores it, or before they are split
+// when a letter separates fields or ends rows.
 namespace korvande {
 
 class Screen;
+
+// Tests a number up to which an array is to grow, given how many rows of its kind were read so far, this one included:
+// error 9 for a negative one, and for one above a million that is also above ten times the rows.
+void RequireArrayIndex(std::int32_t number, std::int64_t rowsRead);
 
 // Whether a line starts with a keyword (given in capitals), whatever the line's case.
 bool StartsWith(std::string_view line, std::string_view keyword) noexcept;
@@ -40,6 +45,10 @@ class IdexFile {
     // The next line of a table that is not empty; false at the line that starts with END.
     bool NextRow(std::string_view& row);
 
+    // The same for the tables whose rows are split in capitals: a letter that separates or ends does so in any case.
+    // The row stands until the next line is read.
+    bool NextCapitalRow(std::string_view& row);
+
     // Gives the line read last once more.
     void TakeBack() noexcept { takenBack = true; }
 
@@ -56,11 +65,15 @@ class IdexFile {
     // Completes a table header that holds no ")" yet with the lines that follow, as they are.
     void CompleteHeader(std::string& header);
 
-    char separator = ',';
-    char terminator = ';';
+    // What separates fields and ends rows; a letter is a capital, for so are the header's lines.
+    char Separator() const noexcept { return separator; }
+    char Terminator() const noexcept { return terminator; }
+    void SetSeparator(char character) noexcept;
+    void SetTerminator(char character) noexcept;
 
-    // The rows of LINES tables read so far.
+    // The rows of LINES and BOX_ON_POINT tables read so far.
     std::int64_t lineRows = 0;
+    std::int64_t boxRows = 0;
 
  private:
     bool TryNextRaw(std::string_view& line);
@@ -68,9 +81,13 @@ class IdexFile {
     LineReader& reader;
     Screen& screen;
     std::int64_t& inputLine;
+    char separator = ',';
+    char terminator = ';';
+    bool letters = false;  // one of them is a letter
     std::string_view current;
     bool takenBack = false;
-    std::string capitals;  // the keyword line
+    std::string capitals;    // the keyword line
+    std::string capitalRow;  // the row read last, when letters separate or end
 };
 
 // A table's wanted columns and where they stand in the file: columns come in any order, extra ones are passed over, a

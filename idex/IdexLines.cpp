@@ -1,7 +1,6 @@
 #include "idex/IdexLines.h"
 
 #include "core/Numbers.h"
-#include "core/RuntimeError.h"
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
 #include "core/modStrings.h"
@@ -15,10 +14,7 @@ namespace {
 // Grows the lines array to a line number; the records in between are blank. A number far beyond what the rows read so
 // far account for is no line number.
 void GrowLinesTo(Drawing& drawing, std::int32_t lineNo, std::int64_t rowsRead) {
-    constexpr std::int32_t alwaysAllowed = 1'000'000;
-    if (lineNo < 0 || (lineNo > alwaysAllowed && lineNo > 10 * rowsRead)) {
-        throw RuntimeError(errors::subscriptOutOfRange);
-    }
+    RequireArrayIndex(lineNo, rowsRead);
     auto& lines = drawing.Lines;
     const std::int32_t first = lines.UpperBound() + 1;
     lines.GrowTo(lineNo);
@@ -34,7 +30,7 @@ void ReadEdges(Screen& screen, IdexFile& file, std::string_view headerLine, Draw
     IdexTable table(file, {"LINENO", "STARTPT", "ENDPT", "LINETYPE"});
     table.ReadHeader(headerLine);
     std::string_view row;
-    while (file.NextRow(row)) {
+    while (file.NextCapitalRow(row)) {
         if (StartsWith(row, "EXTRAINFO")) {
             file.SkipBlock();
             continue;
@@ -60,7 +56,7 @@ void ReadLines(Screen& screen, IdexFile& file, std::string_view keywordLine, Dra
     IdexTable table(file, {"LINENO", "CODE", "DESCRIPTION", "FLAGS1", "FLAGS2"});
     table.ReadHeader(keywordLine);
     std::string_view row;
-    while (file.NextRow(row)) {
+    while (file.NextCapitalRow(row)) {
         if (StartsWith(row, "EDGES")) {
             ReadEdges(screen, file, std::string(row), drawing);
             continue;

@@ -66,7 +66,7 @@ class PointsReader {
     void Read(std::string_view headerLine) {
         table.ReadHeader(headerLine);
         std::string_view row;
-        while (file.NextRow(row)) {
+        while (file.NextCapitalRow(row)) {
             if (StartsWith(row, "EXTRAINFO")) {
                 isUpdating = true;
                 table.ReadHeader(std::string(row.substr(std::string_view("EXTRAINFO").size())));
@@ -88,10 +88,10 @@ class PointsReader {
 
     // A row that has no terminator goes on in the next line; its escaped quotes are put in disguise.
     std::string_view WholeRow(std::string_view row) {
-        if (row.find(file.terminator) == std::string_view::npos) {
+        if (row.find(file.Terminator()) == std::string_view::npos) {
             joined = row;
             std::string_view next;
-            if (file.NextRow(next)) {
+            if (file.NextCapitalRow(next)) {
                 joined.append(next);
             } else {
                 file.TakeBack();

@@ -18,8 +18,6 @@ namespace korvande {
 
 namespace {
 
-constexpr std::int32_t highestTextBox = 1'000'000;
-
 // A text box, where its items are placed.
 struct TextBox {
     bool isDeclared = false;
@@ -52,7 +50,7 @@ TextBoxes ReadBoxes(IdexFile& file, const std::vector<Text>& layerNames) {
     while (file.NextRow(row)) {
         table.Split(row);
         const std::int32_t number = LeadingWholeNumber(row);
-        if (number < 0 || number > highestTextBox) throw RuntimeError(errors::subscriptOutOfRange);
+        RequireArrayIndex(number, ++file.boxRows);
         TextBox box;
         box.isDeclared = true;
         box.anchorPointNo = LeadingWholeNumber(table.Field(anchorPointNo));

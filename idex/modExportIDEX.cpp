@@ -77,9 +77,9 @@ void WritePoints(Screen& screen, LineWriter& output, const Drawing& drawing) {
 }
 
 void WriteLines(Screen& screen, LineWriter& output, const Drawing& drawing) {
-    screen.ShowStatus(u"Wegschrijven lijnstrings");
     const auto& lines = drawing.Lines;
     if (lines.UpperBound() == 0) return;
+    screen.ShowStatus(u"Wegschrijven lijnstrings");
     BeginProgress(screen, lines.UpperBound());
     output.PutLine({});
     output.PutLine("  LINES (LineNo,Code,Flags1,Flags2)");
@@ -93,9 +93,9 @@ void WriteLines(Screen& screen, LineWriter& output, const Drawing& drawing) {
 }
 
 void WriteEdges(Screen& screen, LineWriter& output, const Drawing& drawing) {
-    screen.ShowStatus(u"Wegschrijven lijnsegmenten");
     const auto& edges = drawing.Edges;
     if (edges.UpperBound() == 0) return;
+    screen.ShowStatus(u"Wegschrijven lijnsegmenten");
     BeginProgress(screen, edges.UpperBound());
     output.PutLine({});
     output.PutLine("    EDGES (LineNo,StartPt,StartPtID,EndPt,EndPtID,LINETYPE)");
@@ -136,9 +136,9 @@ void WriteTextBoxes(Screen& screen, LineWriter& output, const Drawing& drawing) 
 
 // Every text is a box of its own, numbered by its index, with a single item.
 void WriteTexts(Screen& screen, LineWriter& output, const Drawing& drawing) {
-    screen.ShowStatus(u"Wegschrijven teksten");
     const auto& texts = drawing.Texts;
     if (texts.UpperBound() == 0) return;
+    screen.ShowStatus(u"Wegschrijven teksten");
     BeginProgress(screen, 2 * std::int64_t{texts.UpperBound()});
     WriteTextBoxes(screen, output, drawing);
     output.PutLine({});

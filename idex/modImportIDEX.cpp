@@ -4,7 +4,6 @@
 
 #include "core/Clock.h"
 #include "core/Numbers.h"
-#include "core/RuntimeError.h"
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
 #include "core/modStrings.h"
@@ -19,8 +18,6 @@ namespace korvande {
 
 namespace {
 
-constexpr std::int32_t highestLayer = 1'000'000;
-
 // The second character of a header value such as "','"; a blank when there is none.
 char SecondCharacter(std::string_view rest) { return rest.size() > 1 ? rest[1] : ' '; }
 
@@ -28,9 +25,9 @@ void ReadHeader(IdexFile& file, Drawing& drawing) {
     while (true) {
         const KeywordLine line = file.NextKeyword();
         if (line.keyword == "SEPARATOR") {
-            file.separator = drawing.IdexSeparator = SecondCharacter(line.rest);
+            file.SetSeparator(drawing.IdexSeparator = SecondCharacter(line.rest));
         } else if (line.keyword == "TERMINATOR") {
-            file.terminator = drawing.IdexTerminator = SecondCharacter(line.rest);
+            file.SetTerminator(drawing.IdexTerminator = SecondCharacter(line.rest));
         } else if (line.keyword == "NAME") {
             drawing.DrawingName = FromWindows1252(line.rest);
         } else if (line.keyword == "FIELD_DATE") {
@@ -60,10 +57,11 @@ void ReadLayers(IdexFile& file, std::string_view headerLine, std::vector<Text>& 
     IdexTable table(file, {"LAYERNO", "NAME"});
     table.ReadHeader(headerLine);
     std::string_view row;
-    while (file.NextRow(row)) {
+    std::int64_t rowsRead = 0;
+    while (file.NextCapitalRow(row)) {
         table.Split(row);
         const std::int32_t number = LeadingWholeNumber(table.Field(layerNo));
-        if (number < 0 || number > highestLayer) throw RuntimeError(errors::subscriptOutOfRange);
+        RequireArrayIndex(number, ++rowsRead);
         const auto index = static_cast<std::size_t>(number);
         if (index >= layerNames.size()) layerNames.resize(index + 1);
         layerNames[index] = FromWindows1252(ToCapitals(StripQuotes(table.Field(name))));

@@ -35,6 +35,66 @@ TEST_F(IdexHeader, ItsSeparatorAndTerminatorHoldForTheRestOfTheFile) {
     EXPECT_EQ(Point(1).East, 12.5);
 }
 
+TEST_F(IdexHeader, ItsSeparatorAndTerminatorMayBeLettersOfAnyCase) {
+    for (const std::string_view letters : {"SEPARATOR 'q'\nTERMINATOR 'x'\n", "SEPARATOR 'Q'\nTERMINATOR 'X'\n"}) {
+        ASSERT_EQ(Read("HEADER\n" + std::string(letters) +
+                       "END HEADER\n"
+                       "LAYERS (LayerNoqName)\n0qAx\n1QBX\nEND LAYERS\nDATABASE\n"
+                       "POINTS (PointNoqPointIDqEastqNorthQDescription)\n"
+                       "1qaQ10q20qeenx weg, q\n"
+                       "2Qbq11q\n21QtweeX\n"
+                       "EXTRAINFO (PointNoqPointIDqEastqNorth)\n2qcq12q22x\n"
+                       "END POINTS\n"
+                       "LINES (LineNoqCode)\n1qmuurx\nEDGES (LineNoqStartPtqEndPtqLineType)\n"
+                       "1q1q2qstraightx\nEND EDGES\nEND LINES\n"),
+                  "")
+            << letters;
+        EXPECT_EQ(drawing.LayerNames, (std::vector<Text>{u"A", u"B"}));
+        ASSERT_EQ(drawing.Points.UpperBound(), 2);
+        EXPECT_EQ(Shown(Point(1).PointID()), "A");
+        EXPECT_EQ(Point(1).East, 10);
+        EXPECT_EQ(Point(1).North, 20);
+        EXPECT_EQ(Shown(drawing.Description(Point(1))), "EEN");
+        EXPECT_EQ(Shown(Point(2).PointID()), "C");
+        EXPECT_EQ(Point(2).East, 12);
+        EXPECT_EQ(Point(2).North, 22);
+        ASSERT_EQ(drawing.Lines.UpperBound(), 1);
+        EXPECT_EQ(Shown(drawing.Code(Line(1))), "MUUR");
+        ASSERT_EQ(drawing.Edges.UpperBound(), 1);
+        EXPECT_EQ(Edge(1).EndPt, 2);
+        EXPECT_EQ(Shown(drawing.LineType(Edge(1))), "STRAIGHT");
+    }
+}
+
+TEST_F(IdexHeader, OneLetterIsEnoughAndAccentedOnesAreLettersToo) {
+    ASSERT_EQ(Read("HEADER\nSEPARATOR '\xE9'\nEND HEADER\nLAYERS (LayerNo\xC9Name)\n0\xE9"
+                   "A;\nEND\nDATABASE\n"
+                   "POINTS (PointID\xE9"
+                   "East)\na\xE9"
+                   "1;\nb\xC9"
+                   "2\n;\nEND\n"),
+              "");
+    ASSERT_EQ(drawing.Points.UpperBound(), 2);
+    EXPECT_EQ(Point(1).East, 1);
+    EXPECT_EQ(Point(2).East, 2);
+    EXPECT_EQ(ToUtf8(drawing.LayerNames.at(0)), "A");
+    ASSERT_EQ(Read("HEADER\nTERMINATOR 'x'\nEND HEADER\nLAYERS ()\nEND\nDATABASE\n"
+                   "POINTS (PointID,East)\na,1x,\nb,\n2x\nEND\n"),
+              "");
+    ASSERT_EQ(drawing.Points.UpperBound(), 2);
+    EXPECT_EQ(Point(2).East, 2);
+}
+
+TEST_F(IdexHeader, ALetterSeparatesTextsAsACapitalOnlyForTheyKeepTheirOwnLetters) {
+    ASSERT_EQ(Read("HEADER\nSEPARATOR 'q'\nTERMINATOR 'z'\nEND HEADER\nLAYERS (LayerNoqName)\n0qAz\nEND\nDATABASE\n"
+                   "TEXT\nBOX_ON_POINT (TextBoxNoqAnchorPointNo)\n1Q7Z\nEND\n"
+                   "ITEMS (TextBoxNoqLineNoqTextItem)\n1Q1QAquarel, zonZ\nEND\nEND TEXT\n"),
+              "");
+    ASSERT_EQ(drawing.Texts.UpperBound(), 1);
+    EXPECT_EQ(TextAt(1).AnchorPointNo, 7);
+    EXPECT_EQ(Shown(TextAt(1).Characters()), "Aquarel, zon");
+}
+
 TEST_F(IdexHeader, WithoutThemFieldsAreSeparatedByCommasAlsoAfterAnotherFile) {
     ASSERT_EQ(ReadHeader("SEPARATOR ';'\nTERMINATOR '#'\n"), "");
     ASSERT_EQ(ReadHeader(""), "");
@@ -174,6 +234,15 @@ TEST_F(IdexLayers, TheNumberOfOneReachesToAMillion) {
     EXPECT_EQ(ReadLayers("1,\"A\";\n1000001,\"TE HOOG\";\n"), "error 9 in line 6");
     EXPECT_EQ(ReadLayers("-1,\"NEGATIEF\";\n"), "error 9 in line 5");
     EXPECT_EQ(ReadLayers("3000000000,\"OVERLOOP\";\n"), "error 6 in line 5");
+}
+
+TEST_F(IdexLayers, ANumberAboveAMillionMayBeTenTimesTheRowsReadSoFar) {
+    std::string rows;
+    for (int i = 1; i <= 100'000; ++i) rows += "1,\"A\";\n";
+    // The row itself counts: 100001 rows allow 1000010.
+    ASSERT_EQ(ReadLayers(rows + "1000010,\"HOOG\";\n"), "");
+    EXPECT_EQ(Name(1'000'010), "HOOG");
+    EXPECT_EQ(ReadLayers(rows + "1000011,\"TE HOOG\";\n"), "error 9 in line 100005");
 }
 
 TEST_F(IdexLayers, ATableWithoutItsEndIsAnError) {

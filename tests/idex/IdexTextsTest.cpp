@@ -131,6 +131,15 @@ TEST_F(IdexTexts, ABoxNumberReachesToAMillion) {
     EXPECT_EQ(ReadTexts("-1,10;\n", ""), ErrorAt(errors::subscriptOutOfRange, firstBox));
 }
 
+TEST_F(IdexTexts, ABoxNumberAboveAMillionMayBeTenTimesTheRowsReadSoFar) {
+    std::string rows;
+    for (int i = 1; i <= 100'000; ++i) rows += "1,10;\n";
+    // The row itself counts: 100001 rows allow 1000010.
+    ASSERT_EQ(ReadTexts(rows + "1000010,20;\n", "1,1000010,1,1,\"A\";\n"), "");
+    EXPECT_EQ(TextAt(1).AnchorPointNo, 20);
+    EXPECT_EQ(ReadTexts(rows + "1000011,20;\n", ""), ErrorAt(errors::subscriptOutOfRange, firstBox + 100'000));
+}
+
 TEST_F(IdexTexts, ALayerThatIsNotInTheTableIsAnErrorAboveItOnly) {
     EXPECT_EQ(ReadTexts("1,10,3,2,0;\n", ""), ErrorAt(errors::subscriptOutOfRange, firstBox));
     EXPECT_EQ(ReadTexts("1,10,3,-1,0;\n", ""), ErrorAt(errors::subscriptOutOfRange, firstBox));

@@ -237,6 +237,17 @@ TEST_F(IdexWriter, TheStatusTellsOfTheStepsAndTheProgressOfTheirRows) {
     EXPECT_EQ(screen.maxima, (std::vector<std::int64_t>{2, 1, 1, 2}));
 }
 
+TEST_F(IdexWriter, TheStatusTellsOfNoTableThatIsEmpty) {
+    AddPoint(drawing, {});
+    Write();
+    EXPECT_EQ(screen.statuses, (std::vector<std::string>{"Wegschrijven Header", "Wegschrijven punten"}));
+    screen.statuses.clear();
+    AddText(drawing, 1, u"T");
+    Write();
+    EXPECT_EQ(screen.statuses,
+              (std::vector<std::string>{"Wegschrijven Header", "Wegschrijven punten", "Wegschrijven teksten"}));
+}
+
 TEST_F(IdexWriter, APersonMayEndTheWriting) {
     AddPoint(drawing, {});
     screen.onPump = [] { throw TranslationAborted(); };
