@@ -1,6 +1,7 @@
 #include "project/ControlTableReader.h"
 
 #include <algorithm>
+#include <span>
 #include <vector>
 
 #include "core/Numbers.h"
@@ -154,28 +155,22 @@ void TakeCodeRow(CodeTables& codes, const TableSection& section, std::string_vie
     fields.Take(row->B);
 }
 
-}  // namespace
-
-void ReadControlTable(Screen& screen, LineReader& file, Project& project) {
-    std::string section;
-    std::string key;
-    std::string value;
-    RowFields fields;
-    while (true) {
-        ReadINI(screen, file, section, key, value);
-        if (section == "END") return;
-        const TableSection* const table =
-            std::find_if(std::begin(tableSections), std::end(tableSections),
-                         [&section](const TableSection& entry) { return entry.name == section; });
-        if (table != std::end(tableSections)) {
-            TakeCodeRow(project.codes, *table, key, value, fields);
-        } else {
-            TakeSetting(project, section, key, value);
-        }
-    }
+const TableSection* FindTableSection(std::string_view name) {
+    const TableSection* const found = std::find_if(std::begin(tableSections), std::end(tableSections),
+                                                   [name](const TableSection& entry) { return entry.name == name; });
+    return found == std::end(tableSections) ? nullptr : found;
 }
 
-void ReadINI(Screen& screen, LineReader& file, std::string& section, std::string& key, std::string& value) {
+bool IsKnownSection(std::string_view name) {
+    const std::span<const Option> options = AllOptions();
+    return name == "END" || FindTableSection(name) != nullptr ||
+           std::any_of(options.begin(), options.end(),
+                       [name](const Option& option) { return !name.empty() && IsInCapitals(name, option.section); });
+}
+
+// As ReadINI; what the lines passed tell of the whole file goes into the signs.
+void ReadEntry(Screen& screen, LineReader& file, std::string& section, std::string& key, std::string& value,
+               ControlTableSigns& signs) {
     key.clear();
     value.clear();
     std::string_view raw;
@@ -189,7 +184,9 @@ void ReadINI(Screen& screen, LineReader& file, std::string& section, std::string
         const std::string_view line = Trim(capitals);
         if (line.starts_with('[')) {
             section = line.size() > 2 ? line.substr(1, line.size() - 2) : std::string_view();
-            if (section == "END") return;
+            signs.hasKnownSection = signs.hasKnownSection || IsKnownSection(section);
+            signs.hasEnd = section == "END";
+            if (signs.hasEnd) return;
             continue;
         }
         const std::size_t equals = line.find('=');
@@ -198,6 +195,30 @@ void ReadINI(Screen& screen, LineReader& file, std::string& section, std::string
         value = Trim(line.substr(equals + 1));
         return;
     }
+}
+
+}  // namespace
+
+ControlTableSigns ReadControlTable(Screen& screen, LineReader& file, Project& project) {
+    ControlTableSigns signs;
+    std::string section;
+    std::string key;
+    std::string value;
+    RowFields fields;
+    while (true) {
+        ReadEntry(screen, file, section, key, value, signs);
+        if (section == "END") return signs;
+        if (const TableSection* const table = FindTableSection(section); table != nullptr) {
+            TakeCodeRow(project.codes, *table, key, value, fields);
+        } else {
+            TakeSetting(project, section, key, value);
+        }
+    }
+}
+
+void ReadINI(Screen& screen, LineReader& file, std::string& section, std::string& key, std::string& value) {
+    ControlTableSigns signs;
+    ReadEntry(screen, file, section, key, value, signs);
 }
 
 void INI_TrueFalse(std::string_view value, bool& result) noexcept {

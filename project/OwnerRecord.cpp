@@ -2,6 +2,17 @@
 
 namespace korvande {
 
+namespace {
+
+// The name becomes capitals itself.
+template <std::size_t N>
+void TakeSourceFrom(FixedText<N>& name, OwnerRec& owner) {
+    name = ToCapitals(name.View());
+    owner.Source = name.View();
+}
+
+}  // namespace
+
 void FillOwner(OwnerRec& owner) {
     if (!owner.NameLong.NeverFilled()) return;
     owner.NameLong = u"VOSAIZO ZANDERVIK B.V.";
@@ -16,8 +27,8 @@ void FillOwner(OwnerRec& owner) {
 
 void FillSource(OwnerRec& owner) {
     owner.Source = Text(owner.Source.Trimmed());
-    if (owner.Source.IsBlank()) owner.Source = ToCapitals(owner.NameShort.View());
-    if (owner.Source.IsBlank()) owner.Source = ToCapitals(owner.NameLong.View());
+    if (owner.Source.IsBlank()) TakeSourceFrom(owner.NameShort, owner);
+    if (owner.Source.IsBlank()) TakeSourceFrom(owner.NameLong, owner);
 }
 
 }  // namespace korvande

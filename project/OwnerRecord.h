@@ -20,7 +20,7 @@ struct OwnerRec {
 // Puts the defaults into a record that was never filled.
 void FillOwner(OwnerRec& owner);
 
-// A data owner without a source code gets one made from its name.
+// A data owner without a source code gets one made from its short name or else its name, which becomes capitals itself.
 void FillSource(OwnerRec& owner);
 
 }  // namespace korvande

@@ -62,6 +62,40 @@ TEST_F(ControlTableFailures, RetryOpensAgainAsOftenAsAsked) {
     EXPECT_EQ(TableText(pointTable), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\nCD|Q22|PUNT|PAAL|0|0|0\n");
 }
 
+TEST_F(ControlTableFailures, AFileWithoutAnySectionOfAControlTableIsRefused) {
+    for (const char* const bytes :
+         {"", "HEADER\r\nEND HEADER\r\n", "[Ander]\r\nTown = ELDERS\r\n[]\r\n", "Town = X\r\n"}) {
+        messages.clear();
+        const Text name = folder.Write("vreemd.nst", bytes);
+        options.chkExportUnknowns = true;
+        EXPECT_FALSE(LoadFile(name)) << bytes;
+        EXPECT_EQ(messages, std::vector{"Dit bestand is geen controletabel:\n" + ToUtf8(name)}) << bytes;
+        EXPECT_EQ(pointerScreen.boxes.back().buttons, Buttons::Ok);
+        EXPECT_FALSE(options.chkExportUnknowns);
+        EXPECT_EQ(TableText(pointTable), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\n");
+    }
+}
+
+TEST_F(ControlTableFailures, OneSectionMakesAControlTableAndEndIsOne) {
+    for (const char* const section : {"nen1878", "Import", "Export", "Points", "Lines", "Texts"}) {
+        EXPECT_TRUE(LoadFile(folder.Write("kort.nst", "[" + std::string(section) + "]\r\n[END]\r\n"))) << section;
+    }
+    EXPECT_TRUE(LoadFile(folder.Write("kort.nst", "[End]")));
+    EXPECT_EQ(messages, std::vector<std::string>());
+}
+
+TEST_F(ControlTableFailures, AControlTableWithoutItsEndIsReadAndToldOnce) {
+    for (const char* const end : {"", "[En", "End]\r\n", "[End\r\n"}) {
+        messages.clear();
+        const Text name = folder.Write("half.nst", std::string("[Points]\r\nCD = Q22, PUNT, PAAL\r\n") + end);
+        EXPECT_TRUE(LoadFile(name));
+        EXPECT_EQ(messages, std::vector{"De controletabel lijkt afgebroken: er is geen [End]:\n" + ToUtf8(name)})
+            << end;
+        EXPECT_EQ(pointerScreen.boxes.back().buttons, Buttons::Ok);
+        EXPECT_EQ(TableText(pointTable), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\nCD|Q22|PUNT|PAAL|0|0|0\n");
+    }
+}
+
 TEST_F(ControlTableFailures, RetryAndThenCancelEndsTheLoad) {
     pointerScreen.answers = {Answer::Retry, Answer::Cancel};
     EXPECT_FALSE(LoadFile(folder / "geen.nst"));

@@ -81,7 +81,7 @@ TEST_F(ControlTable, TheSourceIsMadeFromTheShortNameAndElseFromTheLongOne) {
     owner.NameShort = u"één ding";
     Load("[End]\n");
     EXPECT_EQ(owner.Source.View(), u"ÉÉN D");
-    EXPECT_EQ(owner.NameShort.View(), u"één ding");
+    EXPECT_EQ(owner.NameShort.View(), u"ÉÉN DING");
 }
 
 TEST_F(ControlTable, NothingBehindTheEndIsRead) {

@@ -77,7 +77,23 @@ TEST_F(OwnerRecord, ASourceIsMadeOfTheShortNameAndElseOfTheLongOneOnlyWhenThereI
     owner.NameLong = u"landmeters";
     FillSource(owner);
     EXPECT_EQ(owner.Source.View(), u"LANDM");
-    EXPECT_EQ(owner.NameLong.TrimmedRight(), u"landmeters");
+}
+
+TEST_F(OwnerRecord, TheNameThatASourceIsMadeOfBecomesCapitalsItself) {
+    owner.Source = u"";
+    owner.NameShort = u"één ding";
+    owner.NameLong = u"Landmeters";
+    FillSource(owner);
+    EXPECT_EQ(owner.NameShort.View(), u"ÉÉN DING");
+    EXPECT_EQ(owner.NameLong.TrimmedRight(), u"Landmeters");
+    owner.Source = u"";
+    owner.NameShort = u"";
+    FillSource(owner);
+    EXPECT_EQ(owner.NameLong.TrimmedRight(), u"LANDMETERS");
+    owner.Source = u"x";
+    owner.NameLong = u"Landmeters";
+    FillSource(owner);
+    EXPECT_EQ(owner.NameLong.TrimmedRight(), u"Landmeters");
 }
 
 }  // namespace
