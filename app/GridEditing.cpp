@@ -4,6 +4,7 @@
 
 #include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
+#include "project/CellCheck.h"
 
 namespace korvande {
 
@@ -55,15 +56,26 @@ void StartListEdit(EditedGrid& edited) {
     edited.listEditor.text = item == edited.listItems.end() ? Text() : *item;
 }
 
-// What the editors hold goes into the cell; false when no edit was under way.
+// Takes a text into the current cell, unless its control table could not give it back; then the sentence that says why.
+Text TakeIntoCell(EditedGrid& edited, const Text& text) {
+    Text& cell = CurrentCell(edited);
+    if (text == cell) return {};
+    Text why = WhyCellIsRefused(static_cast<Grid::Column>(edited.column), text);
+    if (why.empty()) cell = text;
+    return why;
+}
+
+// What the editors hold goes into the cell, or a message tells why not; false when no edit was under way.
 bool StoreEdit(FormKORVANDE& form, EditedGrid& edited) {
     const auto isInUse = [](const CellEditor& editor) { return editor.isVisible || editor.hasFocus; };
     const bool isText = isInUse(edited.textEditor);
     if (!isText && !isInUse(edited.listEditor)) return false;
     CellEditor& editor = isText ? edited.textEditor : edited.listEditor;
     editor.isVisible = editor.hasFocus = false;
-    if (HasCurrentRow(edited)) CurrentCell(edited) = isText ? editor.text : ToCapitals(editor.text);
+    const Text text = isText ? editor.text : ToCapitals(editor.text);
+    const Text whyNot = HasCurrentRow(edited) ? TakeIntoCell(edited, text) : Text();
     TellChanged(form);
+    if (!whyNot.empty()) ShowMessage(form.screen, Concat(u"Niet overgenomen: ", text, u"\n", whyNot));
     return true;
 }
 

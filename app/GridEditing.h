@@ -32,8 +32,9 @@ void StartEdit(FormKORVANDE& form, EditedGrid& edited, std::int16_t keyCharacter
 void EditKeyCodeTexts(FormKORVANDE& form, EditedGrid& edited, std::int16_t& keyCode, std::int16_t shift);
 void EditKeyCodeLists(FormKORVANDE& form, EditedGrid& edited, std::int16_t& keyCode, std::int16_t shift);
 
-// The editor lost the focus, or the grid left the cell: what it holds goes into the cell, and it is hidden. Without an
-// edit under way nothing happens.
+// The editor lost the focus, or the grid left the cell: what it holds goes into the cell, and it is hidden. What the
+// control table could not give back is refused: the cell keeps its text and a message tells why. Without an edit under
+// way nothing happens.
 void EndEdit(FormKORVANDE& form, EditedGrid& edited);
 
 // Ends every edit, before something reads the grids.

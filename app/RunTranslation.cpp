@@ -64,20 +64,27 @@ bool TakeNamesFromForm(FormKORVANDE& form) {
     return true;
 }
 
-// A run that would write over its own input never starts.
-bool WouldWriteOverInput(FormKORVANDE& form) {
+// A run that would write one of its files over another one, or over the control table, never starts.
+bool WouldWriteOverItsFiles(FormKORVANDE& form) {
     Conversion& conversion = form.conversion;
-    const Text& input = RolesOf(conversion).input;
-    TextView what;
-    if (SameFile(conversion.IdexFileName, conversion.SufNenFileName)) {
-        what = u"uitvoer";
-    } else if (SameFile(conversion.LogFileName, input)) {
-        what = u"logboek";
-    } else {
-        return false;
+    const Roles roles = RolesOf(conversion);
+    const Text& logBook = conversion.LogFileName;
+    const Text controlTable = form.CurrentProject.empty() ? Text() : Concat(form.ProjectFolder, form.CurrentProject);
+    const struct {
+        TextView what;
+        const Text& name;
+        const Text& other;  // empty: there is none
+    } clashes[] = {{u"Invoer en uitvoer", roles.input, roles.output},
+                   {u"Invoer en logboek", roles.input, logBook},
+                   {u"Uitvoer en logboek", logBook, roles.output},
+                   {u"Controletabel en uitvoer", roles.output, controlTable},
+                   {u"Controletabel en logboek", logBook, controlTable}};
+    for (const auto& [what, name, other] : clashes) {
+        if (other.empty() || !SameFile(name, other)) continue;
+        ShowMessage(form.screen, Concat(what, u" zijn hetzelfde bestand:\n", name));
+        return true;
     }
-    ShowMessage(form.screen, Concat(u"Invoer en ", what, u" zijn hetzelfde bestand:\n", input));
-    return true;
+    return false;
 }
 
 void ViewLogBook(Screen& screen, const Text& name) {
@@ -106,7 +113,7 @@ void SetRunMark(FormKORVANDE& form, TextView mark) {
 }
 
 // Translates with the settings of the form, whose project has just been saved: the code tables are the grids as they
-// are. False when that was cancelled.
+// are. False when a person ended that; an import that was cancelled at a question came to its end.
 bool TranslateProject(const FormKORVANDE& form) {
     Translation translation(form.screen);
     translation.options = form.project.options;
@@ -120,13 +127,13 @@ bool TranslateProject(const FormKORVANDE& form) {
     return TranslateFiles(translation) && !translation.outcome.cancelled;
 }
 
-// The run itself; false when it was stopped or cancelled, and nothing more is to be said.
+// The run itself; false when it was stopped or ended by a person, and nothing more is to be said.
 bool Translate(FormKORVANDE& form) {
     if (form.conversion.direction == Direction::None) {
         ShowMessage(form.screen, u"Onbekende vertaalrichting.");
         return false;
     }
-    if (WouldWriteOverInput(form)) return false;
+    if (WouldWriteOverItsFiles(form)) return false;
     SaveUserSettings(form);
     SaveCurrentProject(form);
     if (!TranslateProject(form)) return false;

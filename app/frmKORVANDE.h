@@ -107,8 +107,8 @@ void TellChanged(const FormKORVANDE& form);
 void Unload(const FormKORVANDE& form);
 
 // Resets, then reads a control table file into the project, the grids and the owner boxes. When it cannot be opened or
-// read a Retry/Cancel message tells so; after Cancel the reset state stays, in the grids too, and the result is false.
-// Malformed lines never stop a load.
+// read a Retry/Cancel message tells so; after Cancel, or when it is no control table, the reset state stays, in the
+// grids too, and the result is false. Malformed lines never stop a load.
 bool LoadProjectFile(FormKORVANDE& form, TextView fileName);
 
 // The form as after loading a control table without any key.

@@ -5,7 +5,8 @@
 
 namespace korvande {
 
-bool HasDefaultPrinter() {
+// A queue that takes no jobs is told by the printing itself.
+bool DefaultPrinterTakesJobs() {
     DWORD length = 0;
     GetDefaultPrinterW(nullptr, &length);
     // The length of its name, with the null behind it.

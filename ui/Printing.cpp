@@ -87,7 +87,7 @@ bool Listing::OnPrintPage(int page) {
 }  // namespace
 
 bool PrintPages(wxWindow* parent, const wxPrintData& data, const Screen::MakePages& makePages) {
-    if (data.GetPrintMode() == wxPRINT_MODE_PRINTER && !HasDefaultPrinter()) return false;
+    if (data.GetPrintMode() == wxPRINT_MODE_PRINTER && !DefaultPrinterTakesJobs()) return false;
     const wxLogNull noMessages;
     wxPrintDialogData settings(data);
     wxPrinter printer(&settings);

@@ -30,6 +30,32 @@ TEST_F(GridEditing, ATypedCharacterReplacesTheTextAndTheCaretStandsBehindIt) {
     EXPECT_TRUE(edited.gridHasFocus);
 }
 
+TEST_F(GridEditing, WhatTheControlTableCouldNotGiveBackIsRefusedWithAMessageAndTheCellKeepsItsText) {
+    EditedGrid& edited = form.editedPoints;
+    Start(edited, 1, Grid::Description);
+    edited.textEditor.text = u"BOOM, LOOF";
+    PressText(edited, keys::enter);
+    EXPECT_EQ(Cell(edited, 1, Grid::Description), "ONBEKEND PUNTOBJECT");
+    EXPECT_FALSE(edited.textEditor.isVisible);
+    EXPECT_EQ(screen.messages, std::vector<std::string>{
+                                   "Niet overgenomen: BOOM, LOOF\nEen komma scheidt in een controletabel de velden, "
+                                   "behalve in een tekst tussen dubbele aanhalingstekens."});
+    Start(edited, 1, Grid::Liscad);
+    edited.textEditor.text = u"[X";
+    EndEdits(form);
+    EXPECT_EQ(Cell(edited, 1, Grid::Liscad), "STANDRD");
+    EXPECT_EQ(screen.messages.size(), 2U);
+}
+
+TEST_F(GridEditing, ACellThatIsLeftAsItWasIsNotRefused) {
+    EditedGrid& edited = form.editedPoints;
+    edited.grid[1][Grid::Liscad] = u"A#B";
+    Start(edited, 1, Grid::Liscad);
+    PressText(edited, keys::enter);
+    EXPECT_EQ(Cell(edited, 1, Grid::Liscad), "A#B");
+    EXPECT_TRUE(screen.messages.empty());
+}
+
 TEST_F(GridEditing, ADoubleClickOpensTheEditorWithTheWholeTextSelected) {
     EditedGrid& edited = form.editedPoints;
     Start(edited, 1, Grid::Description);

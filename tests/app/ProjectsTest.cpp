@@ -378,6 +378,16 @@ TEST_F(Projects, WhileOneIsLoadedNoOtherOperationStarts) {
     EXPECT_EQ(ProjectNames(), "A.nst B.nst");
 }
 
+TEST_F(Projects, NothingIsSavedOverAFileThatIsNoControlTable) {
+    const std::string foreign = "HEADER\r\nEND HEADER\r\n";
+    const Text name = folder.Write("projecten/VREEMD.NST", foreign);
+    EXPECT_FALSE(LoadProject(form, u"VREEMD.NST"));
+    EXPECT_EQ(screen.messages, std::vector<std::string>{"Dit bestand is geen controletabel:\n" + ToUtf8(name)});
+    EXPECT_EQ(form.CurrentProject, u"");
+    SaveCurrentProject(form);
+    EXPECT_EQ(ProjectBytes("VREEMD.NST"), foreign);
+}
+
 }  // namespace
 
 }  // namespace korvande::testing

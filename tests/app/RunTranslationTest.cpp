@@ -110,6 +110,76 @@ TEST_F(RunTranslationTest, ALogBookThatWouldReplaceTheInputIsRefused) {
     EXPECT_EQ(FileBytes(file), Drawing());
 }
 
+TEST_F(RunTranslationTest, ALogBookThatWouldReplaceTheOutputIsRefused) {
+    const Text input = folder.Write("in.idx", Drawing());
+    const Text output = folder.Write("uit.LOG", "vorige");
+    Choose(0, input, output);
+    RunTranslation(form);
+    EXPECT_EQ(LastMessage(), "Uitvoer en logboek zijn hetzelfde bestand:\n" + ToUtf8(output));
+    EXPECT_EQ(FileBytes(output), "vorige");
+    EXPECT_EQ(folder.Listing(), "in.idx projecten uit.LOG");
+    EXPECT_EQ(ProjectNames(), "");
+    EXPECT_EQ(ToUtf8(form.runMark), "");
+}
+
+TEST_F(RunTranslationTest, AnOutputThatIsTheControlTableIsRefused) {
+    const Text input = folder.Write("in.idx", Drawing());
+    WriteProject("TEST.NST", "ELDERS");
+    const std::string before = ProjectBytes("TEST.NST");
+    const Text output = folder / "projecten/./TEST.NST";
+    Choose(0, input, output);
+    RunTranslation(form);
+    EXPECT_EQ(LastMessage(), "Controletabel en uitvoer zijn hetzelfde bestand:\n" + ToUtf8(output));
+    EXPECT_EQ(ProjectBytes("TEST.NST"), before);
+    EXPECT_EQ(ProjectNames(), "TEST.NST");
+}
+
+TEST_F(RunTranslationTest, ALogBookThatIsTheControlTableIsRefused) {
+    form.CurrentProject = u"TEST.LOG";
+    WriteProject("TEST.LOG", "ELDERS");
+    const std::string before = ProjectBytes("TEST.LOG");
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "projecten/TEST.SFN");
+    RunTranslation(form);
+    EXPECT_EQ(LastMessage(),
+              "Controletabel en logboek zijn hetzelfde bestand:\n" + ToUtf8(folder / "projecten/TEST.LOG"));
+    EXPECT_EQ(ProjectBytes("TEST.LOG"), before);
+    EXPECT_EQ(ProjectNames(), "TEST.LOG");
+}
+
+// A NEN1878 file about which its import asks a question, as its 02 record has no precision.
+std::string DoubtfulNen1878(const std::string& nen1878) {
+    std::string bytes = nen1878;
+    bytes[bytes.find("\r\n02") + 2 + 6] = '0';
+    return bytes;
+}
+
+TEST_F(RunTranslationTest, AnImportThatWasCancelledAtAQuestionStillDisposesOfItsLogBookAndSaysThatItIsDone) {
+    Choose(2, folder / "uit.idx", folder.Write("in.nen", DoubtfulNen1878(Nen1878())));
+    screen.answers = {Answer::Cancel};
+    RunTranslation(form);
+    EXPECT_EQ(screen.viewed, std::vector<std::string>{ToUtf8(folder / "uit.LOG")});
+    ASSERT_EQ(screen.messages.size(), 3U);
+    EXPECT_EQ(screen.messages[1], "NEN1878 import afgebroken door gebruiker.");
+    EXPECT_EQ(screen.messages[2], "Verwerking gereed");
+}
+
+TEST_F(RunTranslationTest, ACancelledImportThatACommandLineStartedDisposesOfItsLogBookAndClosesTheWindow) {
+    options.StartedInteractively = false;
+    SelectReport(options, &Options::optReportNone);
+    bool isUnloaded = false;
+    form.unload = [&] { isUnloaded = true; };
+    form.cboXlateMode = {{u"Import NEN1878"}, 0};
+    form.conversion.direction = Direction::ToIdex;
+    form.conversion.SufNenFileName = folder.Write("in.nen", DoubtfulNen1878(Nen1878()));
+    form.conversion.IdexFileName = folder / "uit.idx";
+    form.conversion.LogFileName = folder / "uit.LOG";
+    screen.answers = {Answer::Cancel};
+    RunTranslation(form);
+    EXPECT_TRUE(isUnloaded);
+    EXPECT_EQ(screen.messages.size(), 2U);
+    EXPECT_FALSE(FileIsThere(folder / "uit.LOG"));
+}
+
 TEST_F(RunTranslationTest, SettingsAndProjectAreSavedBeforeTheRun) {
     Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
     options.txtMinX = u"42";

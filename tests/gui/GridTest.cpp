@@ -19,6 +19,19 @@ TEST_P(GridTest, TypingOnACellReplacesItsText) {
     EXPECT_FALSE(HasEditor());
 }
 
+TEST_P(GridTest, WhatTheControlTableCouldNotGiveBackIsRefusedWhenTheCellIsLeft) {
+    Open(GetParam());
+    const std::string before = Cell(2, Grid::Description);
+    ClickOn(2, Grid::Description);
+    Keys("a#b");
+    ClickOn(1, Grid::Liscad);
+    EXPECT_EQ(Cell(2, Grid::Description), before);
+    EXPECT_FALSE(HasEditor());
+    EXPECT_EQ(dialogs.messages,
+              std::vector<std::string>{
+                  "Niet overgenomen: a#b\nWat achter een # staat, is in een controletabel een opmerking."});
+}
+
 TEST_P(GridTest, EscapeStoresWhatWasTyped) {
     Open(GetParam());
     ClickOn(2, Grid::Description);

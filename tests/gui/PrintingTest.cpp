@@ -160,6 +160,13 @@ TEST_F(PrintingTest, TheFontIsCourierNewOfTenPoints) {
     EXPECT_THAT(Ask("pdffonts", {document}), ::testing::ContainsRegex("Mono|Courier"));
 }
 
+TEST_F(PrintingTest, APrinterThatTakesNoJobsKeepsTheLogBookAndAMessageNamesIt) {
+    Ask("/usr/sbin/cupsreject", {"proef"});
+    Print("regel\n");
+    Ask("/usr/sbin/cupsaccept", {"proef"});
+    ExpectThatItCannotBePrinted();
+}
+
 TEST_F(PrintingTest, WithoutADefaultPrinterAMessageNamesTheLogBookAtOnce) {
     const Text answers = folder.Write("lpstat", "#!/bin/sh\necho 'no system default destination'\n");
     std::filesystem::permissions(ToUtf8(answers), std::filesystem::perms::owner_all);

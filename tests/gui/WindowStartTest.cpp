@@ -148,7 +148,8 @@ TEST_F(WindowStartTest, ABrokenControlTableIsLoadedAsFarAsItGoes) {
                              93));
     Start();
     ASSERT_TRUE(IsOpen());
-    EXPECT_THAT(dialogs.messages, ElementsAre());
+    EXPECT_THAT(dialogs.messages,
+                ElementsAre("De controletabel lijkt afgebroken: er is geen [End]:\n" + projects + "\\stuk.nst"));
     EXPECT_EQ(TextOf("txtCity"), "HEELDORP");
     EXPECT_EQ(Find<wxGrid>("gridPoints").GetNumberRows(), 2);
 }
