@@ -1,6 +1,8 @@
 #include "cli/Check.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
 #include <optional>
 
 #include "cli/Arguments.h"
@@ -8,8 +10,11 @@
 #include "cli/Print.h"
 #include "cli/Process.h"
 #include "cli/Projects.h"
+#include "core/LineReader.h"
+#include "core/NativePath.h"
 #include "core/Picture.h"
 #include "core/RuntimeError.h"
+#include "host/modFileHandling.h"
 #include "run/Check.h"
 #include "run/Recognise.h"
 #include "translation/Translation.h"
@@ -43,6 +48,39 @@ class CheckScreen : public ConsoleScreen {
 Text QuestionWithLine(Text question, std::int64_t line) {
     std::replace(question.begin(), question.end(), u'\n', u' ');
     return line > 0 ? Concat(question, u" (regel ", line, u")") : question;
+}
+
+// The bytes of an input that can be read only once, such as a pipe.
+using Bytes = std::optional<std::string>;
+
+// All that such an input gives until its end.
+std::string ReadOnce(Screen& screen, const Text& name) {
+    constexpr std::size_t blockSize = std::size_t{1} << 16;
+    const FileHandle file(OpenNativeFile(name, OpenMode::Read));
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    std::string bytes;
+    while (true) {
+        const std::size_t before = bytes.size();
+        bytes.resize(before + blockSize);
+        const std::size_t count = std::fread(bytes.data() + before, 1, blockSize, file.get());
+        bytes.resize(before + count);
+        if (count == blockSize) continue;
+        if (std::ferror(file.get()) == 0) return bytes;
+        // A signal may end the wait for more.
+        if (errno != EINTR) throw RuntimeError(ErrorNumberOf(errno));
+        std::clearerr(file.get());
+        screen.PumpEvents();
+    }
+}
+
+std::optional<Format> FormatOf(Screen& screen, const Text& name, const Bytes& bytes) {
+    LineReader file;
+    if (bytes) {
+        file.OpenBytes(*bytes);
+    } else {
+        file.Open(name, &screen);
+    }
+    return Recognise(file);
 }
 
 void PrintCounts(const Drawing& drawing) {
@@ -90,11 +128,12 @@ void AddUnknownCodes(UnknownCodeTally& unknowns, Findings& findings) {
 }
 
 // Goes through the drawing and tells all there is to tell of it; the exit status.
-int CheckFile(CheckScreen& screen, const Project& project, const Text& name, Format format) {
+int CheckFile(CheckScreen& screen, const Project& project, const Text& name, const Bytes& bytes, Format format) {
     Findings findings;
     Translation translation(screen, project);
     translation.mode = ModeReading(format);
     (format == Format::Idex ? translation.IdexFileName : translation.SufNenFileName) = name;
+    translation.inputBytes = bytes;
     translation.problems.onProblem = [&findings](const Problem& problem) { findings.Add(SentenceWithLine(problem)); };
     // A question about the format is a problem, after which the check goes on with what is proposed.
     screen.answerQuestion = [&findings, &translation](const MessageBox& box) {
@@ -117,10 +156,11 @@ int CheckFile(CheckScreen& screen, const Project& project, const Text& name, For
 
 int CheckOne(const Project& project, const Text& name) {
     CheckScreen screen;
+    Bytes bytes;
     std::optional<Format> format;
     try {
-        LineReader file(name, &screen);
-        format = Recognise(file);
+        if (!IsRegularFileOrMissing(name)) bytes = ReadOnce(screen, name);
+        format = FormatOf(screen, name, bytes);
     } catch (const RuntimeError& error) {
         PrintErrorLine(
             Concat(u"Kon bestand: '", name, u"' niet openen;\nFoutcode: ", error.Number(), u"\n", error.Description()));
@@ -130,7 +170,7 @@ int CheckOne(const Project& project, const Text& name) {
         PrintErrorLine(Concat(name, u": geen IDEX, NEN1878 of SUF2 bestand."));
         return status::failed;
     }
-    return CheckFile(screen, project, name, *format);
+    return CheckFile(screen, project, name, bytes, *format);
 }
 
 }  // namespace

@@ -8,7 +8,8 @@ namespace korvande {
 
 // To be called first. Standard streams that are not there lead nowhere, so that no file of a run takes their place and
 // gets messages written into it. A write that the system refuses (a full file size, a reader that went away) is an
-// error of that write and not the end of the program. From here on interrupts (Ctrl+C, a request to end) are noted.
+// error of that write and not the end of the program. From here on interrupts (Ctrl+C, a request to end, a lost
+// terminal unless that is to be ignored) are noted.
 void PrepareProcess();
 
 // The program's name and its arguments in UTF-8, whatever the locale.

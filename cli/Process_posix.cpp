@@ -27,7 +27,11 @@ void PrepareProcess() {
     struct sigaction action {};
     action.sa_handler = NoteInterrupt;
     sigemptyset(&action.sa_mask);
-    for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP}) ::sigaction(signalNumber, &action, nullptr);
+    for (const int signalNumber : {SIGINT, SIGTERM}) ::sigaction(signalNumber, &action, nullptr);
+    // Whoever started the program so that it goes on without its terminal ("nohup") has a hang-up ignored.
+    struct sigaction hangUp {};
+    const bool isIgnored = ::sigaction(SIGHUP, nullptr, &hangUp) == 0 && hangUp.sa_handler == SIG_IGN;
+    if (!isIgnored) ::sigaction(SIGHUP, &action, nullptr);
     for (const int signalNumber : {SIGPIPE, SIGXFSZ}) std::signal(signalNumber, SIG_IGN);
 }
 

@@ -46,6 +46,28 @@ void DescribeTranslate(CLI::App& command, TranslateOptions& options) {
         ->option_text("INVOER [UITVOER]");
 }
 
+// The library would take a list in brackets apart, and take some names for marks of its own. An argument that it could
+// take so goes through it behind a character that it knows nothing of.
+constexpr char guard = '\x01';
+
+std::string Guarded(const std::string& argument) {
+    constexpr std::string_view takenForMore = "[{+%\x01";
+    const bool isGuarded = !argument.empty() && takenForMore.find(argument.front()) != std::string_view::npos;
+    return isGuarded ? guard + argument : argument;
+}
+
+void TakeGuardAway(std::string& argument) {
+    if (argument.starts_with(guard)) argument.erase(0, 1);
+}
+
+void TakeGuardsAway(TranslateOptions& options) {
+    for (std::string* value : {&options.mode, &options.project, &options.logBook, &options.answer, &options.selection,
+                               &options.source, &options.unknowns, &options.outputFolder}) {
+        TakeGuardAway(*value);
+    }
+    for (std::string& file : options.files) TakeGuardAway(file);
+}
+
 // The part of the library's message behind its colon: the arguments that it is about.
 std::string BehindColon(const std::string& message) {
     const std::size_t colon = message.find(": ");
@@ -54,7 +76,8 @@ std::string BehindColon(const std::string& message) {
 
 Text InDutch(const CLI::ParseError& error) {
     constexpr TextView seeHelp = u"; zie korvande-cli --help";
-    const std::string message = error.what();
+    std::string message = error.what();
+    std::erase(message, guard);
     const Text option = FromUtf8(message.substr(0, message.find(':')));
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
         return Concat(u"Onbekend argument: ", FromUtf8(BehindColon(message)));
@@ -141,9 +164,12 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     show.add_option("bestand", projectFile, "de controletabel")->required()->option_text("P.nst");
 
     for (CLI::App* command : {&translate, &check, &project, &make, &show}) command->get_help_ptr()->group("Opties");
+    std::vector<std::string> guarded;
+    guarded.reserve(arguments.size());
+    for (const std::string& argument : arguments) guarded.push_back(Guarded(argument));
     std::vector<const char*> words;
-    words.reserve(arguments.size());
-    for (const std::string& argument : arguments) words.push_back(argument.c_str());
+    words.reserve(guarded.size());
+    for (const std::string& argument : guarded) words.push_back(argument.c_str());
     try {
         app.parse(static_cast<int>(words.size()), words.data());
     } catch (const CLI::CallForHelp&) {
@@ -155,11 +181,14 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
         throw UsageError{InDutch(error)};
     }
     RefuseEmptyValues(app);
+    TakeGuardsAway(options);
+    for (std::string* value : {&checkProject, &projectFile}) TakeGuardAway(*value);
+    for (std::string& file : checkFiles) TakeGuardAway(file);
     if (wantsVersion) {
         PrintLine(Concat(u"KORVANDE ", VersionText()));
         return Shown(status::done);
     }
-    if (translate.parsed()) return Translate(options);
+    if (translate.parsed()) return Shown(Translate(options));
     if (check.parsed()) return Shown(Check(checkProject, checkFiles));
     if (make.parsed()) return MakeProject(projectFile);
     if (show.parsed()) return Shown(ShowProject(projectFile));

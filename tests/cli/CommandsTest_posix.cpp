@@ -1,6 +1,8 @@
 #include <filesystem>
 
 #include "tests/cli/CliTest.h"
+#include "tests/support/NamedPipe_posix.h"
+#include "tests/support/RunningProgram_posix.h"
 
 // Links and full disks as this system has them.
 namespace korvande::testing {
@@ -21,10 +23,31 @@ TEST_F(PosixCommands, AnOutputThatDoesNotArriveIsAFailure) {
               "De standaarduitvoer kan niet worden geschreven.\n");
 }
 
-TEST_F(PosixCommands, ATranslationStandsWhenItsLineDoesNotArrive) {
+TEST_F(PosixCommands, ATranslationStandsWhenItsLineDoesNotArriveButThatIsAFailure) {
     folder.Write("a.idx", smallIdex);
-    EXPECT_EQ(Translate("idex-nen1878", {"a.idx", "uit.sfn"}, {.outputFile = "/dev/full"}).status, 0);
+    const ProgramResult result = Translate("idex-nen1878", {"a.idx", "uit.sfn"}, {.outputFile = "/dev/full"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_TRUE(Has(result.error, "De standaarduitvoer kan niet worden geschreven.\n")) << result.error;
     EXPECT_TRUE(Bytes("uit.sfn").starts_with("010NEN1878"));
+}
+
+TEST_F(PosixCommands, AnInputThatCanBeReadOnlyOnceIsCheckedLikeAFile) {
+    folder.Write("a.idx", smallIdex);
+    const ProgramResult file = Run({"controleer", "a.idx"});
+    ASSERT_TRUE(file.output.starts_with("Bestand: a.idx (IDEX)\n")) << file.output;
+    const std::string found = file.output.substr(file.output.find('\n'));
+
+    const ProgramResult input = Run({"controleer", "/dev/stdin"}, {.input = smallIdex});
+    EXPECT_EQ(input.status, file.status);
+    EXPECT_EQ(input.output, "Bestand: /dev/stdin (IDEX)" + found);
+
+    NamedPipe pipe(folder.Path() + "/pijp");
+    RunningProgram program(StartOf({"controleer", "pijp"}, {.timeLimit = std::chrono::seconds(20)}));
+    pipe.Feed(smallIdex);
+    pipe.End();
+    const ProgramResult piped = program.Wait();
+    EXPECT_EQ(piped.status, file.status);
+    EXPECT_EQ(piped.output, "Bestand: pijp (IDEX)" + found);
 }
 
 TEST_F(PosixCommands, ALinkToNothingIsNotOverwrittenByAControlTable) {

@@ -112,6 +112,22 @@ TEST_F(OutputFiles, NamesMayHoldBlanksAndAccents) {
     EXPECT_TRUE(Has(Log("kaart één/uit voer ë.LOG"), "IDEX bestand:    \"kaart één/Straat & café (2).idx\"\n"));
 }
 
+TEST_F(OutputFiles, NamesThatTheOptionsParserCouldTakeForMoreAreTakenAsTheyAre) {
+    for (const std::string name : {"[in.idx,gek.sf2]", "[in.idx]", "++", "++a", "{}", "%%", "[", "+", "%"}) {
+        fs::copy_file(Path("a.idx"), Path(name));
+        const ProgramResult result = Translate("idex-nen1878", {"--logboek", "[l,m]", name, "[uit,voer]"});
+        EXPECT_EQ(result.status, 0) << name << result.error;
+        EXPECT_TRUE(result.output.starts_with("[uit,voer]: 3 punten")) << name << result.output;
+        EXPECT_TRUE(Has(Log("[l,m]"), "IDEX bestand:    \"" + name + "\"\n")) << name << Log("[l,m]");
+        const ProgramResult check = Run({"controleer", name, name});
+        EXPECT_TRUE(check.output.starts_with("Bestand: " + name + " (IDEX)\n")) << name << check.output;
+        fs::remove(Path(name));
+        EXPECT_EQ(folder.Listing(), "[l,m] [uit,voer] a.idx");
+    }
+    ExpectRefused({"[a,b]"}, "Onbekend argument: [a,b]");
+    ExpectRefused({"project", "maak", "{}", "[c]"}, "Onbekend argument: [c]");
+}
+
 TEST_F(OutputFiles, NamesInOtherCaseAndWithBackslashesFindTheirFiles) {
     fs::create_directory(Path("Map"));
     fs::copy_file(Path("a.idx"), Path("Map/Kaart.idx"));

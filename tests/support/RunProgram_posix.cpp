@@ -121,7 +121,7 @@ RunningProgram::RunningProgram(const Start& how)
     if (process == 0) {
         for (int stream = 0; stream < 3; ++stream) PutInPlace(streams[static_cast<std::size_t>(stream)], stream);
         for (const int stream : start.closedStreams) ::close(stream);
-        ::signal(SIGPIPE, SIG_DFL);
+        for (const int signalNumber : {SIGPIPE, SIGHUP}) ::signal(signalNumber, SIG_DFL);
         if (start.largestFile) {
             const rlimit limit{*start.largestFile, *start.largestFile};
             ::setrlimit(RLIMIT_FSIZE, &limit);
