@@ -10,6 +10,7 @@ build=$(realpath "$1")
 program=$build/ui/korvande.exe
 console=$build/cli/korvande-cli.exe
 tool=$build/tests/windows/windowtool.exe
+foreign=$build/tests/windows/foreign.exe
 export KORVANDE_WINEPREFIX=$build/wine-endtoend
 driveC=$KORVANDE_WINEPREFIX/drive_c
 work=$driveC/proef
@@ -115,6 +116,18 @@ SetValue() {
     Wine reg add "$1" /v "$2" /d "$3" /f >/dev/null
 }
 
+# Puts a program that is not ours at a place, and sees that it was not started.
+PutForeign() {
+    cp "$foreign" "$1"
+    # It does tell when it is.
+    Wine "$1"
+    [ -e "$1.gestart" ] || Fail "a program that is started does not tell"
+    rm "$1.gestart"
+}
+ForeignWasLeftAlone() {
+    [ ! -e "$1.gestart" ] || Fail "a program that is not ours was started: $1"
+}
+
 # All values below a key of the registry; nothing when there is no such key.
 Values() {
     local values
@@ -144,7 +157,7 @@ Reference() {
     [ "$status" -le 1 ] || Fail "the console program ended with status $status"
 }
 
-for file in "$program" "$console" "$tool"; do
+for file in "$program" "$console" "$tool" "$foreign"; do
     [ -f "$file" ] || Fail "$file was not built"
 done
 [ -d "$driveC" ] || Fail "no Windows in $KORVANDE_WINEPREFIX"
