@@ -18,6 +18,10 @@ std::vector<std::string> ProgramArguments(int argc, char** argv);
 // Whether an interrupt came; a run looks at it whenever it lets events run. A wait for input or output ends by it.
 bool IsInterrupted() noexcept;
 
+// Whether standard output leads anywhere; what is written to one that was not there when the program began is lost, as
+// whoever started it so wanted.
+bool OutputIsThere() noexcept;
+
 bool InputIsTerminal() noexcept;
 bool ErrorIsTerminal() noexcept;
 

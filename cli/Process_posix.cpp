@@ -39,6 +39,9 @@ std::vector<std::string> ProgramArguments(int argc, char** argv) { return {argv,
 
 bool IsInterrupted() noexcept { return interrupted != 0; }
 
+// One that was not there leads to the null device by now.
+bool OutputIsThere() noexcept { return true; }
+
 bool InputIsTerminal() noexcept { return ::isatty(STDIN_FILENO) != 0; }
 
 bool ErrorIsTerminal() noexcept { return ::isatty(STDERR_FILENO) != 0; }

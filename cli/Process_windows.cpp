@@ -38,11 +38,19 @@ bool FollowsEscapeSequences(DWORD stream) {
            ::SetConsoleMode(handle, mode | ENABLE_PROCESSED_OUTPUT | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
+// Whether a stream leads anywhere: it may have no descriptor, or one without a handle behind it.
+bool IsThere(std::FILE* stream) noexcept {
+    const int descriptor = ::_fileno(stream);
+    if (descriptor < 0) return false;
+    const auto handle = reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor));
+    return handle != nullptr && handle != INVALID_HANDLE_VALUE && ::GetFileType(handle) != FILE_TYPE_UNKNOWN;
+}
+
 }  // namespace
 
 void PrepareProcess() {
     for (std::FILE* const stream : {stdin, stdout, stderr}) {
-        if (::_get_osfhandle(::_fileno(stream)) < 0) std::freopen("NUL", stream == stdin ? "r" : "w", stream);
+        if (!IsThere(stream)) std::freopen("NUL", stream == stdin ? "r" : "w", stream);
     }
     // Lines end as they do elsewhere, so that a script finds the same bytes everywhere.
     for (std::FILE* const stream : {stdout, stderr}) ::_setmode(::_fileno(stream), _O_BINARY);
@@ -59,6 +67,8 @@ std::vector<std::string> ProgramArguments(int, char**) {
 }
 
 bool IsInterrupted() noexcept { return interrupted; }
+
+bool OutputIsThere() noexcept { return IsThere(stdout); }
 
 bool InputIsTerminal() noexcept { return IsConsole(STD_INPUT_HANDLE); }
 

@@ -130,6 +130,7 @@ void TranslateHelpTexts(CLI::App& app) {
 // The status of a command whose result is what it prints: a failure when not all of that arrived. A reader that went
 // away needs no message.
 int Shown(int result) {
+    if (!OutputIsThere()) return result;
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return result;
     if (errno != EPIPE) PrintErrorLine(u"De standaarduitvoer kan niet worden geschreven.");
     return status::failed;
