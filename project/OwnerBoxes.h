@@ -14,6 +14,6 @@ void ShowOwner(const OwnerRec& owner, Options& options);
 void TakeOwner(const Options& options, OwnerRec& owner);
 
 // Windows-1252 bytes into the field that a box shows.
-void TakeOwnerField(OwnerRec& owner, Text Options::*box, std::string_view bytes);
+void TakeOwnerField(OwnerRec& owner, Text Options::*wanted, std::string_view bytes);
 
 }  // namespace korvande
