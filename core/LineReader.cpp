@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <optional>
+#include <utility>
 
 #include "core/NativePath.h"
 #include "core/RuntimeError.h"
@@ -53,12 +55,15 @@ void LineReader::OpenBytes(std::string_view bytes) noexcept {
     data = bytes.data();
     end = bytes.size();
     length = static_cast<std::int64_t>(end);
+    hasHighBytes = HasHighByte(bytes);
     DropEndOfFileMark();
     SkipByteOrderMark();
 }
 
 void LineReader::SkipByteOrderMark() noexcept {
-    if (!std::string_view(data, end).starts_with(byteOrderMark)) return;
+    const std::string_view beginning(data, end);
+    utf16 = beginning.starts_with("\xFF\xFE") || beginning.starts_with("\xFE\xFF");
+    if (!beginning.starts_with(byteOrderMark)) return;
     utf8 = true;
     at = nextLineFeed = nextReturn = byteOrderMark.size();
 }
@@ -72,8 +77,9 @@ void LineReader::Close() noexcept {
     screen = nullptr;
     isOpen = false;
     at = end = nextLineFeed = nextReturn = 0;
-    atEnd = utf8 = failed = false;
-    blockStart = lineNumber = length = 0;
+    atEnd = utf8 = utf16 = failed = false;
+    hasHighBytes = lacksCharacter = false;
+    firstUtf8Line = blockStart = lineNumber = length = 0;
 }
 
 bool LineReader::Next(std::string_view& line) {
@@ -84,11 +90,26 @@ bool LineReader::Next(std::string_view& line) {
     const bool pair = lineEnd + 1 < end && data[lineEnd] == '\r' && data[lineEnd + 1] == '\n';
     at = std::min(lineEnd + (pair ? 2 : 1), end);
     ++lineNumber;
+    lacksCharacter = false;
+    if (hasHighBytes && (utf8 || characterSet != CharacterSet::Windows1252)) Convert(line);
+    return true;
+}
+
+void LineReader::Convert(std::string_view& line) {
+    if (!HasHighByte(line)) return;
     if (utf8) {
         converted = Utf8ToWindows1252(line);
-        line = converted;
+    } else if (characterSet == CharacterSet::Cp850) {
+        converted = Cp850ToWindows1252(line);
+    } else {
+        const Columns columns = line.size() == keptWidth ? Columns::Kept : Columns::Free;
+        std::optional<std::string> text = Utf8LineToWindows1252(line, columns);
+        if (!text) return;
+        if (firstUtf8Line == 0) firstUtf8Line = lineNumber;
+        converted = std::move(*text);
     }
-    return true;
+    lacksCharacter = std::count(converted.begin(), converted.end(), '?') > std::count(line.begin(), line.end(), '?');
+    line = converted;
 }
 
 // Reads another block behind what the buffer still holds; false at the end of the file.
@@ -122,6 +143,7 @@ bool LineReader::FillMore() {
         DropEndOfFileMark();
         return false;
     }
+    hasHighBytes = hasHighBytes || HasHighByte({buffer.data() + end, count});
     end += count;
     return true;
 }

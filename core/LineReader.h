@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/CharacterSet.h"
 #include "core/Text.h"
 
 namespace korvande {
@@ -38,6 +39,21 @@ class LineReader {
     // is not open is error 52, a read that fails the run-time error of its cause.
     bool Next(std::string_view& line);
 
+    // Says what the bytes stand for, from the next line on: files that only this system writes are Windows-1252, which
+    // a reader begins with. With a width, lines of exactly so many bytes keep their columns when they are UTF-8.
+    void ReadAs(CharacterSet newSet, std::size_t newKeptWidth = 0) noexcept {
+        characterSet = newSet;
+        keptWidth = newKeptWidth;
+    }
+
+    // The first line that was read as UTF-8 without a mark that told so (0: none); and whether the line read last has a
+    // character that Windows-1252 lacks, which became "?".
+    std::int64_t FirstUtf8Line() const noexcept { return firstUtf8Line; }
+    bool LacksCharacter() const noexcept { return lacksCharacter; }
+
+    // Whether the file begins with a byte order mark of UTF-16.
+    bool IsUtf16() const noexcept { return utf16; }
+
     // Whether a read has failed, rather than come to the end.
     bool HasFailed() const noexcept { return failed; }
 
@@ -50,6 +66,7 @@ class LineReader {
 
  private:
     void SkipByteOrderMark() noexcept;
+    void Convert(std::string_view& line);
     void DropEndOfFileMark() noexcept;
     bool FillMore();
     bool WasInterrupted();
@@ -67,6 +84,12 @@ class LineReader {
     bool failed = false;
     bool atEnd = false;  // the file has no more bytes
     bool utf8 = false;
+    bool utf16 = false;
+    CharacterSet characterSet = CharacterSet::Windows1252;
+    std::size_t keptWidth = 0;
+    bool hasHighBytes = false;  // somewhere in what was read so far
+    std::int64_t firstUtf8Line = 0;
+    bool lacksCharacter = false;
     std::string converted;
     std::int64_t blockStart = 0;  // the place in the file of buffer[0]
     std::int64_t lineNumber = 0;

@@ -2,7 +2,7 @@
 
 namespace korvande {
 
-static_assert(sizeof(PointRec) == 232 && sizeof(LineRec) == 128 && sizeof(EdgeRec) == 36 && sizeof(TextRec) == 120);
+static_assert(sizeof(PointRec) == 232 && sizeof(LineRec) == 132 && sizeof(EdgeRec) == 40 && sizeof(TextRec) == 124);
 
 void ResetDrawing(Drawing& drawing) {
     drawing.Points.Reset();

@@ -25,6 +25,7 @@ struct PointRec {
     double Elevation;
     double SymDir;
     std::int32_t PointNo;  // the key by which edges and texts refer to points
+    std::int32_t InputLine;  // of the input, where it stands; 0: it was made
 
     // The surveyor's name for it, 9 characters.
     const FixedText<9>& PointID() const noexcept { return pointID; }
@@ -42,6 +43,7 @@ struct PointRec {
 
 // A line string's attributes, kept at the index of its number; numbers that never occur are blank records in between.
 struct LineRec {
+    std::int32_t InputLine;
     std::int32_t Flags1;
     std::int32_t Flags2;
 
@@ -53,6 +55,7 @@ struct LineRec {
 
 // A segment of a line string, between two points given by their index (0: a point that was never read).
 struct EdgeRec {
+    std::int32_t InputLine;
     std::int32_t LineNo;
     std::int32_t StartPt;
     std::int32_t EndPt;
@@ -64,6 +67,7 @@ struct EdgeRec {
 
 // A text placed on a point. A code that begins with the character 255 holds an LKI code behind it and is not looked up.
 struct TextRec {
+    std::int32_t InputLine;
     std::int32_t AnchorPointNo;  // the point's number, not its index
     float HzDirection;           // of the baseline, grads
     std::int16_t AnchorPosition;

@@ -121,10 +121,10 @@ void CountObjectsRead(ObjectAccount& account, const Drawing& drawing) {
     for (const ObjectKind kind : exportedKinds) account[kind].read += CountOf(drawing, kind);
 }
 
-void LeaveTheRestUnfinished(ObjectAccount& account) {
+void LeaveTheRestUnfinished(Translation& translation) {
     for (const ObjectKind kind : exportedKinds) {
-        const KindAccount& objects = account[kind];
-        account.Leave(kind, LeftOut::Unfinished, objects.read - objects.written - objects.LeftOutTotal());
+        const KindAccount& objects = translation.account[kind];
+        LeaveUnfinished(translation, kind, objects.read - objects.written - objects.LeftOutTotal());
     }
 }
 
@@ -182,14 +182,14 @@ void WriteExportFile(Translation& translation) {
 void ExportSufNen(Translation& translation) {
     translation.screen.ShowStatus(u"Schrijven Exportbestand: Voorbereiden");
     CountObjectsRead(translation.account, translation.drawing);
-    if (!OpenExportFile(translation)) return LeaveTheRestUnfinished(translation.account);
+    if (!OpenExportFile(translation)) return LeaveTheRestUnfinished(translation);
     try {
         WriteExportFile(translation);
     } catch (const TranslationAborted&) {
-        LeaveTheRestUnfinished(translation.account);
+        LeaveTheRestUnfinished(translation);
         throw;
     } catch (const std::exception&) {
-        LeaveTheRestUnfinished(translation.account);
+        LeaveTheRestUnfinished(translation);
         translation.outcome.outputFailed = true;
         throw;
     }

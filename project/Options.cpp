@@ -1,5 +1,7 @@
 #include "project/Options.h"
 
+#include <algorithm>
+
 #include "core/Clock.h"
 
 namespace korvande {
@@ -51,6 +53,8 @@ constexpr Option optionTable[] = {
     Option{"", "MaxX", OptionKind::PerUser, &Options::txtMaxX, u"999999", false, u""},
     Option{"", "MinY", OptionKind::PerUser, &Options::txtMinY, u"0", false, u""},
     Option{"", "MaxY", OptionKind::PerUser, &Options::txtMaxY, u"999999", false, u""},
+    Option{"", "CharacterSet", OptionKind::PerUser, &Options::cboCharacterSet, characterSetNames[0], false, u""},
+    Option{"", "WithoutZeroes", OptionKind::PerUser, &Options::chkWithoutZeroes, u"", false, u""},
 };
 
 void PutInitial(Options& options, const Option& option) {
@@ -66,6 +70,12 @@ void PutInitial(Options& options, const Option& option) {
 Options::Options() {
     for (const Option& option : optionTable) PutInitial(*this, option);
     txtAltDatum = FromWindows1252(CompactDate(Now()));
+}
+
+CharacterSet CharacterSetOf(const Options& options) noexcept {
+    const auto found = std::find(characterSetNames.begin(), characterSetNames.end(), options.cboCharacterSet);
+    if (found == characterSetNames.end()) return CharacterSet::Automatic;
+    return static_cast<CharacterSet>(found - characterSetNames.begin());
 }
 
 std::span<const Option> AllOptions() noexcept { return optionTable; }

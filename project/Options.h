@@ -6,6 +6,7 @@
 #include <string_view>
 #include <variant>
 
+#include "core/CharacterSet.h"
 #include "core/Text.h"
 
 // The settings of a project, under the names of the window's controls that show them.
@@ -46,6 +47,10 @@ struct Options {
     Text txtMinY;
     Text txtMaxY;
 
+    // How exchange files are read; kept per user as well.
+    Text cboCharacterSet;           // what their bytes stand for; see characterSetNames
+    bool chkWithoutZeroes = false;  // points without coordinates are left out
+
     // Export
     bool chkExportUnknowns = false;
     bool chkExportPointnoAsField = false;
@@ -68,6 +73,12 @@ struct Options {
 // The source kinds of the G field, in the order of the list lstSource.
 inline constexpr std::array<TextView, 6> sourceKinds = {u"Onbekend",  u"Terrestr.", u"Fotogramm.",
                                                         u"Digitizer", u"Scanner",   u"Kaartverbet."};
+
+// The character sets of exchange files, in the order of CharacterSet, as a person chooses them.
+inline constexpr std::array<TextView, 3> characterSetNames = {u"Automatisch", u"Windows-1252", u"CP850 (DOS)"};
+
+// The chosen one; Automatic when the name is none of these.
+CharacterSet CharacterSetOf(const Options& options) noexcept;
 
 // How an option's value stands in a control table.
 enum class OptionKind {

@@ -59,7 +59,7 @@ void AccountForTheRest(Translation& translation) {
     for (std::size_t i = 0; i < objectKinds; ++i) {
         const auto kind = static_cast<ObjectKind>(i);
         const KindAccount& account = translation.account[kind];
-        translation.account.Leave(kind, LeftOut::Unfinished, account.read - account.written - account.LeftOutTotal());
+        LeaveUnfinished(translation, kind, account.read - account.written - account.LeftOutTotal());
     }
 }
 

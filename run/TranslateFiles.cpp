@@ -6,6 +6,7 @@
 #include "core/modScreen.h"
 #include "core/modStrings.h"
 #include "run/Steps.h"
+#include "translation/ProblemBlock.h"
 #include "translation/Translation.h"
 
 namespace korvande {
@@ -95,6 +96,7 @@ bool TranslateFiles(Translation& translation) {
     if (IsToBePutInPlace(translation)) translation.replacement.emplace(OutputName(translation));
     ReadAndWrite(translation);
     WriteFooter(translation);
+    WriteProblemBlock(translation);
     CloseLogBook(translation);
     PutInPlace(translation);
     return true;

@@ -2,63 +2,41 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
+
+#include "translation/ProblemSentences.h"
 
 namespace korvande {
 
 namespace {
 
-// "{woorden}", "{getal}", "{naam}" and "{regel}" stand for what varies; "{(regel)}" for " (regel N)" when there is a
-// line.
-struct KindSentence {
-    ProblemKind kind;
-    TextView sentence;
+struct ObjectNames {
+    TextView one;
+    TextView many;
 };
-constexpr std::array<KindSentence, 16> sentences = {{
-    {ProblemKind::EscapedError, u"{woorden}{(regel)}"},
-    {ProblemKind::FileNotOpened, u"Error:{getal} - {woorden}\n{naam}"},
-    {ProblemKind::ExportNotOpened, u"Kon bestand: '{naam}' niet opslaan;\nFoutcode: {getal}"},
-    {ProblemKind::OutputNotPutInPlace, u"Kon bestand: '{naam}' niet opslaan"},
-    {ProblemKind::NoHeader, u"Geen HEADER gevonden in het IDEX bestand"},
-    {ProblemKind::NoLayers, u"Geen LAYERS gevonden in het IDEX bestand"},
-    {ProblemKind::NoDatabase, u"Geen DATABASE gevonden in het IDEX bestand"},
-    {ProblemKind::ContinuationWithoutText, u"Tekstregel zonder tekst (regel {regel})"},
-    {ProblemKind::NoProjectRecord, u"NEN1878 bestand bevat geen '01' (KOP) record."},
-    {ProblemKind::NoFrameRecord, u"NEN1878 bestand bevat geen '02' (KOP) record."},
-    {ProblemKind::NoCoordinatesRecord, u"{woorden} 04 record ontbreekt"},
-    {ProblemKind::NoTextRecord, u"Tekst, 06 record ontbreekt"},
-    {ProblemKind::InvalidArc, u"Ongeldige boog"},
-    {ProblemKind::ArcInLineString, u"Boog in lijnstring wordt niet ondersteund"},
-    {ProblemKind::UnknownPoint, u"{woorden} {getal} verwijst naar een onbekend punt"},
-    {ProblemKind::UnknownLine, u"{woorden} {getal} verwijst naar een onbekende lijn"},
-}};
+constexpr std::array<ObjectNames, objectKinds> objectNames = {{{u"punt", u"punten"},
+                                                               {u"lijnstring", u"lijnstrings"},
+                                                               {u"lijnsegment", u"lijnsegmenten"},
+                                                               {u"boog", u"bogen"},
+                                                               {u"tekst", u"teksten"},
+                                                               {u"veelhoek", u"veelhoeken"},
+                                                               {u"object", u"objecten"}}};
 
-TextView PatternOf(ProblemKind kind) {
-    return std::find_if(sentences.begin(), sentences.end(),
-                        [kind](const KindSentence& entry) { return entry.kind == kind; })
-        ->sentence;
-}
+Text LineInBrackets(std::int64_t line) { return line > 0 ? Concat(u" (regel ", line, u")") : Text(); }
 
-Text LineInBrackets(const Problem& problem) {
-    return problem.line > 0 ? Concat(u" (regel ", problem.line, u")") : Text();
-}
-
-Text ValueOf(const Problem& problem, TextView place) {
+Text ValueOf(const Problem& problem, std::int64_t count, TextView place) {
+    if (place == u"{n}") return Concat(count);
+    if (place == u"{wat}") {
+        const ObjectNames& names = objectNames[static_cast<std::size_t>(problem.object)];
+        return Text(count == 1 ? names.one : names.many);
+    }
     if (place == u"{woorden}") return problem.words;
     if (place == u"{getal}") return Concat(problem.number);
     if (place == u"{naam}") return problem.name;
     if (place == u"{regel}") return Concat(problem.line);
-    return LineInBrackets(problem);
+    return LineInBrackets(problem.line);
 }
 
-}  // namespace
-
-Problem EscapedError(const RuntimeError& error) {
-    return {.kind = ProblemKind::EscapedError, .words = error.Description()};
-}
-
-Text Sentence(const Problem& problem) {
-    TextView pattern = PatternOf(problem.kind);
+Text Filled(TextView pattern, const Problem& problem, std::int64_t count) {
     Text sentence;
     while (!pattern.empty()) {
         const std::size_t place = std::min(pattern.find(u'{'), pattern.size());
@@ -66,15 +44,109 @@ Text Sentence(const Problem& problem) {
         pattern.remove_prefix(place);
         if (pattern.empty()) break;
         const std::size_t end = pattern.find(u'}') + 1;
-        AppendTo(sentence, ValueOf(problem, pattern.substr(0, end)));
+        AppendTo(sentence, ValueOf(problem, count, pattern.substr(0, end)));
         pattern.remove_prefix(end);
     }
     return sentence;
 }
 
+bool TellsLine(ProblemKind kind) noexcept {
+    return SentenceOf(kind).one.find(u"regel}") != TextView::npos ||
+           SentenceOf(kind).one.find(u"(regel)") != TextView::npos;
+}
+
+// A file that means harm may bring any number of words; behind these they are told without.
+constexpr std::ptrdiff_t mostWords = 20;
+
+}  // namespace
+
+Problem EscapedError(const RuntimeError& error) {
+    return {.kind = ProblemKind::EscapedError, .words = error.Description()};
+}
+
+ProblemList ListOf(ProblemKind kind) noexcept { return SentenceOf(kind).list; }
+
+bool IsDamage(ProblemKind kind) noexcept { return SentenceOf(kind).isDamage; }
+
+ProblemKind KindOf(LeftOut reason, ObjectKind object) noexcept {
+    switch (reason) {
+        case LeftOut::UnknownCode:
+            return ProblemKind::UnknownCode;
+        case LeftOut::Dummy:
+            return ProblemKind::DummyType;
+        case LeftOut::OtherType:
+            return ProblemKind::OtherType;
+        case LeftOut::LineType:
+            return ProblemKind::LineTypeNotWritten;
+        case LeftOut::EmptyText:
+            return ProblemKind::EmptyText;
+        case LeftOut::OutsideRectangle:
+            return ProblemKind::OutsideRectangle;
+        case LeftOut::NoCode:
+            return ProblemKind::GroupWithoutCode;
+        case LeftOut::NoCoordinates:
+            return ProblemKind::GroupWithoutCoordinates;
+        case LeftOut::MissingRecord:
+            return ProblemKind::GroupWithoutRecord;
+        case LeftOut::InvalidArc:
+            return ProblemKind::ArcIncomplete;
+        case LeftOut::NoReference:
+            return ProblemKind::NoReference;
+        case LeftOut::NotTranslated:
+            return object == ObjectKind::Polygon ? ProblemKind::PolygonNotTranslated : ProblemKind::KindNotTranslated;
+        case LeftOut::Unfinished:
+            break;
+    }
+    return ProblemKind::Unfinished;
+}
+
+Text Sentence(const Problem& problem) { return Filled(SentenceOf(problem.kind).one, problem, 1); }
+
 Text SentenceWithLine(const Problem& problem) {
-    const bool tellsLine = PatternOf(problem.kind).find(u"regel") != TextView::npos;
-    return tellsLine ? Sentence(problem) : Concat(Sentence(problem), LineInBrackets(problem));
+    return TellsLine(problem.kind) ? Sentence(problem) : Concat(Sentence(problem), LineInBrackets(problem.line));
+}
+
+void Problems::Add(const Problem& problem, std::int64_t count) {
+    hasLoss = hasLoss || ListOf(problem.kind) == ProblemList::Loss;
+    hasDamage = hasDamage || IsDamage(problem.kind);
+    const auto isSame = [&problem](const ProblemCount& entry) {
+        return entry.kind == problem.kind && entry.object == problem.object && entry.words == problem.words;
+    };
+    auto found = std::find_if(counts.begin(), counts.end(), isSame);
+    if (found == counts.end()) {
+        constexpr TextView others = u"…";
+        const bool isTooMuch = !problem.words.empty() && problem.words != others &&
+                               std::count_if(counts.begin(), counts.end(), [&problem](const ProblemCount& entry) {
+                                   return entry.kind == problem.kind;
+                               }) >= mostWords;
+        if (isTooMuch) {
+            Problem without = problem;
+            without.words = others;
+            return Add(without, count);
+        }
+        found = counts.insert(counts.end(), {problem.kind, problem.object, problem.words});
+    }
+    found->count += count;
+    if (problem.line > 0 && (found->firstLine == 0 || problem.line < found->firstLine)) found->firstLine = problem.line;
+    if (onProblem) onProblem(problem);
+}
+
+std::vector<Text> Problems::Lines(ProblemList list) const {
+    std::vector<Text> lines;
+    for (const bool damage : {true, false}) {
+        for (const ProblemCount& entry : counts) {
+            const KindSentence& sentence = SentenceOf(entry.kind);
+            if (sentence.list != list || sentence.isDamage != damage) continue;
+            const bool isOne = entry.count == 1 || sentence.many.empty();
+            Problem problem{.kind = entry.kind, .object = entry.object, .words = entry.words, .line = entry.firstLine};
+            Text line = Filled(isOne ? sentence.one : sentence.many, problem, entry.count);
+            if (entry.firstLine > 0 && !TellsLine(entry.kind)) {
+                AppendTo(line, Concat(isOne ? u" (op regel " : u" (de eerste op regel ", entry.firstLine, u")"));
+            }
+            lines.push_back(line);
+        }
+    }
+    return lines;
 }
 
 }  // namespace korvande

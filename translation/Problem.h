@@ -2,15 +2,23 @@
 
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 #include "core/RuntimeError.h"
 #include "core/Text.h"
+#include "translation/ObjectAccount.h"
 
-// What is wrong with a drawing or a run, as values. The log book, the account, the console and the window all get the
-// same ones; their Dutch words stand in one table.
+// What is wrong with a drawing or a run, and what of a drawing did not come across as it was read, as values. The log
+// book, the account, the console and the window all get the same ones; their Dutch words stand in one table.
 namespace korvande {
 
+// Where a problem is told: in a line "FOUT:  " of the log book at its moment; at the end among what did not come across
+// or came across changed, which nobody asked for; or at the end among what the control table, an option or the
+// rectangle left out, and what always goes so.
+enum class ProblemList { Errors, Loss, Wanted };
+
 enum class ProblemKind {
+    // Errors
     EscapedError,         // an error that ended a reader or writer: words, and the line when there is one
     FileNotOpened,        // number, words (its description), name
     ExportNotOpened,      // number, name
@@ -18,6 +26,7 @@ enum class ProblemKind {
     NoHeader,             // IDEX: no HEADER, LAYERS or DATABASE
     NoLayers,
     NoDatabase,
+    InputIsUtf16,
     ContinuationWithoutText,  // line
     NoProjectRecord,          // NEN1878/SUF2: no 01 or 02 record
     NoFrameRecord,
@@ -27,10 +36,71 @@ enum class ProblemKind {
     ArcInLineString,
     UnknownPoint,  // words: the object's kind; number: its index
     UnknownLine,
+
+    // Damage of the input
+    RestNotRead,           // line: the first that was not read
+    CutOff,                // words: what is missing at the end
+    LayersBehindDatabase,  // IDEX, as the next ones
+    RowWithoutTerminator,
+    RowBehindTerminator,
+    RowOfOtherLength,
+    LineInTable,     // a line that is no row
+    LinePassedOver,  // words: what it begins with
+    CoordinateNoNumber,
+    NumberNoNumber,
+    LongLine,  // NEN1878/SUF2, as the next ones
+    ShortLine,
+    RecordPassedOver,  // words: its type
+    GroupNotClosed,
+    GroupWithoutCode,  // or without a kind of geometry
+    GroupWithoutCoordinates,
+    GroupWithoutRecord,
+    ArcIncomplete,
+
+    // Loss that is no damage
+    NoReference,
+    NoCoordinates,
+    ColumnMissing,  // words: the column and its table
+    KindNotTranslated,
+    MutationStatus,
+    LineTypeNotWritten,  // words: the line type
+    Unfinished,
+    BlockSkipped,   // words: its name
+    PointReplaced,  // by another POINTS table
+    NumberTwice,
+    UnitNotConverted,  // words: the unit
+    DecimalComma,
+    CodeCut,
+    NameCut,
+    DescriptionCut,
+    TextCut,            // words: to how many characters
+    CutAtTerminator,    // a terminator inside quotes
+    CharacterUnknown,   // it has no Windows-1252 byte
+    CharacterReplaced,  // a quote or a terminator inside a value
+    CoordinateCut,
+    QualityCut,
+    PointsPassedOver,  // of a group that has more than its object takes
+
+    // Wanted, or always so
+    UnknownCode,
+    DummyType,
+    OtherType,
+    EmptyText,
+    OutsideRectangle,
+    PolygonNotTranslated,
+    ArcByEdges,
+    CurveAsStraight,
+    NumberBlanked,
+    ArcNumberDropped,
+    PlaceNameStart,
+    EmptyBlock,  // words: its name
+    ReadAsUtf8,
+    LeftOutWithoutCoordinates,
 };
 
 struct Problem {
     ProblemKind kind;
+    ObjectKind object = ObjectKind::Other;
     Text words{};  // what varies in its sentence
     std::int64_t number = 0;
     Text name{};            // of a file
@@ -39,17 +109,52 @@ struct Problem {
 
 Problem EscapedError(const RuntimeError& error);
 
+ProblemList ListOf(ProblemKind kind) noexcept;
+
+// Whether it tells of damage of the input.
+bool IsDamage(ProblemKind kind) noexcept;
+
+// The kind by which an object that was left out for a reason is told.
+ProblemKind KindOf(LeftOut reason, ObjectKind object) noexcept;
+
 // The sentence of a problem, as the log book has it; and with the line of the input behind it, when there is one and
 // the sentence does not tell it already.
 Text Sentence(const Problem& problem);
 Text SentenceWithLine(const Problem& problem);
 
+// Problems of one kind that are told together: how many, and the first line of the input (0: none).
+struct ProblemCount {
+    ProblemKind kind;
+    ObjectKind object;
+    Text words;
+    std::int64_t count = 0;
+    std::int64_t firstLine = 0;
+};
+
 // The problems of one translation.
-struct Problems {
-    std::int64_t errors = 0;  // those that the log book has a line "FOUT:  " for
+class Problems {
+ public:
+    // Those that the log book has a line "FOUT:  " for.
+    std::int64_t errors = 0;
 
     // Called with each, whether a log book is kept or not.
     std::function<void(const Problem&)> onProblem;
+
+    // Counts a problem of one of the two lists, `count` times.
+    void Add(const Problem& problem, std::int64_t count = 1);
+
+    // Whether something did not come across, or came across changed, that nobody asked for; and whether some of it
+    // tells of damage of the input.
+    bool HasLoss() const noexcept { return hasLoss; }
+    bool HasDamage() const noexcept { return hasDamage; }
+
+    // The lines of a list, damage first: "3 punten zonder coördinaten (de eerste op regel 17)".
+    std::vector<Text> Lines(ProblemList list) const;
+
+ private:
+    std::vector<ProblemCount> counts;
+    bool hasLoss = false;
+    bool hasDamage = false;
 };
 
 }  // namespace korvande

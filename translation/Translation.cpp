@@ -36,4 +36,20 @@ void Report(Translation& translation, Problem problem) {
     if (translation.problems.onProblem) translation.problems.onProblem(problem);
 }
 
+void Tell(Translation& translation, Problem problem, std::int64_t count) {
+    if (problem.line == 0) problem.line = translation.inputLine;
+    translation.problems.Add(problem, count);
+}
+
+void LeaveOut(Translation& translation, ObjectKind kind, LeftOut reason, std::int64_t line, TextView words) {
+    translation.account.Leave(kind, reason);
+    Tell(translation, {.kind = KindOf(reason, kind), .object = kind, .words = Text(words), .line = line});
+}
+
+void LeaveUnfinished(Translation& translation, ObjectKind kind, std::int64_t count) {
+    if (count <= 0) return;
+    translation.account.Leave(kind, LeftOut::Unfinished, count);
+    translation.problems.Add({.kind = ProblemKind::Unfinished, .object = kind}, count);
+}
+
 }  // namespace korvande

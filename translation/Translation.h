@@ -87,6 +87,9 @@ struct Translation {
     Text ProjectName;
     std::optional<DateTime> ProjectDate;
 
+    // Whether an IDEX file of an instrument, which has no LAYERS, is read all the same.
+    bool readsWithoutLayers = false;
+
     // The line of the input that is being read, for problems; 0 when none is.
     std::int64_t inputLine = 0;
 
@@ -106,7 +109,17 @@ const Text& OutputName(const Translation& translation) noexcept;
 // The tally that lookups count in, or null when the options want none (chkExportUnknowns, for both directions).
 UnknownCodeTally* TallyOf(Translation& translation) noexcept;
 
-// A problem of the line being read: counted, told to who listens, and a line "FOUT:  " in the log book.
+// An error of the line being read: counted, told to who listens, and a line "FOUT:  " in the log book.
 void Report(Translation& translation, Problem problem);
+
+// A problem that is told at the end, so many times; of the line being read when it has no line.
+void Tell(Translation& translation, Problem problem, std::int64_t count = 1);
+
+// Accounts for an object that was left out, and tells it at the end. It is of this line of the input (0: of the one
+// being read); the words are those of the problem that the reason makes.
+void LeaveOut(Translation& translation, ObjectKind kind, LeftOut reason, std::int64_t line = 0, TextView words = {});
+
+// The same for objects that the end of a run left where they were.
+void LeaveUnfinished(Translation& translation, ObjectKind kind, std::int64_t count);
 
 }  // namespace korvande

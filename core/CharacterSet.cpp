@@ -1,0 +1,70 @@
+#include "core/CharacterSet.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/Text.h"
+
+namespace korvande {
+
+namespace {
+
+// The bytes 80 to FF hex of code page 850, in Windows-1252; "?" (3F hex) where it has no such character.
+constexpr std::array<unsigned char, 128> cp850Bytes = {
+    0xC7, 0xFC, 0xE9, 0xE2, 0xE4, 0xE0, 0xE5, 0xE7, 0xEA, 0xEB, 0xE8, 0xEF, 0xEE, 0xEC, 0xC4, 0xC5, 0xC9, 0xE6, 0xC6,
+    0xF4, 0xF6, 0xF2, 0xFB, 0xF9, 0xFF, 0xD6, 0xDC, 0xF8, 0xA3, 0xD8, 0xD7, 0x83, 0xE1, 0xED, 0xF3, 0xFA, 0xF1, 0xD1,
+    0xAA, 0xBA, 0xBF, 0xAE, 0xAC, 0xBD, 0xBC, 0xA1, 0xAB, 0xBB, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0xC1, 0xC2, 0xC0, 0xA9,
+    0x3F, 0x3F, 0x3F, 0x3F, 0xA2, 0xA5, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0x3F, 0xE3, 0xC3, 0x3F, 0x3F, 0x3F, 0x3F,
+    0x3F, 0x3F, 0x3F, 0xA4, 0xF0, 0xD0, 0xCA, 0xCB, 0xC8, 0x3F, 0xCD, 0xCE, 0xCF, 0x3F, 0x3F, 0x3F, 0x3F, 0xA6, 0xCC,
+    0x3F, 0xD3, 0xDF, 0xD4, 0xD2, 0xF5, 0xD5, 0xB5, 0xFE, 0xDE, 0xDA, 0xDB, 0xD9, 0xFD, 0xDD, 0xAF, 0xB4, 0xAD, 0xB1,
+    0x3F, 0xBE, 0xB6, 0xA7, 0xF7, 0xB8, 0xB0, 0xA8, 0xB7, 0xB9, 0xB3, 0xB2, 0x3F, 0xA0,
+};
+
+bool IsHighSurrogate(char16_t character) noexcept { return character >= 0xD800 && character < 0xDC00; }
+bool IsLowSurrogate(char16_t character) noexcept { return character >= 0xDC00 && character < 0xE000; }
+
+// How many bytes of UTF-8 a character takes.
+std::size_t Utf8Width(char16_t character) noexcept {
+    if (IsHighSurrogate(character)) return 4;
+    return character < 0x80 ? 1 : character < 0x800 ? 2 : 3;
+}
+
+}  // namespace
+
+bool HasHighByte(std::string_view bytes) noexcept {
+    // Bit by bit together, block by block, which a compiler turns into wide steps.
+    constexpr std::size_t block = 256;
+    while (!bytes.empty()) {
+        unsigned together = 0;
+        for (const char byte : bytes.substr(0, block)) together |= static_cast<unsigned char>(byte);
+        if (together >= 0x80) return true;
+        bytes.remove_prefix(std::min(block, bytes.size()));
+    }
+    return false;
+}
+
+std::optional<std::string> Utf8LineToWindows1252(std::string_view line, Columns columns) {
+    const Text text = FromUtf8(line);
+    std::string converted;
+    converted.reserve(line.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t character = text[i];
+        // A byte that is no part of a character comes as half of a pair that has no other half.
+        if (IsLowSurrogate(character)) return {};
+        converted.push_back(ToWindows1252(character));
+        if (columns == Columns::Kept) converted.append(Utf8Width(character) - 1, ' ');
+        if (IsHighSurrogate(character)) ++i;
+    }
+    return converted;
+}
+
+std::string Cp850ToWindows1252(std::string_view bytes) {
+    std::string converted(bytes);
+    for (char& character : converted) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte >= 0x80) character = static_cast<char>(cp850Bytes[byte - 0x80]);
+    }
+    return converted;
+}
+
+}  // namespace korvande

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <vector>
+
+#include "core/Text.h"
+
+namespace korvande {
+
+struct Translation;
+
+// What did not come across as it was read, as lines: a title and the lines of each of the two lists that is not empty,
+// the second behind an empty line.
+std::vector<Text> LossLines(const Translation& translation);
+
+// The account of the objects, a line for each kind that occurs.
+std::vector<Text> AccountLines(const Translation& translation);
+
+// Appends both to the log book, behind its described end. A run without loss gets nothing.
+void WriteProblemBlock(Translation& translation);
+
+}  // namespace korvande

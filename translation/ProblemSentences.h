@@ -1,0 +1,21 @@
+#pragma once
+
+#include "core/Text.h"
+#include "translation/Problem.h"
+
+// The one table that turns the kinds of problems into Dutch.
+namespace korvande {
+
+// "{n}" stands for how many, "{wat}" for the kind of object in one or more, "{woorden}", "{getal}", "{naam}" and
+// "{regel}" for what varies; "{(regel)}" for " (regel N)" when there is a line.
+struct KindSentence {
+    ProblemKind kind;
+    ProblemList list;
+    bool isDamage;  // of the input
+    TextView one;
+    TextView many;  // empty: as for one
+};
+
+const KindSentence& SentenceOf(ProblemKind kind) noexcept;
+
+}  // namespace korvande
