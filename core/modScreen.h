@@ -13,7 +13,7 @@
 namespace korvande {
 
 enum class Icon { None, Information, Question, Critical };
-enum class Buttons { Ok, OkCancel, RetryCancel, YesNoCancel };
+enum class Buttons { Ok, OkCancel, RetryCancel, YesNo, YesNoCancel };
 enum class Answer { Ok, Cancel, Retry, Yes, No };
 
 struct MessageBox {

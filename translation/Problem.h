@@ -97,6 +97,7 @@ enum class ProblemKind {
     ReadAsUtf8,
     LeftOutWithoutCoordinates,
 };
+inline constexpr int problemKinds = static_cast<int>(ProblemKind::LeftOutWithoutCoordinates) + 1;
 
 struct Problem {
     ProblemKind kind;

@@ -1,6 +1,7 @@
 #include "translation/ProblemSentences.h"
 
 #include <cstddef>
+#include <iterator>
 
 namespace korvande {
 
@@ -143,7 +144,7 @@ constexpr bool StandInOrder() {
     }
     return true;
 }
-static_assert(StandInOrder());
+static_assert(std::size(sentences) == problemKinds && StandInOrder());
 
 }  // namespace
 

@@ -35,6 +35,9 @@ const ProblemCase cases[] = {
     {{.kind = ProblemKind::NoDatabase},
      "Geen DATABASE gevonden in het IDEX bestand",
      "Geen DATABASE gevonden in het IDEX bestand"},
+    {{.kind = ProblemKind::InputIsUtf16},
+     "Het bestand is UTF-16; sla het op als Windows-1252 of UTF-8",
+     "Het bestand is UTF-16; sla het op als Windows-1252 of UTF-8"},
     {{.kind = ProblemKind::ContinuationWithoutText, .line = 31},
      "Tekstregel zonder tekst (regel 31)",
      "Tekstregel zonder tekst (regel 31)"},
@@ -70,13 +73,17 @@ TEST(Problem, TheLineStandsOnceBehindTheSentenceWhenThereIsOne) {
     for (const ProblemCase& entry : cases) EXPECT_EQ(ToUtf8(SentenceWithLine(entry.problem)), entry.withLine);
 }
 
-TEST(Problem, NoKindIsForgotten) {
-    for (int kind = 0; kind <= static_cast<int>(ProblemKind::UnknownLine); ++kind) {
+TEST(Problem, NoErrorIsForgotten) {
+    int errors = 0;
+    for (int kind = 0; kind < problemKinds; ++kind) {
+        if (ListOf(static_cast<ProblemKind>(kind)) != ProblemList::Errors) continue;
+        ++errors;
         const bool isThere = std::any_of(std::begin(cases), std::end(cases), [kind](const ProblemCase& entry) {
             return entry.problem.kind == static_cast<ProblemKind>(kind);
         });
         EXPECT_TRUE(isThere) << kind;
     }
+    EXPECT_EQ(errors, 17);
 }
 
 TEST(Problem, WhatVariesIsTakenAsItIsWhateverItsCharacters) {
