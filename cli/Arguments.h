@@ -10,7 +10,7 @@ namespace korvande {
 // The exit statuses of the console program.
 namespace status {
 inline constexpr int done = 0;
-inline constexpr int withErrors = 1;  // translated, but with errors in the log book; or checked, with problems
+inline constexpr int withErrors = 1;  // translated, but with errors or a damaged input; or checked, with problems
 inline constexpr int wrongUsage = 2;
 inline constexpr int failed = 3;  // nothing was translated
 }  // namespace status
@@ -18,6 +18,21 @@ inline constexpr int failed = 3;  // nothing was translated
 // A wrong use of the program: one clear line for standard error.
 struct UsageError {
     Text message;
+};
+
+// How a drawing is read, whatever becomes of it.
+struct ReadingOptions {
+    std::string characterSet;     // empty: found out line by line
+    bool withoutZeroes = false;   // points without coordinates are left out
+    bool fromInstrument = false;  // IDEX without LAYERS
+};
+
+// Options of `controleer`.
+struct CheckOptions {
+    std::string project;
+    ReadingOptions reading;
+    bool listsAll = false;  // each problem with its line
+    std::vector<std::string> files;
 };
 
 // Options of `vertaal`, as given (UTF-8).
@@ -31,6 +46,7 @@ struct TranslateOptions {
     std::string source;
     std::string unknowns;
     std::string outputFolder;
+    ReadingOptions reading;
     bool quiet = false;
     std::vector<std::string> files;
 };

@@ -7,6 +7,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/ConsoleScreen.h"
+#include "cli/OptionValues.h"
 #include "cli/Print.h"
 #include "cli/Process.h"
 #include "cli/Projects.h"
@@ -17,6 +18,7 @@
 #include "host/modFileHandling.h"
 #include "run/Check.h"
 #include "run/Recognise.h"
+#include "translation/ProblemBlock.h"
 #include "translation/Translation.h"
 
 namespace korvande {
@@ -73,6 +75,7 @@ std::string ReadOnce(Screen& screen, const Text& name) {
     }
 }
 
+// The format of an input, or a message why there is none.
 std::optional<Format> FormatOf(Screen& screen, const Text& name, const Bytes& bytes) {
     LineReader file;
     if (bytes) {
@@ -80,7 +83,12 @@ std::optional<Format> FormatOf(Screen& screen, const Text& name, const Bytes& by
     } else {
         file.Open(name, &screen);
     }
-    return Recognise(file);
+    const std::optional<Format> format = file.IsUtf16() ? std::nullopt : Recognise(file);
+    if (format) return format;
+    const Text reason =
+        file.IsUtf16() ? Sentence({.kind = ProblemKind::InputIsUtf16}) : Text(u"geen IDEX, NEN1878 of SUF2 bestand");
+    PrintErrorLine(Concat(name, u": ", reason, u"."));
+    return {};
 }
 
 void PrintCounts(const Drawing& drawing) {
@@ -128,13 +136,18 @@ void AddUnknownCodes(UnknownCodeTally& unknowns, Findings& findings) {
 }
 
 // Goes through the drawing and tells all there is to tell of it; the exit status.
-int CheckFile(CheckScreen& screen, const Project& project, const Text& name, const Bytes& bytes, Format format) {
+int CheckFile(CheckScreen& screen, const Project& project, const CheckOptions& options, const Text& name,
+              const Bytes& bytes, Format format) {
     Findings findings;
     Translation translation(screen, project);
     translation.mode = ModeReading(format);
     (format == Format::Idex ? translation.IdexFileName : translation.SufNenFileName) = name;
     translation.inputBytes = bytes;
-    translation.problems.onProblem = [&findings](const Problem& problem) { findings.Add(SentenceWithLine(problem)); };
+    translation.readsWithoutLayers = options.reading.fromInstrument;
+    // What is told at the end is told one by one as well when that is asked for.
+    translation.problems.onProblem = [&](const Problem& problem) {
+        if (options.listsAll || ListOf(problem.kind) == ProblemList::Errors) findings.Add(SentenceWithLine(problem));
+    };
     // A question about the format is a problem, after which the check goes on with what is proposed.
     screen.answerQuestion = [&findings, &translation](const MessageBox& box) {
         findings.Add(QuestionWithLine(box.text, translation.inputLine));
@@ -146,15 +159,19 @@ int CheckFile(CheckScreen& screen, const Project& project, const Text& name, con
     if (translation.outcome.cancelled) throw TranslationAborted();
     AddUnknownCodes(translation.unknowns, findings);
     if (findings.Count() == 0) PrintLine(u"  geen");
+    for (const Text& line : LossLines(translation)) PrintLine(line);
+    PrintLine(u"Objectbalans:");
+    for (const Text& line : AccountLines(translation)) PrintLine(Concat(u"  ", line));
     PrintCounts(translation.drawing);
     PrintCodes(u"Lijncodes:", translation.codes.lines);
     PrintCodes(u"Puntcodes:", translation.codes.points);
     PrintCodes(u"Tekstcodes:", translation.codes.texts);
     if (translation.outcome.inputUnreadable || translation.outcome.wrongFormat) return status::failed;
-    return findings.Count() == 0 ? status::done : status::withErrors;
+    const bool isGood = findings.Count() == 0 && !translation.problems.HasLoss();
+    return isGood ? status::done : status::withErrors;
 }
 
-int CheckOne(const Project& project, const Text& name) {
+int CheckOne(const Project& project, const CheckOptions& options, const Text& name) {
     CheckScreen screen;
     Bytes bytes;
     std::optional<Format> format;
@@ -166,23 +183,21 @@ int CheckOne(const Project& project, const Text& name) {
             Concat(u"Kon bestand: '", name, u"' niet openen;\nFoutcode: ", error.Number(), u"\n", error.Description()));
         return status::failed;
     }
-    if (!format) {
-        PrintErrorLine(Concat(name, u": geen IDEX, NEN1878 of SUF2 bestand."));
-        return status::failed;
-    }
-    return CheckFile(screen, project, name, bytes, *format);
+    if (!format) return status::failed;
+    return CheckFile(screen, project, options, name, bytes, *format);
 }
 
 }  // namespace
 
-int Check(const std::string& project, const std::vector<std::string>& files) {
+int Check(const CheckOptions& options) {
     Project settings;
     ConsoleScreen screen(false);
-    if (!LoadControlTable(screen, settings, project)) return status::failed;
+    TakeReading(options.reading, settings.options);
+    if (!LoadControlTable(screen, settings, options.project)) return status::failed;
     int worst = status::done;
-    for (const std::string& file : files) {
+    for (const std::string& file : options.files) {
         try {
-            worst = std::max(worst, CheckOne(settings, FromUtf8(file)));
+            worst = std::max(worst, CheckOne(settings, options, FromUtf8(file)));
         } catch (const TranslationAborted&) {
             return status::failed;
         }

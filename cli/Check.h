@@ -1,11 +1,10 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 namespace korvande {
 
+struct CheckOptions;
+
 // `controleer`: the exit status.
-int Check(const std::string& project, const std::vector<std::string>& files);
+int Check(const CheckOptions& options);
 
 }  // namespace korvande

@@ -48,6 +48,8 @@ void ConsoleScreen::PumpEvents() {
 Answer ConsoleScreen::ShowMessage(const MessageBox& box) {
     ClearProgress();
     if (box.buttons == Buttons::YesNoCancel && answerQuestion) return answerQuestion(box);
+    // What such a question offers is an option of the command line here.
+    if (box.buttons == Buttons::YesNo) return Answer::No;
     PutError(ForTerminal(box.text) + "\n");
     return box.buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
 }

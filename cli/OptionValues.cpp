@@ -71,6 +71,18 @@ void TakeSelection(const std::string& value, Options& options) {
     options.chkSelectXY = true;
 }
 
+void TakeReading(const ReadingOptions& reading, Options& options) {
+    const std::string& name = reading.characterSet;
+    if (name == "windows-1252") {
+        options.cboCharacterSet = characterSetNames[static_cast<std::size_t>(CharacterSet::Windows1252)];
+    } else if (name == "cp850") {
+        options.cboCharacterSet = characterSetNames[static_cast<std::size_t>(CharacterSet::Cp850)];
+    } else if (!name.empty()) {
+        RefuseValue(u"--tekenset", name, u"windows-1252 of cp850");
+    }
+    options.chkWithoutZeroes = reading.withoutZeroes;
+}
+
 void TakeSource(const std::string& value, Options& options) {
     constexpr int last = static_cast<int>(sourceKinds.size()) - 1;
     if (value.size() != 1 || value[0] < '0' || value[0] > '0' + last) {

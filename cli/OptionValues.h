@@ -7,10 +7,11 @@
 #include "core/modScreen.h"
 #include "translation/Mode.h"
 
-// The values of the options of `vertaal`. A value that is none is a UsageError.
+// The values of the options of `vertaal` and `controleer`. A value that is none is a UsageError.
 namespace korvande {
 
 struct Options;
+struct ReadingOptions;
 
 // The mode of a short name or a text of the mode list.
 Mode ModeOf(const std::string& name);
@@ -20,6 +21,9 @@ bool YesOrNo(TextView option, const std::string& value);
 
 // The answer to every question; nothing when none was given.
 std::optional<Answer> FixedAnswer(const std::string& value);
+
+// What the bytes of a drawing stand for, and what of it is left out.
+void TakeReading(const ReadingOptions& reading, Options& options);
 
 // The rectangle that limits an import, and the source kind of the G field.
 void TakeSelection(const std::string& value, Options& options);

@@ -11,6 +11,8 @@
 #include "cli/Process.h"
 #include "cli/Projects.h"
 #include "run/TranslateFiles.h"
+#include "translation/ClosingSentence.h"
+#include "translation/ProblemBlock.h"
 #include "translation/Translation.h"
 
 namespace korvande {
@@ -70,37 +72,16 @@ void PrintResult(const Translation& translation) {
     std::fflush(stdout);
 }
 
-// How many objects of each kind were read, written and left out.
-void PrintAccount(const ObjectAccount& account) {
-    Text summary = account.Summary();
-    if (summary.empty()) return;
-    summary.pop_back();  // the last line's end
-    PrintErrorLine(summary);
-}
-
-TextView WhyNotTranslated(const RunOutcome& outcome, Mode mode) {
-    if (outcome.cancelled || outcome.importCancelled) return u"afgebroken";
-    if (outcome.logBookFailed) return u"het logboek kan niet worden geschreven";
-    if (outcome.inputUnreadable) return u"het bestand kan niet worden gelezen";
-    if (outcome.wrongFormat) {
-        return mode.direction == Direction::FromIdex ? u"het is geen IDEX bestand"
-                                                     : u"het is geen NEN1878 of SUF2 bestand";
-    }
-    return u"de uitvoer kan niet worden geschreven";
+void PrintLines(const std::vector<Text>& lines) {
+    for (const Text& line : lines) PrintErrorLine(line);
 }
 
 // Nothing that went wrong is kept quiet: where the log book tells more, it is named.
 void PrintTroubles(const Translation& translation) {
-    const RunOutcome& outcome = translation.outcome;
-    const Text& input = InputName(translation);
-    const bool hasLogBook = !translation.LogFileName.empty() && !outcome.logBookFailed;
+    if (WentWell(translation)) return;
+    const bool hasLogBook = !translation.LogFileName.empty() && !translation.outcome.logBookFailed;
     const Text seeLogBook = hasLogBook ? Concat(u" Zie het logboek: ", translation.LogFileName) : Text();
-    if (outcome.Failed()) {
-        PrintErrorLine(
-            Concat(input, u" is niet vertaald: ", WhyNotTranslated(outcome, translation.mode), u".", seeLogBook));
-    } else if (translation.problems.errors > 0) {
-        PrintErrorLine(Concat(input, u" is vertaald, met fouten.", seeLogBook));
-    }
+    PrintErrorLine(Concat(ClosingSentence(translation), seeLogBook));
 }
 
 void TakeJob(const Job& job, Mode mode, Translation& translation) {
@@ -112,12 +93,15 @@ void TakeJob(const Job& job, Mode mode, Translation& translation) {
     translation.LogFileName = job.logBook;
 }
 
-int TranslateOne(ConsoleScreen& screen, const Project& project, const Job& job, Mode mode, bool isQuiet) {
+int TranslateOne(ConsoleScreen& screen, const Project& project, const Job& job, Mode mode,
+                 const TranslateOptions& options) {
     Translation translation(screen, project);
     TakeJob(job, mode, translation);
+    translation.readsWithoutLayers = options.reading.fromInstrument;
     // Without a log book the errors are told here.
     if (job.logBook.empty()) {
         translation.problems.onProblem = [&screen](const Problem& problem) {
+            if (ListOf(problem.kind) != ProblemList::Errors) return;
             screen.ClearProgress();
             PrintErrorLine(Concat(u"FOUT:  ", Sentence(problem)));
         };
@@ -125,18 +109,20 @@ int TranslateOne(ConsoleScreen& screen, const Project& project, const Job& job, 
     TranslateFiles(translation);
     screen.ClearProgress();
     const bool hasFailed = translation.outcome.Failed();
-    if (!hasFailed) {
-        PrintResult(translation);
-        if (!isQuiet) PrintAccount(translation.account);
-    }
+    if (!hasFailed) PrintResult(translation);
+    PrintLines(LossLines(translation));
+    if (!options.quiet) PrintLines(AccountLines(translation));
     PrintTroubles(translation);
-    return hasFailed ? status::failed : translation.problems.errors > 0 ? status::withErrors : status::done;
+    if (hasFailed) return status::failed;
+    const Problems& problems = translation.problems;
+    return problems.errors > 0 || problems.HasDamage() ? status::withErrors : status::done;
 }
 
-int TranslateAll(ConsoleScreen& screen, const Project& project, const std::vector<Job>& jobs, Mode mode, bool isQuiet) {
+int TranslateAll(ConsoleScreen& screen, const Project& project, const std::vector<Job>& jobs, Mode mode,
+                 const TranslateOptions& options) {
     int worst = status::done;
     for (const Job& job : jobs) {
-        const int result = TranslateOne(screen, project, job, mode, isQuiet);
+        const int result = TranslateOne(screen, project, job, mode, options);
         worst = std::max(worst, jobs.size() > 1 && result == status::failed ? status::withErrors : result);
         if (!IsInterrupted()) continue;
         if (&job != &jobs.back()) PrintErrorLine(u"De bestanden die volgen, zijn niet vertaald.");
@@ -165,10 +151,11 @@ int Translate(const TranslateOptions& options) {
         }
     }
     if (!options.source.empty()) TakeSource(options.source, project.options);
+    TakeReading(options.reading, project.options);
     RefuseClashes(jobs, options.project);
     if (!LoadControlTable(screen, project, options.project)) return status::failed;
     if (choosesUnknowns) project.options.chkExportUnknowns = project.options.chkImportUnknowns = withUnknowns;
-    return TranslateAll(screen, project, jobs, mode, options.quiet);
+    return TranslateAll(screen, project, jobs, mode, options);
 }
 
 }  // namespace korvande

@@ -17,12 +17,21 @@ namespace korvande {
 
 namespace {
 
+void DescribeReading(CLI::App& command, ReadingOptions& options) {
+    command
+        .add_option("--tekenset", options.characterSet,
+                    "wat de bytes van de invoer voorstellen; zonder: Windows-1252, en UTF-8 waar een regel dat is")
+        ->option_text("windows-1252|cp850");
+    command.add_flag("--zonder-nullen", options.withoutZeroes, "laat punten zonder coördinaten weg");
+    command.add_flag("--instrument", options.fromInstrument, "lees ook een IDEX bestand zonder LAYERS");
+}
+
 void DescribeTranslate(CLI::App& command, TranslateOptions& options) {
     command.footer(
         "korvande-cli vertaal --modus MODUS [opties] INVOER [UITVOER]\n"
         "korvande-cli vertaal --modus MODUS --uitvoermap MAP [opties] INVOER...\n\n"
-        "Afsluitstatus: 0 alles vertaald; 1 vertaald, maar met fouten in het logboek;\n"
-        "2 verkeerd gebruik; 3 niet vertaald.");
+        "Afsluitstatus: 0 alles vertaald; 1 vertaald, maar met fouten in het logboek\n"
+        "of uit een beschadigd bestand; 2 verkeerd gebruik; 3 niet vertaald.");
     command
         .add_option("--modus", options.mode,
                     "idex-nen1878, idex-suf2, nen1878-idex, suf2-idex, of de tekst van de modus "
@@ -41,6 +50,7 @@ void DescribeTranslate(CLI::App& command, TranslateOptions& options) {
         ->option_text("ja|nee");
     command.add_option("--uitvoermap", options.outputFolder, "vertaal elk invoerbestand naar deze map")
         ->option_text("MAP");
+    DescribeReading(command, options.reading);
     command.add_flag("--stil", options.quiet, "geen voortgang en geen objectbalans");
     command.add_option("bestanden", options.files, "INVOER en UITVOER, of met --uitvoermap een of meer keer INVOER")
         ->option_text("INVOER [UITVOER]");
@@ -60,9 +70,16 @@ void TakeGuardAway(std::string& argument) {
     if (argument.starts_with(guard)) argument.erase(0, 1);
 }
 
+void TakeGuardsAway(CheckOptions& options) {
+    TakeGuardAway(options.project);
+    TakeGuardAway(options.reading.characterSet);
+    for (std::string& file : options.files) TakeGuardAway(file);
+}
+
 void TakeGuardsAway(TranslateOptions& options) {
-    for (std::string* value : {&options.mode, &options.project, &options.logBook, &options.answer, &options.selection,
-                               &options.source, &options.unknowns, &options.outputFolder}) {
+    for (std::string* value :
+         {&options.mode, &options.project, &options.logBook, &options.answer, &options.selection, &options.source,
+          &options.unknowns, &options.outputFolder, &options.reading.characterSet}) {
         TakeGuardAway(*value);
     }
     for (std::string& file : options.files) TakeGuardAway(file);
@@ -147,13 +164,16 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     CLI::App& translate = *app.add_subcommand("vertaal", "vertaal een of meer tekeningen")->group("Opdrachten");
     DescribeTranslate(translate, options);
 
-    std::string checkProject;
-    std::vector<std::string> checkFiles;
+    CheckOptions checkOptions;
     CLI::App& check =
         *app.add_subcommand("controleer", "lees bestanden en noem hun codes en problemen")->group("Opdrachten");
-    check.add_option("--project", checkProject, "controletabel; zonder: de standaardinstellingen")
+    check.add_option("--project", checkOptions.project, "controletabel; zonder: de standaardinstellingen")
         ->option_text("P.nst");
-    check.add_option("bestanden", checkFiles, "IDEX, NEN1878 of SUF2 bestanden")->required()->option_text("INVOER...");
+    DescribeReading(check, checkOptions.reading);
+    check.add_flag("--alles", checkOptions.listsAll, "noem elk probleem apart, met zijn regel");
+    check.add_option("bestanden", checkOptions.files, "IDEX, NEN1878 of SUF2 bestanden")
+        ->required()
+        ->option_text("INVOER...");
 
     std::string projectFile;
     CLI::App& project = *app.add_subcommand("project", "maak of toon een controletabel")->group("Opdrachten");
@@ -183,14 +203,14 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     }
     RefuseEmptyValues(app);
     TakeGuardsAway(options);
-    for (std::string* value : {&checkProject, &projectFile}) TakeGuardAway(*value);
-    for (std::string& file : checkFiles) TakeGuardAway(file);
+    TakeGuardsAway(checkOptions);
+    TakeGuardAway(projectFile);
     if (wantsVersion) {
         PrintLine(Concat(u"KORVANDE ", VersionText()));
         return Shown(status::done);
     }
     if (translate.parsed()) return Shown(Translate(options));
-    if (check.parsed()) return Shown(Check(checkProject, checkFiles));
+    if (check.parsed()) return Shown(Check(checkOptions));
     if (make.parsed()) return MakeProject(projectFile);
     if (show.parsed()) return Shown(ShowProject(projectFile));
     throw UsageError{u"Er ontbreekt een opdracht; zie korvande-cli --help"};
