@@ -7,6 +7,8 @@
 #include "core/modScreen.h"
 #include "host/modFileHandling.h"
 #include "run/TranslateFiles.h"
+#include "translation/ClosingSentence.h"
+#include "translation/ProblemBlock.h"
 #include "translation/Translation.h"
 
 namespace korvande {
@@ -93,18 +95,35 @@ void ViewLogBook(Screen& screen, const Text& name) {
     }
 }
 
-void DisposeOfLogBook(FormKORVANDE& form) {
+// What becomes of the log book, but for showing it. That of a run that did not go well is not deleted.
+void DisposeOfLogBook(const FormKORVANDE& form) {
     const Options& options = form.project.options;
     const Text& name = form.conversion.LogFileName;
     if (options.optReportDisk) {
         ShowMessage(form.screen, Concat(u"LOGBOEK is opgeslagen in:\n\n", name));
     } else if (options.optReportPrinter) {
         PrintLogBook(form.screen, name);
-    } else if (options.optReportScreen) {
-        ViewLogBook(form.screen, name);
-    } else {
+    } else if (options.optReportNone && form.lastRun.wentWell) {
         DeleteFileAt(name);
     }
+}
+
+// Says that a run is over, before anything else comes to the front. One that LISCAD started says so only when not all
+// went well.
+void TellEnd(const FormKORVANDE& form) {
+    const Options& options = form.project.options;
+    const RunReport& run = form.lastRun;
+    const Text& logBook = form.conversion.LogFileName;
+    if (IsEndOfRunAsked(form)) {
+        // Somebody closes the window.
+    } else if (!run.wentWell) {
+        const bool namesLogBook = options.optReportNone;
+        ShowMessage(form.screen,
+                    namesLogBook ? Concat(run.sentence, u"\n\nLOGBOEK is opgeslagen in:\n\n", logBook) : run.sentence);
+    } else if (options.StartedInteractively) {
+        ShowMessage(form.screen, u"Verwerking gereed");
+    }
+    if (options.optReportScreen) ViewLogBook(form.screen, logBook);
 }
 
 void SetRunMark(FormKORVANDE& form, TextView mark) {
@@ -114,7 +133,7 @@ void SetRunMark(FormKORVANDE& form, TextView mark) {
 
 // Translates with the settings of the form, whose project has just been saved: the code tables are the grids as they
 // are. False when a person ended that; an import that was cancelled at a question came to its end.
-bool TranslateProject(const FormKORVANDE& form) {
+bool TranslateProject(FormKORVANDE& form) {
     Translation translation(form.screen);
     translation.options = form.project.options;
     translation.owner = form.project.owner;
@@ -124,7 +143,12 @@ bool TranslateProject(const FormKORVANDE& form) {
     translation.IdexFileName = form.conversion.IdexFileName;
     translation.SufNenFileName = form.conversion.SufNenFileName;
     translation.LogFileName = form.conversion.LogFileName;
-    return TranslateFiles(translation) && !translation.outcome.cancelled;
+    const bool isFinished = TranslateFiles(translation) && !translation.outcome.cancelled;
+    form.lastRun = {.wentWell = WentWell(translation),
+                    .sentence = ClosingSentence(translation),
+                    .lists = LossLines(translation),
+                    .account = AccountLines(translation)};
+    return isFinished;
 }
 
 // The run itself; false when it was stopped or ended by a person, and nothing more is to be said.
@@ -167,11 +191,9 @@ void RunTranslation(FormKORVANDE& form) {
     form.screen.ShowProgressMaximum(1);
     // No longer translating: what the window disabled can be used again.
     TellChanged(form);
-    if (!form.project.options.StartedInteractively || IsEndOfRunAsked(form)) {
-        Unload(form);
-    } else if (isFinished) {
-        ShowMessage(form.screen, u"Verwerking gereed");
-    }
+    const bool isEndOfAll = !form.project.options.StartedInteractively || IsEndOfRunAsked(form);
+    if (isFinished) TellEnd(form);
+    if (isEndOfAll) Unload(form);
 }
 
 Mode SelectedMode(const FormKORVANDE& form) {

@@ -40,6 +40,14 @@ struct Conversion {
     Text LogFileName;
 };
 
+// What became of a translation that came to its end.
+struct RunReport {
+    bool wentWell = true;
+    Text sentence;              // what a person is told of it
+    std::vector<Text> lists;    // what did not come across as it was read, and what the settings left out
+    std::vector<Text> account;  // of the objects
+};
+
 // What the form is busy with, and what is to happen when that is done.
 struct Activity {
     bool isTranslating = false;
@@ -79,6 +87,7 @@ struct FormKORVANDE {
     Text lblVersion;
     Text runMark;  // "XLATE RUNNING" while a translation runs
     Activity activity;
+    RunReport lastRun;
 
     // Code tables and their editing: txtEditPointCell and cboEditPointCell, txtEditLineCell and cboEditLineCell,
     // txtEditTextCell

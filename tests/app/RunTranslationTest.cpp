@@ -153,17 +153,17 @@ std::string DoubtfulNen1878(const std::string& nen1878) {
     return bytes;
 }
 
-TEST_F(RunTranslationTest, AnImportThatWasCancelledAtAQuestionStillDisposesOfItsLogBookAndSaysThatItIsDone) {
+TEST_F(RunTranslationTest, AnImportThatWasCancelledAtAQuestionStillDisposesOfItsLogBookAndSaysSo) {
     Choose(2, folder / "uit.idx", folder.Write("in.nen", DoubtfulNen1878(Nen1878())));
     screen.answers = {Answer::Cancel};
     RunTranslation(form);
     EXPECT_EQ(screen.viewed, std::vector<std::string>{ToUtf8(folder / "uit.LOG")});
     ASSERT_EQ(screen.messages.size(), 3U);
     EXPECT_EQ(screen.messages[1], "NEN1878 import afgebroken door gebruiker.");
-    EXPECT_EQ(screen.messages[2], "Verwerking gereed");
+    EXPECT_EQ(screen.messages[2], ToUtf8(folder / "in.nen") + " is niet vertaald: afgebroken.");
 }
 
-TEST_F(RunTranslationTest, ACancelledImportThatACommandLineStartedDisposesOfItsLogBookAndClosesTheWindow) {
+TEST_F(RunTranslationTest, ACancelledImportThatACommandLineStartedKeepsItsLogBookNamesItAndClosesTheWindow) {
     options.StartedInteractively = false;
     SelectReport(options, &Options::optReportNone);
     bool isUnloaded = false;
@@ -176,8 +176,11 @@ TEST_F(RunTranslationTest, ACancelledImportThatACommandLineStartedDisposesOfItsL
     screen.answers = {Answer::Cancel};
     RunTranslation(form);
     EXPECT_TRUE(isUnloaded);
-    EXPECT_EQ(screen.messages.size(), 2U);
-    EXPECT_FALSE(FileIsThere(folder / "uit.LOG"));
+    ASSERT_EQ(screen.messages.size(), 3U);
+    EXPECT_EQ(screen.messages[2], ToUtf8(folder / "in.nen") +
+                                      " is niet vertaald: afgebroken.\n\nLOGBOEK is opgeslagen in:\n\n" +
+                                      ToUtf8(folder / "uit.LOG"));
+    EXPECT_TRUE(FileIsThere(folder / "uit.LOG"));
 }
 
 TEST_F(RunTranslationTest, SettingsAndProjectAreSavedBeforeTheRun) {
@@ -228,7 +231,54 @@ TEST_F(RunTranslationTest, AMissingViewerIsToldWithTheLogBooksName) {
     Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
     RunTranslation(form);
     ASSERT_EQ(screen.messages.size(), 2U);
-    EXPECT_NE(screen.messages[0].find(ToUtf8(folder / "uit.LOG")), std::string::npos);
+    EXPECT_EQ(screen.messages[0], "Verwerking gereed");
+    EXPECT_NE(screen.messages[1].find(ToUtf8(folder / "uit.LOG")), std::string::npos);
+}
+
+TEST_F(RunTranslationTest, TheEndIsToldBeforeTheViewerComesToTheFront) {
+    screen.onMessage = [this] { EXPECT_TRUE(screen.viewed.empty()); };
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    RunTranslation(form);
+    EXPECT_EQ(LastMessage(), "Verwerking gereed");
+    EXPECT_EQ(screen.viewed.size(), 1U);
+}
+
+// The drawing without its end.
+std::string CutOff(std::string drawing) { return drawing.substr(0, drawing.find("END DATABASE")); }
+
+TEST_F(RunTranslationTest, ARunWithLossSaysSoInsteadOfThatItIsDone) {
+    Choose(0, folder.Write("in.idx", CutOff(Drawing())), folder / "uit.sfn");
+    RunTranslation(form);
+    EXPECT_EQ(screen.messages,
+              std::vector<std::string>{ToUtf8(folder / "in.idx") +
+                                       " is vertaald, met gegevens die niet of anders zijn overgekomen."});
+    EXPECT_FALSE(form.lastRun.wentWell);
+    ASSERT_EQ(form.lastRun.lists.size(), 2U);
+    EXPECT_NE(form.lastRun.lists[1].find(u"END DATABASE ontbreekt"), Text::npos);
+    ASSERT_EQ(form.lastRun.account.size(), 1U);
+    EXPECT_EQ(form.lastRun.account[0], u"Punten: 1 gelezen, 1 geschreven, 0 weggelaten");
+}
+
+TEST_F(RunTranslationTest, ARunWithLossKeepsItsLogBookWhenNoneIsWantedAndNamesIt) {
+    SelectReport(options, &Options::optReportNone);
+    Choose(0, folder.Write("in.idx", CutOff(Drawing())), folder / "uit.sfn");
+    RunTranslation(form);
+    ASSERT_EQ(screen.messages.size(), 1U);
+    EXPECT_TRUE(
+        screen.messages[0].ends_with("overgekomen.\n\nLOGBOEK is opgeslagen in:\n\n" + ToUtf8(folder / "uit.LOG")))
+        << screen.messages[0];
+    EXPECT_NE(FileBytes(folder / "uit.LOG").find("Niet of anders overgekomen:"), std::string::npos);
+}
+
+TEST_F(RunTranslationTest, WhatTheSettingsLeaveOutIsNoLoss) {
+    options.chkExportUnknowns = false;
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    RunTranslation(form);
+    EXPECT_EQ(LastMessage(), "Verwerking gereed");
+    EXPECT_TRUE(form.lastRun.wentWell);
+    ASSERT_EQ(form.lastRun.lists.size(), 2U);
+    EXPECT_EQ(form.lastRun.lists[0], u"Volgens de controletabel en de instellingen:");
+    EXPECT_EQ(ToUtf8(form.lastRun.lists[1]), "  1 punt met een onbekende code (op regel 8)");
 }
 
 TEST_F(RunTranslationTest, WithoutAListingNoLogBookRemains) {
@@ -252,6 +302,18 @@ TEST_F(RunTranslationTest, ARunStartedByACommandLineUsesItsNamesAndClosesTheWind
     EXPECT_TRUE(isUnloaded);
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_NE(FileBytes(folder / "uit.sf2").find("VAIKLI, LisCAD"), std::string::npos);
+}
+
+TEST_F(RunTranslationTest, ARunStartedByACommandLineTellsWhatDidNotGoWell) {
+    options.StartedInteractively = false;
+    form.unload = [&] { EXPECT_EQ(screen.messages.size(), 1U); };
+    form.cboXlateMode = {{u"Export SUF2"}, 0};
+    form.conversion.direction = Direction::FromIdex;
+    form.conversion.IdexFileName = folder.Write("in.idx", CutOff(Drawing()));
+    form.conversion.SufNenFileName = folder / "uit.sf2";
+    form.conversion.LogFileName = folder / "uit.LOG";
+    RunTranslation(form);
+    EXPECT_TRUE(LastMessage().starts_with(ToUtf8(folder / "in.idx") + " is vertaald, met ")) << LastMessage();
 }
 
 TEST_F(RunTranslationTest, AnUnknownDirectionIsToldAndNothingRuns) {
