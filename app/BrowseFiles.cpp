@@ -15,6 +15,8 @@ void Browse(FormKORVANDE& form, Text& box, const FileDialog& dialog, const AskFi
     const std::optional<Text> name = ask(dialog);
     if (!name) return;
     box = *name;
+    // The dialog has asked whether a file that is there may be replaced.
+    if (!dialog.opens) form.outputs.insert(FileIdentity(*name));
     TellChanged(form);
 }
 

@@ -112,7 +112,7 @@ void NewProject(FormKORVANDE& form) {
     EndEdits(form);
     const Text previous = form.CurrentProject;
     const std::optional<Text> name = AskName(form, newProjectTexts, {});
-    if (!name) return;
+    if (!name || !MayReplace(form, PathOf(form, *name))) return;
     SaveCurrentProject(form);
     DropEdits(form);
     ResetProject(form.project);
@@ -136,6 +136,7 @@ void CopyProject(FormKORVANDE& form) {
         ShowMessage(form.screen, u"Nieuwe naam moet anders zijn dan de oude", Icon::None, u"Dupliceren is mislukt");
         return;
     }
+    if (!MayReplace(form, PathOf(form, *name))) return;
     if (!CopyFileWithReport(form.screen, PathOf(form, previous), PathOf(form, *name), true)) return;
     // The copy is of the file on disk: what was not saved yet stays with the old project.
     SaveCurrentProject(form);

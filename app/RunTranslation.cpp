@@ -89,6 +89,13 @@ bool WouldWriteOverItsFiles(FormKORVANDE& form) {
     return false;
 }
 
+// An output that is there already is replaced without a question when a command line or the save dialog named it, or
+// when this window wrote it itself.
+bool MayWriteOutput(const FormKORVANDE& form, const Text& output) {
+    if (!form.project.options.StartedInteractively || form.outputs.contains(FileIdentity(output))) return true;
+    return MayReplace(form, output);
+}
+
 void ViewLogBook(Screen& screen, const Text& name) {
     if (!screen.ViewTextFile(name)) {
         ShowMessage(screen, Concat(u"Het logboek kan niet worden getoond. Het is opgeslagen in:\n\n", name));
@@ -145,6 +152,7 @@ bool TranslateProject(FormKORVANDE& form) {
     translation.LogFileName = form.conversion.LogFileName;
     const bool isFinished = TranslateFiles(translation) && !translation.outcome.cancelled;
     form.lastRun = {.wentWell = WentWell(translation),
+                    .wroteOutput = isFinished && !translation.outcome.Failed(),
                     .sentence = ClosingSentence(translation),
                     .lists = LossLines(translation),
                     .account = AccountLines(translation)};
@@ -158,9 +166,13 @@ bool Translate(FormKORVANDE& form) {
         return false;
     }
     if (WouldWriteOverItsFiles(form)) return false;
+    const Text output = RolesOf(form.conversion).output;
+    if (!MayWriteOutput(form, output)) return false;
     SaveUserSettings(form);
     SaveCurrentProject(form);
-    if (!TranslateProject(form)) return false;
+    const bool isFinished = TranslateProject(form);
+    if (form.lastRun.wroteOutput) form.outputs.insert(FileIdentity(output));
+    if (!isFinished) return false;
     DisposeOfLogBook(form);
     return true;
 }

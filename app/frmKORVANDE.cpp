@@ -4,6 +4,7 @@
 
 #include "core/VersionText.h"
 #include "core/modScreen.h"
+#include "host/modFileHandling.h"
 #include "project/ControlTable.h"
 #include "project/OwnerBoxes.h"
 
@@ -20,6 +21,12 @@ void ShowProject(FormKORVANDE& form) {
 }
 
 }  // namespace
+
+bool MayReplace(const FormKORVANDE& form, TextView name) {
+    if (!FileExistsAt(name)) return true;
+    const Text question = Concat(u"Het bestand bestaat al:\n", name, u"\nVervangen?");
+    return form.screen.ShowMessage({question, {}, Icon::Question, Buttons::YesNo}) == Answer::Yes;
+}
 
 TextView ListControl::SelectedText() const {
     if (index < 0 || static_cast<std::size_t>(index) >= items.size()) return {};

@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <optional>
+#include <set>
+#include <string>
 #include <vector>
 
 #include "app/EditedGrid.h"
@@ -43,6 +45,7 @@ struct Conversion {
 // What became of a translation that came to its end.
 struct RunReport {
     bool wentWell = true;
+    bool wroteOutput = false;
     Text sentence;              // what a person is told of it
     std::vector<Text> lists;    // what did not come across as it was read, and what the settings left out
     std::vector<Text> account;  // of the objects
@@ -84,6 +87,7 @@ struct FormKORVANDE {
     ListControl cboXlateMode;
     bool StartedByCommandLine = false;
     Conversion conversion;
+    std::set<std::string> outputs;  // that may be replaced without a question, by FileIdentity; see MayReplace
     Text lblVersion;
     Text runMark;  // "XLATE RUNNING" while a translation runs
     Activity activity;
@@ -110,6 +114,9 @@ struct FormKORVANDE {
     std::function<std::optional<Text>(TextView caption, TextView explanation, TextView prompt, TextView name)>
         askProjectName;
 };
+
+// Whether a file may be written: nothing is there yet, or a person agrees that it is replaced.
+bool MayReplace(const FormKORVANDE& form, TextView name);
 
 // Calls the form's `changed` or `unload`, if there is one.
 void TellChanged(const FormKORVANDE& form);

@@ -23,8 +23,10 @@ TEST_F(PosixProjects, ADuplicateWhoseNameDiffersOnlyInCaseIsMadeWhereItIsAnother
     RefreshProjects(form);
     LoadProject(form, u"B.nst");
     form.askProjectName = [](auto...) { return Text(u"b"); };
+    screen.answers = {Answer::Yes};
     CopyProject(form);
-    EXPECT_TRUE(screen.messages.empty());
+    ASSERT_EQ(screen.messages.size(), 1U);
+    EXPECT_TRUE(screen.messages[0].starts_with("Het bestand bestaat al:"));
     EXPECT_EQ(form.CurrentProject, u"B.NST");
     EXPECT_EQ(LoadedTown(), "STAD B");
     EXPECT_EQ(ProjectBytes("B.NST"), WithCrLf("[NEN1878]\nTown = STAD B\n[End]\n"));
