@@ -1,5 +1,6 @@
 #include "app/BrowseFiles.h"
 
+#include "app/OutputName.h"
 #include "app/Projects.h"
 #include "app/frmKORVANDE.h"
 #include "host/modFileHandling.h"
@@ -17,6 +18,7 @@ void Browse(FormKORVANDE& form, Text& box, const FileDialog& dialog, const AskFi
     box = *name;
     // The dialog has asked whether a file that is there may be replaced.
     if (!dialog.opens) form.outputs.insert(FileIdentity(*name));
+    if (dialog.opens) DeriveOutputName(form);
     TellChanged(form);
 }
 

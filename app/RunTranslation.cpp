@@ -1,6 +1,7 @@
 #include "app/RunTranslation.h"
 
 #include "app/Listing.h"
+#include "app/OutputName.h"
 #include "app/UserSettings.h"
 #include "app/frmKORVANDE.h"
 #include "core/RuntimeError.h"
@@ -59,6 +60,10 @@ bool TakeNamesFromForm(FormKORVANDE& form) {
     }
     if (Trim(roles.output).empty()) {
         roles.output = WithLastThreeReplaced(roles.input, roles.outputExtension);
+    } else {
+        roles.output = BesideInput(roles.output, roles.input);
+    }
+    if (options.*roles.outputBox != roles.output) {
         options.*roles.outputBox = roles.output;
         TellChanged(form);
     }

@@ -88,6 +88,7 @@ struct FormKORVANDE {
     bool StartedByCommandLine = false;
     Conversion conversion;
     std::set<std::string> outputs;  // that may be replaced without a question, by FileIdentity; see MayReplace
+    Text chosenInput;               // when the output's name was last derived
     Text lblVersion;
     Text runMark;  // "XLATE RUNNING" while a translation runs
     Activity activity;

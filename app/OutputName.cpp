@@ -1,0 +1,58 @@
+#include "app/OutputName.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/RunTranslation.h"
+#include "app/frmKORVANDE.h"
+#include "host/modFileHandling.h"
+
+namespace korvande {
+
+namespace {
+
+// A name without its extension, to be compared.
+Text Stem(TextView name) {
+    const Text file = FileNameOf(name);
+    const std::size_t dot = file.rfind(u'.');
+    return ToCapitals(Concat(FolderOf(name), file.substr(0, dot == 0 ? Text::npos : dot)));
+}
+
+Text WithExtension(TextView name, TextView extension) {
+    const Text file = FileNameOf(name);
+    const std::size_t dot = file.rfind(u'.');
+    return Concat(FolderOf(name), file.substr(0, dot == 0 ? Text::npos : dot), u".", extension);
+}
+
+TextView ExtensionOf(Mode mode) {
+    if (mode.direction == Direction::ToIdex) return u"IDX";
+    return mode.variant == Variant::Nen1878 ? u"SFN" : u"SF2";
+}
+
+}  // namespace
+
+const Text& InputInForm(const FormKORVANDE& form) noexcept {
+    const Options& options = form.project.options;
+    return SelectedMode(form).direction == Direction::FromIdex ? options.txtFileIDEX : options.txtFileSUFNEN;
+}
+
+void DeriveOutputName(FormKORVANDE& form) {
+    const Text input = InputInForm(form);
+    const Text previous = std::exchange(form.chosenInput, input);
+    if (Trim(input).empty()) return;
+    Options& options = form.project.options;
+    const Mode mode = SelectedMode(form);
+    Text& output = mode.direction == Direction::FromIdex ? options.txtFileSUFNEN : options.txtFileIDEX;
+    const bool isOurs = Trim(output).empty() || FolderOf(output).empty() || Stem(output) == Stem(input) ||
+                        (!previous.empty() && Stem(output) == Stem(previous));
+    if (!isOurs) return;
+    output = WithExtension(input, ExtensionOf(mode));
+    TellChanged(form);
+}
+
+Text BesideInput(TextView output, TextView input) {
+    const bool hasRoot = output.starts_with(u'\\') || output.starts_with(u'/') || output.substr(1, 1) == u":";
+    return hasRoot ? Text(output) : Concat(FolderOf(input), output);
+}
+
+}  // namespace korvande
