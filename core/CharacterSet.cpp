@@ -29,6 +29,13 @@ std::size_t Utf8Width(char16_t character) noexcept {
     return character < 0x80 ? 1 : character < 0x800 ? 2 : 3;
 }
 
+// Of nearly every line that is not UTF-8 its first high byte tells so already: another one must go on with it.
+bool BeginsWithoutUtf8(std::string_view line) noexcept {
+    const auto isHigh = [](char character) { return static_cast<unsigned char>(character) >= 0x80; };
+    const auto first = std::find_if(line.begin(), line.end(), isHigh);
+    return first != line.end() && (first + 1 == line.end() || !isHigh(first[1]));
+}
+
 }  // namespace
 
 bool HasHighByte(std::string_view bytes) noexcept {
@@ -44,6 +51,7 @@ bool HasHighByte(std::string_view bytes) noexcept {
 }
 
 std::optional<std::string> Utf8LineToWindows1252(std::string_view line, Columns columns) {
+    if (BeginsWithoutUtf8(line)) return {};
     const Text text = FromUtf8(line);
     std::string converted;
     converted.reserve(line.size());

@@ -1,5 +1,7 @@
 #include "nensuf/ExportCodes.h"
 
+#include <algorithm>
+
 #include "nensuf/RecordLayout.h"
 
 namespace korvande {
@@ -21,7 +23,21 @@ std::string FieldBytes(TextView field) {
     return bytes;
 }
 
-ExportCodes PrepareCodes(const CodeTable& table, Variant variant, bool withUnknowns, bool (*isWritten)(TextView type)) {
+bool LacksCharacter(TextView field) {
+    return std::any_of(field.begin(), field.end(),
+                       [](char16_t character) { return character != u'?' && ToWindows1252(character) == '?'; });
+}
+
+bool IsOneDigit(int number) { return number >= 0 && number <= 9; }
+
+// Which fields of a row the records of its objects have beside the code.
+struct WrittenFields {
+    bool description = false;
+    bool quality = false;
+};
+
+ExportCodes PrepareCodes(const CodeTable& table, Variant variant, bool withUnknowns, bool (*isWritten)(TextView type),
+                         WrittenFields fields) {
     ExportCodes codes;
     codes.reserve(table.rows.size() + 1);
     for (const CodeRow& row : table.rows) {
@@ -30,6 +46,9 @@ ExportCodes PrepareCodes(const CodeTable& table, Variant variant, bool withUnkno
         code.lkiCode = FieldBytes(row.LkiCode.View());
         code.description = FieldBytes(row.Description.View());
         if (row.P != 0 || row.I != 0 || row.B != 0) code.quality = FormatQuality(variant, row.P, row.I, row.B);
+        code.cutsQuality = fields.quality && !(IsOneDigit(row.P) && IsOneDigit(row.I) && IsOneDigit(row.B));
+        code.lacksCharacter =
+            LacksCharacter(row.LkiCode.View()) || (fields.description && LacksCharacter(row.Description.View()));
         code.isWritten = isWritten(type);
         code.isSymbol = IsSymbolType(type);
         code.reason = type == types::dummy ? LeftOut::Dummy : LeftOut::OtherType;
@@ -44,15 +63,15 @@ ExportCodes PrepareCodes(const CodeTable& table, Variant variant, bool withUnkno
 }  // namespace
 
 ExportCodes PreparePointCodes(const CodeTable& points, Variant variant, bool withUnknowns) {
-    return PrepareCodes(points, variant, withUnknowns, IsPointType);
+    return PrepareCodes(points, variant, withUnknowns, IsPointType, {.description = true, .quality = true});
 }
 
 ExportCodes PrepareLineCodes(const CodeTable& lines, Variant variant, bool withUnknowns) {
-    return PrepareCodes(lines, variant, withUnknowns, IsLineType);
+    return PrepareCodes(lines, variant, withUnknowns, IsLineType, {.quality = true});
 }
 
 ExportCodes PrepareTextCodes(const CodeTable& texts, Variant variant, bool withUnknowns) {
-    return PrepareCodes(texts, variant, withUnknowns, IsTextType);
+    return PrepareCodes(texts, variant, withUnknowns, IsTextType, {});
 }
 
 }  // namespace korvande

@@ -16,6 +16,8 @@ struct ExportCode {
     std::string quality;      // 10 columns; empty when P, I and B are all 0
     bool isWritten = false;
     bool isSymbol = false;                  // a point with a rotation
+    bool cutsQuality = false;               // P, I or B is more than one digit
+    bool lacksCharacter = false;            // Windows-1252 has no byte for one that is written
     LeftOut reason = LeftOut::UnknownCode;  // why its objects are not written
 };
 

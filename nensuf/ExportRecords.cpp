@@ -17,24 +17,21 @@ namespace {
 constexpr int goesOn = 0;
 constexpr int closesGroup = 1;
 
-constexpr std::size_t longestText = 40;
-
 // Writes a record and empties it for the next one.
 void Write(LineWriter& output, Variant variant, RecordText& record, int closingFlag, std::string_view tail = {}) {
     WriteRecord(output, variant, record, tail, closingFlag);
     record.Clear();
 }
 
-// The coordinate fields of the place one metre from a point in a direction (grads, clockwise from north), at the
-// point's height and without a name.
-RecordText FormatPlaceBeside(const Options& options, const PointRec& point, double direction) {
+// The place one metre from a point in a direction (grads, clockwise from north).
+PointRec PlaceBeside(const PointRec& point, double direction) {
     const Position place = PolarPoint(point.East, point.North, GradsToRadians(direction), 1);
     PointRec beside{};
     beside.SetPointID(TextView());
     beside.East = place.east;
     beside.North = place.north;
     beside.Elevation = point.Elevation;
-    return FormatCoordinates(options, beside);
+    return beside;
 }
 
 // The direction of a symbol's P1 to P2: its own, or with chkExportSymRotation the one that makes it its north.
@@ -52,7 +49,7 @@ void WriteTextRecords(LineWriter& output, const RecordStyle& style, const PointR
     record.Put("03M", lkiCode, style.tails.text);
     Write(output, style.variant, record, goesOn);
     record.Put("05F111      ", FormatCoordinates(style.options, anchor).View(),
-               FormatPlaceBeside(style.options, anchor, MirrorGrads(text.HzDirection)).View(),
+               FormatCoordinates(style.options, InsertionPlaceOf(text, anchor)).View(),
                style.variant == Variant::Nen1878 ? "K" : "Q", lkiCode);
     Write(output, style.variant, record, goesOn);
     record.Put("06A", std::string_view(count.data(), count.size()), "T", characters);
@@ -65,6 +62,14 @@ TwoDigits CountOf(TextView characters) {
 }
 
 }  // namespace
+
+PointRec ReferencePlaceOf(const Options& options, const PointRec& symbol) {
+    return PlaceBeside(symbol, ReferenceDirection(options, symbol));
+}
+
+PointRec InsertionPlaceOf(const TextRec& text, const PointRec& anchor) {
+    return PlaceBeside(anchor, MirrorGrads(text.HzDirection));
+}
 
 RecordStyle PrepareRecordStyle(Translation& translation) {
     const Variant variant = translation.mode.variant;
@@ -92,7 +97,7 @@ void WritePoint(LineWriter& output, const RecordStyle& style, const PointRec& po
     Write(output, style.variant, record, goesOn);
     if (code.isSymbol) {
         record.Put("05F012", std::string_view(code.lkiCode).substr(4), "   ", coordinates.View(),
-                   FormatPlaceBeside(style.options, point, ReferenceDirection(style.options, point)).View());
+                   FormatCoordinates(style.options, ReferencePlaceOf(style.options, point)).View());
         Write(output, style.variant, record, goesOn);
     }
     record.Put("06A20T", code.description);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,14 @@ struct RecordStyle {
 
 // A fieldwork date that is none is told in the log book.
 RecordStyle PrepareRecordStyle(Translation& translation);
+
+// Of a text this many characters are written.
+inline constexpr std::size_t longestText = 40;
+
+// The places that symbols and texts are written with beside their own: one metre from it, at its height and without a
+// name.
+PointRec ReferencePlaceOf(const Options& options, const PointRec& symbol);
+PointRec InsertionPlaceOf(const TextRec& text, const PointRec& anchor);
 
 // Write the records of an object with the code that it was found to have: of a point, with a reference position when it
 // is a symbol; of a segment from one point to another, as an arc or straight; and of a text on its point.

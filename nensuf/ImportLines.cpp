@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/Numbers.h"
+#include "nensuf/ImportProblems.h"
 #include "nensuf/modArcFunctions.h"
 #include "translation/CodeLookups.h"
 #include "translation/Translation.h"
@@ -15,8 +16,9 @@ constexpr TextView straight = u"STRAIGHT";
 constexpr TextView arcByCentre = u"ARC_CENT";
 constexpr std::int32_t anticlockwiseFlag = 16;
 
-std::int32_t AppendLineString(Drawing& drawing, const LineCodeRow& row) {
+std::int32_t AppendLineString(Drawing& drawing, const LineCodeRow& row, std::int64_t inputLine) {
     LineRec& line = drawing.Lines.Append();
+    line.InputLine = static_cast<std::int32_t>(inputLine);
     drawing.SetCode(line, row.LiscadCode.View());
     drawing.SetDescription(line, row.Description.View());
     return drawing.Lines.UpperBound();
@@ -33,6 +35,7 @@ PointRec VertexOf(Drawing& drawing, const LineCodeRow& row) {
 
 void AppendEdge(Drawing& drawing, std::int32_t lineNo, std::int32_t start, std::int32_t end, TextView lineType) {
     EdgeRec& edge = drawing.Edges.Append();
+    edge.InputLine = drawing.Points[end].InputLine;
     edge.LineNo = lineNo;
     edge.StartPt = start;
     edge.EndPt = end;
@@ -52,12 +55,16 @@ const LineCodeRow* RowOf(ImportRun& run) {
 void ReadLineFields(ImportRun& run, const LineCodeRow& row, std::int32_t lineNo, std::int32_t firstPoint) {
     Drawing& drawing = run.translation.drawing;
     PointRec vertex = VertexOf(drawing, row);
+    CoordinateWatch watch;
     std::string_view number;  // of an N field that stands directly before an X field
     for (const GroupField& field : run.records.GroupFields()) {
+        watch.See(field);
         const std::string_view numberBefore =
             std::exchange(number, field.Key == 'N' ? field.Value : std::string_view());
+        if (!numberBefore.empty() && field.Key != 'X') watch.LeaveNumber(numberBefore, field.Line);
         switch (field.Key) {
             case 'X': {
+                vertex.InputLine = static_cast<std::int32_t>(field.Line);
                 vertex.East = run.frame.X(field.Value);
                 vertex.SetPointID(numberBefore);
                 const std::int32_t index = AddImportedPoint(drawing, vertex);
@@ -79,6 +86,8 @@ void ReadLineFields(ImportRun& run, const LineCodeRow& row, std::int32_t lineNo,
                 break;
         }
     }
+    if (!number.empty()) watch.LeaveNumber(number, run.records.GroupFields().back().Line);
+    watch.Tell(run.translation);
 }
 
 // The arcs of one group, each sharing its end point with the start of the next.
@@ -88,15 +97,21 @@ class ArcChain {
         : run(importRun),
           drawing(importRun.translation.drawing),
           vertex(VertexOf(drawing, codeRow)),
-          lineNo(AppendLineString(drawing, codeRow)),
+          lineNo(AppendLineString(drawing, codeRow, importRun.group.line)),
           arcEnd(drawing.Points.UpperBound() + 3) {}
 
     // The result is the last arc's; the ones before it are accounted for.
     std::optional<LeftOut> Read() {
         const auto& points = drawing.Points;
+        CoordinateWatch watch;
         for (const GroupField& field : run.records.GroupFields()) {
+            watch.See(field);
             switch (field.Key) {
+                case 'N':
+                    DropNumber(field);
+                    break;
                 case 'X':
+                    vertex.InputLine = static_cast<std::int32_t>(field.Line);
                     vertex.East = run.frame.X(field.Value);
                     AddImportedPoint(drawing, vertex);
                     break;
@@ -111,16 +126,21 @@ class ArcChain {
             }
             if (points.UpperBound() > arcEnd) BeginNextArc();
         }
+        watch.Tell(run.translation);
         if (points.UpperBound() >= arcEnd) return FinishArc();
         Report(run.translation, {.kind = ProblemKind::InvalidArc});
         return LeftOut::InvalidArc;
     }
 
  private:
+    void DropNumber(const GroupField& field) {
+        if (Trim(field.Value).empty()) return;
+        Tell(run.translation, {.kind = ProblemKind::ArcNumberDropped, .line = field.Line});
+    }
+
     void BeginNextArc() {
-        ObjectAccount& account = run.translation.account;
-        SettleObject(account, ObjectKind::Arc, FinishArc());
-        ++account[ObjectKind::Arc].read;
+        SettleObject(run, ObjectKind::Arc, FinishArc());
+        ++run.translation.account[ObjectKind::Arc].read;
         arcEnd += 2;
         auto& lines = drawing.Lines;
         LineRec& line = lines.Append();
@@ -156,6 +176,12 @@ class ArcChain {
     std::int32_t arcEnd;  // the index of the current arc's third point
 };
 
+// A line string without any segment, which stays all the same.
+void TellNoCoordinates(ImportRun& run) {
+    Tell(run.translation,
+         {.kind = ProblemKind::GroupWithoutCoordinates, .object = ObjectKind::LineString, .line = run.group.line});
+}
+
 }  // namespace
 
 std::optional<LeftOut> ImportLineGroup(ImportRun& run) {
@@ -168,11 +194,14 @@ std::optional<LeftOut> ImportLineGroup(ImportRun& run) {
     if (row == nullptr) return LeftOut::UnknownCode;
 
     const std::int32_t firstPoint = pointsBefore + 1;
-    ReadLineFields(run, *row, AppendLineString(drawing, *row), firstPoint);
+    ReadLineFields(run, *row, AppendLineString(drawing, *row, run.group.line), firstPoint);
 
     // Only the first point decides: a line that starts inside is kept whole, one that starts outside goes whole.
-    if (!run.selection.isOn) return {};
     const std::int32_t lastPoint = drawing.Points.UpperBound();
+    if (!run.selection.isOn) {
+        if (lastPoint < firstPoint) TellNoCoordinates(run);
+        return {};
+    }
     if (lastPoint >= firstPoint && run.selection.Contains(drawing.Points[firstPoint])) return {};
     for (std::int32_t index = firstPoint; index <= lastPoint; ++index) drawing.PointIndex.Set(index, 0);
     drawing.Points.CutTo(pointsBefore);

@@ -2,6 +2,7 @@
 
 #include "core/Numbers.h"
 #include "core/modScreen.h"
+#include "nensuf/ImportProblems.h"
 #include "nensuf/Overflow.h"
 #include "translation/CodeLookups.h"
 #include "translation/Translation.h"
@@ -25,20 +26,39 @@ SelectionRectangle SelectionOf(const Options& options) {
 ImportRun::ImportRun(Translation& itsTranslation, LineReader& file)
     : translation(itsTranslation),
       unknowns(TallyOf(itsTranslation)),
-      records(file, itsTranslation.screen, itsTranslation.inputLine),
+      records(itsTranslation, file),
       NenMode(itsTranslation.mode.variant),
       selection(SelectionOf(itsTranslation.options)),
       withUnknowns(itsTranslation.options.chkImportUnknowns) {}
 
 namespace {
 
-// A 03 group: M holds the code (nine characters), G the kind of geometry in its first two.
+// Takes a code; where the same field brings a second one, the end of a group before it was lost.
+class CodeTaker {
+ public:
+    void Take(GroupObjects& objects, const GroupField& field) {
+        const std::string_view code = Trim(field.Value);
+        objects.ObjectCode = code;
+        if (code.empty()) return;
+        if (key == field.Key && objects.secondCodeLine == 0) objects.secondCodeLine = field.Line;
+        key = field.Key;
+    }
+
+ private:
+    char key = 0;
+};
+
+// A 03 group: M holds the code (nine characters), G the kind of geometry in its first two and the status in its sixth.
 void ReadGeometryFields(ImportRun& run, GroupObjects& objects) {
+    constexpr std::size_t statusPlace = 5;
+    CodeTaker codes;
     run.afterGeometry = false;
     for (const GroupField& field : run.records.GroupFields()) {
         if (field.Key == 'M') {
-            objects.ObjectCode = Trim(field.Value);
+            codes.Take(objects, field);
         } else if (field.Key == 'G') {
+            objects.namesKind = true;
+            objects.isMarked = objects.isMarked || MarksMutation(field.Value[statusPlace]);
             const double kind = LeadingNumber(field.Value.substr(0, 2));
             objects.isPoint = objects.isPoint || kind == 1;
             objects.isLine = objects.isLine || kind == 3 || kind == 5 || kind == 12;
@@ -49,12 +69,16 @@ void ReadGeometryFields(ImportRun& run, GroupObjects& objects) {
     objects.isPart = !run.afterGeometry && run.records.NextIs("05");
 }
 
-// A 05 group: Q or K holds the code, F the placement, whose third character tells texts from symbols.
+// A 05 group: Q or K holds the code, F the placement, whose second character is the status and whose third tells texts
+// from symbols.
 void ReadPlacementFields(ImportRun& run, GroupObjects& objects) {
+    CodeTaker codes;
     for (const GroupField& field : run.records.GroupFields()) {
         if (field.Key == 'Q' || field.Key == 'K') {
-            objects.ObjectCode = Trim(field.Value);
+            codes.Take(objects, field);
         } else if (field.Key == 'F') {
+            objects.namesKind = true;
+            objects.isMarked = objects.isMarked || MarksMutation(field.Value[1]);
             objects.placement = field.Value;
             objects.isText = objects.isText || field.Value[2] == '1';
             objects.isSymbol = objects.isSymbol || field.Value[2] == '2';
@@ -69,6 +93,7 @@ void ReadPlacementFields(ImportRun& run, GroupObjects& objects) {
 
 GroupObjects ReadObjects(ImportRun& run) {
     GroupObjects objects;
+    objects.line = run.records.GroupOrigin().line;
     if (run.records.RecordType() == "03") {
         ReadGeometryFields(run, objects);
     } else {
@@ -77,26 +102,45 @@ GroupObjects ReadObjects(ImportRun& run) {
     return objects;
 }
 
-void LeaveObjects(ObjectAccount& account, const GroupObjects& objects, LeftOut reason) {
+namespace {
+
+// A group that is of no kind which is read: it names another one, or none at all, which no good file does.
+void LeaveOther(Translation& translation, const GroupObjects& objects) {
+    constexpr ObjectKind kind = ObjectKind::Other;
+    ++translation.account[kind].read;
+    if (objects.namesKind) return LeaveOut(translation, kind, LeftOut::NotTranslated, objects.line);
+    translation.account.Leave(kind, LeftOut::NotTranslated);
+    Tell(translation, {.kind = ProblemKind::GroupWithoutCode, .object = kind, .line = objects.line});
+}
+
+}  // namespace
+
+void LeaveObjects(ImportRun& run, const GroupObjects& objects, LeftOut reason) {
     if (objects.isPart) return;
-    const auto leave = [&account, reason](ObjectKind kind) {
-        ++account[kind].read;
-        account.Leave(kind, kind == ObjectKind::Other ? LeftOut::NotTranslated : reason);
+    run.isTold = true;
+    Translation& translation = run.translation;
+    const auto leave = [&translation, &objects, reason](ObjectKind kind) {
+        ++translation.account[kind].read;
+        LeaveOut(translation, kind, reason, objects.line);
     };
     const bool isPointOrSymbol = objects.isPoint || objects.isSymbol;
     if (isPointOrSymbol) leave(ObjectKind::Point);
     if (objects.isLine) leave(ObjectKind::LineString);
     if (objects.isArc) leave(ObjectKind::Arc);
     if (objects.isText) leave(ObjectKind::TextObject);
-    if (!isPointOrSymbol && !objects.isLine && !objects.isArc && !objects.isText) leave(ObjectKind::Other);
+    if (!isPointOrSymbol && !objects.isLine && !objects.isArc && !objects.isText) LeaveOther(translation, objects);
 }
 
-void SettleObject(ObjectAccount& account, ObjectKind kind, std::optional<LeftOut> reason) {
+void SettleObject(ImportRun& run, ObjectKind kind, std::optional<LeftOut> reason) {
+    Translation& translation = run.translation;
+    const GroupObjects& group = run.group;
     if (reason) {
-        account.Leave(kind, *reason);
-    } else {
-        ++account[kind].kept;
+        LeaveOut(translation, kind, *reason, group.line);
+        run.isTold = true;
+        return;
     }
+    ++translation.account[kind].kept;
+    if (group.isMarked) Tell(translation, {.kind = ProblemKind::MutationStatus, .object = kind, .line = group.line});
 }
 
 std::int32_t AddImportedPoint(Drawing& drawing, const PointRec& point) {
@@ -118,7 +162,11 @@ bool ReadGeometryGroup(ImportRun& run, TextView kind) {
     Translation& translation = run.translation;
     Report(translation, {.kind = ProblemKind::NoCoordinatesRecord, .words = Text(kind)});
     ShowMessage(translation.screen, u"04 record ontbreekt", Icon::Critical);
-    if (type == "03" || type == "05") LeaveObjects(translation.account, ReadObjects(run), LeftOut::MissingRecord);
+    if (type == "03" || type == "05") {
+        LeaveObjects(run, ReadObjects(run), LeftOut::MissingRecord);
+    } else if (type != "06" && type != "99") {
+        PassOver(run);
+    }
     return false;
 }
 

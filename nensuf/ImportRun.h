@@ -59,6 +59,12 @@ struct GroupObjects {
     // It adds no object to those of its neighbours: a 03 group without a G field heads the 05 group behind it, a 05
     // group without a code places the object of the 03 group before it.
     bool isPart = false;
+
+    bool namesKind = false;  // it has a G or F field
+
+    std::int64_t line = 0;            // of the input, of its first record
+    bool isMarked = false;            // as to be deleted or changed
+    std::int64_t secondCodeLine = 0;  // where it has another code of the same field; 0: it has one at most
 };
 
 // What the group readers of one import share.
@@ -68,9 +74,13 @@ struct ImportRun {
     Translation& translation;
     UnknownCodeTally* unknowns;  // null: none are tallied
     RecordReader records;
-    Variant NenMode;             // of the file: that of the mode, until a person answers otherwise
-    GroupObjects group;          // the group being imported
-    bool afterGeometry = false;  // behind a 03 group with a G field, which 05 groups without a code belong to
+    Variant NenMode;                // of the file: that of the mode, until a person answers otherwise
+    GroupObjects group;             // the group being imported
+    bool afterGeometry = false;     // behind a 03 group with a G field, which 05 groups without a code belong to
+    bool isTold = false;            // that the object read last did not come across whole
+    bool isPlaced = false;          // it is a point or symbol, which 05 records without a code belong to
+    bool mayBeDescribed = false;    // it is a point or symbol, which a 06 record describes
+    std::int64_t mayCloseLine = 0;  // of the record passed over last, when it is the closing record if nothing follows
     CoordinateFrame frame;
     SelectionRectangle selection;
     bool withUnknowns;  // chkImportUnknowns
@@ -79,11 +89,12 @@ struct ImportRun {
 // The objects of the group read last, of type 03 or 05.
 GroupObjects ReadObjects(ImportRun& run);
 
-// Accounts for objects that no group reader is called for.
-void LeaveObjects(ObjectAccount& account, const GroupObjects& objects, LeftOut reason);
+// Accounts for objects that no group reader is called for, and tells of them.
+void LeaveObjects(ImportRun& run, const GroupObjects& objects, LeftOut reason);
 
-// Accounts for an object that counts as read already: why it was left out, or nothing when it is in the drawing.
-void SettleObject(ObjectAccount& account, ObjectKind kind, std::optional<LeftOut> reason);
+// Accounts for an object of the current group that counts as read already: why it was left out, or nothing when it is
+// in the drawing.
+void SettleObject(ImportRun& run, ObjectKind kind, std::optional<LeftOut> reason);
 
 // Appends a point and returns its index, which becomes its number. A point whose code was never filled gets the code
 // "100" and the description "Onbekend Object".

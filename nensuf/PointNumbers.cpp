@@ -2,18 +2,20 @@
 
 #include <bit>
 #include <cstdint>
-#include <functional>
 #include <vector>
 
+#include "core/Hash.h"
 #include "core/modKORVANDE.h"
 #include "core/modMiniMax.h"
 #include "core/modScreen.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
 namespace {
 
-// The numbers met so far: a hash table of point indexes (0: free), at most half full.
+// The numbers met so far: a hash table of point indexes (0: free), at most half full, in which no numbers can be chosen
+// to meet.
 class NumbersMet {
  public:
     explicit NumbersMet(const PagedArray<PointRec>& itsPoints)
@@ -23,7 +25,7 @@ class NumbersMet {
     bool Add(std::int32_t index) {
         const auto& number = points[index].PointID();
         const std::size_t mask = slots.size() - 1;
-        std::size_t slot = std::hash<TextView>()(number.View()) & mask;
+        std::size_t slot = HashOfBytes(seed, number.characters.data(), sizeof(number.characters)) & mask;
         for (; slots[slot] != 0; slot = (slot + 1) & mask) {
             if (points[slots[slot]].PointID().View() == number.View()) return false;
         }
@@ -33,21 +35,25 @@ class NumbersMet {
 
  private:
     const PagedArray<PointRec>& points;
+    std::uint64_t seed = NewHashSeed();
     std::vector<std::int32_t> slots;
 };
 
 }  // namespace
 
-void CleanUpPointNumbers(Screen& screen, Drawing& drawing) {
+void CleanUpPointNumbers(Translation& translation) {
     constexpr TextView noNumber = u"         ";
-    auto& points = drawing.Points;
+    Screen& screen = translation.screen;
+    auto& points = translation.drawing.Points;
     screen.ShowStatus(u"Opschonen Puntnummers");
     BeginProgress(screen, MaxLong(points.UpperBound(), 1));
     NumbersMet met(points);
     for (std::int32_t index = 1; index <= points.UpperBound(); ++index) {
         StepProgress(screen, index);
         PointRec& point = points[index];
-        if (point.PointID().View() > noNumber && !met.Add(index)) point.SetPointID(TextView());
+        if (!(point.PointID().View() > noNumber) || met.Add(index)) continue;
+        point.SetPointID(TextView());
+        Tell(translation, {.kind = ProblemKind::NumberBlanked, .line = point.InputLine});
     }
 }
 

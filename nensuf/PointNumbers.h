@@ -2,10 +2,9 @@
 
 namespace korvande {
 
-class Screen;
-struct Drawing;
+struct Translation;
 
-// Of points that share a number (PointID) the first keeps it and every later one loses it.
-void CleanUpPointNumbers(Screen& screen, Drawing& drawing);
+// Of points that share a number (PointID) the first keeps it and every later one loses it, which is told.
+void CleanUpPointNumbers(Translation& translation);
 
 }  // namespace korvande

@@ -36,4 +36,15 @@ std::optional<std::string> HeaderRecord(std::string_view line, std::string_view 
     return record;
 }
 
+bool LosesCharacters(std::string_view line) noexcept {
+    if (line.size() <= recordLength) return false;
+    const bool keepsFirst = RecordOfLongLine(line).data() == line.data();
+    return !keepsFirst && !IsWhiteSpace(line.substr(0, line.size() - recordLength));
+}
+
+bool HeaderLosesCharacters(std::string_view line, std::string_view type) noexcept {
+    if (!line.starts_with(type)) return LosesCharacters(line);
+    return line.size() > recordLength && !IsWhiteSpace(line.substr(recordLength));
+}
+
 }  // namespace korvande

@@ -30,4 +30,9 @@ bool NextWritten(LineReader& file, std::string_view& line);
 // type, or else as what it counts as. Nothing when that does not begin with the type either.
 std::optional<std::string> HeaderRecord(std::string_view line, std::string_view type);
 
+// Whether more than blanks of a line of more than 64 characters is not in its record, or not in the columns of a header
+// record of a type.
+bool LosesCharacters(std::string_view line) noexcept;
+bool HeaderLosesCharacters(std::string_view line, std::string_view type) noexcept;
+
 }  // namespace korvande

@@ -4,8 +4,9 @@
 #include <cstring>
 
 #include "core/Text.h"
-#include "core/modScreen.h"
 #include "nensuf/RecordLine.h"
+#include "translation/Files.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
@@ -17,55 +18,112 @@ constexpr std::size_t payloadLength = 60;
 constexpr std::size_t endCodeBegin = 62;
 constexpr std::size_t fieldLength = 10;
 
-bool GoesOn(const RecordReader::Record& record) {
-    return record[endCodeBegin] == '0' && record[endCodeBegin + 1] == '0';
+RecordEnd EndOf(const RecordReader::Record& record, std::int64_t line) {
+    return {.type = {record[0], record[1]}, .code = {record[endCodeBegin], record[endCodeBegin + 1]}, .line = line};
+}
+
+// A closing record whose first digit is lost: "9" and blanks have become the type 09.
+bool IsClosingWithoutDigit(const RecordReader::Record& record) {
+    const std::string_view bytes(record.data(), record.size());
+    return bytes.starts_with("09") && Trim(bytes.substr(payloadBegin)).empty();
 }
 
 }  // namespace
 
 void RecordReader::ReadFileRecord(Record& target) {
-    constexpr std::size_t shortest = recordLength - 1;
     std::string_view read;
-    do {
-        if (!file.Next(read)) {
-            target.fill(' ');
-            target[0] = target[1] = '9';
-            return;
-        }
-        line = file.LineNumber();
-        StepProgress(screen, ReadUnits(file));
-        if (read.size() < shortest && !IsWhiteSpace(read)) hasClosingRecord = read.starts_with(closingType);
-    } while (read.size() < shortest);
+    while (NextLine(translation, file, read)) {
+        if (read.size() + 1 >= recordLength) return TakeLine(read, target);
+        if (!IsWhiteSpace(read)) PassShortLine(read);
+    }
+    lineRead = {.line = translation.inputLine, .isEnd = true};
+    target.fill(' ');
+    target[0] = target[1] = '9';
+}
+
+// A short "99" is the closing record when nothing follows; so is "9" where leading zeros are not written.
+void RecordReader::PassShortLine(std::string_view read) {
+    TellShortClosingLine();
     hasClosingRecord = read.starts_with(closingType);
+    const bool mayClose = hasClosingRecord || (lacksDigits && Trim(read) == "9");
+    hasClosingRecord = mayClose;
+    if (mayClose) {
+        shortClosingLine = translation.inputLine;
+    } else {
+        toldLine = translation.inputLine;
+        Tell(translation, {.kind = ProblemKind::ShortLine});
+    }
+}
+
+void RecordReader::TellShortClosingLine() {
+    if (shortClosingLine == 0) return;
+    Tell(translation, {.kind = ProblemKind::ShortLine, .line = shortClosingLine});
+    shortClosingLine = 0;
+}
+
+void RecordReader::TakeLine(std::string_view read, Record& target) {
+    const std::string_view line = read;
     if (read.size() > recordLength) read = RecordOfLongLine(read);
     const std::size_t missing = LacksFirstDigit(read) ? 1 : 0;
     std::memcpy(target.data() + missing, read.data(), read.size());
-    if (missing > 0 || StandsForZero(target[0])) target[0] = '0';
-    hasClosingRecord = hasClosingRecord || std::equal(closingType.begin(), closingType.end(), target.begin());
+    lacksDigits = missing > 0 || StandsForZero(target[0]);
+    if (lacksDigits) target[0] = '0';
+    lineRead = {.line = translation.inputLine, .isSilent = IsWhiteSpace(line)};
+    if (lineRead.isSilent) return;
+    TellShortClosingLine();
+    if (line.size() > recordLength && LosesCharacters(line)) {
+        toldLine = translation.inputLine;
+        Tell(translation, {.kind = ProblemKind::LongLine});
+        lineRead.isSilent = true;
+    }
+    lineRead.mayClose = line.starts_with(closingType) ||
+                        std::equal(closingType.begin(), closingType.end(), target.begin()) ||
+                        (lacksDigits && IsClosingWithoutDigit(target));
+    hasClosingRecord = lineRead.mayClose;
+}
+
+std::int64_t RecordReader::LineBehindClosingRecord() {
+    std::string_view read;
+    while (NextLine(translation, file, read)) {
+        const bool closesAgain = read.starts_with(closingType) && IsWhiteSpace(read.substr(closingType.size()));
+        if (!closesAgain && !IsWhiteSpace(read)) return translation.inputLine;
+    }
+    return 0;
 }
 
 std::string_view RecordReader::ReadRecordGroup(int mode) {
     if (hasLookAhead) {
         record = lookAhead;
+        origin = lookAheadOrigin;
     } else {
         ReadFileRecord(record);
+        origin = lineRead;
     }
     hasLookAhead = mode == 1;
     if (mode > 0) {
+        if (mode > 1) taken = EndOf(record, origin.line);
         lookAhead = record;
+        lookAheadOrigin = origin;
         return {record.data(), record.size()};
     }
 
-    std::copy_n(record.begin(), recordType.size(), recordType.begin());
+    groupOrigin = origin;
+    beforeGroup = taken;
+    taken = EndOf(record, origin.line);
+    recordType = taken.type;
     payload.assign(record.data() + payloadBegin, payloadLength);
-    while (GoesOn(record)) {
+    payloadLines.assign(1, origin.line);
+    while (taken.GoesOn()) {
         ReadFileRecord(record);
         if (!std::equal(recordType.begin(), recordType.end(), record.begin())) {
             lookAhead = record;
+            lookAheadOrigin = lineRead;
             hasLookAhead = true;
             break;
         }
+        taken = EndOf(record, lineRead.line);
         payload.append(record.data() + payloadBegin, payloadLength);
+        payloadLines.push_back(lineRead.line);
     }
     SplitPayload();
     return {};
@@ -79,8 +137,9 @@ void RecordReader::SplitPayload() {
     payload.resize(std::max(payload.size(), begin + count * fieldLength), ' ');
     fields.clear();
     for (std::size_t i = 0; i < count; ++i) {
-        const char* const field = payload.data() + begin + i * fieldLength;
-        fields.push_back({*field, {field + 1, fieldLength - 1}});
+        const std::size_t at = begin + i * fieldLength;
+        const char* const field = payload.data() + at;
+        fields.push_back({*field, {field + 1, fieldLength - 1}, payloadLines[at / payloadLength]});
     }
 }
 

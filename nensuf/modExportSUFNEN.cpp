@@ -5,6 +5,7 @@
 
 #include "nensuf/ExportCodes.h"
 #include "nensuf/ExportHeader.h"
+#include "nensuf/ExportProblems.h"
 #include "nensuf/ExportRecords.h"
 #include "nensuf/ExportStatistics.h"
 #include "nensuf/RecordLayout.h"
@@ -41,6 +42,7 @@ WhyLeftOut ExportPoint(ExportRun& run, std::int32_t index, const ExportCodes& co
         CodeAt(codes, LookupPointByLiscadCode(translation.codes.points, run.unknowns, drawing.Code(point)));
     if (!code.isWritten) return code.reason;
     WritePoint(translation.output, run.style, point, code);
+    TellPointWritten(translation, point, code);
     return {};
 }
 
@@ -73,9 +75,11 @@ WhyLeftOut ExportSegment(ExportRun& run, std::int32_t index, const ExportCodes& 
     const ExportCode& code = CodeAt(
         codes, LookupLineByLiscadCode(translation.codes.lines, run.unknowns, drawing.Code(drawing.Lines[edge.LineNo])));
     if (!code.isWritten) return code.reason;
-    const auto shape = ShapeOf(drawing.LineType(edge).TrimmedRight());
+    const TextView lineType = drawing.LineType(edge).TrimmedRight();
+    const auto shape = ShapeOf(lineType);
     if (!shape) return LeftOut::LineType;
     WriteSegment(translation.output, run.style, drawing.Points[edge.StartPt], drawing.Points[edge.EndPt], *shape, code);
+    TellSegmentWritten(translation, edge, lineType, code);
     return {};
 }
 
@@ -90,12 +94,14 @@ WhyLeftOut ExportText(ExportRun& run, std::int32_t index, const ExportCodes& cod
     if (anchor == 0) return ReportNoReference(translation, ProblemKind::UnknownPoint, u"Tekst", index);
     if (drawing.Code(text).View().front() == lkiCodeMark) {
         WriteGeneratedText(translation.output, run.style, drawing.Points[anchor], drawing, text);
+        TellTextWritten(translation, text, drawing.Points[anchor], nullptr);
         return {};
     }
     const ExportCode& code =
         CodeAt(codes, LookupTextByLiscadCode(translation.codes.texts, run.unknowns, drawing.Code(text)));
     if (!code.isWritten) return code.reason;
     WriteText(translation.output, run.style, drawing.Points[anchor], text, code);
+    TellTextWritten(translation, text, drawing.Points[anchor], &code);
     return {};
 }
 
@@ -128,19 +134,35 @@ void LeaveTheRestUnfinished(Translation& translation) {
     }
 }
 
+// Accounts for an object that was not written, and tells it with its line of the input, and a segment with its type.
+void LeaveOutOfExport(Translation& translation, ObjectKind kind, std::int32_t index, LeftOut reason) {
+    const Drawing& drawing = translation.drawing;
+    switch (kind) {
+        case ObjectKind::Point:
+            return LeaveOut(translation, kind, reason, drawing.Points[index].InputLine);
+        case ObjectKind::LineSegment: {
+            const EdgeRec& edge = drawing.Edges[index];
+            if (reason != LeftOut::LineType) return LeaveOut(translation, kind, reason, edge.InputLine);
+            const TextView lineType = Trim(drawing.LineType(edge).View());
+            return LeaveOut(translation, kind, reason, edge.InputLine, lineType.empty() ? u"(leeg)" : lineType);
+        }
+        default:
+            return LeaveOut(translation, kind, reason, drawing.Texts[index].InputLine);
+    }
+}
+
 using ExportObject = WhyLeftOut(ExportRun& run, std::int32_t index, const ExportCodes& codes);
 
 // One step: exports all objects of a kind and accounts for each.
 void ExportEach(ExportRun& run, ObjectKind kind, ExportObject exportObject, const ExportCodes& codes) {
     Screen& screen = run.translation.screen;
-    ObjectAccount& account = run.translation.account;
     const std::int32_t count = CountOf(run.translation.drawing, kind);
     BeginProgress(screen, count);
     for (std::int32_t index = 1; index <= count; ++index) {
         if (const WhyLeftOut reason = exportObject(run, index, codes)) {
-            account.Leave(kind, *reason);
+            LeaveOutOfExport(run.translation, kind, index, *reason);
         } else {
-            ++account[kind].written;
+            ++run.translation.account[kind].written;
         }
         StepProgress(screen, index);
     }

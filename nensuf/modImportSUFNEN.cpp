@@ -11,6 +11,7 @@
 #include "core/modScreen.h"
 #include "nensuf/ImportLines.h"
 #include "nensuf/ImportObjects.h"
+#include "nensuf/ImportProblems.h"
 #include "nensuf/ImportRun.h"
 #include "nensuf/Overflow.h"
 #include "nensuf/PointNumbers.h"
@@ -116,6 +117,22 @@ CoordinateFrame FrameOf(Variant variant, std::string_view line) {
     return frame;
 }
 
+// Tells of the precision digit and the header values that are no numbers. A blank one is 0, which a factor of X and Y
+// cannot be, and nothing else in a line that was cut.
+void TellFrame(Translation& translation, Variant variant, std::string_view line) {
+    constexpr std::size_t lastColumn = 62;
+    constexpr std::size_t factor = 33;
+    const bool isWhole = line.size() >= lastColumn;
+    const auto look = [&translation, line](std::size_t first, std::size_t last, bool mayBeBlank) {
+        const std::string_view value = Columns(line, first, last);
+        if (IsNumber(value) || (mayBeBlank && Trim(value).empty())) return;
+        Tell(translation, {.kind = ProblemKind::NumberNoNumber});
+    };
+    const std::size_t precisionColumn = variant == Variant::Nen1878 ? 7 : 8;
+    look(precisionColumn, precisionColumn, false);
+    for (std::size_t first = 13; first < lastColumn; first += 10) look(first, first + 9, isWhole && first != factor);
+}
+
 // Whether the 02 record looks like the other variant's; the user decides.
 void CheckFormat(ImportRun& run, std::string_view line) {
     if (run.NenMode == Variant::Nen1878 && Columns(line, 7, 7) == "0") AskFormat(run, looksLikeSuf2);
@@ -125,12 +142,14 @@ void CheckFormat(ImportRun& run, std::string_view line) {
 }
 
 // A line as a header record of its type; when it is none, with a message, nothing.
-std::optional<std::string> TakeHeaderRecord(Translation& translation, const LineReader& file, bool isThere,
-                                            std::string_view line, std::string_view type, ProblemKind problemWithout) {
-    translation.inputLine = file.LineNumber();
+std::optional<std::string> TakeHeaderRecord(Translation& translation, bool isThere, std::string_view line,
+                                            std::string_view type, ProblemKind problemWithout) {
     std::optional<std::string> record;
     if (isThere) record = HeaderRecord(line, type);
-    if (record) return record;
+    if (record) {
+        if (HeaderLosesCharacters(line, type)) Tell(translation, {.kind = ProblemKind::LongLine});
+        return record;
+    }
     const Problem problem{.kind = problemWithout};
     translation.outcome.wrongFormat = true;
     Report(translation, problem);
@@ -141,39 +160,50 @@ std::optional<std::string> TakeHeaderRecord(Translation& translation, const Line
 bool ReadHeader(ImportRun& run, LineReader& file) {
     Translation& translation = run.translation;
     std::string_view line;
-    const bool hasFirst = NextWritten(file, line);
-    const auto project = TakeHeaderRecord(translation, file, hasFirst, line, "01", ProblemKind::NoProjectRecord);
+    bool isThere = NextLine(translation, file, line);
+    while (isThere && IsWhiteSpace(line)) isThere = NextLine(translation, file, line);
+    const auto project = TakeHeaderRecord(translation, isThere, line, "01", ProblemKind::NoProjectRecord);
     if (!project) return false;
     TakeProject(translation, *project);
-    const bool hasSecond = file.Next(line);
-    const auto frame = TakeHeaderRecord(translation, file, hasSecond, line, "02", ProblemKind::NoFrameRecord);
+    TellMutationFile(translation, *project);
+    isThere = NextLine(translation, file, line);
+    const auto frame = TakeHeaderRecord(translation, isThere, line, "02", ProblemKind::NoFrameRecord);
     if (!frame) return false;
     CheckFormat(run, *frame);
     run.frame = FrameOf(run.NenMode, *frame);
+    TellFrame(translation, run.NenMode, *frame);
     translation.screen.ShowStatus(run.NenMode == Variant::Nen1878 ? u"Inlezen NEN1878" : u"Inlezen SUF2");
     return true;
 }
 
 // Has an object of the current group read, and accounts for it.
 void ImportObject(ImportRun& run, ObjectKind kind, std::optional<LeftOut> (*reader)(ImportRun&)) {
-    ObjectAccount& account = run.translation.account;
-    ++account[kind].read;
+    ++run.translation.account[kind].read;
+    std::optional<LeftOut> reason;
     try {
-        SettleObject(account, kind, reader(run));
+        reason = reader(run);
     } catch (...) {
-        SettleObject(account, kind, LeftOut::Unfinished);
+        SettleObject(run, kind, LeftOut::Unfinished);
         throw;
     }
+    SettleObject(run, kind, reason);
 }
 
 // Has the objects of a 03 or 05 group read. One without a code brings nothing.
 void ImportObjects(ImportRun& run) {
     run.group = ReadObjects(run);
     const GroupObjects& group = run.group;
-    const bool hasObjects = group.isPoint || group.isLine || group.isArc || group.isSymbol || group.isText;
-    if (!hasObjects || group.ObjectCode.empty()) {
-        return LeaveObjects(run.translation.account, group, LeftOut::NoCode);
+    if (!group.isPart) {
+        run.isTold = false;
+        run.isPlaced = run.mayBeDescribed = group.isPoint || group.isSymbol;
+    } else if (run.records.RecordType() == "05" && !run.isPlaced) {
+        return PassOver(run);
     }
+    if (group.secondCodeLine > 0) {
+        Tell(run.translation, {.kind = ProblemKind::GroupNotClosed, .line = group.secondCodeLine});
+    }
+    const bool hasObjects = group.isPoint || group.isLine || group.isArc || group.isSymbol || group.isText;
+    if (!hasObjects || group.ObjectCode.empty()) return LeaveObjects(run, group, LeftOut::NoCode);
     if (group.isPoint) ImportObject(run, ObjectKind::Point, ImportPointGroup);
     if (group.isLine) ImportObject(run, ObjectKind::LineString, ImportLineGroup);
     if (group.isArc) ImportObject(run, ObjectKind::Arc, ImportArcGroup);
@@ -184,13 +214,16 @@ void ImportObjects(ImportRun& run) {
 void ImportGroups(ImportRun& run) {
     while (true) {
         run.records.ReadRecordGroup(0);
+        TellGroupNotClosed(run);
         const std::string_view type = run.records.RecordType();
         if (type == "03" || type == "05") {
             ImportObjects(run);
         } else if (type == "07") {
             if (run.NenMode == Variant::Suf2) AskFormat(run, holdsNen1878Headers);
         } else if (type == "99") {
-            return;
+            return TellEnd(run);
+        } else {
+            PassOver(run);
         }
     }
 }
@@ -217,7 +250,7 @@ void Import(Translation& translation, LineReader& file) {
         return;
     }
     translation.inputLine = 0;
-    CleanUpPointNumbers(translation.screen, translation.drawing);
+    CleanUpPointNumbers(translation);
 }
 
 }  // namespace
@@ -228,7 +261,7 @@ void ImportNenSuf(Translation& translation) {
     translation.ProjectName.clear();
     translation.ProjectDate.reset();
     LineReader file;
-    const bool isOpen = OpenInput(translation, file, translation.SufNenFileName);
+    const bool isOpen = OpenInput(translation, file, translation.SufNenFileName, recordLength);
     OpenIdexOutput(translation);
     if (isOpen) ReadInput(translation, file, [&] { Import(translation, file); });
 }

@@ -1,5 +1,6 @@
 #include "translation/ClosingSentence.h"
 
+#include "host/modFileHandling.h"
 #include "translation/Translation.h"
 
 namespace korvande {
@@ -52,6 +53,20 @@ std::int64_t ObjectsLost(const Translation& translation) noexcept {
         }
     }
     return lost;
+}
+
+Text OutcomeLine(const Translation& translation) {
+    if (translation.outcome.Failed()) return ClosingSentence(translation);
+    std::int64_t read = 0;
+    std::int64_t written = 0;
+    for (std::size_t object = 0; object < objectKinds; ++object) {
+        const KindAccount& kind = translation.account[static_cast<ObjectKind>(object)];
+        read += kind.read;
+        written += kind.written;
+    }
+    return Concat(written, u" van ", Counted(read, u"object", u"objecten"), u" vertaald, ", read - written,
+                  u" weggelaten, ", Counted(translation.problems.errors, u"fout", u"fouten"), u" \u2014 ",
+                  FileNameOf(OutputName(translation)));
 }
 
 Text ClosingSentence(const Translation& translation) {

@@ -47,6 +47,7 @@ enum class ProblemKind {
     LineInTable,     // a line that is no row
     LinePassedOver,  // words: what it begins with
     CoordinateNoNumber,
+    CoordinateAlone,  // NEN1878/SUF2: X without Y, or Y without X
     NumberNoNumber,
     LongLine,  // NEN1878/SUF2, as the next ones
     ShortLine,
@@ -63,23 +64,29 @@ enum class ProblemKind {
     ColumnMissing,  // words: the column and its table
     KindNotTranslated,
     MutationStatus,
+    MutationFile,        // words: the mark in its header
     LineTypeNotWritten,  // words: the line type
     Unfinished,
     BlockSkipped,   // words: its name
     PointReplaced,  // by another POINTS table
+    PointBlanked,   // by an EXTRAINFO row without all columns
     NumberTwice,
     UnitNotConverted,  // words: the unit
     DecimalComma,
     CodeCut,
     NameCut,
+    LineTypeCut,
     DescriptionCut,
     TextCut,            // words: to how many characters
     CutAtTerminator,    // a terminator inside quotes
     CharacterUnknown,   // it has no Windows-1252 byte
     CharacterReplaced,  // a quote or a terminator inside a value
     CoordinateCut,
+    NumberCut,  // that the columns of an IDEX row cannot hold
     QualityCut,
     PointsPassedOver,  // of a group that has more than its object takes
+    NumberWithoutPoint,
+    CharacterNotWritten,  // of a row of the control table: it has no Windows-1252 byte
 
     // Wanted, or always so
     UnknownCode,
@@ -94,6 +101,7 @@ enum class ProblemKind {
     ArcNumberDropped,
     PlaceNameStart,
     EmptyBlock,  // words: its name
+    ExtraInfoOfEdges,
     ReadAsUtf8,
     LeftOutWithoutCoordinates,
 };

@@ -75,7 +75,7 @@ TEST_F(ImportCleanUp, ItGivesWhatComparingEveryPairGives) {
             AddNumbered(number);
         }
         const std::vector<Text> expected = CleanedPlainly(Numbers());
-        CleanUpPointNumbers(screen, translation.drawing);
+        CleanUpPointNumbers(translation);
         EXPECT_EQ(Numbers(), expected) << "round " << round;
     }
 }
@@ -84,16 +84,16 @@ TEST_F(ImportCleanUp, ItGivesWhatComparingEveryPairGives) {
 TEST_F(ImportCleanUp, ItsTimeGrowsWithTheNumberOfPoints) {
     constexpr int points = 300'000;
     for (int i = 0; i < points; ++i) AddNumbered(Concat(i % 250'000));
-    CleanUpPointNumbers(screen, translation.drawing);
+    CleanUpPointNumbers(translation);
     EXPECT_EQ(ToUtf8(translation.drawing.Points[250'000].PointID().TrimmedRight()), "249999");
     for (std::int32_t i = 250'001; i <= points; ++i) ASSERT_TRUE(translation.drawing.Points[i].PointID().IsBlank());
 }
 
 TEST_F(ImportCleanUp, TheProgressRunsToTheNumberOfPointsOrOne) {
-    CleanUpPointNumbers(screen, translation.drawing);
+    CleanUpPointNumbers(translation);
     AddNumbered(u"1");
     AddNumbered(u"1");
-    CleanUpPointNumbers(screen, translation.drawing);
+    CleanUpPointNumbers(translation);
     EXPECT_EQ(screen.maxima, (std::vector<std::int64_t>{1, 2}));
     EXPECT_EQ(screen.statuses, (std::vector<std::string>{"Opschonen Puntnummers", "Opschonen Puntnummers"}));
 }

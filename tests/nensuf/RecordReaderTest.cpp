@@ -14,7 +14,7 @@ class RecordReaderTest : public ::testing::Test {
     RecordReader& Open(std::string_view bytes) {
         input = bytes;
         file.OpenBytes(input);
-        return reader.emplace(file, screen, inputLine);
+        return reader.emplace(translation, file);
     }
 
     std::string NextRecord() {
@@ -43,7 +43,7 @@ class RecordReaderTest : public ::testing::Test {
     std::string input;
     LineReader file;
     SilentScreen screen;
-    std::int64_t inputLine = 0;
+    Translation translation{screen};
     std::optional<RecordReader> reader;
 };
 
@@ -165,9 +165,9 @@ TEST_F(RecordReaderTest, LinesEndAtAnyLineEndAndTheLastMayLackIt) {
 TEST_F(RecordReaderTest, TheLineReadLastIsKnownForErrors) {
     Open("kort\r\n\r\n" + Record("03") + Record("04"));
     NextRecord();
-    EXPECT_EQ(inputLine, 3);
+    EXPECT_EQ(translation.inputLine, 3);
     NextRecord();
-    EXPECT_EQ(inputLine, 4);
+    EXPECT_EQ(translation.inputLine, 4);
 }
 
 TEST_F(RecordReaderTest, AGroupIsSplitIntoFieldsOfTenColumns) {
