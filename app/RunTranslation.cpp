@@ -158,6 +158,9 @@ bool TranslateProject(FormKORVANDE& form) {
     const bool isFinished = TranslateFiles(translation) && !translation.outcome.cancelled;
     form.lastRun = {.wentWell = WentWell(translation),
                     .wroteOutput = isFinished && !translation.outcome.Failed(),
+                    .outcome = OutcomeLine(translation),
+                    .output = OutputName(translation),
+                    .logBook = translation.LogFileName,
                     .sentence = ClosingSentence(translation),
                     .lists = LossLines(translation),
                     .account = AccountLines(translation)};

@@ -46,6 +46,9 @@ struct Conversion {
 struct RunReport {
     bool wentWell = true;
     bool wroteOutput = false;
+    Text outcome;  // in a line; empty: nothing was translated yet
+    Text output;
+    Text logBook;
     Text sentence;              // what a person is told of it
     std::vector<Text> lists;    // what did not come across as it was read, and what the settings left out
     std::vector<Text> account;  // of the objects
