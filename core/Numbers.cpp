@@ -137,7 +137,7 @@ bool ReadEightDigits(const char* at, const char* end, std::uint64_t& number) {
 
 // The ordinary number, in one walk: a sign at most, 1 to 15 digits with a point at most, and no exponent. False for any
 // other text, which is left to Scan and Convert. The value is theirs, for the reason given there.
-bool ReadOrdinary(std::string_view text, double& value) {
+bool ReadOrdinary(std::string_view text, double& value, std::size_t& behind) {
     constexpr std::size_t mostDigits = 15;
     const char* at = text.data();
     const char* const end = at + text.size();
@@ -163,6 +163,7 @@ bool ReadOrdinary(std::string_view text, double& value) {
     value = static_cast<double>(number);
     if (point != nullptr) value /= powersOfTen[static_cast<std::size_t>(at - point - 1)];
     if (negative) value = -value;
+    behind = static_cast<std::size_t>(at - text.data());
     return true;
 }
 
@@ -193,12 +194,23 @@ Whole RoundedTo(double value) {
 
 }  // namespace
 
-double LeadingNumber(std::string_view text) {
-    std::size_t at = 0;
-    while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) ++at;
-    text.remove_prefix(at);
+double LeadingNumber(std::string_view text, std::size_t& end) {
+    std::size_t blanks = 0;
+    while (blanks < text.size() && (text[blanks] == ' ' || text[blanks] == '\t')) ++blanks;
+    text.remove_prefix(blanks);
     double value = 0;
-    return ReadOrdinary(text, value) ? value : Convert(text, Scan(text));
+    if (ReadOrdinary(text, value, end)) {
+        end += blanks;
+        return value;
+    }
+    const Scanned number = Scan(text);
+    end = number.hasDigits ? blanks + number.end : 0;
+    return Convert(text, number);
+}
+
+double LeadingNumber(std::string_view text) {
+    std::size_t end = 0;
+    return LeadingNumber(text, end);
 }
 
 std::int32_t WholeNumber(double value) { return RoundedTo<std::int32_t>(value); }

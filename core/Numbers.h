@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -11,6 +12,9 @@ namespace korvande {
 // an optional exponent (E or D, optional sign, at least one digit) are read; the rest is ignored. 0 when there is no
 // number. Error 6 when it is too large for a double.
 double LeadingNumber(std::string_view text);
+
+// The same, with the place behind the number; 0 when there is none.
+double LeadingNumber(std::string_view text, std::size_t& end);
 
 // The value rounded to a whole number, halves to the even neighbour; error 6 outside 32 bits.
 std::int32_t WholeNumber(double value);

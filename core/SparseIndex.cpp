@@ -39,12 +39,24 @@ std::uint32_t SparseIndex::BlockOf(std::int32_t key) const noexcept {
     return block;
 }
 
+std::size_t SparseIndex::FirstSlotOf(std::int32_t key) const noexcept {
+    return static_cast<std::size_t>(Mixed(seed ^ static_cast<std::uint32_t>(key))) & (slots.size() - 1);
+}
+
 // The slot that holds the key's block, or the free one where it belongs.
 std::size_t SparseIndex::SlotOf(std::int32_t key) const noexcept {
     const std::size_t mask = slots.size() - 1;
-    std::size_t slot = static_cast<std::size_t>((static_cast<std::uint64_t>(key) * 0x9E3779B97F4A7C15ULL) >> 32) & mask;
+    std::size_t slot = FirstSlotOf(key);
     while (slots[slot] != none && blocks[slots[slot]].key != key) slot = (slot + 1) & mask;
     return slot;
+}
+
+std::int64_t SparseIndex::StepsInTable() const noexcept {
+    std::int64_t steps = 0;
+    for (const Block& block : blocks) {
+        steps += static_cast<std::int64_t>((SlotOf(block.key) - FirstSlotOf(block.key)) & (slots.size() - 1));
+    }
+    return steps;
 }
 
 void SparseIndex::AddBlock(std::int32_t key) {

@@ -5,11 +5,14 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/Hash.h"
+
 namespace korvande {
 
 // An array of 32-bit numbers with the elements 0 to UpperBound(), all 0 until set, whose memory follows the number of
 // elements set and not the highest: a lone element 2,000,000,000 costs as much as a lone element 1. Elements are kept
-// in blocks of sixteen, found through a hash table; neighbours are found without it.
+// in blocks of sixteen, found through a hash table; neighbours are found without it. No numbers can be chosen so that
+// they meet in the table: each index mixes them with a seed of its own.
 class SparseIndex {
  public:
     std::int32_t UpperBound() const noexcept { return upperBound; }
@@ -25,6 +28,9 @@ class SparseIndex {
 
     void Reset();
 
+    // The steps that finding every block once takes beyond the first.
+    std::int64_t StepsInTable() const noexcept;
+
  private:
     static constexpr int shift = 4;
     static constexpr std::int32_t blockSize = 1 << shift;
@@ -36,10 +42,12 @@ class SparseIndex {
     };
 
     std::uint32_t BlockOf(std::int32_t key) const noexcept;
+    std::size_t FirstSlotOf(std::int32_t key) const noexcept;
     std::size_t SlotOf(std::int32_t key) const noexcept;
     void AddBlock(std::int32_t key);
     void GrowSlots();
 
+    std::uint64_t seed = NewHashSeed();
     std::int32_t upperBound = 0;
     std::vector<Block> blocks;
     std::vector<std::uint32_t> slots;        // the hash table: places in `blocks`

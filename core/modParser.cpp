@@ -26,21 +26,25 @@ std::string_view TrimAs(Blanks blanks, std::string_view text) noexcept {
     return text;
 }
 
-void ParseFields(std::string_view line, char separator, char terminator, Blanks blanks,
-                 std::vector<std::string_view>& fields, std::size_t maximum) {
+std::size_t ParseFields(std::string_view line, char separator, char terminator, Blanks blanks,
+                        std::vector<std::string_view>& fields, std::size_t maximum) {
     fields.clear();
     std::string_view rest = TrimAs(blanks, line);
-    rest = TrimAs(blanks, rest.substr(0, rest.find(terminator)));
-    if (rest.empty()) return;
+    std::size_t cut = rest.find(terminator);
+    const auto begin = static_cast<std::size_t>(rest.data() - line.data());
+    rest = TrimAs(blanks, rest.substr(0, cut));
+    if (cut != std::string_view::npos) cut += begin;
+    if (rest.empty()) return cut;
     while (fields.size() < maximum) {
         const std::size_t end = rest.find(separator, BehindQuotes(rest));
         if (end == std::string_view::npos) {
             fields.push_back(rest);
-            return;
+            return cut;
         }
         fields.push_back(TrimAs(blanks, rest.substr(0, end)));
         rest = TrimAs(blanks, rest.substr(end + 1));
     }
+    return cut;
 }
 
 }  // namespace korvande

@@ -1,10 +1,11 @@
 #include "idex/IdexFile.h"
 
 #include <algorithm>
+#include <array>
 
 #include "core/RuntimeError.h"
 #include "core/modParser.h"
-#include "core/modScreen.h"
+#include "translation/Files.h"
 
 namespace korvande {
 
@@ -23,6 +24,15 @@ bool HasSmallLetter(char byte) noexcept {
     return false;
 }
 
+bool IsLetter(char byte) noexcept { return ToCapital(byte) >= 'A' && ToCapital(byte) <= 'Z'; }
+bool IsOfWord(char byte) noexcept { return IsLetter(byte) || (byte >= '0' && byte <= '9') || byte == '_'; }
+
+// What an END line names that ends more than a block inside a table.
+bool EndsTable(std::string_view name) noexcept {
+    constexpr std::array<std::string_view, 6> tables = {"POINTS", "LINES", "EDGES", "POLYGONS", "TEXT", "DATABASE"};
+    return std::find(tables.begin(), tables.end(), name) != tables.end();
+}
+
 }  // namespace
 
 void RequireArrayIndex(std::int32_t number, std::int64_t rowsRead) {
@@ -37,13 +47,15 @@ bool StartsWith(std::string_view line, std::string_view keyword) noexcept {
            std::equal(keyword.begin(), keyword.end(), line.begin(), [](char a, char b) { return a == ToCapital(b); });
 }
 
+std::string NameOfEnd(std::string_view line) {
+    return ToCapitals(Trimmed(line.substr(std::min(line.size(), std::string_view("END").size()))));
+}
+
 bool IdexFile::TryNextRaw(std::string_view& line) {
     if (takenBack) {
         takenBack = false;
-    } else {
-        if (!reader.Next(current)) return false;
-        inputLine = reader.LineNumber();
-        StepProgress(screen, ReadUnits(reader));
+    } else if (!NextLine(translation, reader, current)) {
+        return false;
     }
     line = current;
     return true;
@@ -65,7 +77,14 @@ bool IdexFile::NextRow(std::string_view& row) {
     do {
         row = Next();
     } while (row.empty());
-    return !StartsWith(row, "END");
+    rowLine = translation.inputLine;
+    if (!StartsWith(row, "END")) return true;
+    NoteEnd(row);
+    return false;
+}
+
+void IdexFile::NoteEnd(std::string_view line) {
+    if (StartsWith(line, "END") && NameOfEnd(line).starts_with("DATABASE")) hasEnded = true;
 }
 
 void IdexFile::SetSeparator(char character) noexcept {
@@ -96,30 +115,64 @@ KeywordLine IdexFile::NextKeyword() {
     return {whole, whole.substr(0, end), Trimmed(whole.substr(end))};
 }
 
-bool IdexFile::SkipToStart(std::string_view keyword, std::string& line) {
+bool IdexFile::SkipToContaining(std::string_view keyword, std::string& line) {
     std::string_view candidate;
     while (TryNext(candidate)) {
-        if (!StartsWith(candidate, keyword)) continue;
+        const auto found = std::search(candidate.begin(), candidate.end(), keyword.begin(), keyword.end(),
+                                       [](char a, char b) { return ToCapital(a) == b; });
+        if (found == candidate.end()) continue;
         line = candidate;
         return true;
     }
     return false;
 }
 
-bool IdexFile::SkipToContaining(std::string_view keyword) {
-    std::string_view line;
-    while (TryNext(line)) {
-        const auto found = std::search(line.begin(), line.end(), keyword.begin(), keyword.end(),
-                                       [](char a, char b) { return ToCapital(a) == b; });
-        if (found != line.end()) return true;
-    }
-    return false;
+std::string_view IdexFile::NameOfBlock(std::string_view row) const noexcept {
+    if (row.size() < 3 || !IsLetter(row.front()) || row.back() != ')') return {};
+    std::size_t end = 0;
+    while (end < row.size() && IsOfWord(row[end])) ++end;
+    const std::size_t open = row.find_first_not_of(blanks, end);
+    if (open == std::string_view::npos || row[open] != '(' || row.find(terminator) != std::string_view::npos) return {};
+    const std::string_view names = row.substr(open + 1, row.size() - open - 2);
+    const bool isList = std::all_of(names.begin(), names.end(), [this](char byte) {
+        return IsOfWord(byte) || byte == separator || blanks.find(byte) != std::string_view::npos;
+    });
+    return isList ? row.substr(0, end) : std::string_view();
 }
 
-void IdexFile::SkipBlock() {
+bool IdexFile::SkipNestedBlock(std::string_view row, std::string_view table) {
+    // Of nearly every row the last character tells that it opens none.
+    if (row.empty() || row.back() != ')') return false;
+    const std::string name = ToCapitals(NameOfBlock(row));
+    if (name.empty()) return false;
+    const std::int64_t line = rowLine;
+    if (EndsTable(name)) Tell(ProblemKind::CutOff, std::string("END ").append(table), line);
+    std::int64_t count = 0;
+    while (true) {
+        const std::string_view next = Next();
+        if (StartsWith(next, "END")) {
+            const std::string ended = NameOfEnd(next);
+            if (ended.empty() || ended == name) break;
+            if (EndsTable(ended)) {
+                TakeBack();
+                break;
+            }
+        }
+        if (!next.empty()) ++count;
+    }
+    TellBlock(name, line, count);
+    return true;
+}
+
+void IdexFile::SkipExtraInfo() {
+    const std::int64_t begins = rowLine;
+    std::int64_t count = 0;
     std::string_view line;
     while (TryNext(line) && !StartsWith(line, "END")) {
+        if (!line.empty()) ++count;
     }
+    NoteEnd(line);
+    if (count > 0) Tell(ProblemKind::ExtraInfoOfEdges, {}, begins, count);
 }
 
 void IdexFile::CompleteHeader(std::string& header) {
@@ -132,35 +185,17 @@ void IdexFile::CompleteHeader(std::string& header) {
     }
 }
 
-void IdexTable::ReadHeader(std::string_view headerLine) {
-    std::string header(headerLine);
-    file.CompleteHeader(header);
-    header = ToCapitals(header);
-    const std::size_t open = header.find('(');
-    const std::size_t close = header.find(')', open == std::string::npos ? 0 : open);
-    std::string_view list;
-    if (open != std::string::npos && close != std::string::npos) {
-        list = std::string_view(header).substr(open + 1, close - open - 1);
-    }
-    ParseFields(list, file.Separator(), file.Terminator(), Blanks::SpacesAndTabs, fields);
+void IdexFile::TellOfRow(ProblemKind kind, std::int64_t count) { Tell(kind, {}, rowLine, count); }
 
-    positions.clear();
-    for (const std::string_view name : names) {
-        const auto found = std::find(fields.begin(), fields.end(), name);
-        positions.push_back(found == fields.end() ? 0 : static_cast<std::size_t>(found - fields.begin()) + 1);
-    }
-    lastPosition = *std::max_element(positions.begin(), positions.end());
-    fields.clear();
+void IdexFile::Tell(ProblemKind kind, std::string_view words, std::int64_t line, std::int64_t count) {
+    constexpr std::size_t longestWords = 40;
+    const Text told = FromWindows1252(words.substr(0, longestWords));
+    korvande::Tell(translation, {.kind = kind, .words = told, .line = line}, count);
 }
 
-std::string_view IdexTable::WithSingleQuotes(std::string_view value) {
-    unquoted = value;
-    std::replace(unquoted.begin(), unquoted.end(), '"', '\'');
-    return unquoted;
-}
-
-void IdexTable::Split(std::string_view row) {
-    ParseFields(row, file.Separator(), file.Terminator(), Blanks::SpacesAndTabs, fields, lastPosition);
+void IdexFile::TellBlock(std::string_view name, std::int64_t line, std::int64_t count) {
+    if (count > 0) return Tell(ProblemKind::BlockSkipped, name, line, count);
+    Tell(ProblemKind::EmptyBlock, name, line);
 }
 
 }  // namespace korvande

@@ -1,20 +1,18 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "core/LineReader.h"
+#include "translation/Problem.h"
 
-// The line level of an IDEX file: lines, keyword lines, table headers and rows. Lines are trimmed of spaces and tabs.
-// Keywords are met in any case; what stands in rows is put into capitals by who stores it, or before they are split
-// when a letter separates fields or ends rows.
+// The line level of an IDEX file: lines, keyword lines, rows and blocks. Lines are trimmed of spaces and tabs. Keywords
+// are met in any case; what stands in rows is put into capitals by who stores it, or before they are split when a
+// letter separates fields or ends rows.
 namespace korvande {
 
-class Screen;
+struct Translation;
 
 // Tests a number up to which an array is to grow, given how many rows of its kind were read so far, this one included:
 // error 9 for a negative one, and for one above a million that is also above ten times the rows.
@@ -22,6 +20,9 @@ void RequireArrayIndex(std::int32_t number, std::int64_t rowsRead);
 
 // Whether a line starts with a keyword (given in capitals), whatever the line's case.
 bool StartsWith(std::string_view line, std::string_view keyword) noexcept;
+
+// What stands behind END in a line that starts with it, in capitals: the name of what ends.
+std::string NameOfEnd(std::string_view line);
 
 // A line split at its first blank: "NAME  "Kaart"" is the keyword NAME and the rest "KAART", both in capitals.
 struct KeywordLine {
@@ -32,9 +33,7 @@ struct KeywordLine {
 
 class IdexFile {
  public:
-    // Each line that is read is noted by its number, and is progress on the screen.
-    IdexFile(LineReader& lineReader, Screen& itsScreen, std::int64_t& lineNumber)
-        : reader(lineReader), screen(itsScreen), inputLine(lineNumber) {}
+    IdexFile(Translation& itsTranslation, LineReader& lineReader) : translation(itsTranslation), reader(lineReader) {}
 
     // The next line, trimmed; false at the end of the file. It stands until the next call.
     bool TryNext(std::string_view& line);
@@ -55,12 +54,20 @@ class IdexFile {
     // The next line as a keyword line, in capitals; the keyword EOF at the end of the file.
     KeywordLine NextKeyword();
 
-    // Reads on to the first line that starts with (or contains) the keyword; false at the end of the file.
-    bool SkipToStart(std::string_view keyword, std::string& line);
-    bool SkipToContaining(std::string_view keyword);
+    // Reads on to the first line that contains the keyword; false at the end of the file.
+    bool SkipToContaining(std::string_view keyword, std::string& line);
 
-    // Reads on behind the next line that starts with END, or to the end of the file.
-    void SkipBlock();
+    // The name of a block that a line inside a table opens: a word, "(", names, ")", and no terminator. Empty for any
+    // other line.
+    std::string_view NameOfBlock(std::string_view row) const noexcept;
+
+    // Reads over the block that a row of a table opens, to its own END, and tells so. An END of the table itself, or
+    // of one around it, ends the block too and is given once more. A block with the name of another table tells that
+    // the table's own END is missing. False when the row opens none.
+    bool SkipNestedBlock(std::string_view row, std::string_view table);
+
+    // Reads over the EXTRAINFO of an EDGES table, to the next line that starts with END or the end of the file.
+    void SkipExtraInfo();
 
     // Completes a table header that holds no ")" yet with the lines that follow, as they are.
     void CompleteHeader(std::string& header);
@@ -71,6 +78,23 @@ class IdexFile {
     void SetSeparator(char character) noexcept;
     void SetTerminator(char character) noexcept;
 
+    // The line that was read last.
+    std::int64_t Line() const noexcept { return reader.LineNumber(); }
+
+    // Tells a problem of the row read last.
+    void TellOfRow(ProblemKind kind, std::int64_t count = 1);
+    void Tell(ProblemKind kind, std::string_view words, std::int64_t line, std::int64_t count = 1);
+
+    // Tells a block that was read over, by the number of its lines.
+    void TellBlock(std::string_view name, std::int64_t line, std::int64_t count);
+
+    // Whether the line END DATABASE was met.
+    bool HasEnded() const noexcept { return hasEnded; }
+    void NoteEnd(std::string_view line);
+
+    // The line of the row that was read last, or where it begins.
+    std::int64_t rowLine = 0;
+
     // The rows of LINES and BOX_ON_POINT tables read so far.
     std::int64_t lineRows = 0;
     std::int64_t boxRows = 0;
@@ -78,54 +102,16 @@ class IdexFile {
  private:
     bool TryNextRaw(std::string_view& line);
 
+    Translation& translation;
     LineReader& reader;
-    Screen& screen;
-    std::int64_t& inputLine;
     char separator = ',';
     char terminator = ';';
     bool letters = false;  // one of them is a letter
+    bool hasEnded = false;
     std::string_view current;
     bool takenBack = false;
     std::string capitals;    // the keyword line
     std::string capitalRow;  // the row read last, when letters separate or end
-};
-
-// A table's wanted columns and where they stand in the file: columns come in any order, extra ones are passed over, a
-// missing one reads as an empty field.
-class IdexTable {
- public:
-    // The wanted columns, in capitals, numbered from 0 in this order.
-    IdexTable(IdexFile& idexFile, std::initializer_list<std::string_view> wantedColumns)
-        : file(idexFile), names(wantedColumns) {}
-
-    // Takes the column list in parentheses from the table's header, which may go on in the following lines.
-    void ReadHeader(std::string_view headerLine);
-
-    // Splits a row; Field then gives the field of a wanted column, quotes included.
-    void Split(std::string_view row);
-    std::string_view Field(std::size_t column) const noexcept {
-        const std::size_t position = positions[column];
-        return position == 0 || position > fields.size() ? std::string_view() : fields[position - 1];
-    }
-
-    // The same without its quotes: one at each end is taken away, any other becomes a single one. It stands until the
-    // next call.
-    std::string_view Unquoted(std::size_t column) { return WithoutQuotes(Field(column)); }
-    std::string_view WithoutQuotes(std::string_view field) {
-        if (!field.empty() && field.front() == '"') field.remove_prefix(1);
-        if (!field.empty() && field.back() == '"') field.remove_suffix(1);
-        return field.find('"') == std::string_view::npos ? field : WithSingleQuotes(field);
-    }
-
- private:
-    std::string_view WithSingleQuotes(std::string_view value);
-
-    IdexFile& file;
-    std::vector<std::string_view> names;
-    std::vector<std::size_t> positions;  // from 1; 0: the file has no such column
-    std::size_t lastPosition = 0;
-    std::vector<std::string_view> fields;
-    std::string unquoted;
 };
 
 }  // namespace korvande

@@ -3,9 +3,9 @@
 #include "core/Numbers.h"
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
-#include "core/modStrings.h"
 #include "idex/IdexFile.h"
-#include "translation/ObjectAccount.h"
+#include "idex/IdexTable.h"
+#include "translation/Translation.h"
 
 namespace korvande {
 
@@ -24,68 +24,91 @@ void GrowLinesTo(Drawing& drawing, std::int32_t lineNo, std::int64_t rowsRead) {
     }
 }
 
-void ReadEdges(Screen& screen, IdexFile& file, std::string_view headerLine, Drawing& drawing) {
+// A line type that is cut to one of other characters, not one that is unknown with or without its end, which is told
+// when it is looked up.
+void TellLineTypeCut(IdexTable& table, std::string_view lineType, std::size_t width) {
+    if (lineType.size() > width && lineType[width - 1] == ' ') table.Tell(ProblemKind::LineTypeCut);
+}
+
+void ReadEdges(Translation& translation, IdexFile& file, std::string_view headerLine) {
     enum { lineNo, startPt, endPt, lineType };
-    screen.ShowStatus(u"Inlezen Lijnsegmenten");
-    IdexTable table(file, {"LINENO", "STARTPT", "ENDPT", "LINETYPE"});
+    constexpr std::size_t lineTypeWidth = 12;
+    Drawing& drawing = translation.drawing;
+    translation.screen.ShowStatus(u"Inlezen Lijnsegmenten");
+    IdexTable table(file, "EDGES", {{"LINENO"}, {"STARTPT"}, {"ENDPT"}, {"LINETYPE"}});
     table.ReadHeader(headerLine);
     std::string_view row;
     while (file.NextCapitalRow(row)) {
         if (StartsWith(row, "EXTRAINFO")) {
-            file.SkipBlock();
+            file.SkipExtraInfo();
             continue;
         }
+        if (file.SkipNestedBlock(row, "EDGES")) continue;
         table.Split(row);
-        const std::int32_t line = LeadingWholeNumber(table.Field(lineNo));
+        const std::int32_t line = table.Whole(lineNo);
         const std::int32_t start = drawing.PointIndex[StrictWholeNumber(table.Field(startPt))];
         const std::int32_t end = drawing.PointIndex[StrictWholeNumber(table.Field(endPt))];
         EdgeRec& edge = drawing.Edges.Append();
+        edge.InputLine = static_cast<std::int32_t>(file.rowLine);
         edge.LineNo = line;
         edge.StartPt = start;
         edge.EndPt = end;
-        drawing.SetLineType(edge, table.Field(lineType), Letters::Capitals);
+        const std::string_view type = table.Field(lineType);
+        if (type.size() > lineTypeWidth) TellLineTypeCut(table, type, lineTypeWidth);
+        drawing.SetLineType(edge, type, Letters::Capitals);
     }
-    screen.ShowStatus(u"Inlezen Lijnstrings");
+    translation.screen.ShowStatus(u"Inlezen Lijnstrings");
 }
 
 }  // namespace
 
-void ReadLines(Screen& screen, IdexFile& file, std::string_view keywordLine, Drawing& drawing) {
+void ReadLines(Translation& translation, IdexFile& file, std::string_view keywordLine) {
     enum { lineNo, code, description, flags1, flags2 };
-    screen.ShowStatus(u"Inlezen Lijnstrings");
-    IdexTable table(file, {"LINENO", "CODE", "DESCRIPTION", "FLAGS1", "FLAGS2"});
+    Drawing& drawing = translation.drawing;
+    translation.screen.ShowStatus(u"Inlezen Lijnstrings");
+    IdexTable table(file, "LINES",
+                    {{"LINENO"}, {"CODE"}, {"DESCRIPTION", needless}, {"FLAGS1", needless}, {"FLAGS2", needless}});
     table.ReadHeader(keywordLine);
     std::string_view row;
     while (file.NextCapitalRow(row)) {
         if (StartsWith(row, "EDGES")) {
-            ReadEdges(screen, file, std::string(row), drawing);
+            ReadEdges(translation, file, std::string(row));
             continue;
         }
+        if (file.SkipNestedBlock(row, "LINES")) continue;
         table.Split(row);
-        const std::int32_t number = LeadingWholeNumber(table.Field(lineNo));
+        const std::int32_t number = table.Whole(lineNo);
         GrowLinesTo(drawing, number, ++file.lineRows);
         LineRec& line = drawing.Lines[number];
-        drawing.SetCode(line, table.Unquoted(code), Letters::Capitals);
-        drawing.SetDescription(line, table.Unquoted(description), Letters::Capitals);
-        line.Flags1 = BinaryToFlags(table.Field(flags1));
-        line.Flags2 = BinaryToFlags(table.Field(flags2));
+        line.InputLine = static_cast<std::int32_t>(file.rowLine);
+        drawing.SetCode(line, table.Fitting(table.Unquoted(code), 7, ProblemKind::CodeCut), Letters::Capitals);
+        drawing.SetDescription(line, table.Fitting(table.Unquoted(description), 53, ProblemKind::DescriptionCut),
+                               Letters::Capitals);
+        line.Flags1 = table.Flags(flags1);
+        line.Flags2 = table.Flags(flags2);
     }
 }
 
-void ReadOverPolygons(Screen& screen, IdexFile& file, std::string_view keywordLine, ObjectAccount& account) {
-    screen.ShowStatus(u"Inlezen Veelhoeken");
-    IdexTable(file, {"LINENO", "CODE", "DESCRIPTION"}).ReadHeader(keywordLine);
+void AccountForPolygon(Translation& translation) {
+    ++translation.account[ObjectKind::Polygon].read;
+    LeaveOut(translation, ObjectKind::Polygon, LeftOut::NotTranslated);
+}
+
+bool ReadOverPolygons(Translation& translation, IdexFile& file, std::string_view keywordLine) {
+    translation.screen.ShowStatus(u"Inlezen Veelhoeken");
+    std::string header(keywordLine);
+    file.CompleteHeader(header);
     std::string_view row;
     while (file.NextRow(row)) {
         if (StartsWith(row, "EDGES")) {
-            // A nested block ends the table at its own END; what follows is then read over as unknown keywords.
+            // A nested block ends the table at its own END; what follows is then read over between the tables.
             while (file.NextRow(row)) {
             }
-            return;
+            return true;
         }
-        ++account[ObjectKind::Polygon].read;
-        account.Leave(ObjectKind::Polygon, LeftOut::NotTranslated);
+        AccountForPolygon(translation);
     }
+    return false;
 }
 
 }  // namespace korvande

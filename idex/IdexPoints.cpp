@@ -1,11 +1,13 @@
 #include "idex/IdexPoints.h"
 
-#include "core/Numbers.h"
+#include <algorithm>
+
 #include "core/Picture.h"
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
 #include "core/modStrings.h"
 #include "idex/IdexFile.h"
+#include "idex/IdexTable.h"
 #include "translation/Translation.h"
 
 namespace korvande {
@@ -58,22 +60,39 @@ class FirstPoints {
 
 class PointsReader {
  public:
-    PointsReader(IdexFile& idexFile, Drawing& itsDrawing)
-        : file(idexFile),
-          drawing(itsDrawing),
-          table(file, {"POINTNO", "POINTID", "CODE", "DESCRIPTION", "EAST", "NORTH", "ELEVATION", "SYMDIR"}) {}
+    PointsReader(Translation& itsTranslation, IdexFile& idexFile)
+        : translation(itsTranslation),
+          file(idexFile),
+          drawing(itsTranslation.drawing),
+          pointsBefore(drawing.Points.UpperBound()),
+          table(file, "POINTS",
+                {{"POINTNO", needless},
+                 {"POINTID", needless},
+                 {"CODE"},
+                 {"DESCRIPTION", needless},
+                 {"EAST"},
+                 {"NORTH"},
+                 {"ELEVATION", needless},
+                 {"SYMDIR", needless}}) {}
 
     void Read(std::string_view headerLine) {
+        tableLine = file.Line();
         table.ReadHeader(headerLine);
         std::string_view row;
-        while (file.NextCapitalRow(row)) {
-            if (StartsWith(row, "EXTRAINFO")) {
-                isUpdating = true;
-                table.ReadHeader(std::string(row.substr(std::string_view("EXTRAINFO").size())));
-            } else {
-                ReadPoint(WholeRow(row));
+        try {
+            while (file.NextCapitalRow(row)) {
+                if (StartsWith(row, "EXTRAINFO")) {
+                    isUpdating = true;
+                    table.ReadPartialHeader(std::string(row.substr(std::string_view("EXTRAINFO").size())));
+                } else if (!file.SkipNestedBlock(row, "POINTS")) {
+                    ReadPoint(WholeRow(row));
+                }
             }
+        } catch (const RuntimeError&) {
+            TellReplaced();
+            throw;
         }
+        TellReplaced();
     }
 
  private:
@@ -88,49 +107,137 @@ class PointsReader {
 
     // A row that has no terminator goes on in the next line; its escaped quotes are put in disguise.
     std::string_view WholeRow(std::string_view row) {
-        if (row.find(file.Terminator()) == std::string_view::npos) {
-            joined = row;
-            std::string_view next;
-            if (file.NextCapitalRow(next)) {
-                joined.append(next);
-            } else {
-                file.TakeBack();
-            }
-            row = joined;
-        }
+        isToldAlready = false;
+        hasDisguise = false;
+        if (row.find(file.Terminator()) == std::string_view::npos) row = Joined(row);
         if (row.find(escapedQuote) == std::string_view::npos) return row;
+        hasDisguise = true;
         return joined = ReplaceAll(row, escapedQuote, quoteInDisguise);
     }
 
+    std::string_view Joined(std::string_view row) {
+        const std::int64_t begins = file.rowLine;
+        joined = row;
+        std::string_view next;
+        if (!file.NextCapitalRow(next) || (!file.NameOfBlock(next).empty() && !StartsWith(next, "EXTRAINFO"))) {
+            file.TakeBack();
+        } else {
+            TellJoin(joined, next, begins);
+            joined.append(next);
+        }
+        file.rowLine = begins;
+        return joined;
+    }
+
+    // Two lines are one row when the second ends in a terminator and is no row itself.
+    void TellJoin(std::string_view asRead, std::string_view nextAsRead, std::int64_t begins) {
+        const std::string row = ReplaceAll(asRead, escapedQuote, quoteInDisguise);
+        const std::string next = ReplaceAll(nextAsRead, escapedQuote, quoteInDisguise);
+        const bool isNextNoRow = table.IsNoRow(next);
+        const bool isEnded = next.find(file.Terminator()) != std::string_view::npos;
+        const bool isNextRow = !isNextNoRow && table.IsRowItself(next, {pointNo, east, north});
+        isToldAlready = true;
+        if (table.IsComment(row) || (table.IsNoRow(row) && (!isEnded || isNextNoRow || isNextRow))) {
+            file.Tell(ProblemKind::LineInTable, {}, begins);
+        } else if (!isEnded || isNextNoRow || table.SwallowsRow(row, next, {pointNo, east, north})) {
+            file.Tell(ProblemKind::RowWithoutTerminator, {}, begins, !isEnded && isNextRow ? 2 : 1);
+        } else {
+            isToldAlready = false;
+        }
+        if (isNextNoRow) file.TellOfRow(ProblemKind::LineInTable);
+    }
+
     void ReadPoint(std::string_view row) {
-        table.Split(row);
+        if (isToldAlready) {
+            table.SplitDamaged(row);
+        } else {
+            table.Split(row);
+        }
         const std::string_view numberField = table.Field(pointNo);
-        std::int32_t number = LeadingWholeNumber(numberField);
+        std::int32_t number = table.Whole(pointNo);
         const std::int32_t index = isUpdating ? firstPoints.IndexFor(number) : lastIndex + 1;
-        if (numberField.empty()) number = index;
-        Store(index, number,
-              {LeadingNumber(table.Field(east)), LeadingNumber(table.Field(north)),
-               LeadingNumber(table.Field(elevation)), LeadingNumber(table.Field(symDir))});
+        if (numberField.empty()) number = isUpdating ? index : index + leftOut;
+        const Numbers numbers = {table.Number(east, ProblemKind::CoordinateNoNumber),
+                                 table.Number(north, ProblemKind::CoordinateNoNumber),
+                                 table.Number(elevation, ProblemKind::CoordinateNoNumber), table.Number(symDir)};
+        const bool isUpdate = isUpdating && index <= drawing.Points.UpperBound();
+        if (isUpdate) {
+            if (Blanks(drawing.Points[index])) table.Tell(ProblemKind::PointBlanked);
+        } else if (table.IsBlank(east) || table.IsBlank(north)) {
+            if (translation.options.chkWithoutZeroes) return LeavePoint(number);
+            if (!table.IsToldAsLacking(east) && !table.IsToldAsLacking(north)) TellOfPoint(ProblemKind::NoCoordinates);
+        }
+        Store(index, number, numbers);
+    }
+
+    // Whether an update by the row takes values away from a point that has them.
+    bool Blanks(const PointRec& point) const {
+        return (point.East != 0 && table.IsBlank(east)) || (point.North != 0 && table.IsBlank(north)) ||
+               (point.Elevation != 0 && table.IsBlank(elevation)) || (point.SymDir != 0 && table.IsBlank(symDir)) ||
+               (!point.PointID().IsBlank() && table.IsBlank(pointId)) ||
+               (!drawing.Code(point).IsBlank() && table.IsBlank(code)) ||
+               (!drawing.Description(point).IsBlank() && table.IsBlank(description));
+    }
+
+    void TellOfPoint(ProblemKind kind) {
+        Tell(translation, {.kind = kind, .object = ObjectKind::Point, .line = file.rowLine});
+    }
+
+    // A point that is left out: what refers to its number refers to no point, and the numbers of those behind it that
+    // have none in the file stay as they are.
+    void LeavePoint(std::int32_t number) {
+        drawing.PointIndex.Set(number, drawing.PointIndex.Find(number));
+        ++leftOut;
+        ++translation.account[ObjectKind::Point].read;
+        translation.account.Leave(ObjectKind::Point, LeftOut::NoCoordinates);
+        TellOfPoint(ProblemKind::LeftOutWithoutCoordinates);
     }
 
     // Everything that can fail comes before the first change to the drawing.
     void Store(std::int32_t index, std::int32_t number, const Numbers& numbers) {
         const bool isNew = index > drawing.Points.UpperBound();
-        drawing.PointIndex.Set(number, drawing.PointIndex.Find(number));
+        const std::int32_t indexBefore = drawing.PointIndex.Find(number);
+        drawing.PointIndex.Set(number, indexBefore);
         drawing.Points.GrowTo(index);
         PointRec& point = drawing.Points[index];
+        if (indexBefore != 0 && indexBefore < index && !isUpdating) TellTwice(indexBefore, number);
         const std::int32_t numberBefore = isNew ? number : point.PointNo;
         point.East = numbers.east;
         point.North = numbers.north;
         point.Elevation = numbers.elevation;
         point.SymDir = numbers.symDir;
         point.PointNo = number;
-        point.SetPointID(table.Unquoted(pointId), Letters::Capitals);
-        drawing.SetCode(point, table.Unquoted(code), Letters::Capitals);
-        drawing.SetDescription(point, table.WithoutQuotes(Description()), Letters::Capitals);
+        point.InputLine = static_cast<std::int32_t>(file.rowLine);
+        if (hasDisguise) TellDisguised();
+        point.SetPointID(table.Fitting(table.Unquoted(pointId), 9, ProblemKind::NameCut), Letters::Capitals);
+        drawing.SetCode(point, table.Fitting(table.Unquoted(code), 7, ProblemKind::CodeCut), Letters::Capitals);
+        drawing.SetDescription(point,
+                               table.Fitting(table.WithoutQuotes(Description()), 80, ProblemKind::DescriptionCut),
+                               Letters::Capitals);
         drawing.PointIndex.Set(number, index);
         if (isUpdating) firstPoints.Note(index, numberBefore, number);
         lastIndex = index;
+        if (!isUpdating) lastOfTable = index;
+    }
+
+    // The index may be of a point that has another number by now.
+    void TellTwice(std::int32_t indexBefore, std::int32_t number) {
+        if (drawing.Points[indexBefore].PointNo == number) table.Tell(ProblemKind::NumberTwice);
+    }
+
+    // Only a description gets its quotes back.
+    void TellDisguised() {
+        for (const Column column : {pointId, code}) {
+            if (table.Field(column).find(quoteInDisguise) != std::string_view::npos) {
+                table.Tell(ProblemKind::CharacterReplaced);
+            }
+        }
+    }
+
+    // What an earlier table brought and this one overwrote.
+    void TellReplaced() {
+        const std::int32_t replaced = std::min(lastOfTable, pointsBefore);
+        if (replaced > 0) file.Tell(ProblemKind::PointReplaced, {}, tableLine, replaced);
     }
 
     // Whatever stands in the file as a quote in disguise is one.
@@ -141,12 +248,19 @@ class PointsReader {
         return undisguised;
     }
 
+    Translation& translation;
     IdexFile& file;
     Drawing& drawing;
+    std::int32_t pointsBefore;  // of earlier tables
     IdexTable table;
+    std::int64_t tableLine = 0;
     bool isUpdating = false;
+    bool isToldAlready = false;  // the row read last was told as damaged
+    bool hasDisguise = false;    // it has a quote in disguise
     FirstPoints firstPoints{drawing};
     std::int32_t lastIndex = 0;
+    std::int32_t lastOfTable = 0;  // without the rows that update
+    std::int32_t leftOut = 0;
     std::string joined;
     std::string undisguised;
 };
@@ -157,6 +271,7 @@ FixedText<7> MarkedCode(TextView lkiCode) { return MakeFixedText<7>(Concat(TextV
 TextRec& AppendGenerated(Drawing& drawing, const PointRec& point, std::int16_t anchorPosition, float direction,
                          const FixedText<7>& code) {
     TextRec& text = drawing.Texts.Append();
+    text.InputLine = point.InputLine;
     text.AnchorPointNo = point.PointNo;
     text.AnchorPosition = anchorPosition;
     text.HzDirection = direction;
@@ -195,7 +310,7 @@ void ReadPoints(Translation& translation, IdexFile& file, std::string_view keywo
     Drawing& drawing = translation.drawing;
     const Options& options = translation.options;
     screen.ShowStatus(u"Inlezen Punten");
-    PointsReader(file, drawing).Read(keywordLine);
+    PointsReader(translation, file).Read(keywordLine);
     if (options.chkExportPointnoAsText) AddPointNumberTexts(screen, drawing, options.txtPnoTxtLKI);
     if (options.chkExportHeightAsText) AddHeightTexts(screen, drawing, options.txtEleTxtLKI);
 }

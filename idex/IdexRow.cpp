@@ -28,6 +28,12 @@ char ToByte(char16_t character) noexcept {
     return character < 0x80 ? static_cast<char>(character) : ToWindows1252(character);
 }
 
+// Whether a number in decimals loses more than zeroes behind its point when it is cut to a width.
+bool LosesDigits(std::string_view number, std::size_t width) noexcept {
+    if (number.size() <= width) return false;
+    return number.find('.') > width || number.find_first_not_of(".0", width) != std::string_view::npos;
+}
+
 // Whether the value of a fixed-width text is that of one never assigned; see FixedText.
 template <class View>
 bool IsNeverFilled(View value) noexcept {
@@ -60,8 +66,10 @@ IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
     }
     std::int64_t scaled = 0;
     if (ScaledDecimal(value, decimals, scaled)) {
-        char* const end = at + DecimalLength(scaled, decimals);
+        const auto length = static_cast<std::size_t>(DecimalLength(scaled, decimals));
+        char* const end = at + length;
         WriteDecimalBackwards(end, scaled, decimals);
+        if (length > width && LosesDigits({at, length}, width)) ++cut;
         // More blanks than are needed, and a number that is too long, are written over by what comes behind.
         std::memset(end, ' ', widest);
         at += width;
@@ -69,6 +77,7 @@ IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
     }
     std::string number;
     AppendDecimal(number, value, 1, decimals);
+    if (LosesDigits(number, width)) ++cut;
     number.resize(width, ' ');
     return Put(number);
 }
@@ -76,7 +85,13 @@ IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
 IdexRow& IdexRow::PutPointID(const PointRec& point) noexcept {
     char* const begins = at;
     at = QuotedPointID(point, at);
-    for (char* byte = begins + 1; byte < at - 1; ++byte) *byte = InsideQuotes(*byte);
+    bool isReplaced = false;
+    for (char* byte = begins + 1; byte < at - 1; ++byte) {
+        const char before = *byte;
+        *byte = InsideQuotes(before);
+        isReplaced = isReplaced || *byte != before;
+    }
+    if (isReplaced) ++replaced;
     if (IsNeverFilled(std::string_view(begins + 1, 1))) {
         at = begins + 1;
         *at++ = '"';
@@ -98,7 +113,13 @@ IdexRow& IdexRow::PutFixed(TextView text) noexcept {
 IdexRow& IdexRow::PutQuoted(TextView value) noexcept {
     *at++ = '"';
     if (!IsNeverFilled(value)) {
-        for (const char16_t character : value) *at++ = QuotedByte(character);
+        unsigned difference = 0;  // between the bytes that are put and those of the value
+        for (const char16_t character : value) {
+            const char byte = QuotedByte(character);
+            if (character < quotedBytes.size()) difference |= static_cast<unsigned char>(byte) ^ unsigned { character };
+            *at++ = byte;
+        }
+        if (difference != 0) ++replaced;
     }
     *at++ = '"';
     return *this;
@@ -107,7 +128,9 @@ IdexRow& IdexRow::PutQuoted(TextView value) noexcept {
 IdexRow& IdexRow::PutQuoted(std::string_view value) noexcept {
     *at++ = '"';
     if (!IsNeverFilled(value)) {
+        const char* const begins = at;
         for (const char byte : value) *at++ = InsideQuotes(byte);
+        if (value != std::string_view(begins, value.size())) ++replaced;
     }
     *at++ = '"';
     return *this;

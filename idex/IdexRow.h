@@ -29,7 +29,8 @@ class IdexRow {
     IdexRow& PutWhole(std::int32_t number) noexcept;
     IdexRow& PutPrinted(std::int32_t number) noexcept;
 
-    // A number with a point and this many decimals, padded on the right to a width (up to 16), and cut to it.
+    // A number with a point and this many decimals, padded on the right to a width (up to 16), and cut to it, which is
+    // counted when it takes more away than zeroes behind the point.
     IdexRow& PutDecimal(double value, int decimals, std::size_t width);
 
     // Sixteen bits as two groups of digits.
@@ -39,7 +40,8 @@ class IdexRow {
     IdexRow& PutFixed(TextView text) noexcept;
 
     // A value between double quotes. Inside them a double quote becomes a single one and the terminator a comma, which
-    // a reader would take for structure. A text that was never filled is empty.
+    // a reader would take for structure; values to which that happens are counted. A text that was never filled is
+    // empty.
     IdexRow& PutQuoted(TextView value) noexcept;
     IdexRow& PutQuoted(std::string_view value) noexcept;
 
@@ -48,6 +50,10 @@ class IdexRow {
 
     void End() noexcept;
 
+    // Values of the row that are not what they were: with a character replaced, and numbers that were cut.
+    int Replaced() const noexcept { return replaced; }
+    int Cut() const noexcept { return cut; }
+
  private:
     static constexpr std::size_t longestFixed = 512;
     static constexpr std::size_t widest = 16;
@@ -55,6 +61,8 @@ class IdexRow {
     LineWriter& output;
     char* begin;
     char* at;
+    int replaced = 0;
+    int cut = 0;
 };
 
 }  // namespace korvande

@@ -12,6 +12,8 @@
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
 #include "idex/IdexFile.h"
+#include "idex/IdexTable.h"
+#include "idex/PassedOver.h"
 #include "translation/Translation.h"
 
 namespace korvande {
@@ -28,98 +30,145 @@ struct TextBox {
 };
 using TextBoxes = std::vector<TextBox>;
 
-float SingleFloat(std::string_view field) {
-    const double value = LeadingNumber(field);
+constexpr std::size_t textWidth = std::remove_cvref_t<decltype(TextRec{}.Characters())>::width;
+
+float SingleFloat(double value) {
     if (std::fabs(value) > std::numeric_limits<float>::max()) throw RuntimeError(errors::overflow);
     return static_cast<float>(value);
 }
 
 // Reads on to the line that starts with the keyword, which the text table must have.
 std::string SkipToTable(IdexFile& file, std::string_view keyword) {
-    std::string line;
-    if (!file.SkipToStart(keyword, line)) throw RuntimeError(errors::inputPastEnd);
-    return line;
+    PassedOver passedOver(file);
+    std::string_view line;
+    while (file.TryNext(line)) {
+        if (StartsWith(line, keyword)) {
+            passedOver.Close();
+            return std::string(line);
+        }
+        passedOver.Add(line);
+    }
+    passedOver.Close();
+    throw RuntimeError(errors::inputPastEnd);
 }
 
 TextBoxes ReadBoxes(IdexFile& file, const std::vector<Text>& layerNames) {
     enum { anchorPointNo, anchorPosition, hzDirection, layerNo };
-    IdexTable table(file, {"ANCHORPOINTNO", "ANCHORPOSITION", "HZDIRECTION", "LAYERNO"});
-    table.ReadHeader(SkipToTable(file, "BOX_ON_POINT"));
+    IdexTable table(file, "BOX_ON_POINT", {{"ANCHORPOINTNO"}, {"ANCHORPOSITION"}, {"HZDIRECTION"}, {"LAYERNO"}});
+    const std::string header = SkipToTable(file, "BOX_ON_POINT");
+    table.ReadHeader(header);
     TextBoxes boxes;
     std::string_view row;
     while (file.NextRow(row)) {
         table.Split(row);
+        // The separator may be one that a number goes on behind.
         const std::int32_t number = LeadingWholeNumber(row);
+        table.NumberOf(table.FirstField(), ProblemKind::NumberNoNumber);
         RequireArrayIndex(number, ++file.boxRows);
         TextBox box;
         box.isDeclared = true;
-        box.anchorPointNo = LeadingWholeNumber(table.Field(anchorPointNo));
-        box.anchorPosition = WholeNumber16(LeadingNumber(table.Field(anchorPosition)));
-        box.direction = SingleFloat(table.Field(hzDirection));
-        const std::int32_t layer = LeadingWholeNumber(table.Field(layerNo));
+        box.anchorPointNo = table.Whole(anchorPointNo);
+        box.anchorPosition = WholeNumber16(table.Number(anchorPosition));
+        box.direction = SingleFloat(table.Number(hzDirection));
+        const std::int32_t layer = table.Whole(layerNo);
         if (layer < 0 || static_cast<std::size_t>(layer) >= layerNames.size()) {
             throw RuntimeError(errors::subscriptOutOfRange);
         }
-        box.layer = layerNames[static_cast<std::size_t>(layer)];
+        const Text& layerName = layerNames[static_cast<std::size_t>(layer)];
+        box.layer = layerName;
+        if (TrimRight(TextView(layerName)).size() > box.layer.width) table.Tell(ProblemKind::CodeCut);
         if (static_cast<std::size_t>(number) >= boxes.size()) boxes.resize(static_cast<std::size_t>(number) + 1);
         boxes[static_cast<std::size_t>(number)] = box;
     }
     return boxes;
 }
 
-void AppendText(Drawing& drawing, const TextBoxes& boxes, std::int32_t boxNo, std::string_view item) {
+std::size_t LengthOf(std::string_view item) noexcept {
+    const std::size_t last = item.find_last_not_of(' ');
+    return last == std::string_view::npos ? 0 : last + 1;
+}
+
+// The items of texts, whose characters may go on over several.
+class ItemsReader {
+ public:
+    ItemsReader(Translation& itsTranslation, IdexFile& idexFile, const TextBoxes& itsBoxes)
+        : translation(itsTranslation), file(idexFile), boxes(itsBoxes) {}
+
+    void Read() {
+        enum { textBoxNo, lineNo, textItem };
+        IdexTable table(file, "ITEMS", {{"TEXTBOXNO"}, {"LINENO"}, {"TEXTITEM"}});
+        const std::string header = SkipToTable(file, "ITEMS");
+        table.ReadHeader(header);
+        std::string_view row;
+        while (file.NextRow(row)) {
+            table.Split(row);
+            const std::string_view item = table.Unquoted(textItem);
+            if (table.Number(lineNo) == 1) {
+                AppendText(table.Whole(textBoxNo), item);
+            } else {
+                ContinueText(item);
+            }
+        }
+    }
+
+ private:
+    void AppendText(std::int32_t boxNo, std::string_view item);
+    void ContinueText(std::string_view item);
+    void TellCut();
+
+    Translation& translation;
+    IdexFile& file;
+    const TextBoxes& boxes;
+    std::int32_t lastCut = 0;  // the text that was told as cut
+};
+
+void ItemsReader::TellCut() {
+    const std::int32_t last = translation.drawing.Texts.UpperBound();
+    if (lastCut != last) file.Tell(ProblemKind::TextCut, std::to_string(textWidth), file.rowLine);
+    lastCut = last;
+}
+
+void ItemsReader::AppendText(std::int32_t boxNo, std::string_view item) {
     const bool isDeclared = boxNo >= 0 && static_cast<std::size_t>(boxNo) < boxes.size() &&
                             boxes[static_cast<std::size_t>(boxNo)].isDeclared;
     if (!isDeclared) throw RuntimeError(errors::subscriptOutOfRange);
     const TextBox& box = boxes[static_cast<std::size_t>(boxNo)];
-    TextRec& text = drawing.Texts.Append();
+    TextRec& text = translation.drawing.Texts.Append();
+    text.InputLine = static_cast<std::int32_t>(file.rowLine);
     text.AnchorPointNo = box.anchorPointNo;
     text.AnchorPosition = box.anchorPosition;
     text.HzDirection = box.direction;
-    drawing.SetCode(text, box.layer.View());
+    translation.drawing.SetCode(text, box.layer.View());
+    if (item.size() > textWidth && LengthOf(item) > textWidth) TellCut();
     text.SetCharacters(item);
 }
 
 // A further line of a text joins the text before it.
-void ContinueText(Translation& translation, std::string_view item) {
+void ItemsReader::ContinueText(std::string_view item) {
     auto& texts = translation.drawing.Texts;
     if (texts.UpperBound() == 0) {
         return Report(translation, {.kind = ProblemKind::ContinuationWithoutText});
     }
     TextRec& text = texts[texts.UpperBound()];
     const auto& characters = text.Characters();
-    constexpr std::size_t width = std::remove_cvref_t<decltype(characters)>::width;
-    FixedText<width> next{};
+    FixedText<textWidth> next{};
     next.Assign(item);
-    std::array<char16_t, width + 1 + width> joined{};
+    std::array<char16_t, textWidth + 1 + textWidth> joined{};
     const TextView before = characters.Trimmed();
+    const std::size_t length = LengthOf(item);
+    if (length > 0 && before.size() + 1 + length > textWidth) TellCut();
     auto end = std::copy(before.begin(), before.end(), joined.begin());
     *end++ = u' ';
     end = std::copy(next.characters.begin(), next.characters.end(), end);
     text.SetCharacters(TextView(joined.begin(), end));
 }
 
-void ReadItems(Translation& translation, IdexFile& file, const TextBoxes& boxes) {
-    enum { textBoxNo, lineNo, textItem };
-    IdexTable table(file, {"TEXTBOXNO", "LINENO", "TEXTITEM"});
-    table.ReadHeader(SkipToTable(file, "ITEMS"));
-    std::string_view row;
-    while (file.NextRow(row)) {
-        table.Split(row);
-        const std::string_view item = table.Unquoted(textItem);
-        if (LeadingNumber(table.Field(lineNo)) == 1) {
-            AppendText(translation.drawing, boxes, LeadingWholeNumber(table.Field(textBoxNo)), item);
-        } else {
-            ContinueText(translation, item);
-        }
-    }
-}
-
 }  // namespace
 
 void ReadTexts(Translation& translation, IdexFile& file) {
     translation.screen.ShowStatus(u"Inlezen Teksten");
-    ReadItems(translation, file, ReadBoxes(file, translation.drawing.LayerNames));
+    const TextBoxes boxes = ReadBoxes(file, translation.drawing.LayerNames);
+    ItemsReader(translation, file, boxes).Read();
 }
 
 }  // namespace korvande

@@ -42,19 +42,34 @@ constexpr std::string_view definitions =
     "\r\n"
     "DATABASE\r\n";
 
-void WriteHeader(Screen& screen, LineWriter& output, TextView projectName, const std::optional<DateTime>& projectDate) {
-    screen.ShowStatus(u"Wegschrijven Header");
+// Ends the row of a record of this line of the input, and tells what of its values was lost.
+void End(Translation& translation, IdexRow& row, std::int64_t line) {
+    row.End();
+    if (row.Replaced() > 0) {
+        Tell(translation, {.kind = ProblemKind::CharacterReplaced, .line = line}, row.Replaced());
+    }
+    if (row.Cut() > 0) Tell(translation, {.kind = ProblemKind::NumberCut, .line = line}, row.Cut());
+}
+
+void WriteHeader(Translation& translation) {
+    LineWriter& output = translation.output;
+    translation.screen.ShowStatus(u"Wegschrijven Header");
     output.Put(headerStart);
-    const std::string name = ToWindows1252(Trim(projectName));
-    IdexRow(output, name.size()).Put("    NAME          ").PutQuoted(name).End();
-    if (projectDate) {
-        const std::string date = ConvertFieldworkDate(CompactDate(*projectDate));
+    const std::string name = ToWindows1252(Trim(translation.ProjectName));
+    IdexRow row(output, name.size());
+    row.Put("    NAME          ").PutQuoted(name);
+    End(translation, row, 0);
+    if (translation.ProjectDate) {
+        const std::string date = ConvertFieldworkDate(CompactDate(*translation.ProjectDate));
         IdexRow(output).Put("    CREATION_DATE ").Put(date).Put("/00:00:00.0").End();
     }
     output.Put(definitions);
 }
 
-void WritePoints(Screen& screen, LineWriter& output, const Drawing& drawing) {
+void WritePoints(Translation& translation) {
+    Screen& screen = translation.screen;
+    LineWriter& output = translation.output;
+    const Drawing& drawing = translation.drawing;
     constexpr std::size_t lengthWidth = 15;
     constexpr std::size_t directionWidth = 9;
     screen.ShowStatus(u"Wegschrijven punten");
@@ -71,12 +86,16 @@ void WritePoints(Screen& screen, LineWriter& output, const Drawing& drawing) {
         row.PutDecimal(point.Elevation, 4, lengthWidth).Put(",");
         row.PutQuoted(drawing.Code(point).TrimmedRight()).Put(",");
         row.PutQuoted(drawing.Description(point).TrimmedRight()).Put(",");
-        row.PutDecimal(point.SymDir, 4, directionWidth).Put(";").End();
+        row.PutDecimal(point.SymDir, 4, directionWidth).Put(";");
+        End(translation, row, point.InputLine);
     }
     output.PutLine("  END POINTS");
 }
 
-void WriteLines(Screen& screen, LineWriter& output, const Drawing& drawing) {
+void WriteLines(Translation& translation) {
+    Screen& screen = translation.screen;
+    LineWriter& output = translation.output;
+    const Drawing& drawing = translation.drawing;
     const auto& lines = drawing.Lines;
     if (lines.UpperBound() == 0) return;
     screen.ShowStatus(u"Wegschrijven lijnstrings");
@@ -88,10 +107,12 @@ void WriteLines(Screen& screen, LineWriter& output, const Drawing& drawing) {
         const LineRec& line = lines[lineNo];
         IdexRow row(output);
         row.Put("    ").PutWhole(lineNo).Put(",").PutQuoted(drawing.Code(line).Trimmed()).Put(",");
-        row.PutFlags(line.Flags1).Put(",").PutFlags(line.Flags2).Put(";").End();
+        row.PutFlags(line.Flags1).Put(",").PutFlags(line.Flags2).Put(";");
+        End(translation, row, line.InputLine);
     }
 }
 
+// The points' names were told with the points.
 void WriteEdges(Screen& screen, LineWriter& output, const Drawing& drawing) {
     const auto& edges = drawing.Edges;
     if (edges.UpperBound() == 0) return;
@@ -111,8 +132,9 @@ void WriteEdges(Screen& screen, LineWriter& output, const Drawing& drawing) {
     output.PutLine("    END EDGES");
 }
 
-void WriteTextBoxes(Screen& screen, LineWriter& output, const Drawing& drawing) {
-    const auto& texts = drawing.Texts;
+void WriteTextBoxes(Translation& translation) {
+    LineWriter& output = translation.output;
+    const auto& texts = translation.drawing.Texts;
     output.PutLine({});
     output.PutLine("  TEXT");
     output.PutLine("    PROPERTIES (TextPropertyNo)");
@@ -122,32 +144,36 @@ void WriteTextBoxes(Screen& screen, LineWriter& output, const Drawing& drawing) 
     output.PutLine("    BOXES");
     output.PutLine("      BOX_ON_POINT (TextBoxNo,AnchorPointNo,AnchorPosition,LayerNo,HzDirection)");
     for (std::int32_t index = 1; index <= texts.UpperBound(); ++index) {
-        StepProgress(screen, index);
+        StepProgress(translation.screen, index);
         const TextRec& text = texts[index];
         IdexRow row(output);
         row.Put("          ").PutWhole(index).Put(",").PutPrinted(text.AnchorPointNo).Put(",");
         row.PutPrinted(text.AnchorPosition).Put(", 0,");
         // Two blanks stand before the number, inside the nine columns.
-        row.Put("  ").PutDecimal(text.HzDirection, 3, 7).Put(";").End();
+        row.Put("  ").PutDecimal(text.HzDirection, 3, 7).Put(";");
+        End(translation, row, text.InputLine);
     }
     output.PutLine("      END BOX_ON_POINT");
     output.PutLine("    END BOXES");
 }
 
 // Every text is a box of its own, numbered by its index, with a single item.
-void WriteTexts(Screen& screen, LineWriter& output, const Drawing& drawing) {
-    const auto& texts = drawing.Texts;
+void WriteTexts(Translation& translation) {
+    Screen& screen = translation.screen;
+    LineWriter& output = translation.output;
+    const auto& texts = translation.drawing.Texts;
     if (texts.UpperBound() == 0) return;
     screen.ShowStatus(u"Wegschrijven teksten");
     BeginProgress(screen, 2 * std::int64_t{texts.UpperBound()});
-    WriteTextBoxes(screen, output, drawing);
+    WriteTextBoxes(translation);
     output.PutLine({});
     output.PutLine("    ITEMS (TextItemNo, TextBoxNo, TextPropertyNo, LineNo, TextItem)");
     for (std::int32_t index = 1; index <= texts.UpperBound(); ++index) {
         StepProgress(screen, std::int64_t{texts.UpperBound()} + index);
         IdexRow row(output);
         row.Put("          ").PutWhole(index).Put(",").PutPrinted(index).Put(", 1, 1,");
-        row.PutQuoted(texts[index].Characters().Trimmed()).Put(";").End();
+        row.PutQuoted(texts[index].Characters().Trimmed()).Put(";");
+        End(translation, row, texts[index].InputLine);
     }
     output.PutLine("    END ITEMS");
     output.PutLine("  END TEXT");
@@ -178,12 +204,12 @@ void WriteIdexFile(Translation& translation) {
     if (!output.IsOpen()) return;
     Screen& screen = translation.screen;
     const Drawing& drawing = translation.drawing;
-    WriteHeader(screen, output, translation.ProjectName, translation.ProjectDate);
-    WritePoints(screen, output, drawing);
-    WriteLines(screen, output, drawing);
+    WriteHeader(translation);
+    WritePoints(translation);
+    WriteLines(translation);
     WriteEdges(screen, output, drawing);
     output.PutLine("  END LINES");
-    WriteTexts(screen, output, drawing);
+    WriteTexts(translation);
     output.PutLine("END DATABASE");
     WriteStatistics(translation.log, drawing, translation.codes, translation.unknowns);
     output.Close();

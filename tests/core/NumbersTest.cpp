@@ -12,6 +12,22 @@ namespace korvande::testing {
 
 namespace {
 
+TEST(Numbers, TheLeadingNumberTellsWhereItEnds) {
+    const auto endOf = [](std::string_view text) {
+        std::size_t end = 99;
+        LeadingNumber(text, end);
+        return end;
+    };
+    EXPECT_EQ(endOf("12.50"), 5U);
+    EXPECT_EQ(endOf(" \t-7x"), 4U);
+    EXPECT_EQ(endOf("12l023"), 2U);
+    EXPECT_EQ(endOf("12,5"), 2U);
+    EXPECT_EQ(endOf("1E+3m"), 4U);
+    EXPECT_EQ(endOf("1E"), 1U);
+    EXPECT_EQ(endOf("12345678901234567890 "), 20U);
+    for (const std::string_view none : {"", "  ", "-", ".", "X1", "\"1\""}) EXPECT_EQ(endOf(none), 0U) << none;
+}
+
 TEST(Numbers, ALeadingNumberIsReadUpToWhatCannotContinueIt) {
     struct Row {
         std::string_view text;

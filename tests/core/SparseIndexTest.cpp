@@ -22,6 +22,22 @@ TEST(SparseIndex, AnEmptyOneHasElementZeroOnly) {
     EXPECT_EQ(ErrorOf([&] { static_cast<void>(index[1]); }), 9);
 }
 
+TEST(SparseIndex, NumbersChosenToMeetInATableTakeNoMoreStepsThanAnyOthers) {
+    constexpr std::int32_t blocks = 50'000;
+    // Blocks whose keys, multiplied, agree in the middle bits: they would meet in a table that only multiplies.
+    SparseIndex chosen;
+    std::int32_t found = 0;
+    for (std::int64_t key = 0; found != blocks; ++key) {
+        if (((static_cast<std::uint64_t>(key) * 0x9E3779B97F4A7C15ULL) >> 32 & 0x7F0) != 0) continue;
+        chosen.Set(static_cast<std::int32_t>(key * 16), ++found);
+    }
+    SparseIndex usual;
+    for (std::int32_t block = 0; block != blocks; ++block) usual.Set(block * 16, 1);
+    // A table at most three quarters full takes two or three steps for each.
+    EXPECT_LT(usual.StepsInTable(), 4 * blocks);
+    EXPECT_LT(chosen.StepsInTable(), 4 * blocks);
+}
+
 TEST(SparseIndex, ALowerNumberLeavesTheSizeAndBothAreFound) {
     SparseIndex index;
     index.Set(500, 1);

@@ -25,6 +25,18 @@ TEST(ParseFields, ALineIsSplitAtTheSeparatorAndTrimmed) {
     EXPECT_EQ(Split("one"), (Fields{"one"}));
 }
 
+TEST(ParseFields, TheResultIsThePlaceOfTheTerminatorInTheLine) {
+    const auto placeIn = [](std::string_view line, char terminator) {
+        std::vector<std::string_view> fields;
+        return ParseFields(line, ',', terminator, Blanks::SpacesAndTabs, fields, 2);
+    };
+    EXPECT_EQ(placeIn("1,2;", ';'), 3U);
+    EXPECT_EQ(placeIn("  1,2,3 ; 4; ", ';'), 8U);
+    EXPECT_EQ(placeIn(" ;", ';'), 1U);
+    EXPECT_EQ(placeIn("  1 2", ' '), 3U);
+    EXPECT_EQ(placeIn("1,2", ';'), std::string_view::npos);
+}
+
 TEST(ParseFields, AnEmptyLineHasNoFields) {
     EXPECT_EQ(Split(""), Fields());
     EXPECT_EQ(Split("    "), Fields());

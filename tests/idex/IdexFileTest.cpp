@@ -161,7 +161,10 @@ TEST_F(IdexFile, WithoutAHeaderIsNotRead) {
 
 TEST_F(IdexFile, WithoutLayersStaysEmpty) {
     const std::string log = LogOf("HEADER\nFIELD_DATE 20240515\nEND HEADER\nDATABASE\nPOINTS (PointNo)\n1;\nEND\n");
-    EXPECT_EQ(log, "FOUT:  Geen LAYERS gevonden in het IDEX bestand\n");
+    EXPECT_EQ(log,
+              "FOUT:  Geen LAYERS gevonden in het IDEX bestand\n"
+              "       Een bestand zonder LAYERS, zoals van een instrument, wordt gelezen met --instrument; het venster "
+              "vraagt ernaar.\n");
     EXPECT_TRUE(IsEmpty());
     EXPECT_EQ(ToUtf8(drawing.DrawingDate), "15-05-2024");
     EXPECT_FALSE(translation.outcome.wrongFormat);

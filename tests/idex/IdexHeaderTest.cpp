@@ -145,7 +145,10 @@ TEST_F(IdexHeader, OneThatTheFileDoesNotEndEndsWithTheFile) {
     OpenLog();
     EXPECT_EQ(Read("HEADER\nNAME Kaart\n"), "");
     EXPECT_EQ(ToUtf8(drawing.DrawingName), "KAART");
-    EXPECT_EQ(LogText(), "FOUT:  Geen LAYERS gevonden in het IDEX bestand\n");
+    EXPECT_EQ(LogText(),
+              "FOUT:  Geen LAYERS gevonden in het IDEX bestand\n"
+              "       Een bestand zonder LAYERS, zoals van een instrument, wordt gelezen met --instrument; het venster "
+              "vraagt ernaar.\n");
 }
 
 TEST_F(IdexHeader, TheWordEofEndsItToo) {

@@ -134,7 +134,8 @@ TEST_F(IdexPolygons, EndAtTheEndOfTheEdgesInsideThem) {
               "");
     EXPECT_EQ(drawing.Edges.UpperBound(), 0);
     EXPECT_EQ(drawing.Lines.UpperBound(), 1);
-    EXPECT_EQ(translation.account[ObjectKind::Polygon].read, 1);
+    EXPECT_EQ(translation.account[ObjectKind::Polygon].read, 2);
+    EXPECT_TRUE(translation.account.Balances());
 }
 
 TEST_F(IdexPolygons, WithoutTheirEndAreAnErrorAlsoInsideTheirEdges) {

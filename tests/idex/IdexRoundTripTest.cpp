@@ -149,8 +149,11 @@ class IdexRoundTrip : public IdexWriterTest {
         Generator generator(seed);
         Fill(drawing, generator, size);
         Translation back(screen);
+        // Any bytes may stand in the texts, such as those of UTF-8.
+        back.options.cboCharacterSet = characterSetNames[1];
         ASSERT_EQ(ReadInto(back, Write()), "");
         ExpectObjects(drawing, back.drawing);
+        for (const Text& line : back.problems.Lines(ProblemList::Loss)) ADD_FAILURE() << ToUtf8(line);
         // What a file has brought comes back as it is.
         const std::string again = WriteOf(back);
         ASSERT_EQ(ReadInto(back, again), "");

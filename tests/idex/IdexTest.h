@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tests/support/TranslationState.h"
 
@@ -31,6 +32,12 @@ class IdexTest : public TranslationTest {
     // "error 9 in line k" for the k-th line of the tables.
     static std::string ErrorAt(int number, int lineOfTables);
 
+    // What was told at the end, in UTF-8: what did not come across, and what goes so.
+    using Told = std::vector<std::string>;
+    Told Lost() const { return LinesOf(ProblemList::Loss); }
+    Told Wanted() const { return LinesOf(ProblemList::Wanted); }
+    bool HasDamage() const { return translation.problems.HasDamage(); }
+
     const PointRec& Point(std::int32_t index) const { return drawing.Points[index]; }
     const LineRec& Line(std::int32_t number) const { return drawing.Lines[number]; }
     const EdgeRec& Edge(std::int32_t index) const { return drawing.Edges[index]; }
@@ -39,6 +46,12 @@ class IdexTest : public TranslationTest {
     Drawing& drawing = translation.drawing;
 
  private:
+    Told LinesOf(ProblemList list) const {
+        Told lines;
+        for (const Text& line : translation.problems.Lines(list)) lines.push_back(ToUtf8(line));
+        return lines;
+    }
+
     EnvironmentValue noDriveD{"KORVANDE_DRIVE_D", std::nullopt};
 };
 
