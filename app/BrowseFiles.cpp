@@ -41,10 +41,12 @@ FileDialog IdexFileDialog(const FormKORVANDE& form) {
 }
 
 void BrowseSufNenFile(FormKORVANDE& form, const AskFileName& ask) {
+    TakeQuotesAway(form);
     Browse(form, form.project.options.txtFileSUFNEN, SufNenFileDialog(form), ask);
 }
 
 void BrowseIdexFile(FormKORVANDE& form, const AskFileName& ask) {
+    TakeQuotesAway(form);
     Browse(form, form.project.options.txtFileIDEX, IdexFileDialog(form), ask);
 }
 

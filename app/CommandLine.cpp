@@ -8,6 +8,14 @@ namespace {
 
 constexpr TextView registrationSwitch = u"/LISCAD";
 
+constexpr TextView blanks = u" \t";
+
+Text Comparable(TextView path) {
+    Text text = ToCapitals(path);
+    std::replace(text.begin(), text.end(), u'/', u'\\');
+    return text;
+}
+
 Text WithoutQuotes(TextView text) {
     Text result(text);
     std::erase(result, u'"');
@@ -15,6 +23,31 @@ Text WithoutQuotes(TextView text) {
 }
 
 }  // namespace
+
+Text BehindProgramName(TextView commandLine, TextView program) {
+    commandLine = Trim(commandLine);
+    if (commandLine.starts_with(u'"')) {
+        const std::size_t end = commandLine.find(u'"', 1);
+        return end == TextView::npos ? Text() : Text(Trim(commandLine.substr(end + 1)));
+    }
+    std::size_t end = commandLine.find_first_of(blanks);
+    for (const Text& path : {Concat(program, u".exe"), Text(program)}) {
+        const bool isIt = !program.empty() && Comparable(commandLine.substr(0, path.size())) == Comparable(path);
+        const TextView behind = commandLine.substr(isIt ? path.size() : 0);
+        if (!isIt || (!behind.empty() && blanks.find(behind.front()) == TextView::npos)) continue;
+        end = path.size();
+        break;
+    }
+    return end >= commandLine.size() ? Text() : Text(Trim(commandLine.substr(end + 1)));
+}
+
+Text OnlyArgument(TextView commandLine) {
+    commandLine = Trim(commandLine);
+    const bool isQuoted = commandLine.size() > 1 && commandLine.starts_with(u'"') && commandLine.ends_with(u'"');
+    if (isQuoted) commandLine = commandLine.substr(1, commandLine.size() - 2);
+    const bool isOne = commandLine.find_first_of(isQuoted ? TextView(u"\"") : blanks) == TextView::npos;
+    return isOne ? Text(commandLine) : Text();
+}
 
 CommandLineConversion SplitCommandLine(TextView commandLine) {
     const Text capitals = ToCapitals(Trim(commandLine));

@@ -15,6 +15,15 @@ struct CommandLineConversion {
     Text idexFile;
 };
 
+// What stands behind the program's own name in the command line of a process, which begins with it: its path, whether
+// between quotes or not and with or without its extension, or else the first word. `program` is that path without an
+// extension; "\" and "/" are the same in it, and so are capitals and small letters.
+Text BehindProgramName(TextView commandLine, TextView program);
+
+// The argument of a command line that is only one, without the quotation marks around it; empty when there are more of
+// them, or none.
+Text OnlyArgument(TextView commandLine);
+
 // Splits a command line such as: 1"C:\MIJN KAART.SFN" "C:\KAART.IDX". The names come in capitals.
 CommandLineConversion SplitCommandLine(TextView commandLine);
 

@@ -31,12 +31,25 @@ TextView ExtensionOf(Mode mode) {
 
 }  // namespace
 
+void TakeQuotesAway(FormKORVANDE& form) {
+    Options& options = form.project.options;
+    bool hasChanged = false;
+    for (Text* const box : {&options.txtFileIDEX, &options.txtFileSUFNEN}) {
+        const TextView name = Trim(*box);
+        if (name.size() < 2 || !name.starts_with(u'"') || !name.ends_with(u'"')) continue;
+        *box = Text(Trim(name.substr(1, name.size() - 2)));
+        hasChanged = true;
+    }
+    if (hasChanged) TellChanged(form);
+}
+
 const Text& InputInForm(const FormKORVANDE& form) noexcept {
     const Options& options = form.project.options;
     return SelectedMode(form).direction == Direction::FromIdex ? options.txtFileIDEX : options.txtFileSUFNEN;
 }
 
 void DeriveOutputName(FormKORVANDE& form) {
+    TakeQuotesAway(form);
     const Text input = InputInForm(form);
     const Text previous = std::exchange(form.chosenInput, input);
     if (Trim(input).empty()) return;

@@ -6,6 +6,9 @@ namespace korvande {
 
 struct FormKORVANDE;
 
+// Takes the quotation marks away between which a name was pasted into a file box.
+void TakeQuotesAway(FormKORVANDE& form);
+
 // The input that the form's boxes name for the selected mode.
 const Text& InputInForm(const FormKORVANDE& form) noexcept;
 

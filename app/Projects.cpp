@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/GridEditing.h"
+#include "app/ProjectSaving.h"
 #include "app/RunTranslation.h"
 #include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
@@ -52,7 +53,14 @@ class Loading {
 bool LoadIntoForm(FormKORVANDE& form, const Text& name) {
     const Loading loading(form.activity);
     form.CurrentProject = name;
-    if (LoadProjectFile(form, PathOf(form, name))) return true;
+    form.projectFile = {};
+    // Before the load: what is written in between is another program's.
+    std::optional<std::string> bytes = ProjectBytes(PathOf(form, name));
+    if (LoadProjectFile(form, PathOf(form, name))) {
+        if (!bytes) bytes = ProjectBytes(PathOf(form, name));
+        RememberLoaded(form, bytes.value_or(std::string()));
+        return true;
+    }
     form.CurrentProject.clear();
     form.txtProject.clear();
     return false;
@@ -102,7 +110,13 @@ bool LoadProject(FormKORVANDE& form, TextView project) {
     if (form.StartedByCommandLine) form.project.options.StartedInteractively = false;
     form.File1.index = FindProject(form, form.CurrentProject);
     TellChanged(form);
-    if (std::exchange(form.activity.closesAfterLoad, false)) Unload(form);
+    if (std::exchange(form.activity.closesAfterLoad, false)) {
+        if (IsTranslating(form)) {
+            AskEndOfRun(form);
+        } else {
+            Unload(form);
+        }
+    }
     return isLoaded;
 }
 
@@ -113,8 +127,13 @@ void NewProject(FormKORVANDE& form) {
     const Text previous = form.CurrentProject;
     const std::optional<Text> name = AskName(form, newProjectTexts, {});
     if (!name || !MayReplace(form, PathOf(form, *name))) return;
-    SaveCurrentProject(form);
+    const Edits edits = AskAboutEdits(form);
+    if (edits == Edits::Keep) return;
+    if (edits == Edits::Save) SaveEdits(form);
+    if (edits == Edits::Drop && !LoadProject(form, previous)) return;
     DropEdits(form);
+    // What the form holds now is no project's.
+    form.CurrentProject.clear();
     ResetProject(form.project);
     LoadGridData(form);
     if (SaveProjectFile(form, PathOf(form, *name))) {
@@ -137,9 +156,11 @@ void CopyProject(FormKORVANDE& form) {
         return;
     }
     if (!MayReplace(form, PathOf(form, *name))) return;
+    const Edits edits = AskAboutEdits(form);
+    if (edits == Edits::Keep) return;
     if (!CopyFileWithReport(form.screen, PathOf(form, previous), PathOf(form, *name), true)) return;
     // The copy is of the file on disk: what was not saved yet stays with the old project.
-    SaveCurrentProject(form);
+    if (edits == Edits::Save) SaveEdits(form);
     RefreshProjects(form);
     LoadProject(form, *name);
 }
@@ -151,7 +172,7 @@ void DeleteProject(FormKORVANDE& form) {
     const int position = form.File1.index;
     const std::optional<Text> name = AskName(form, deleteProjectTexts, form.CurrentProject);
     if (!name) return;
-    if (!SameFile(PathOf(form, *name), PathOf(form, form.CurrentProject))) SaveCurrentProject(form);
+    if (!SameFile(PathOf(form, *name), PathOf(form, form.CurrentProject)) && !SaveCurrentProject(form)) return;
     DeleteFileAt(PathOf(form, *name));
     form.CurrentProject.clear();
     RefreshProjects(form);
@@ -169,7 +190,7 @@ void PickProject(FormKORVANDE& form, int index) {
     if (IsBusy(form) || index < 0 || static_cast<std::size_t>(index) >= names.size()) return;
     const StoppedTimer timer(form);
     EndEdits(form);
-    SaveCurrentProject(form);
+    if (!SaveCurrentProject(form)) return;
     LoadProject(form, names[static_cast<std::size_t>(index)]);
 }
 

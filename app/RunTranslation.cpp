@@ -2,6 +2,8 @@
 
 #include "app/Listing.h"
 #include "app/OutputName.h"
+#include "app/ProjectSaving.h"
+#include "app/Projects.h"
 #include "app/UserSettings.h"
 #include "app/frmKORVANDE.h"
 #include "core/RuntimeError.h"
@@ -48,6 +50,7 @@ Roles RolesOf(Conversion& conversion) {
 
 // Takes names and direction from the window's controls. False when the input does not exist.
 bool TakeNamesFromForm(FormKORVANDE& form) {
+    TakeQuotesAway(form);
     Options& options = form.project.options;
     Conversion& conversion = form.conversion;
     conversion.IdexFileName = options.txtFileIDEX;
@@ -162,57 +165,90 @@ bool TranslateProject(FormKORVANDE& form) {
                     .output = OutputName(translation),
                     .logBook = translation.LogFileName,
                     .sentence = ClosingSentence(translation),
-                    .lists = LossLines(translation),
+                    .lists = ProblemLines(translation),
                     .account = AccountLines(translation)};
     return isFinished;
 }
 
-// The run itself; false when it was stopped or ended by a person, and nothing more is to be said.
-bool Translate(FormKORVANDE& form) {
-    if (form.conversion.direction == Direction::None) {
-        ShowMessage(form.screen, u"Onbekende vertaalrichting.");
-        return false;
-    }
-    if (WouldWriteOverItsFiles(form)) return false;
-    const Text output = RolesOf(form.conversion).output;
-    if (!MayWriteOutput(form, output)) return false;
-    SaveUserSettings(form);
-    SaveCurrentProject(form);
-    const bool isFinished = TranslateProject(form);
-    if (form.lastRun.wroteOutput) form.outputs.insert(FileIdentity(output));
-    if (!isFinished) return false;
-    DisposeOfLogBook(form);
+// What became of the start of a run.
+enum class RunEnd {
+    Finished,
+    Stopped,  // or ended by a person: nothing more is to be said
+    Kept      // a person goes on with the project as it is on the screen
+};
+
+// The project as another program wrote it, with the files of this run. False when it cannot be loaded.
+bool ReloadForRun(FormKORVANDE& form) {
+    Options& options = form.project.options;
+    const Text idexFile = options.txtFileIDEX;
+    const Text sufNenFile = options.txtFileSUFNEN;
+    if (!LoadProject(form, form.CurrentProject)) return false;
+    options.txtFileIDEX = idexFile;
+    options.txtFileSUFNEN = sufNenFile;
+    TellChanged(form);
     return true;
 }
 
-// What lasts as long as the run mark should: true for a run that came to its end.
-bool TranslateWithMark(FormKORVANDE& form) {
+// Saves the settings and the project.
+RunEnd SaveForRun(FormKORVANDE& form) {
+    Edits edits = AskAboutEdits(form);
+    if (edits == Edits::Drop) {
+        if (!ReloadForRun(form)) return RunEnd::Stopped;
+        edits = AskAboutEdits(form);
+    }
+    if (edits == Edits::Keep) return RunEnd::Kept;
+    SaveUserSettings(form);
+    if (edits == Edits::Save) SaveEdits(form);
+    return RunEnd::Finished;
+}
+
+// The run itself.
+RunEnd Translate(FormKORVANDE& form) {
+    if (form.conversion.direction == Direction::None) {
+        ShowMessage(form.screen, u"Onbekende vertaalrichting.");
+        return RunEnd::Stopped;
+    }
+    if (WouldWriteOverItsFiles(form)) return RunEnd::Stopped;
+    const Text output = RolesOf(form.conversion).output;
+    if (!MayWriteOutput(form, output)) return RunEnd::Stopped;
+    if (const RunEnd saved = SaveForRun(form); saved != RunEnd::Finished) return saved;
+    const bool isFinished = TranslateProject(form);
+    if (form.lastRun.wroteOutput) form.outputs.insert(FileIdentity(output));
+    if (!isFinished) return RunEnd::Stopped;
+    DisposeOfLogBook(form);
+    return RunEnd::Finished;
+}
+
+// What lasts as long as the run mark should.
+RunEnd TranslateWithMark(FormKORVANDE& form) {
     const Translating translating(form.activity);
     SetRunMark(form, runningMark);
     // A missing input ends the run here, with the run mark left as it is.
-    if (form.project.options.StartedInteractively && !TakeNamesFromForm(form)) return false;
-    bool isFinished = false;
+    if (form.project.options.StartedInteractively && !TakeNamesFromForm(form)) return RunEnd::Stopped;
+    RunEnd end = RunEnd::Stopped;
     try {
-        isFinished = Translate(form);
+        end = Translate(form);
     } catch (const TranslationAborted&) {
         // While the log book was printed: it stays.
     }
     SetRunMark(form, {});
-    return isFinished;
+    return end;
 }
 
 }  // namespace
 
 void RunTranslation(FormKORVANDE& form) {
     if (IsTranslating(form)) return;
-    const bool isFinished = TranslateWithMark(form);
+    const RunEnd end = TranslateWithMark(form);
     // A step that is over is not shown as one under way.
     form.screen.ShowStatus({});
+    form.screen.pace.hasValue = false;
     form.screen.ShowProgressMaximum(1);
     // No longer translating: what the window disabled can be used again.
     TellChanged(form);
-    const bool isEndOfAll = !form.project.options.StartedInteractively || IsEndOfRunAsked(form);
-    if (isFinished) TellEnd(form);
+    const bool isEndOfAll =
+        (!form.project.options.StartedInteractively && end != RunEnd::Kept) || IsEndOfRunAsked(form);
+    if (end == RunEnd::Finished) TellEnd(form);
     if (isEndOfAll) Unload(form);
 }
 

@@ -1,13 +1,20 @@
 #include "app/StartUp.h"
 
+#include <optional>
+
+#include <filesystem>
+
 #include "app/CommandLine.h"
+#include "app/GivenFile.h"
 #include "app/GridEditing.h"
+#include "app/ProjectSaving.h"
 #include "app/Projects.h"
 #include "app/RunTranslation.h"
 #include "app/UserSettings.h"
 #include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
 #include "host/LiscadRegistry.h"
+#include "host/LiscadSystem.h"
 #include "host/modFileHandling.h"
 #include "translation/Mode.h"
 #include "translation/Translation.h"
@@ -16,19 +23,46 @@ namespace korvande {
 
 namespace {
 
+// LISCAD's folders end in "\\"; a person sees the system's own.
+Text WithOwnSeparator(Text folder) {
+    constexpr auto own = static_cast<char16_t>(std::filesystem::path::preferred_separator);
+    if (!folder.starts_with(own) || !folder.ends_with(u'\\')) return folder;
+    folder.pop_back();
+    if (!folder.ends_with(own)) folder.push_back(own);
+    return folder;
+}
+
+// Offers to choose a folder for the projects where there is no LISCAD that could tell it; false when none was chosen.
+bool ChooseProjectFolder(const FormKORVANDE& form) {
+    if (LiscadRunsHere() || !form.askFolder) return false;
+    const MessageBox question = {
+        u"KORVANDE werkt hier ook zonder LISCAD: het heeft alleen een map voor de projecten nodig.\n\nNu een map "
+        u"kiezen?",
+        {},
+        Icon::Question,
+        Buttons::YesNo};
+    if (form.screen.ShowMessage(question) != Answer::Yes) return false;
+    const std::optional<Text> folder = form.askFolder(u"Map voor de projecten");
+    if (!folder) return false;
+    if (SetLiscadUserPath(*folder)) return true;
+    ShowMessage(form.screen, u"De map kan niet worden bewaard; afbreken", Icon::Critical);
+    return false;
+}
+
 // False when no LISCAD is installed; the versions that are go into the list.
-bool FindLiscad(FormKORVANDE& form, std::vector<Text>& versions) {
+bool FindLiscad(FormKORVANDE& form, bool asksRegistration, std::vector<Text>& versions) {
     ListLiscadVersions(versions);
     if (versions.front().empty()) {
         ShowMessage(form.screen, u"Liscad niet gevonden; afbreken", Icon::Critical);
-        return false;
+        if (asksRegistration || !ChooseProjectFolder(form)) return false;
+        ListLiscadVersions(versions);
     }
     LiscadInstallation& liscad = form.liscad;
     liscad.version = versions.front();
     liscad.language = GetLiscadLanguage(liscad.version);
     ReadUserSettings(form);
     liscad.dataPath = GetLiscadDataPath(liscad.version);
-    form.ProjectFolder = GetLiscadUserPath(liscad.version);
+    form.ProjectFolder = WithOwnSeparator(GetLiscadUserPath(liscad.version));
     return true;
 }
 
@@ -86,7 +120,7 @@ void LoadFirstProject(FormKORVANDE& form) {
 
 AfterStartUp StartUp(FormKORVANDE& form, const StartUpArguments& arguments) {
     std::vector<Text> versions;
-    if (!FindLiscad(form, versions)) return AfterStartUp::EndProgram;
+    if (!FindLiscad(form, arguments.asksRegistration, versions)) return AfterStartUp::EndProgram;
     if (arguments.asksRegistration) {
         AnnounceToLiscad(form.screen, versions);
         return AfterStartUp::EndProgram;
@@ -98,9 +132,14 @@ AfterStartUp StartUp(FormKORVANDE& form, const StartUpArguments& arguments) {
                     Icon::Critical);
         return AfterStartUp::EndProgram;
     }
-    TakeCommandLine(form, Trim(arguments.commandLine));
+    const Text givenFile = GivenFile(arguments.commandLine);
+    TakeCommandLine(form, givenFile.empty() ? Trim(arguments.commandLine) : TextView());
     MigrateProjectFiles(form.ProjectFolder);
     LoadFirstProject(form);
+    if (!givenFile.empty()) {
+        form.project.options.StartedInteractively = true;
+        TakeGivenFile(form, givenFile);
+    }
     return AfterStartUp::OpenWindow;
 }
 
@@ -126,10 +165,15 @@ bool QueryClose(FormKORVANDE& form) {
     return false;
 }
 
-void UnloadForm(FormKORVANDE& form) {
+bool UnloadForm(FormKORVANDE& form, MayStay mayStay) {
     EndEdits(form);
-    SaveCurrentProject(form);
+    if (mayStay == MayStay::No) {
+        SaveWithoutQuestion(form);
+    } else if (!SaveCurrentProject(form)) {
+        return false;
+    }
     SaveUserSettings(form);
+    return true;
 }
 
 }  // namespace korvande

@@ -8,15 +8,15 @@ struct FormKORVANDE;
 
 // What the program was started with.
 struct StartUpArguments {
-    Text commandLine;               // empty: interactive use
+    Text commandLine;               // empty, or of one existing file: interactive use
     bool asksRegistration = false;  // the switch /LISCAD
 };
 
 enum class AfterStartUp { EndProgram, OpenWindow };
 
 // Everything that happens between the making of the form and the opening of the window, in its order: LISCAD's versions
-// and paths, per-user settings, the command line (registration, one fixed conversion, or interactive use), migration of
-// old project files, the first project, and the lists.
+// and paths, per-user settings, the command line (registration, one fixed conversion, or interactive use, with a file
+// when one is given), migration of old project files, the first project, and the lists.
 AfterStartUp StartUp(FormKORVANDE& form, const StartUpArguments& arguments);
 
 // Renames the folder's *.ini project files of an older release to *.nst; SECURITY.INI and DESKTOP.INI stay, and so does
@@ -29,7 +29,9 @@ void MigrateProjectFiles(TextView folder);
 // loaded the window closes when that is done.
 bool QueryClose(FormKORVANDE& form);
 
-// The window closes: saves the current project and the per-user settings.
-void UnloadForm(FormKORVANDE& form);
+// The window closes: saves the current project and the per-user settings. False, with nothing saved, when a person
+// wants the window to stay open after all; a closing that nobody can refuse, such as that of the session, asks nothing.
+enum class MayStay { No, Yes };
+bool UnloadForm(FormKORVANDE& form, MayStay mayStay = MayStay::Yes);
 
 }  // namespace korvande

@@ -19,7 +19,12 @@ Text Setting(TextView name, TextView initial) {
     return ReadRegistryValue(hives::currentUser, settingsKey, name, value) ? value : Text(initial);
 }
 
-void Save(TextView name, TextView data) { WriteRegistryValue(hives::currentUser, settingsKey, name, data); }
+// What is kept already is not written again: each write may wait for the disk.
+void Save(TextView name, TextView data) {
+    Text kept;
+    if (ReadRegistryValue(hives::currentUser, settingsKey, name, kept) && kept == data) return;
+    WriteRegistryValue(hives::currentUser, settingsKey, name, data);
+}
 
 // Calls an action with the name and the option of each setting that is kept per user.
 template <class Action>

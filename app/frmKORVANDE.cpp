@@ -70,13 +70,6 @@ bool SaveProjectFile(FormKORVANDE& form, TextView fileName) {
     return SaveProjectFile(form.screen, form.project, fileName);
 }
 
-bool SaveCurrentProject(FormKORVANDE& form) {
-    if (!form.CurrentProject.empty()) return SaveProjectFile(form, Concat(form.ProjectFolder, form.CurrentProject));
-    SaveGridData(form);
-    TakeOwner(form.project.options, form.project.owner);
-    return true;
-}
-
 void LoadGridData(FormKORVANDE& form) {
     LoadGrid(form.gridPoints, form.project.codes.points);
     LoadGrid(form.gridLines, form.project.codes.lines);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/EditedGrid.h"
+#include "app/ProjectSaving.h"
 #include "core/Text.h"
 #include "project/Grid.h"
 #include "project/Project.h"
@@ -80,6 +81,7 @@ struct FormKORVANDE {
     // trailing separator.
     Text CurrentProject;
     Text ProjectFolder;
+    ProjectFile projectFile;
 
     // Project files
     ListControl File1;
@@ -117,6 +119,9 @@ struct FormKORVANDE {
     // Shows the project dialog with these texts and a name to begin with; what was typed, or nothing after Cancel.
     std::function<std::optional<Text>(TextView caption, TextView explanation, TextView prompt, TextView name)>
         askProjectName;
+
+    // Shows a dialog with this title in which a folder is chosen or made; nothing after Cancel. Set before start-up.
+    std::function<std::optional<Text>(TextView title)> askFolder;
 };
 
 // Whether a file may be written: nothing is there yet, or a person agrees that it is replaced.
@@ -137,10 +142,6 @@ void LoadEmptyProject(FormKORVANDE& form);
 // Takes the grids and the owner boxes into the project and writes the control table file anew. False when it could not
 // be written and a person cancelled.
 bool SaveProjectFile(FormKORVANDE& form, TextView fileName);
-
-// Saves the current project in the project folder. Without one (its name is empty) the grids and the owner boxes are
-// taken all the same, and nothing is written.
-bool SaveCurrentProject(FormKORVANDE& form);
 
 // The code tables into the grids, after which the form's `changed` is called; and the grids into the code tables, made
 // anew with all counts 0.

@@ -159,7 +159,7 @@ int CheckFile(CheckScreen& screen, const Project& project, const CheckOptions& o
     if (translation.outcome.cancelled) throw TranslationAborted();
     AddUnknownCodes(translation.unknowns, findings);
     if (findings.Count() == 0) PrintLine(u"  geen");
-    for (const Text& line : LossLines(translation)) PrintLine(line);
+    for (const Text& line : ProblemLines(translation)) PrintLine(line);
     PrintLine(u"Objectbalans:");
     for (const Text& line : AccountLines(translation)) PrintLine(Concat(u"  ", line));
     PrintCounts(translation.drawing);

@@ -15,6 +15,9 @@ void PrepareProcess();
 // The program's name and its arguments in UTF-8, whatever the locale.
 std::vector<std::string> ProgramArguments(int argc, char** argv);
 
+// Whether shells leave patterns such as "*.sfn" to the programs; elsewhere what arrives is a name, with any character.
+bool ShellsLeavePatterns() noexcept;
+
 // Whether an interrupt came; a run looks at it whenever it lets events run. A wait for input or output ends by it.
 bool IsInterrupted() noexcept;
 

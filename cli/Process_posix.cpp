@@ -37,6 +37,8 @@ void PrepareProcess() {
 
 std::vector<std::string> ProgramArguments(int argc, char** argv) { return {argv, argv + argc}; }
 
+bool ShellsLeavePatterns() noexcept { return false; }
+
 bool IsInterrupted() noexcept { return interrupted != 0; }
 
 // One that was not there leads to the null device by now.

@@ -66,6 +66,8 @@ std::vector<std::string> ProgramArguments(int, char**) {
     return arguments;
 }
 
+bool ShellsLeavePatterns() noexcept { return true; }
+
 bool IsInterrupted() noexcept { return interrupted; }
 
 bool OutputIsThere() noexcept { return IsThere(stdout); }

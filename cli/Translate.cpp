@@ -110,7 +110,7 @@ int TranslateOne(ConsoleScreen& screen, const Project& project, const Job& job, 
     screen.ClearProgress();
     const bool hasFailed = translation.outcome.Failed();
     if (!hasFailed) PrintResult(translation);
-    PrintLines(LossLines(translation));
+    PrintLines(options.quiet ? LossLines(translation) : ProblemLines(translation));
     if (!options.quiet) PrintLines(AccountLines(translation));
     PrintTroubles(translation);
     if (hasFailed) return status::failed;

@@ -6,6 +6,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/Check.h"
+#include "cli/Patterns.h"
 #include "cli/Print.h"
 #include "cli/Process.h"
 #include "cli/Projects.h"
@@ -51,7 +52,7 @@ void DescribeTranslate(CLI::App& command, TranslateOptions& options) {
     command.add_option("--uitvoermap", options.outputFolder, "vertaal elk invoerbestand naar deze map")
         ->option_text("MAP");
     DescribeReading(command, options.reading);
-    command.add_flag("--stil", options.quiet, "geen voortgang en geen objectbalans");
+    command.add_flag("--stil", options.quiet, "geen voortgang, geen objectbalans; alleen wat verloren ging");
     command.add_option("bestanden", options.files, "INVOER en UITVOER, of met --uitvoermap een of meer keer INVOER")
         ->option_text("INVOER [UITVOER]");
 }
@@ -83,6 +84,12 @@ void TakeGuardsAway(TranslateOptions& options) {
         TakeGuardAway(*value);
     }
     for (std::string& file : options.files) TakeGuardAway(file);
+}
+
+void ExpandPatterns(TranslateOptions& options, CheckOptions& checkOptions) {
+    checkOptions.files = WithPatternsExpanded(checkOptions.files);
+    const bool hasOutput = options.outputFolder.empty();
+    options.files = hasOutput ? WithPatternsOfOneExpanded(options.files) : WithPatternsExpanded(options.files);
 }
 
 // The part of the library's message behind its colon: the arguments that it is about.
@@ -205,6 +212,7 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     TakeGuardsAway(options);
     TakeGuardsAway(checkOptions);
     TakeGuardAway(projectFile);
+    if (ShellsLeavePatterns()) ExpandPatterns(options, checkOptions);
     if (wantsVersion) {
         PrintLine(Concat(u"KORVANDE ", VersionText()));
         return Shown(status::done);

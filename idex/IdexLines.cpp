@@ -67,7 +67,11 @@ void ReadLines(Translation& translation, IdexFile& file, std::string_view keywor
     Drawing& drawing = translation.drawing;
     translation.screen.ShowStatus(u"Inlezen Lijnstrings");
     IdexTable table(file, "LINES",
-                    {{"LINENO"}, {"CODE"}, {"DESCRIPTION", needless}, {"FLAGS1", needless}, {"FLAGS2", needless}});
+                    {{"LINENO"},
+                     {"CODE"},
+                     {"DESCRIPTION", Lacking::IsFine},
+                     {"FLAGS1", Lacking::IsFine},
+                     {"FLAGS2", Lacking::IsFine}});
     table.ReadHeader(keywordLine);
     std::string_view row;
     while (file.NextCapitalRow(row)) {
@@ -80,6 +84,12 @@ void ReadLines(Translation& translation, IdexFile& file, std::string_view keywor
         const std::int32_t number = table.Whole(lineNo);
         GrowLinesTo(drawing, number, ++file.lineRows);
         LineRec& line = drawing.Lines[number];
+        // What is no number has been told already.
+        if (number == 0 && (table.Field(lineNo).empty() || IsNumber(table.Field(lineNo)))) {
+            table.Tell(ProblemKind::LineNumberZero);
+        } else if (number != 0 && line.InputLine != 0) {
+            table.Tell(ProblemKind::LineNumberTwice);
+        }
         line.InputLine = static_cast<std::int32_t>(file.rowLine);
         drawing.SetCode(line, table.Fitting(table.Unquoted(code), 7, ProblemKind::CodeCut), Letters::Capitals);
         drawing.SetDescription(line, table.Fitting(table.Unquoted(description), 53, ProblemKind::DescriptionCut),

@@ -66,14 +66,14 @@ class PointsReader {
           drawing(itsTranslation.drawing),
           pointsBefore(drawing.Points.UpperBound()),
           table(file, "POINTS",
-                {{"POINTNO", needless},
-                 {"POINTID", needless},
+                {{"POINTNO", Lacking::MayBeTold},
+                 {"POINTID", Lacking::MayBeTold},
                  {"CODE"},
-                 {"DESCRIPTION", needless},
+                 {"DESCRIPTION", Lacking::IsFine},
                  {"EAST"},
                  {"NORTH"},
-                 {"ELEVATION", needless},
-                 {"SYMDIR", needless}}) {}
+                 {"ELEVATION", Lacking::MayBeTold},
+                 {"SYMDIR", Lacking::MayBeTold}}) {}
 
     void Read(std::string_view headerLine) {
         tableLine = file.Line();
@@ -189,8 +189,7 @@ class PointsReader {
         drawing.PointIndex.Set(number, drawing.PointIndex.Find(number));
         ++leftOut;
         ++translation.account[ObjectKind::Point].read;
-        translation.account.Leave(ObjectKind::Point, LeftOut::NoCoordinates);
-        TellOfPoint(ProblemKind::LeftOutWithoutCoordinates);
+        LeaveOut(translation, ObjectKind::Point, LeftOut::NoPlace, file.rowLine);
     }
 
     // Everything that can fail comes before the first change to the drawing.

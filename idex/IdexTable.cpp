@@ -86,7 +86,9 @@ void IdexTable::ReadHeader(std::string_view headerLine) {
     const std::int64_t line = file.Line();
     TakeHeader(headerLine);
     for (std::size_t column = 0; column < columns.size(); ++column) {
-        if (HasColumn(column) || !(columns[column].isNeeded || hasUnknown)) continue;
+        const Lacking lacking = columns[column].lacking;
+        const bool isTold = lacking == Lacking::IsTold || (lacking == Lacking::MayBeTold && hasUnknown);
+        if (HasColumn(column) || !isTold) continue;
         const std::string words = std::string(columns[column].name).append(" in ").append(table);
         file.Tell(ProblemKind::ColumnMissing, words, line);
     }

@@ -12,12 +12,13 @@
 
 namespace korvande {
 
-// A wanted column, in capitals, and whether a table that lacks it is told so.
+// A wanted column, in capitals, and when a table that lacks it is told so: always, when it has one of an unknown name
+// that may be it, or never, for nothing of it is written.
+enum class Lacking { IsTold, MayBeTold, IsFine };
 struct IdexColumn {
     std::string_view name;
-    bool isNeeded = true;
+    Lacking lacking = Lacking::IsTold;
 };
-inline constexpr bool needless = false;
 
 // A table's wanted columns and where they stand in the file: columns come in any order, extra ones are passed over, a
 // missing one reads as an empty field. What its rows lose when they are split and read is told.
@@ -27,8 +28,8 @@ class IdexTable {
     IdexTable(IdexFile& idexFile, std::string_view tableName, std::initializer_list<IdexColumn> wantedColumns)
         : file(idexFile), table(tableName), columns(wantedColumns) {}
 
-    // Takes the column list in parentheses from the table's header, which may go on in the following lines. Needed
-    // columns that it lacks are told, and any that it lacks when it has one of an unknown name, which may be it.
+    // Takes the column list in parentheses from the table's header, which may go on in the following lines. What
+    // it lacks is told.
     void ReadHeader(std::string_view headerLine);
 
     // The same for the header of rows that need not have every column.

@@ -64,6 +64,9 @@ void ReadGeometryFields(ImportRun& run, GroupObjects& objects) {
             objects.isLine = objects.isLine || kind == 3 || kind == 5 || kind == 12;
             objects.isArc = objects.isArc || kind == 4 || kind == 13;
             run.afterGeometry = true;
+        } else if (field.Key == 'X') {
+            // A head has no coordinates; these are of a record that was taken for one.
+            Tell(run.translation, {.kind = ProblemKind::PointsPassedOver, .line = field.Line});
         }
     }
     objects.isPart = !run.afterGeometry && run.records.NextIs("05");

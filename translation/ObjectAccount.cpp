@@ -11,9 +11,11 @@ constexpr std::array<TextView, objectKinds> kindNames = {u"Punten",  u"Lijnstrin
                                                          u"Teksten", u"Veelhoeken",  u"Overige objecten"};
 
 constexpr std::array<TextView, leftOutReasons> reasonNames = {
-    u"onbekende code",      u"type DUMMY",          u"ander type",         u"ander lijntype",   u"lege tekst",
-    u"buiten de rechthoek", u"zonder code",         u"zonder coördinaten", u"record ontbreekt", u"ongeldige boog",
-    u"verwijst naar niets", u"wordt niet vertaald", u"niet voltooid"};
+    u"onbekende code",      u"type DUMMY",         u"ander type",
+    u"ander lijntype",      u"lege tekst",         u"buiten de rechthoek",
+    u"zonder code",         u"zonder coördinaten", u"zonder coördinaten, niet gewenst",
+    u"record ontbreekt",    u"ongeldige boog",     u"verwijst naar niets",
+    u"wordt niet vertaald", u"niet voltooid"};
 
 }  // namespace
 

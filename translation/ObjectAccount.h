@@ -22,13 +22,14 @@ enum class LeftOut {
     OutsideRectangle,
     NoCode,
     NoCoordinates,
+    NoPlace,  // without coordinates, when such points are not wanted
     MissingRecord,
     InvalidArc,     // fewer than three points
     NoReference,    // it refers to a point or line string that was never read
     NotTranslated,  // a kind of object that no translation carries over
     Unfinished      // an error or a person ended the run while it was read
 };
-inline constexpr std::size_t leftOutReasons = 13;
+inline constexpr std::size_t leftOutReasons = 14;
 
 struct KindAccount {
     std::int64_t read = 0;

@@ -86,6 +86,8 @@ ProblemKind KindOf(LeftOut reason, ObjectKind object) noexcept {
             return ProblemKind::GroupWithoutCode;
         case LeftOut::NoCoordinates:
             return ProblemKind::GroupWithoutCoordinates;
+        case LeftOut::NoPlace:
+            return ProblemKind::LeftOutWithoutCoordinates;
         case LeftOut::MissingRecord:
             return ProblemKind::GroupWithoutRecord;
         case LeftOut::InvalidArc:

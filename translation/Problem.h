@@ -71,6 +71,8 @@ enum class ProblemKind {
     PointReplaced,  // by another POINTS table
     PointBlanked,   // by an EXTRAINFO row without all columns
     NumberTwice,
+    LineNumberTwice,
+    LineNumberZero,
     UnitNotConverted,  // words: the unit
     DecimalComma,
     CodeCut,

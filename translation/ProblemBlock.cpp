@@ -18,6 +18,11 @@ void AppendList(std::vector<Text>& lines, TextView title, const std::vector<Text
 std::vector<Text> LossLines(const Translation& translation) {
     std::vector<Text> lines;
     AppendList(lines, u"Niet of anders overgekomen:", translation.problems.Lines(ProblemList::Loss));
+    return lines;
+}
+
+std::vector<Text> ProblemLines(const Translation& translation) {
+    std::vector<Text> lines = LossLines(translation);
     AppendList(lines, u"Volgens de controletabel en de instellingen:", translation.problems.Lines(ProblemList::Wanted));
     return lines;
 }
@@ -37,7 +42,7 @@ void WriteProblemBlock(Translation& translation) {
     if (!translation.problems.HasLoss()) return;
     LogBook& log = translation.log;
     log.WriteLine();
-    for (const Text& line : LossLines(translation)) log.WriteLine(line);
+    for (const Text& line : ProblemLines(translation)) log.WriteLine(line);
     log.WriteLine();
     log.WriteLine(u"Objectbalans:");
     for (const Text& line : AccountLines(translation)) log.WriteLine(line);

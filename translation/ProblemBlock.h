@@ -8,8 +8,9 @@ namespace korvande {
 
 struct Translation;
 
-// What did not come across as it was read, as lines: a title and the lines of each of the two lists that is not empty,
-// the second behind an empty line.
+// What is told at the end of a run, as lines: the title and the lines of each of the two lists that is not empty, the
+// second behind an empty line; or only what did not come across as it was read, the first list.
+std::vector<Text> ProblemLines(const Translation& translation);
 std::vector<Text> LossLines(const Translation& translation);
 
 // The account of the objects, a line for each kind that occurs.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "core/Text.h"
 #include "translation/Problem.h"
 
@@ -10,6 +12,7 @@ namespace korvande {
 // "{regel}" for what varies; "{(regel)}" for " (regel N)" when there is a line.
 struct KindSentence {
     ProblemKind kind;
+    std::string_view name;  // of the kind
     ProblemList list;
     bool isDamage;  // of the input
     TextView one;

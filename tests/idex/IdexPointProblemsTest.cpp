@@ -37,7 +37,7 @@ TEST_F(IdexPointProblems, PointsWithoutCoordinatesAreLeftOutWhenTheOptionSaysSo)
     EXPECT_EQ(Wanted(), Told{"1 punt zonder coördinaten weggelaten (op regel 10)"});
     const KindAccount& account = translation.account[ObjectKind::Point];
     EXPECT_EQ(account.read, 1);
-    EXPECT_EQ(account.leftOut[static_cast<std::size_t>(LeftOut::NoCoordinates)], 1);
+    EXPECT_EQ(account.leftOut[static_cast<std::size_t>(LeftOut::NoPlace)], 1);
 }
 
 TEST_F(IdexPointProblems, AnEdgeOnAPointThatWasLeftOutRefersToNone) {

@@ -121,8 +121,13 @@ TEST_F(IdexValueProblems, NeededColumnsThatATableLacksAreTold) {
 }
 
 TEST_F(IdexValueProblems, AColumnThatATableMayLackIsToldWhenOneOfAnUnknownNameMayBeIt) {
-    ASSERT_EQ(ReadTables("LINES (LineNo,Code,Descriptio,Flags1,Flags2)\n1,\"A\",\"B\",1,1;\nEND\n"), "");
-    EXPECT_EQ(Lost(), Told{"kolom DESCRIPTION in LINES ontbreekt (op regel 8)"});
+    ASSERT_EQ(ReadTables("POINTS (PointNo,PointID,East,North,Hoogte,Code,SymDir)\n1,\"\",5,5,2.5,\"\",0;\nEND\n"), "");
+    EXPECT_EQ(Lost(), Told{"kolom ELEVATION in POINTS ontbreekt (op regel 8)"});
+}
+
+TEST_F(IdexValueProblems, AColumnOfWhichNothingIsWrittenIsNeverMissed) {
+    ASSERT_EQ(ReadTables("LINES (LineNo,Code,Descriptio,Vlaggen)\n1,\"A\",\"B\",1;\nEND\n"), "");
+    EXPECT_TRUE(Lost().empty());
 }
 
 TEST_F(IdexValueProblems, ColumnsThatATableMayLackAreNotTold) {

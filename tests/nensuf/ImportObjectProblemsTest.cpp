@@ -23,6 +23,11 @@ class ImportObjectProblems : public ImportTest {
 
 const std::string three = At(0, 10000) + At(10000, 0) + At(0, -10000);
 
+TEST_F(ImportObjectProblems, CoordinatesInTheHeadOfAnObjectAreTold) {
+    EXPECT_EQ(LossOfGroups(Group("03", Field('M', "P10") + Field('G', "01") + At(1, 1)) + Geometry(At(2, 2))),
+              "1 punt van een groep overgeslagen (op regel 3)\n");
+}
+
 TEST_F(ImportObjectProblems, ObjectsLeftOutAreToldByTheirReasonWithTheirLine) {
     EXPECT_EQ(LossOfGroups(Group("03", Field('G', "12")) + Geometry(three)),
               "1 lijnstring zonder code of soort (op regel 3)\n");

@@ -163,8 +163,10 @@ Damaged ChangeSeparator(Patient& patient) {
     patient.Choose(IsRow);
     std::string& line = patient.Line();
     std::vector<std::size_t> separators;
+    bool isQuoted = false;
     for (std::size_t i = 0; i < line.size(); ++i) {
-        if (line[i] == ',') separators.push_back(i);
+        if (line[i] == '"') isQuoted = !isQuoted;
+        if (line[i] == ',' && !isQuoted) separators.push_back(i);
     }
     const std::size_t at = separators[patient.chance.Below(separators.size())];
     if (patient.chance.Once(2)) {
@@ -215,11 +217,10 @@ Damaged ChangeType(Patient& patient) {
 }
 
 Damaged SpoilField(Patient& patient) {
-    patient.Choose([](const std::string& line) { return line.find('X') != std::string::npos && line[0] == '0'; });
-    std::string& line = patient.Line();
-    const std::size_t field = line.find('X', 2);
-    if (field == std::string::npos || field + 10 > 62) return patient.Done("nothing");
-    MakeNoNumber(patient, line, field + 1, 9);
+    constexpr std::size_t firstX = 12;  // behind the first field
+    const auto isCoordinates = [](const std::string& line) { return line.starts_with("04") && line[firstX] == 'X'; };
+    if (!patient.Choose(isCoordinates)) return ChangeEndCode(patient);
+    MakeNoNumber(patient, patient.Line(), firstX + 1, 9);
     return patient.Done("coordinate");
 }
 

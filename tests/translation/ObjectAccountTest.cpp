@@ -60,6 +60,7 @@ TEST(ObjectAccount, EveryReasonHasItsWords) {
                                                   {LeftOut::OutsideRectangle, "buiten de rechthoek"},
                                                   {LeftOut::NoCode, "zonder code"},
                                                   {LeftOut::NoCoordinates, "zonder coördinaten"},
+                                                  {LeftOut::NoPlace, "zonder coördinaten, niet gewenst"},
                                                   {LeftOut::InvalidArc, "ongeldige boog"},
                                                   {LeftOut::Unfinished, "niet voltooid"},
                                                   {LeftOut::MissingRecord, "record ontbreekt"},

@@ -169,7 +169,8 @@ TEST_F(ProblemLists, AnEmptySecondListHasNoTitle) {
 
 TEST_F(ProblemLists, TheConsoleGetsTheSecondListAlsoWithoutTheFirst) {
     LeaveOut(translation, ObjectKind::Point, LeftOut::Dummy, 3);
-    EXPECT_EQ(InUtf8(LossLines(translation)),
+    EXPECT_EQ(InUtf8(LossLines(translation)), Lines{});
+    EXPECT_EQ(InUtf8(ProblemLines(translation)),
               (Lines{"Volgens de controletabel en de instellingen:", "  1 punt van het type DUMMY (op regel 3)"}));
 }
 
