@@ -75,9 +75,11 @@ RecordStyle PrepareRecordStyle(Translation& translation) {
     const Variant variant = translation.mode.variant;
     const bool nen = variant == Variant::Nen1878;
     const int sourceKind = std::max(translation.options.lstSource, 0);
-    const std::string rest = std::to_string(sourceKind) + "1   " +
-                             FormatFieldworkDate(translation.drawing, translation.log) +
-                             FormatSourceBlock(translation.owner);
+    const std::string date = FormatFieldworkDate(translation.drawing, translation.log);
+    if (date.empty() && !Trim(TextView(translation.drawing.DrawingDate)).empty()) {
+        Tell(translation, {.kind = ProblemKind::DateLeftOut});
+    }
+    const std::string rest = std::to_string(sourceKind) + "1   " + date + FormatSourceBlock(translation.owner);
     return {.options = translation.options,
             .variant = variant,
             .tails = {.point = (nen ? "  G0101" : "  G 10 ") + rest,

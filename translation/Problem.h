@@ -66,6 +66,7 @@ enum class ProblemKind {
     MutationStatus,
     MutationFile,        // words: the mark in its header
     LineTypeNotWritten,  // words: the line type
+    DateLeftOut,
     Unfinished,
     BlockSkipped,   // words: its name
     PointReplaced,  // by another POINTS table

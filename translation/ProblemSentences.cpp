@@ -93,6 +93,8 @@ constexpr KindSentence sentences[] = {
     {ProblemKind::LineTypeNotWritten, "LineTypeNotWritten", ProblemList::Loss, false,
      u"{n} {wat} van lijntype {woorden}, dat niet wordt geschreven",
      u"{n} {wat} van lijntype {woorden}, dat niet wordt geschreven"},
+    {ProblemKind::DateLeftOut, "DateLeftOut", ProblemList::Loss, false,
+     u"de veldwerkdatum is geen datum en is weggelaten", u""},
     {ProblemKind::Unfinished, "Unfinished", ProblemList::Loss, false, u"{n} {wat} niet voltooid",
      u"{n} {wat} niet voltooid"},
     {ProblemKind::BlockSkipped, "BlockSkipped", ProblemList::Loss, false, u"{n} regel van blok {woorden} overgeslagen",

@@ -63,6 +63,7 @@ class AppFiles : public ::testing::Test {
     TestRegistry registry{folder};
     EnvironmentValue moment{"SOURCE_DATE_EPOCH", "1795230000"};  // 21-11-2026 03:00:00 UTC
     const std::string projects = folder.Path() + "/projecten";
+    const std::string separator{static_cast<char>(std::filesystem::path::preferred_separator)};
 };
 
 // A program that is about to start, without a window.

@@ -74,6 +74,38 @@ TEST(CommandLine, JoinedArgumentsSplitIntoTheSameNames) {
               "1</TMP/MIJN KAART.SFN></TMP/EEN KAART.IDX>");
 }
 
+constexpr TextView program = u"C:\\Program Files\\KORVANDE\\korvande";
+
+TEST(CommandLine, TheProgramsOwnPathWithBlanksIsStrippedWithoutQuotesToo) {
+    const Text conversion = u"1\"C:\\MIJN KAART.SFN\" \"C:\\KAART.IDX\"";
+    for (const TextView written :
+         {u"C:\\Program Files\\KORVANDE\\korvande.exe", u"c:\\PROGRAM FILES\\korvande\\KORVANDE.EXE",
+          u"C:/Program Files/KORVANDE/korvande.exe", u"C:\\Program Files\\KORVANDE\\korvande",
+          u"\"C:\\Program Files\\KORVANDE\\korvande.exe\"", u"korvande.exe", u"korvande"}) {
+        EXPECT_EQ(BehindProgramName(Concat(written, u" ", conversion), program), conversion) << ToUtf8(written);
+        EXPECT_EQ(BehindProgramName(written, program), u"") << ToUtf8(written);
+    }
+}
+
+TEST(CommandLine, APathThatOnlyBeginsLikeTheProgramsEndsAtItsFirstBlank) {
+    EXPECT_EQ(BehindProgramName(u"C:\\Program Files\\KORVANDE\\korvande.exe2 1A", program),
+              u"Files\\KORVANDE\\korvande.exe2 1A");
+    EXPECT_EQ(BehindProgramName(u"D:\\k.exe\t/LISCAD ", program), u"/LISCAD");
+    EXPECT_EQ(BehindProgramName(u"\"C:\\k.exe", program), u"");
+    EXPECT_EQ(BehindProgramName(u"", program), u"");
+    EXPECT_EQ(BehindProgramName(u".exe 1A", u""), u"1A");
+}
+
+TEST(CommandLine, OneArgumentIsToldFromMoreOfThem) {
+    EXPECT_EQ(OnlyArgument(u" \"C:\\MIJN KAART.IDX\" "), u"C:\\MIJN KAART.IDX");
+    EXPECT_EQ(OnlyArgument(u"12kaart.idx"), u"12kaart.idx");
+    EXPECT_EQ(OnlyArgument(u"1 kaart.sfn"), u"");
+    EXPECT_EQ(OnlyArgument(u"\"a b.sfn\" \"c.idx\""), u"");
+    EXPECT_EQ(OnlyArgument(u"\""), u"\"");
+    EXPECT_EQ(OnlyArgument(u"\"\""), u"");
+    EXPECT_EQ(OnlyArgument(u""), u"");
+}
+
 TEST(CommandLine, TheSwitchIsFoundAnywhereInACommandLine) {
     EXPECT_TRUE(HasRegistrationSwitch(u"/LISCAD"));
     EXPECT_TRUE(HasRegistrationSwitch(u"  x /Liscad/y"));

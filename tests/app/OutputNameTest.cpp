@@ -102,6 +102,40 @@ TEST_F(OutputName, ARelativeNameStandsBesideTheInput) {
     }
 }
 
+TEST_F(OutputName, NamesThatWerePastedWithQuotesLoseThem) {
+    int changes = 0;
+    form.changed = [&] { ++changes; };
+    Choose(0, u" \"/data/mijn straat.idx\" ", u"");
+    ChooseMode(1);
+    EXPECT_EQ(Idex(), "/data/mijn straat.idx");
+    EXPECT_EQ(SufNen(), "/data/mijn straat.SF2");
+    EXPECT_GE(changes, 1);
+    const Text stays = u"/data/\"a\".idx";
+    for (const TextView name : {TextView(stays), TextView(u"\""), TextView(u"\"half.idx")}) {
+        options.txtFileIDEX = name;
+        TakeQuotesAway(form);
+        EXPECT_EQ(options.txtFileIDEX, name);
+    }
+}
+
+TEST_F(OutputName, ARunTakesTheQuotesAwayAroundItsNames) {
+    const Text input = folder.Write("mijn in.idx", Drawing());
+    Choose(0, Concat(u"\"", input, u"\""), Concat(u"\"", folder / "mijn uit.sfn", u"\""));
+    RunTranslation(form);
+    EXPECT_EQ(screen.messages, std::vector<std::string>{"Verwerking gereed"});
+    EXPECT_TRUE(FileIsThere(folder / "mijn uit.sfn"));
+    EXPECT_EQ(options.txtFileIDEX, input);
+}
+
+TEST_F(OutputName, TheFileDialogOpensInTheFolderOfANameBetweenQuotes) {
+    Choose(0, u"\"/data/mijn straat.idx\"", u"");
+    BrowseIdexFile(form, [](const FileDialog& dialog) {
+        EXPECT_EQ(dialog.folder, u"/data/");
+        EXPECT_EQ(dialog.fileName, u"mijn straat.idx");
+        return std::nullopt;
+    });
+}
+
 TEST_F(OutputName, ARunWritesARelativeOutputBesideItsInputAndShowsWhere) {
     std::filesystem::create_directory(folder.Path() + "/werk");
     Choose(0, folder.Write("werk/in.idx", Drawing()), u"STRAAT.SFN");

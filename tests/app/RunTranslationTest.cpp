@@ -68,6 +68,21 @@ TEST_F(RunTranslationTest, ARunThatIsDoneShowsNoStepAnyMore) {
     EXPECT_GT(screen.statuses.size(), 5U);
 }
 
+TEST_F(RunTranslationTest, WhatTheRunDidNotShowYetIsNotShownAfterIt) {
+    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
+    screen.onMessage = [&] {
+        screen.value = 0;
+        screen.pace.lastShown = {};
+        TellProgress(screen);
+        EXPECT_EQ(screen.value, 0);
+    };
+    // As the last record may do, between two moments at which the screen is told.
+    form.changed = [&] { screen.pace.hasValue = screen.pace.hasValue || form.activity.isTranslating; };
+    screen.pace.value = 1000;
+    RunTranslation(form);
+    EXPECT_EQ(LastMessage(), "Verwerking gereed");
+}
+
 TEST_F(RunTranslationTest, AMissingInputStopsTheRunBeforeAnythingIsWrittenAndKeepsTheRunMark) {
     Choose(0, folder / "weg.idx", folder / "uit.sfn");
     RunTranslation(form);

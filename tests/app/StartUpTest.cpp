@@ -42,13 +42,20 @@ TEST_F(StartUpTest, ALiscadWithoutAFolderForTheUserIsToldAndNothingIsTouched) {
     EXPECT_EQ(screen.boxes[0].icon, Icon::Critical);
 }
 
+TEST_F(StartUpTest, TheProjectFolderEndsInTheSystemsOwnSeparator) {
+    InstallLiscad();
+    TestRegistry::Set(u"SOFTWARE\\LISTECH\\LISCAD\\5.1\\SEE", u"UserPath", FromUtf8(projects + separator));
+    Start();
+    EXPECT_EQ(ToUtf8(form.ProjectFolder), projects + separator);
+}
+
 TEST_F(StartUpTest, TheInstallationIsRemembered) {
     InstallLiscad();
     EXPECT_EQ(Start(), AfterStartUp::OpenWindow);
     EXPECT_EQ(form.liscad.version, u"5.1");
     EXPECT_EQ(form.liscad.language, u"NL");
     EXPECT_EQ(form.liscad.dataPath, u"C:\\LISCAD\\Data\\");
-    EXPECT_EQ(ToUtf8(form.ProjectFolder), projects + "\\");
+    EXPECT_EQ(ToUtf8(form.ProjectFolder), projects + separator);
     EXPECT_TRUE(screen.messages.empty());
 }
 
@@ -57,7 +64,7 @@ TEST_F(StartUpTest, ThePreferredVersionsFolderIsTaken) {
     TestRegistry::Set(u"SOFTWARE\\LISTECH\\LISCAD\\4.0\\SEE", u"UserPath", u"C:\\OUD");
     Start();
     EXPECT_EQ(form.liscad.version, u"5.1");
-    EXPECT_EQ(ToUtf8(form.ProjectFolder), projects + "\\");
+    EXPECT_EQ(ToUtf8(form.ProjectFolder), projects + separator);
 }
 
 TEST_F(StartUpTest, VersionAndDateAreShownAndTheSourceIsUnknown) {
@@ -284,8 +291,8 @@ TEST_F(StartUpTest, AnUnwritableProjectFolderIsToldAndTheWindowOpensWithoutAProj
     std::filesystem::remove(projects);
     EXPECT_EQ(Start(), AfterStartUp::OpenWindow);
     ASSERT_EQ(screen.messages.size(), 1U);
-    EXPECT_EQ(screen.messages[0],
-              "Kon bestand: '" + projects + "\\Leeg Project.nst' niet opslaan;\nFoutcode: 76\nPad niet gevonden");
+    EXPECT_EQ(screen.messages[0], "Kon bestand: '" + projects + separator +
+                                      "Leeg Project.nst' niet opslaan;\nFoutcode: 76\nPad niet gevonden");
     EXPECT_EQ(screen.boxes[0].buttons, Buttons::RetryCancel);
     EXPECT_EQ(form.CurrentProject, u"");
     EXPECT_EQ(form.File1.index, -1);

@@ -38,6 +38,23 @@ TEST_F(UserSettingsTest, SavedSettingsComeBack) {
     EXPECT_EQ(ToUtf8(next.project.options.txtMaxY), "4,5");
 }
 
+#ifndef _WIN32  // where the system keeps them
+
+TEST_F(UserSettingsTest, WhatIsKeptAlreadyIsNotWrittenAgain) {
+    options.txtMinX = u"1";
+    SaveUserSettings(form);
+    const std::string file = folder.Path() + "/registry.reg";
+    const std::filesystem::file_time_type longAgo{};
+    std::filesystem::last_write_time(file, longAgo);
+    SaveUserSettings(form);
+    EXPECT_EQ(std::filesystem::last_write_time(file), longAgo);
+    options.txtMinX = u"2";
+    SaveUserSettings(form);
+    EXPECT_NE(std::filesystem::last_write_time(file), longAgo);
+}
+
+#endif
+
 }  // namespace
 
 }  // namespace korvande::testing

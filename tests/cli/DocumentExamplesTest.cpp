@@ -369,31 +369,6 @@ TEST(Documents, EveryProblemOnTheLogBookPageIsMadeOfWordsInTheSources) {
     }
 }
 
-// The words that the sources have for problems, from the lines that name a kind of problem or write one.
-Strings WordsOfProblems() {
-    constexpr std::ptrdiff_t fewestLetters = 4;
-    Strings words;
-    for (const std::string& source : LogBookSources()) {
-        for (const std::string& line : LinesOf(source)) {
-            const bool isOfProblem = Holds(line, "ProblemKind::") || Holds(line, "WriteError(");
-            for (const std::string& literal : isOfProblem ? LiteralsIn(line) : Strings()) {
-                for (const std::string& part : PartsOf(literal)) {
-                    if (std::count_if(part.begin(), part.end(), IsLetter) >= fewestLetters) words.push_back(part);
-                }
-            }
-        }
-    }
-    return words;
-}
-
-TEST(Documents, EveryProblemThatTheSourcesHaveWordsForIsOnTheLogBookPage) {
-    std::string page;
-    for (const std::string& problem : Problems()) page += problem + "\n";
-    const Strings words = WordsOfProblems();
-    EXPECT_FALSE(words.empty());
-    for (const std::string& word : words) EXPECT_TRUE(Holds(page, word)) << word;
-}
-
 TEST(Documents, EveryProblemInAGoldenLogBookIsOnTheLogBookPage) {
     constexpr std::string_view mark = "FOUT:  ";
     std::set<std::string> problems;

@@ -42,7 +42,7 @@ TEST_F(OnATerminal, ProgressTellsTheStepWithABarAndAPercentage) {
     }
     EXPECT_TRUE(Has(result.error, " [..............................] 0%"));
     // The progress line is gone before anything else is shown.
-    EXPECT_TRUE(Has(result.error, "\r\x1B[KPunten: 3 gelezen")) << result.error;
+    EXPECT_TRUE(Has(result.error, "\r\x1B[KVolgens de controletabel")) << result.error;
     EXPECT_FALSE(Has(result.output, "\x1B"));
 }
 

@@ -221,6 +221,9 @@ TEST_F(TranslateOptions, QuietMeansNoAccountButStillTroubles) {
 TEST_F(TranslateOptions, TheAccountTellsWhatWasLeftOut) {
     const ProgramResult result = Translate("idex-nen1878", {"--project", "t.nst", "a.idx", "uit.sfn"});
     EXPECT_EQ(result.error,
+              "Volgens de controletabel en de instellingen:\n"
+              "  het bestand is gelezen als UTF-8 (op regel 33)\n"
+              "  1 punt met een onbekende code (op regel 18)\n"
               "Punten: 3 gelezen, 2 geschreven, 1 weggelaten (1 onbekende code)\n"
               "Lijnsegmenten: 1 gelezen, 1 geschreven, 0 weggelaten\n"
               "Teksten: 1 gelezen, 1 geschreven, 0 weggelaten\n");
@@ -246,7 +249,7 @@ TEST_F(TranslateOptions, WithoutALogBookTheErrorsAreTold) {
     const ProgramResult result = Translate("nen1878-idex", {"--geen-logboek", "b.nen", "uit.idx"});
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(Has(result.error, "FOUT:  Punt, 04 record ontbreekt\n")) << result.error;
-    EXPECT_TRUE(Has(result.error, "b.nen is vertaald, met fouten.\n")) << result.error;
+    EXPECT_TRUE(Has(result.error, "b.nen is vertaald, met 1 fout en 1 verloren object.\n")) << result.error;
     EXPECT_EQ(folder.Listing(), "a.idx a.nen a.suf b.nen t.nst uit.idx");
     ExpectRefused({"vertaal", "--modus", "idex-suf2", "--geen-logboek", "--logboek", "x", "a.idx"},
                   "--logboek en --geen-logboek gaan niet samen.");

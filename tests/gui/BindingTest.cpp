@@ -1,3 +1,5 @@
+#include <wx/checkbox.h>
+#include <wx/choice.h>
 #include <wx/radiobut.h>
 
 #include "tests/gui/WindowTest.h"
@@ -36,6 +38,52 @@ TEST_F(BindingTest, TheOtherDateCanBeTypedOnlyWhileItIsChosen) {
     EXPECT_FALSE(form.project.options.optDateNow);
     Click("optDateSEE");
     EXPECT_FALSE(date.IsEnabled());
+}
+
+TEST_F(BindingTest, ABoxThatAnOptionMakesCountCanBeTypedInOnlyWhileItIsSet) {
+    SelectTab(1);
+    const std::pair<const char*, std::vector<const char*>> options[] = {
+        {"chkSelectXY", {"txtMinX", "txtMaxX", "txtMinY", "txtMaxY"}},
+        {"chkExportPointnoAsText", {"txtPnoTxtLKI"}},
+        {"chkExportHeightAsText", {"txtEleTxtLKI"}}};
+    for (const auto& [option, boxes] : options) {
+        for (const bool isSet : {true, false}) {
+            if (Find<wxCheckBox>(option).GetValue() != isSet) Click(option);
+            for (const char* const box : boxes) EXPECT_EQ(Find<wxTextCtrl>(box).IsEnabled(), isSet) << box;
+        }
+    }
+}
+
+TEST_F(BindingTest, HowFilesAreReadIsInTheFormAtOnce) {
+    SelectTab(1);
+    Click("chkWithoutZeroes");
+    EXPECT_TRUE(form.project.options.chkWithoutZeroes);
+    EXPECT_EQ(Find<wxChoice>("cboCharacterSet").GetStringSelection(), "Automatisch");
+    Choose("cboCharacterSet", 2);
+    EXPECT_EQ(ToUtf8(form.project.options.cboCharacterSet), "CP850 (DOS)");
+    EXPECT_EQ(CharacterSetOf(form.project.options), CharacterSet::Cp850);
+    Choose("cboCharacterSet", 1);
+    EXPECT_EQ(CharacterSetOf(form.project.options), CharacterSet::Windows1252);
+    Choose("cboCharacterSet", 0);
+    EXPECT_EQ(CharacterSetOf(form.project.options), CharacterSet::Automatic);
+}
+
+TEST_F(BindingTest, TheLettersOfTheReadingOptionsAreTheirOwn) {
+    SelectTab(1);
+    Click("chkSelectXY");
+    Find<wxWindow>("txtMinY").SetFocus();
+    simulator.Char('W', wxMOD_ALT);
+    LetEventsRun();
+    EXPECT_TRUE(form.project.options.chkWithoutZeroes);
+    simulator.Char('X', wxMOD_ALT);
+    LetEventsRun();
+    EXPECT_TRUE(Find<wxWindow>("txtMinX").HasFocus());
+    simulator.Char('K', wxMOD_ALT);
+    LetEventsRun();
+    EXPECT_TRUE(Find<wxChoice>("cboCharacterSet").HasFocus());
+    simulator.Char('V', wxMOD_ALT);
+    LetEventsRun();
+    EXPECT_TRUE(Find<wxChoice>("cboXlateMode").HasFocus());
 }
 
 TEST_F(BindingTest, AReportIsChosenAmongFour) {

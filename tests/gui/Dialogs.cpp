@@ -4,6 +4,7 @@
 #include <wx/printdlg.h>
 
 #include "tests/gui/Waiting.h"
+#include "ui/MessageDialog.h"
 #include "ui/WxText.h"
 
 namespace korvande::testing {
@@ -18,13 +19,14 @@ std::string Caption(wxString label) {
     return Utf8(wxStripMenuCodes(label));
 }
 
-std::string Labels(const wxMessageDialog& box) {
-    const long style = box.GetMessageDialogStyle();
-    if ((style & wxYES_NO) != 0) {
-        return Caption(box.GetYesLabel()) + " " + Caption(box.GetNoLabel()) + " " + Caption(box.GetCancelLabel());
+// The captions of its buttons, separated by blanks.
+std::string Labels(const MessageDialog& box) {
+    std::string labels;
+    for (const int id : {wxID_YES, wxID_NO, wxID_OK, wxID_CANCEL}) {
+        const wxWindow* const button = box.FindWindow(id);
+        if (button != nullptr) labels += (labels.empty() ? "" : " ") + Caption(button->GetLabel());
     }
-    if ((style & wxCANCEL) != 0) return Caption(box.GetOKLabel()) + " " + Caption(box.GetCancelLabel());
-    return Caption(box.GetOKLabel());
+    return labels;
 }
 
 }  // namespace
@@ -32,7 +34,7 @@ std::string Labels(const wxMessageDialog& box) {
 int Dialogs::Enter(wxDialog* dialog) {
     // Some dialogs tell twice that they are about to be shown.
     if (dialog == shown) return wxID_NONE;
-    if (auto* const box = dynamic_cast<wxMessageDialog*>(dialog)) return Answer(*box);
+    if (auto* const box = dynamic_cast<MessageDialog*>(dialog)) return Answer(*box);
     if (auto* const file = dynamic_cast<wxFileDialog*>(dialog)) return Answer(*file);
     // Printing goes through a dialog that is not shown.
     if (dynamic_cast<wxPrintDialogBase*>(dialog) != nullptr) return wxID_NONE;
@@ -48,8 +50,8 @@ void Dialogs::Exit(wxDialog* dialog) {
     repeating.reset();
 }
 
-int Dialogs::Answer(wxMessageDialog& box) {
-    messages.push_back(Utf8(box.GetMessage()));
+int Dialogs::Answer(MessageDialog& box) {
+    messages.push_back(Utf8(box.Message()));
     titles.push_back(Utf8(box.GetTitle()));
     labels.push_back(Labels(box));
     if (onShownMessage) {
@@ -58,7 +60,7 @@ int Dialogs::Answer(wxMessageDialog& box) {
         return wxID_NONE;
     }
     if (onMessage) onMessage();
-    if (buttons.empty()) return (box.GetMessageDialogStyle() & wxCANCEL) != 0 ? wxID_CANCEL : wxID_OK;
+    if (buttons.empty()) return box.GetEscapeId();
     const int button = buttons.front();
     buttons.pop_front();
     return button;

@@ -2,7 +2,6 @@
 
 #include <wx/filedlg.h>
 #include <wx/modalhook.h>
-#include <wx/msgdlg.h>
 #include <wx/timer.h>
 
 #include <deque>
@@ -13,6 +12,10 @@
 
 #include "core/Text.h"
 
+namespace korvande {
+class MessageDialog;
+}
+
 namespace korvande::testing {
 
 // Answers the window's modal dialogs in a person's place, and records them (in UTF-8).
@@ -20,8 +23,7 @@ class Dialogs : public wxModalDialogHook {
  public:
     Dialogs() { Register(); }
 
-    // Message boxes: each takes the next of these buttons (wxID_YES, ...); when none is left, Cancel, or OK where there
-    // is no Cancel.
+    // Message boxes: each takes the next of these buttons (wxID_YES, ...); when none is left, what Escape presses.
     std::deque<int> buttons;
     std::vector<std::string> messages;
     std::vector<std::string> titles;
@@ -61,7 +63,7 @@ class Dialogs : public wxModalDialogHook {
         std::function<void()> action;
     };
 
-    int Answer(wxMessageDialog& box);
+    int Answer(MessageDialog& box);
     int Answer(wxFileDialog& dialog);
 
     wxDialog* shown = nullptr;

@@ -77,7 +77,7 @@ TEST_P(FormatQuestionTest, CancelEndsTheImport) {
     ASSERT_GE(dialogs.messages.size(), 2U);
     EXPECT_EQ(dialogs.messages[1], GetParam().cancelled);
     EXPECT_THAT(LogBookText("uit.LOG"), HasSubstr(std::string("==>  ") + GetParam().cancelled));
-    EXPECT_EQ(dialogs.messages.back(), "Verwerking gereed");
+    EXPECT_EQ(dialogs.messages.back(), ToUtf8(folder / "in.sfn") + " is niet vertaald: afgebroken.");
     EXPECT_TRUE(Find<wxButton>("cmdStart").IsEnabled());
 }
 

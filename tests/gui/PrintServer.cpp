@@ -8,6 +8,44 @@
 
 namespace korvande::testing {
 
+namespace {
+
+// A printer that takes documents of one kind, which nothing makes.
+constexpr char foreignPrinter[] = R"ppd(*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*FileVersion: "1.0"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
+*PCFileName: "VREEMD.PPD"
+*Manufacturer: "Proef"
+*Product: "(Proef)"
+*ModelName: "Proef"
+*ShortNickName: "Proef"
+*NickName: "Proef"
+*PSVersion: "(3010.000) 0"
+*LanguageLevel: "3"
+*ColorDevice: False
+*DefaultColorSpace: Gray
+*FileSystem: False
+*cupsFilter: "application/x-proef 0 -"
+*OpenUI *PageSize/Media Size: PickOne
+*DefaultPageSize: A4
+*PageSize A4/A4: "<</PageSize[595 842]>>setpagedevice"
+*CloseUI: *PageSize
+*OpenUI *PageRegion: PickOne
+*DefaultPageRegion: A4
+*PageRegion A4/A4: "<</PageSize[595 842]>>setpagedevice"
+*CloseUI: *PageRegion
+*DefaultImageableArea: A4
+*ImageableArea A4/A4: "18 36 577 806"
+*DefaultPaperDimension: A4
+*PaperDimension A4/A4: "595 842"
+*DefaultFont: Courier
+*Font Courier: Standard "(002.004S)" Standard ROM
+)ppd";
+
+}  // namespace
+
 // Documents are kept in the spool folder as they came.
 PrintServer::PrintServer() {
     const std::string& path = folder.Path();
@@ -27,7 +65,10 @@ PrintServer::PrintServer() {
                                path + "/access_log\nErrorLog " + path + "/error_log\nPageLog " + path +
                                "/page_log\nFileDevice Yes\n");
     folder.Write("configuration/printers.conf",
-                 "<DefaultPrinter proef>\nDeviceURI file:///dev/null\nState Idle\nAccepting Yes\n</DefaultPrinter>\n");
+                 "<DefaultPrinter proef>\nDeviceURI file:///dev/null\nState Idle\nAccepting Yes\n</DefaultPrinter>\n"
+                 "<Printer vreemd>\nDeviceURI file:///dev/null\nState Idle\nAccepting Yes\n</Printer>\n");
+    std::filesystem::create_directory(path + "/configuration/ppd");
+    folder.Write("configuration/ppd/vreemd.ppd", foreignPrinter);
     server.emplace(Start{.program = "/usr/sbin/cupsd",
                          .arguments = {"-f", "-c", ToUtf8(settings), "-s", ToUtf8(places)},
                          .timeLimit = std::chrono::seconds(300)});

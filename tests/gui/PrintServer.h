@@ -8,9 +8,9 @@
 
 namespace korvande::testing {
 
-// A printing system of the test's own, with one printer, which is the default one: nothing is put on paper, what is
-// printed can be read back. There can be one in a test program, for the library that speaks to it remembers where it
-// is.
+// A printing system of the test's own: nothing is put on paper, what is printed can be read back. Its default printer,
+// "proef", takes any document; "vreemd" takes none that a program makes. There can be one in a test program, for the
+// library that speaks to it remembers where it is.
 class PrintServer {
  public:
     PrintServer();

@@ -167,6 +167,13 @@ TEST_F(PrintingTest, APrinterThatTakesNoJobsKeepsTheLogBookAndAMessageNamesIt) {
     ExpectThatItCannotBePrinted();
 }
 
+TEST_F(PrintingTest, APrinterThatRefusesTheKindOfDocumentKeepsTheLogBookAndAMessageNamesIt) {
+    Ask("/usr/sbin/lpadmin", {"-d", "vreemd"});
+    Print("regel\n");
+    Ask("/usr/sbin/lpadmin", {"-d", "proef"});
+    ExpectThatItCannotBePrinted();
+}
+
 TEST_F(PrintingTest, WithoutADefaultPrinterAMessageNamesTheLogBookAtOnce) {
     const Text answers = folder.Write("lpstat", "#!/bin/sh\necho 'no system default destination'\n");
     std::filesystem::permissions(ToUtf8(answers), std::filesystem::perms::owner_all);

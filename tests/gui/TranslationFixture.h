@@ -44,6 +44,10 @@ class TranslationFixture : public WindowTest {
         std::erase(text, '\r');
         return text;
     }
+    // The closing message of the sample drawing, of which a few texts do not come across as they are.
+    std::string SampleIsTranslated() const {
+        return ToUtf8(folder / "straat.idx") + " is vertaald, met gegevens die niet of anders zijn overgekomen.";
+    }
     std::string KeptMessage(const std::string& name = "straat.LOG") const {
         return "LOGBOEK is opgeslagen in:\n\n" + ToUtf8(folder / name);
     }

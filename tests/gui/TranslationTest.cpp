@@ -10,6 +10,7 @@
 #include <fstream>
 #include <set>
 
+#include "core/NativePath.h"
 #include "tests/gui/TranslationFixture.h"
 
 namespace korvande::testing {
@@ -46,7 +47,7 @@ TEST_F(TranslationTest, FromChoosingTheFilesToTheFinishedLogBook) {
     EXPECT_EQ(TextOf("txtFileSUFNEN"), ToUtf8(folder / "uitvoer.sfn"));
     Click("optReportDisk");
     Click("cmdStart");
-    EXPECT_THAT(dialogs.messages, ElementsAre(KeptMessage("uitvoer.LOG"), "Verwerking gereed"));
+    EXPECT_THAT(dialogs.messages, ElementsAre(KeptMessage("uitvoer.LOG"), SampleIsTranslated()));
     EXPECT_EQ(FileBytes(folder / "uitvoer.sfn").substr(0, 3), "010");
     const std::string log = LogBookText("uitvoer.LOG");
     EXPECT_THAT(log, HasSubstr("\n     Bewerking:  IDEX >> NEN1878\n     Start:      "));
@@ -59,15 +60,19 @@ TEST_F(TranslationTest, EveryModeOfTheListTranslates) {
     Open();
     struct Mode {
         int index;
-        const char* output;
+        const char* outputBox;
         const char* begin;
     };
-    for (const Mode& mode : {Mode{0, "straat.sfn", "010NEN1878"}, Mode{2, "straat.idx", "HEADER"},
-                             Mode{1, "straat.sfn", "010     "}, Mode{3, "straat.idx", "HEADER"}}) {
+    for (const Mode& mode : {Mode{0, "txtFileSUFNEN", "010NEN1878"}, Mode{2, "txtFileIDEX", "HEADER"},
+                             Mode{1, "txtFileSUFNEN", "010     "}, Mode{3, "txtFileIDEX", "HEADER"}}) {
         Choose("cboXlateMode", mode.index);
+        LetEventsRun();
+        // What is there is replaced.
+        dialogs.buttons = {wxID_YES, wxID_YES};
         Press("cmdStart");
-        EXPECT_EQ(dialogs.LastMessage(), "Verwerking gereed");
-        EXPECT_THAT(FileBytes(folder / mode.output), ::testing::StartsWith(mode.begin)) << mode.index;
+        EXPECT_THAT(dialogs.LastMessage(), ::testing::AnyOf("Verwerking gereed", HasSubstr(" is vertaald, met ")));
+        const std::string output = NativePath(FromUtf8(TextOf(mode.outputBox)));
+        EXPECT_THAT(FileBytes(FromUtf8(output)), ::testing::StartsWith(mode.begin)) << mode.index;
     }
 }
 
@@ -144,6 +149,7 @@ TEST_F(TranslationTest, AnEditUnderWayCountsInTheRun) {
 
 TEST_F(TranslationTest, WithoutALogBookNoFileRemains) {
     Open();
+    Type("txtFileIDEX", ToUtf8(LargeDrawing(10)));
     Click("optReportNone");
     Press("cmdStart");
     EXPECT_THAT(dialogs.messages, ElementsAre("Verwerking gereed"));
@@ -159,7 +165,7 @@ TEST_F(TranslationTest, ASecondRunAfterAFailedOneSucceeds) {
     EXPECT_TRUE(Find<wxButton>("cmdStart").IsEnabled());
     Type("txtFileIDEX", ToUtf8(folder / "straat.idx"));
     Click("cmdStart");
-    EXPECT_EQ(dialogs.LastMessage(), "Verwerking gereed");
+    EXPECT_EQ(dialogs.LastMessage(), SampleIsTranslated());
     EXPECT_TRUE(FileIsThere(folder / "straat.sfn"));
 }
 
@@ -217,7 +223,7 @@ TEST_F(TranslationTest, RetryOpensALogBookThatCouldNotBeOpened) {
                                                            "' niet opslaan;\nFoutcode: 76\n"));
     EXPECT_EQ(dialogs.labels[0], "Opnieuw Annuleren");
     EXPECT_EQ(dialogs.messages[1], dialogs.messages[0]);
-    EXPECT_EQ(dialogs.LastMessage(), "Verwerking gereed");
+    EXPECT_EQ(dialogs.LastMessage(), SampleIsTranslated());
     EXPECT_TRUE(FileIsThere(folder / "map/straat.sfn"));
 }
 
@@ -263,7 +269,7 @@ TEST_F(TranslationTest, TablesWhoseLastRowWasDeletedLeaveTheirObjectsOut) {
     }
     window->ShowForm();
     Press("cmdStart");
-    EXPECT_EQ(dialogs.LastMessage(), "Verwerking gereed");
+    EXPECT_EQ(dialogs.LastMessage(), SampleIsTranslated());
     EXPECT_THAT(LogBookText(), HasSubstr("GEEN"));
     EXPECT_EQ(FileBytes(folder / "straat.sfn").find("\n03"), std::string::npos);
 }
@@ -276,7 +282,7 @@ TEST_F(TranslationTest, TheViewerGetsTheLogBook) {
     Open();
     Click("optReportScreen");
     Press("cmdStart");
-    EXPECT_THAT(dialogs.messages, ElementsAre("Verwerking gereed"));
+    EXPECT_THAT(dialogs.messages, ElementsAre(SampleIsTranslated()));
     WaitUntil("the viewer", [this] { return FileIsThere(folder / "kijker.naam"); });
     EXPECT_EQ(FileBytes(folder / "kijker.naam"), ToUtf8(folder / "straat.LOG"));
 }
@@ -286,14 +292,15 @@ TEST_F(TranslationTest, WithoutAViewerAMessageNamesTheLogBook) {
     Open();
     Click("optReportScreen");
     Press("cmdStart");
-    EXPECT_THAT(dialogs.messages, ElementsAre("Het logboek kan niet worden getoond. Het is opgeslagen in:\n\n" +
-                                                  ToUtf8(folder / "straat.LOG"),
-                                              "Verwerking gereed"));
+    EXPECT_THAT(dialogs.messages,
+                ElementsAre(SampleIsTranslated(), "Het logboek kan niet worden getoond. Het is opgeslagen in:\n\n" +
+                                                      ToUtf8(folder / "straat.LOG")));
     EXPECT_TRUE(FileIsThere(folder / "straat.LOG"));
 }
 
 TEST_F(TranslationTest, TheFinishedMessageIsAnsweredWithEnter) {
     Open();
+    Type("txtFileIDEX", ToUtf8(LargeDrawing(10)));
     dialogs.onShownMessage = [this] {
         simulator.MouseMove(window->GetScreenPosition() + window->GetSize() / 2);
         simulator.Char(WXK_RETURN);

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
+#include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/grid.h>
+#include <wx/scrolwin.h>
 
 #include "app/TabPlacement.h"
 #include "tests/gui/WindowTest.h"
@@ -20,9 +22,31 @@ class WindowStartTest : public WindowTest {
         return modes;
     }
 
-    // Where a control stands on its page, in twips, to a pixel.
+    // Where a control stands on its page, wherever that is scrolled to.
+    wxPoint PlaceOf(const char* name) const {
+        const auto& control = Find<wxWindow>(name);
+        const auto& page = dynamic_cast<wxScrolledWindow&>(*control.GetGrandParent());
+        return page.CalcUnscrolledPosition(page.ScreenToClient(control.GetScreenPosition()));
+    }
+
+    // Far to the left of any page.
+    void ExpectOutOfSight() const {
+        for (const char* const name : {"cmdStart", "cboXlateMode"}) {
+            EXPECT_NEAR(Find<wxWindow>(name).GetPosition().x, window->FromDIP(-9999) / 15.0, 0.6) << name;
+        }
+    }
+
+    // Makes the window too small for its first page; that page.
+    wxScrolledWindow& ShrinkTo(wxSize size) const {
+        window->SetSize(window->FromDIP(size));
+        auto& page = dynamic_cast<wxScrolledWindow&>(*Find<wxNotebook>("tabs").GetPage(tabGeneral));
+        WaitUntil("a small page", [&] { return page.GetClientSize().y + 50 < page.GetVirtualSize().y; });
+        return page;
+    }
+
+    // In twips, to a pixel.
     void ExpectAt(const char* name, int left, int top) const {
-        const wxPoint place = Find<wxWindow>(name).GetPosition();
+        const wxPoint place = PlaceOf(name);
         EXPECT_NEAR(place.x, window->FromDIP(left) / 15.0, 0.6) << name;
         EXPECT_NEAR(place.y, window->FromDIP(top) / 15.0, 0.6) << name;
     }
@@ -65,12 +89,58 @@ TEST_F(WindowStartTest, TheStartButtonAndTheModeListMoveAlongWithTheTabs) {
     EXPECT_TRUE(Find<wxWindow>("cmdStart").IsShownOnScreen());
     for (const int tab : {tabPoints, tabLines, tabTexts, tabInformation}) {
         SelectTab(tab);
-        ExpectAt("cmdStart", -9999, 5040);
-        ExpectAt("cboXlateMode", -9999, 5280);
+        ExpectOutOfSight();
     }
     SelectTab(tabGeneral);
     ExpectAt("cmdStart", 8040, 5040);
     EXPECT_TRUE(Find<wxWindow>("cmdStart").IsShownOnScreen());
+}
+
+TEST_F(WindowStartTest, TheStartRowScrollsWithItsPage) {
+    Start();
+    wxScrolledWindow& page = ShrinkTo({500, 350});
+    page.Scroll(page.GetScrollRange(wxHORIZONTAL), page.GetScrollRange(wxVERTICAL));
+    LetEventsRun();
+    ASSERT_GT(page.GetViewStart().y, 0);
+    window->ShowForm();
+    LetEventsRun();
+    ExpectAt("cmdStart", 8040, 5040);
+    ExpectAt("cboXlateMode", 4320, 5280);
+    SelectTab(tabInformation);
+    SelectTab(tabGeneral);
+    ExpectAt("cmdStart", 8040, 5040);
+}
+
+TEST_F(WindowStartTest, TheTabKeyGoesFromTheFilesAndTheLogBookToTheStartAndThenToTheOwner) {
+    Start();
+    const auto& page = *Find<wxNotebook>("tabs").GetPage(tabGeneral);
+    std::string order;
+    for (const wxWindow* const child : page.GetChildren()) order += child->GetName().utf8_string() + " ";
+    EXPECT_EQ(order, "framProject framStandalone framReport framStart framOwner ");
+    EXPECT_EQ(Find<wxWindow>("cmdStart").GetParent()->GetName(), "framStart");
+    Find<wxWindow>("optReportScreen").SetFocus();
+    LetEventsRun();
+    Key(WXK_TAB);  // the list, whose focus the toolkit keeps to itself
+    Key(WXK_TAB);
+    EXPECT_TRUE(Find<wxWindow>("cmdStart").HasFocus());
+    Key(WXK_TAB);
+    EXPECT_TRUE(Find<wxWindow>("txtNameLong").HasFocus());
+}
+
+TEST_F(WindowStartTest, TheMouseWheelOverTheModesScrollsThePageAndChoosesNothing) {
+    Start();
+    const wxScrolledWindow& page = ShrinkTo({700, 450});
+    auto& modes = Find<wxChoice>("cboXlateMode");
+    Choose("cboXlateMode", 1);
+    wxMouseEvent event(wxEVT_MOUSEWHEEL);
+    event.SetEventObject(&modes);
+    event.m_wheelRotation = -120;
+    event.m_wheelDelta = 120;
+    event.m_linesPerAction = 3;
+    EXPECT_TRUE(modes.HandleWindowEvent(event));
+    LetEventsRun();
+    EXPECT_EQ(modes.GetSelection(), 1);
+    EXPECT_GT(page.GetViewStart().y, 0);
 }
 
 TEST_F(WindowStartTest, AnImportOfTheCommandLineRunsAndEndsTheProgram) {
@@ -82,7 +152,7 @@ TEST_F(WindowStartTest, AnImportOfTheCommandLineRunsAndEndsTheProgram) {
     EXPECT_FALSE(Find<wxWindow>("framStandalone").IsShown());
     EXPECT_FALSE(Find<wxWindow>("txtFileIDEX").IsShown());
     SelectTab(tabSettings);
-    ExpectAt("cmdStart", -9999, 5040);
+    ExpectOutOfSight();
     SelectTab(tabGeneral);
     SelectReport(form.project.options, &Options::optReportNone);
     Press("cmdStart");
@@ -124,12 +194,13 @@ TEST_F(WindowStartTest, TheSwitchRegistersWithLiscadAndEndsTheProgram) {
                 ::testing::StartsWith("2|SUF2|*.sf2|"));
 }
 
-TEST_F(WindowStartTest, WithoutLiscadAMessageEndsTheProgram) {
+TEST_F(WindowStartTest, WithoutLiscadAndWithoutAFolderForTheProjectsTheProgramEnds) {
     std::filesystem::remove(folder.Path() + "/registry.reg");
+    dialogs.buttons = {wxID_OK, wxID_NO};
     Start();
     EXPECT_FALSE(IsOpen());
-    EXPECT_THAT(dialogs.messages, ElementsAre("Liscad niet gevonden; afbreken"));
-    EXPECT_THAT(dialogs.labels, ElementsAre("OK"));
+    EXPECT_THAT(dialogs.messages, ElementsAre("Liscad niet gevonden; afbreken", HasSubstr("Nu een map kiezen?")));
+    EXPECT_THAT(dialogs.labels, ElementsAre("OK", "Ja Nee"));
 }
 
 TEST_F(WindowStartTest, AProjectFolderThatIsNotThereIsToldAndTheWindowOpens) {
@@ -137,7 +208,7 @@ TEST_F(WindowStartTest, AProjectFolderThatIsNotThereIsToldAndTheWindowOpens) {
     Start();
     ASSERT_TRUE(IsOpen());
     ASSERT_FALSE(dialogs.messages.empty());
-    EXPECT_THAT(dialogs.messages[0], HasSubstr("Kon bestand: '" + projects + "\\Leeg Project.nst' niet opslaan;\n"));
+    EXPECT_THAT(dialogs.messages[0], HasSubstr("Kon bestand: '" + projects + "/Leeg Project.nst' niet opslaan;\n"));
     EXPECT_EQ(dialogs.labels[0], "Opnieuw Annuleren");
 }
 
@@ -149,7 +220,7 @@ TEST_F(WindowStartTest, ABrokenControlTableIsLoadedAsFarAsItGoes) {
     Start();
     ASSERT_TRUE(IsOpen());
     EXPECT_THAT(dialogs.messages,
-                ElementsAre("De controletabel lijkt afgebroken: er is geen [End]:\n" + projects + "\\stuk.nst"));
+                ElementsAre("De controletabel lijkt afgebroken: er is geen [End]:\n" + projects + "/stuk.nst"));
     EXPECT_EQ(TextOf("txtCity"), "HEELDORP");
     EXPECT_EQ(Find<wxGrid>("gridPoints").GetNumberRows(), 2);
 }
@@ -165,12 +236,34 @@ TEST_F(WindowStartTest, ClosingSavesTheProjectAndTheSettings) {
     WriteProject("EEN.NST");
     Start();
     Type("txtCity", "NIEUWSTAD");
+    form.project.options.chkSelectXY = true;
+    window->ShowForm();
     Type("txtMinX", "120");
     Close();
     EXPECT_FALSE(IsOpen());
     EXPECT_THAT(ProjectBytes("EEN.NST"), HasSubstr("Town = NIEUWSTAD\r\n"));
     EXPECT_EQ(TestRegistry::Value(u"Software\\TERAMUND\\KORVANDE", u"CurrProject"), "EEN.NST");
     EXPECT_EQ(TestRegistry::Value(u"Software\\TERAMUND\\KORVANDE", u"MinX"), "120");
+}
+
+TEST_F(WindowStartTest, HowFilesAreReadIsTheUsersOwnWhateverTheProject) {
+    WriteProject("EEN.NST");
+    WriteProject("TWEE.NST");
+    Start();
+    SelectTab(tabSettings);
+    Choose("cboCharacterSet", 2);
+    Click("chkWithoutZeroes");
+    Choose("File1", 1);
+    EXPECT_EQ(Find<wxChoice>("cboCharacterSet").GetSelection(), 2);
+    EXPECT_TRUE(form.project.options.chkWithoutZeroes);
+    Close();
+    EXPECT_EQ(TestRegistry::Value(u"Software\\TERAMUND\\KORVANDE", u"CharacterSet"), "CP850 (DOS)");
+    EXPECT_EQ(TestRegistry::Value(u"Software\\TERAMUND\\KORVANDE", u"WithoutZeroes"), "1");
+    WaitUntil("the end of the window", [this] { return !IsOpen(); });
+    form.project.options = {};
+    Start();
+    EXPECT_EQ(Find<wxChoice>("cboCharacterSet").GetSelection(), 2);
+    EXPECT_TRUE(Find<wxCheckBox>("chkWithoutZeroes").GetValue());
 }
 
 }  // namespace

@@ -51,6 +51,20 @@ TEST(FileNames, AFolderGetsTheSeparatorThatItUses) {
     EXPECT_EQ(FolderWithSeparator(u"uit"), Concat(u"uit", Text(1, fs::path::preferred_separator)));
 }
 
+TEST(FileNames, ANameInFullHasItsFolder) {
+    const TestFolder folder;
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.Path());
+    folder.Write("Café.idx", "x");
+    const Text full = FullName(u"Café.idx");
+    const Text missing = FullName(u"weg.idx");
+    fs::current_path(before);
+    EXPECT_TRUE(SameFile(full, folder / "Café.idx")) << ToUtf8(full);
+    EXPECT_EQ(FileNameOf(missing), u"weg.idx");
+    EXPECT_NE(FolderOf(missing), u"");
+    EXPECT_TRUE(SameFile(FullName(folder / "Café.idx"), folder / "Café.idx"));
+}
+
 TEST(ListOfFiles, AFolderIsListedByPatternWithoutRegardToCase) {
     const TestFolder folder;
     for (const char* name : {"straat.nst", "ALFA.NST", "beta.Nst", "zeta.nst2", "geen.txt", "Ärger.nst", "nst"}) {

@@ -76,6 +76,14 @@ TEST_F(Replacement, AFileIsGivenOtherBytesAsAWhole) {
     }
 }
 
+TEST_F(Replacement, AFileIsReadAsAWholeWithEveryByteOfIt) {
+    std::string bytes(10000, '\xE9');
+    bytes[5000] = '\0';
+    bytes += "\r\n\x1A";
+    EXPECT_EQ(FileBytesOf(folder.Write("kaart.sfn", bytes)), bytes);
+    EXPECT_EQ(ErrorOf([&] { FileBytesOf(folder / "weg.sfn"); }), errors::fileNotFound);
+}
+
 TEST_F(Replacement, AFolderThatIsNotThereIsAnError) {
     EXPECT_EQ(ErrorOf([&] { ReplaceFile(folder / "geen map/kaart.sfn", "x"); }), errors::pathNotFound);
     EXPECT_EQ(ErrorOf([&] { ReplaceFile(folder / "", "x"); }), errors::pathAccess);

@@ -29,6 +29,14 @@ TEST_F(LiscadRegistry, AReleaseBehindAllNumbersIsPreferred) {
     EXPECT_EQ(Listed(), "[Release][5.1][Release]");
 }
 
+TEST_F(LiscadRegistry, AFolderThatIsSetIsThatOfThePreferredVersion) {
+    AddVersions({u"5.1"});
+    EXPECT_TRUE(SetLiscadUserPath(u"/home/marie/projecten"));
+    EXPECT_EQ(Listed(), "[RELEASE][5.1][RELEASE]");
+    EXPECT_EQ(GetLiscadUserPath(u"RELEASE"), u"/home/marie/projecten\\");
+    EXPECT_EQ(GetLiscadUserPath(u"5.1"), u"");
+}
+
 TEST_F(LiscadRegistry, AFolderGetsASeparatorBehindItOnce) {
     TestRegistry::Set(SeeKey(u"5.1"), u"DataPath", u"C:\\Data");
     TestRegistry::Set(SeeKey(u"5.1"), u"UserPath", u"C:\\User\\");

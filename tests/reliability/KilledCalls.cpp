@@ -1,5 +1,6 @@
 // Loaded in front of a program's libraries: ends the program, as a power cut would, at the call of
-// KORVANDE_TEST_KILL_AT among those that change files: before it is made, or in the middle of it when it writes.
+// KORVANDE_TEST_KILL_AT among those that change files: before it is made, or in the middle of it when it writes. With
+// KORVANDE_TEST_KILL_SINCE only those count that come when there is a file of that name.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,13 +18,18 @@ Function Next(const char* name) {
     return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
 }
 
+bool Counts() {
+    static const char* const since = std::getenv("KORVANDE_TEST_KILL_SINCE");
+    return since == nullptr || ::access(since, F_OK) == 0;
+}
+
 // Whether the call that is about to be made is the last one.
 bool IsLast() {
     static int callsLeft = [] {
         const char* const number = std::getenv("KORVANDE_TEST_KILL_AT");
         return number == nullptr ? -1 : std::atoi(number);
     }();
-    return callsLeft > 0 && --callsLeft == 0;
+    return callsLeft > 0 && Counts() && --callsLeft == 0;
 }
 
 void EndIfLast() {
