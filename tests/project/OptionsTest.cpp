@@ -118,7 +118,7 @@ TEST_F(OptionsTest, EveryOptionHasAKeyOfItsOwnInItsSection) {
         EXPECT_TRUE(keys.insert(ToCapitals(KeyOf(option))).second) << KeyOf(option);
         EXPECT_EQ(option.section.empty(), option.kind == OptionKind::PerUser) << KeyOf(option);
     }
-    EXPECT_EQ(keys.size(), 30U);
+    EXPECT_EQ(keys.size(), 32U);
 }
 
 TEST_F(OptionsTest, EveryOptionHasAPlaceOfItsOwn) {
@@ -172,12 +172,22 @@ TEST_F(OptionsTest, TheOptionsOfAUserAreNotInTheControlTable) {
         Change(options, option);
         EXPECT_EQ(ControlTableText(options, project.codes), before) << option.key;
     }
-    EXPECT_EQ(perUser, 5);
+    EXPECT_EQ(perUser, 7);
     // Nor are they read from one.
     const Options changed = options;
     LoadProjectBytes(screen, project, "ClipXY = 0\nMinX = 7\n[]\nClipXY = 0\nMinX = 7\n[Import]\nMinX = 7\n");
     EXPECT_EQ(options.chkSelectXY, changed.chkSelectXY);
     EXPECT_EQ(options.txtMinX, changed.txtMinX);
+}
+
+TEST_F(OptionsTest, TheCharacterSetIsChosenByItsNameAndAutomaticByAnyOther) {
+    EXPECT_EQ(CharacterSetOf(options), CharacterSet::Automatic);
+    for (std::size_t i = 0; i < characterSetNames.size(); ++i) {
+        options.cboCharacterSet = characterSetNames[i];
+        EXPECT_EQ(CharacterSetOf(options), static_cast<CharacterSet>(i));
+    }
+    options.cboCharacterSet = u"EBCDIC";
+    EXPECT_EQ(CharacterSetOf(options), CharacterSet::Automatic);
 }
 
 TEST_F(OptionsTest, AResetPutsBackExactlyTheOptionsThatSaySo) {

@@ -63,7 +63,8 @@ class HostileInput : public ::testing::Test {
         translation->outputTo = OutputTo::Memory;
         translation->withDiagnosticFiles = false;
         translation->problems.onProblem = [this](const Problem& problem) {
-            errors.push_back(ToUtf8(Sentence(problem)));
+            const bool isError = ListOf(problem.kind) == ProblemList::Errors;
+            if (isError) errors.push_back(ToUtf8(Sentence(problem)));
         };
         return *translation;
     }
@@ -185,6 +186,7 @@ TEST_F(HostileInput, WhatIsNoNumberCountsAsNought) {
          {"NaN", "INF", "-INF", "nan(1)", "0x10", "--1", "1E", "E5", "\x1B[1m5", "-0", "+-0"}) {
         const auto [value, error] = AsCoordinate(word);
         EXPECT_EQ(error, "") << word;
+        EXPECT_EQ(std::string(word) == "-0", !translation->problems.HasDamage()) << word;
         EXPECT_EQ(value, std::string(word) == "1E" ? 1 : 0) << word;
         EXPECT_FALSE(Wrote("X-")) << word;
     }

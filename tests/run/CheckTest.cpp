@@ -10,13 +10,14 @@ namespace {
 
 class CheckTest : public RunTest {
  protected:
-    // Checks a drawing and returns what is wrong with it, one sentence a line.
+    // Checks a drawing and returns its errors, one sentence a line.
     std::string ProblemsOf(Mode mode, std::string_view bytes) {
         input = std::string(bytes);
         Translation& translation = Begin(mode);
         translation.inputBytes = input;
         std::string problems;
         translation.problems.onProblem = [&problems](const Problem& problem) {
+            if (ListOf(problem.kind) != ProblemList::Errors) return;
             problems += ToUtf8(SentenceWithLine(problem)) + "\n";
         };
         CheckDrawing(translation);
@@ -76,6 +77,8 @@ TEST_F(CheckTest, WhatTheReaderFindsIsToldWithItsLine) {
     EXPECT_EQ(ProblemsOf(idexToNen, WithLines("1,1,2,STRAIGHT;\n1,1,3,STRAIGHT;\n")),
               "Index buiten bereik (regel 15)\n");
     EXPECT_EQ(last->drawing.Edges.UpperBound(), 1);
+    EXPECT_EQ(last->problems.Lines(ProblemList::Loss),
+              std::vector<Text>{u"de rest van het bestand is niet gelezen, vanaf regel 15"});
     EXPECT_EQ(ProblemsOf(idexToNen, "HEADE\n"), "Geen HEADER gevonden in het IDEX bestand (regel 1)\n");
     EXPECT_TRUE(last->outcome.wrongFormat);
 }
