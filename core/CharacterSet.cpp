@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 #include "core/Text.h"
 
@@ -39,15 +42,16 @@ bool BeginsWithoutUtf8(std::string_view line) noexcept {
 }  // namespace
 
 bool HasHighByte(std::string_view bytes) noexcept {
-    // Bit by bit together, block by block, which a compiler turns into wide steps.
-    constexpr std::size_t block = 256;
-    while (!bytes.empty()) {
-        unsigned together = 0;
-        for (const char byte : bytes.substr(0, block)) together |= static_cast<unsigned char>(byte);
-        if (together >= 0x80) return true;
-        bytes.remove_prefix(std::min(block, bytes.size()));
+    constexpr std::uint64_t highBits = 0x8080808080808080U;
+    const char* at = bytes.data();
+    const char* const end = at + bytes.size();
+    constexpr std::ptrdiff_t block = 4 * sizeof(std::uint64_t);
+    for (; end - at >= block; at += block) {
+        std::array<std::uint64_t, 4> words{};
+        std::memcpy(words.data(), at, block);
+        if (((words[0] | words[1] | words[2] | words[3]) & highBits) != 0) return true;
     }
-    return false;
+    return std::any_of(at, end, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
 }
 
 std::optional<std::string> Utf8LineToWindows1252(std::string_view line, Columns columns) {

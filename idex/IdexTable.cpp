@@ -169,10 +169,16 @@ bool IdexTable::SwallowsRow(std::string_view row, std::string_view next, Columns
     return IsRowItself(row, known) && IsRowItself(next, known);
 }
 
-bool IdexTable::IsBlank(std::size_t column) const noexcept { return IsBlankField(Field(column)); }
+bool IdexTable::IsBlank(std::size_t column) const noexcept {
+    const std::string_view field = Field(column);
+    // Fields have no blanks around them.
+    return field.empty() || (field.front() == '"' && IsBlankField(field));
+}
 
 std::int32_t IdexTable::Flags(std::size_t column) {
     const std::string_view field = Field(column);
+    // As nearly every line string has them.
+    if (field == "00000000 00000000") return 0;
     const bool isBinary = std::all_of(field.begin(), field.end(), [](char byte) {
         return byte == '0' || byte == '1' || byte == ' ' || byte == '\t';
     });

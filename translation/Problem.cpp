@@ -108,6 +108,21 @@ Text SentenceWithLine(const Problem& problem) {
     return TellsLine(problem.kind) ? Sentence(problem) : Concat(Sentence(problem), LineInBrackets(problem.line));
 }
 
+bool Problems::Count(ProblemKind kind, ObjectKind object, std::int64_t line) noexcept {
+    if (onProblem) return false;
+    const auto isIt = [kind, object](const ProblemCount& entry) {
+        return entry.kind == kind && entry.object == object && entry.words.empty();
+    };
+    if (latest >= counts.size() || !isIt(counts[latest])) {
+        latest = static_cast<std::size_t>(std::find_if(counts.begin(), counts.end(), isIt) - counts.begin());
+        if (latest == counts.size()) return false;
+    }
+    ProblemCount& entry = counts[latest];
+    ++entry.count;
+    if (line > 0 && (entry.firstLine == 0 || line < entry.firstLine)) entry.firstLine = line;
+    return true;
+}
+
 void Problems::Add(const Problem& problem, std::int64_t count) {
     hasLoss = hasLoss || ListOf(problem.kind) == ProblemList::Loss;
     hasDamage = hasDamage || IsDamage(problem.kind);

@@ -155,6 +155,10 @@ class Problems {
     // Counts a problem of one of the two lists, `count` times.
     void Add(const Problem& problem, std::int64_t count = 1);
 
+    // The same for one without words, when nobody listens: objects may be left out by the hundred thousand. False when
+    // it is the first of its kind, or somebody listens, and it must be added.
+    bool Count(ProblemKind kind, ObjectKind object, std::int64_t line) noexcept;
+
     // Whether something did not come across, or came across changed, that nobody asked for; and whether some of it
     // tells of damage of the input.
     bool HasLoss() const noexcept { return hasLoss; }
@@ -165,6 +169,7 @@ class Problems {
 
  private:
     std::vector<ProblemCount> counts;
+    std::size_t latest = 0;  // that Count found
     bool hasLoss = false;
     bool hasDamage = false;
 };

@@ -43,6 +43,8 @@ void Tell(Translation& translation, Problem problem, std::int64_t count) {
 
 void LeaveOut(Translation& translation, ObjectKind kind, LeftOut reason, std::int64_t line, TextView words) {
     translation.account.Leave(kind, reason);
+    const std::int64_t itsLine = line != 0 ? line : translation.inputLine;
+    if (words.empty() && translation.problems.Count(KindOf(reason, kind), kind, itsLine)) return;
     Tell(translation, {.kind = KindOf(reason, kind), .object = kind, .words = Text(words), .line = line});
 }
 

@@ -77,6 +77,21 @@ TEST_F(ProblemLists, WhatIsLeftOutIsAccountedForAndToldTogether) {
     EXPECT_EQ(Wanted(), (Lines{"1 boog buiten de rechthoek (op regel 6)"}));
 }
 
+TEST_F(ProblemLists, ManyObjectsOfSeveralKindsAreCountedEachWithItsOwn) {
+    for (int i = 0; i < 1000; ++i) {
+        LeaveOut(translation, ObjectKind::Point, LeftOut::Dummy, 2000 - i);
+        LeaveOut(translation, i % 2 == 0 ? ObjectKind::Point : ObjectKind::TextObject, LeftOut::UnknownCode, 5000 + i);
+        if (i % 10 == 0) LeaveOut(translation, ObjectKind::LineSegment, LeftOut::LineType, 7000 + i, u"SPLINE");
+        if (i % 10 == 0) LeaveOut(translation, ObjectKind::LineSegment, LeftOut::LineType, 8000 + i, u"");
+    }
+    EXPECT_EQ(Wanted(), (Lines{"1000 punten van het type DUMMY (de eerste op regel 1001)",
+                               "500 punten met een onbekende code (de eerste op regel 5000)",
+                               "500 teksten met een onbekende code (de eerste op regel 5001)"}));
+    EXPECT_EQ(Loss(),
+              (Lines{"100 lijnsegmenten van lijntype SPLINE, dat niet wordt geschreven (de eerste op regel 7000)",
+                     "100 lijnsegmenten van lijntype , dat niet wordt geschreven (de eerste op regel 8000)"}));
+}
+
 TEST_F(ProblemLists, EveryReasonToLeaveAnObjectOutHasAKindOfProblem) {
     for (std::size_t reason = 0; reason < leftOutReasons; ++reason) {
         for (std::size_t object = 0; object < objectKinds; ++object) {
