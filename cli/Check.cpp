@@ -145,9 +145,8 @@ int CheckFile(CheckScreen& screen, const Project& project, const CheckOptions& o
     translation.inputBytes = bytes;
     translation.readsWithoutLayers = options.reading.fromInstrument;
     // What is told at the end is told one by one as well when that is asked for.
-    translation.problems.onProblem = [&](const Problem& problem) {
-        if (options.listsAll || ListOf(problem.kind) == ProblemList::Errors) findings.Add(SentenceWithLine(problem));
-    };
+    auto& listener = options.listsAll ? translation.problems.onProblem : translation.problems.onError;
+    listener = [&findings](const Problem& problem) { findings.Add(SentenceWithLine(problem)); };
     // A question about the format is a problem, after which the check goes on with what is proposed.
     screen.answerQuestion = [&findings, &translation](const MessageBox& box) {
         findings.Add(QuestionWithLine(box.text, translation.inputLine));

@@ -100,8 +100,7 @@ int TranslateOne(ConsoleScreen& screen, const Project& project, const Job& job, 
     translation.readsWithoutLayers = options.reading.fromInstrument;
     // Without a log book the errors are told here.
     if (job.logBook.empty()) {
-        translation.problems.onProblem = [&screen](const Problem& problem) {
-            if (ListOf(problem.kind) != ProblemList::Errors) return;
+        translation.problems.onError = [&screen](const Problem& problem) {
             screen.ClearProgress();
             PrintErrorLine(Concat(u"FOUT:  ", Sentence(problem)));
         };

@@ -149,7 +149,9 @@ class Problems {
     // Those that the log book has a line "FOUT:  " for.
     std::int64_t errors = 0;
 
-    // Called with each, whether a log book is kept or not.
+    // Called with each error, whether a log book is kept or not; and with each problem of any list, for who wants to
+    // hear of them one by one.
+    std::function<void(const Problem&)> onError;
     std::function<void(const Problem&)> onProblem;
 
     // Counts a problem of one of the two lists, `count` times.

@@ -33,6 +33,7 @@ void Report(Translation& translation, Problem problem) {
     if (problem.line == 0) problem.line = translation.inputLine;
     ++translation.problems.errors;
     translation.log.WriteError(Sentence(problem));
+    if (translation.problems.onError) translation.problems.onError(problem);
     if (translation.problems.onProblem) translation.problems.onProblem(problem);
 }
 

@@ -118,6 +118,14 @@ TEST_F(ReportTest, ItGetsTheLineThatIsBeingReadUnlessItHasOne) {
     EXPECT_EQ(LogText(), "FOUT:  Index buiten bereik (regel 17)\nFOUT:  Overloop (regel 5)\nFOUT:  Schijf vol\n");
 }
 
+TEST_F(ReportTest, WhoListensForErrorsHearsOfNothingElse) {
+    std::vector<ProblemKind> told;
+    translation.problems.onError = [&told](const Problem& problem) { told.push_back(problem.kind); };
+    Report(translation, {.kind = ProblemKind::InvalidArc});
+    Tell(translation, {.kind = ProblemKind::ShortLine});
+    EXPECT_EQ(told, std::vector{ProblemKind::InvalidArc});
+}
+
 TEST_F(ReportTest, WhoListensGetsItWhetherALogBookIsKeptOrNot) {
     std::vector<Problem> told;
     translation.problems.onProblem = [&told](const Problem& problem) { told.push_back(problem); };
