@@ -1,7 +1,9 @@
 #include "host/FileReplacement.h"
 
+#include <cerrno>
 #include <cstdio>
 
+#include "core/LineReader.h"
 #include "core/LineWriter.h"
 #include "core/NativePath.h"
 #include "core/RuntimeError.h"
@@ -58,6 +60,15 @@ void FileReplacement::Drop() noexcept {
     if (!temporary.empty()) DeleteFileAt(temporary);
     temporary.clear();
     isOpened = false;
+}
+
+std::string FileBytesOf(TextView name) {
+    const FileHandle file(OpenNativeFile(name, OpenMode::Read));
+    std::string bytes;
+    char block[4096];
+    while (const std::size_t count = std::fread(block, 1, sizeof block, file.get())) bytes.append(block, count);
+    if (std::ferror(file.get()) != 0) throw RuntimeError(ErrorNumberOf(errno));
+    return bytes;
 }
 
 void ReplaceFile(TextView name, std::string_view bytes) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "core/Text.h"
@@ -36,6 +37,9 @@ class FileReplacement {
     Text temporary;  // empty: it is written in its place
     bool isOpened = false;
 };
+
+// All bytes of a file. A run-time error when it cannot be read.
+std::string FileBytesOf(TextView name);
 
 // Gives a file these bytes, in this way. A run-time error when that fails.
 void ReplaceFile(TextView name, std::string_view bytes);

@@ -97,6 +97,12 @@ void ListLiscadVersions(std::vector<Text>& versions) {
 Text GetLiscadDataPath(TextView version) { return Folder(version, u"DataPath"); }
 Text GetLiscadUserPath(TextView version) { return Folder(version, u"UserPath"); }
 
+bool SetLiscadUserPath(TextView folder) {
+    const Text name = SeeKey(u"RELEASE");
+    HeldKey see;
+    return see.Create(hives::currentUser, name) && WriteRegistryValue(hives::currentUser, name, u"UserPath", folder);
+}
+
 Text GetLiscadLanguage(TextView version) {
     constexpr std::array<TextView, 4> known = {u"nl", u"NL", u"uk", u"UK"};
     Text language;

@@ -18,6 +18,9 @@ void ListLiscadVersions(std::vector<Text>& versions);
 Text GetLiscadDataPath(TextView version);
 Text GetLiscadUserPath(TextView version);
 
+// Makes this the user's folder of LISCAD's release; false when that cannot be written.
+bool SetLiscadUserPath(TextView folder);
+
 // "nl", "NL", "uk", "UK", or "us" for anything else.
 Text GetLiscadLanguage(TextView version);
 

@@ -1,12 +1,9 @@
 #include "host/RegistryFile.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <unordered_set>
 
-#include "core/LineReader.h"
-#include "core/NativePath.h"
 #include "core/RuntimeError.h"
 #include "host/FileReplacement.h"
 #include "host/modFileHandling.h"
@@ -16,15 +13,6 @@ namespace korvande {
 namespace {
 
 constexpr std::string_view heading = "Windows Registry Editor Version 5.00";
-
-std::string FileBytesOf(TextView name) {
-    const FileHandle file(OpenNativeFile(name, OpenMode::Read));
-    std::string bytes;
-    char block[4096];
-    while (const std::size_t count = std::fread(block, 1, sizeof block, file.get())) bytes.append(block, count);
-    if (std::ferror(file.get()) != 0) throw RuntimeError(ErrorNumberOf(errno));
-    return bytes;
-}
 
 std::string Utf16ToUtf8(std::string_view bytes) {
     Text text;

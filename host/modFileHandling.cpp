@@ -192,6 +192,10 @@ Text FolderOf(TextView name) {
     return folder;
 }
 
+Text FullName(TextView name) {
+    return OrOnFailure(Text(name), [name] { return NameOf(fs::absolute(PathOf(name))); });
+}
+
 Text FolderWithSeparator(TextView folder) {
     Text result(folder);
     if (folder.empty() || IsSeparator(folder.back())) return result;

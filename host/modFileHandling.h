@@ -37,6 +37,9 @@ Text FileNameOf(TextView name);
 // name without a folder, so that the result and a file name always make a name in that folder.
 Text FolderOf(TextView name);
 
+// A name with its folder in full; the name itself when the system does not tell it.
+Text FullName(TextView name);
+
 // A folder's name with a separator behind it when it does not end in one: the one it uses itself, or else the system's.
 // The empty name, the current folder, stays empty.
 Text FolderWithSeparator(TextView folder);

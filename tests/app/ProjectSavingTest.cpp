@@ -1,5 +1,7 @@
 #include "app/ProjectSaving.h"
 
+#include <utility>
+
 #include "tests/app/AppTest.h"
 
 // What becomes of a project that two programs work on.
@@ -137,6 +139,39 @@ TEST_F(ProjectSaving, NoBeforeARunLoadsTheProjectAnewAndTranslatesTheFilesOnTheS
     EXPECT_NE(FileBytes(output).find("\r\n03M"), std::string::npos)
         << "the unknown object, as the reloaded table wants";
     EXPECT_TRUE(Holds("B.nst", "ELDERS"));
+}
+
+TEST_F(ProjectSaving, ACloseWhileARunLoadsTheProjectAnewEndsTheRunAndThenTheWindow) {
+    ChangeHere();
+    std::string rows;
+    for (int i = 0; i < 200; ++i) rows += "C" + std::to_string(i) + " = S01, PUNT, RIJ\n";
+    WriteProject("B.nst", "ELDERS", "[Points]\n" + rows);
+    screen.answers = {Answer::No};
+    bool wasLoading = false;
+    screen.onMessage = [this] { screen.pace.lastShown = {}; };
+    screen.onPump = [&] {
+        if (form.activity.isLoading && !std::exchange(wasLoading, true)) {
+            EXPECT_FALSE(QueryClose(form));
+        }
+        EXPECT_FALSE(isUnloaded);
+        EndRunIfAsked(form);
+    };
+    RunTranslation(form);
+    EXPECT_TRUE(wasLoading);
+    EXPECT_FALSE(FileIsThere(folder / "uit.sfn"));
+    EXPECT_NE(FileBytes(folder / "uit.LOG").find("==>  Vertaling afgebroken.\r\n"), std::string::npos);
+    EXPECT_TRUE(isUnloaded);
+}
+
+TEST_F(ProjectSaving, AProjectThatCannotBeLoadedAnewEndsTheStartOfTheRun) {
+    ChangeHere();
+    folder.Write("projecten/B.nst", "geen controletabel");
+    screen.answers = {Answer::No};
+    RunTranslation(form);
+    EXPECT_EQ(screen.messages.size(), 2U);
+    EXPECT_FALSE(FileIsThere(folder / "uit.sfn"));
+    EXPECT_EQ(form.runMark, u"");
+    EXPECT_EQ(ProjectBytes("B.nst"), "geen controletabel");
 }
 
 TEST_F(ProjectSaving, CancelBeforeARunSavesNothingAndKeepsTheEditsAndTheWindow) {
