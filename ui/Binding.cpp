@@ -1,6 +1,7 @@
 #include "ui/Binding.h"
 
 #include <wx/checkbox.h>
+#include <wx/choice.h>
 #include <wx/radiobut.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -44,12 +45,24 @@ constexpr Bound<bool> checks[] = {
     {"chkImportUnknowns", &Options::chkImportUnknowns},
     {"chkImportSymRotation", &Options::chkImportSymRotation},
     {"chkSelectXY", &Options::chkSelectXY},
+    {"chkWithoutZeroes", &Options::chkWithoutZeroes},
     {"chkExportUnknowns", &Options::chkExportUnknowns},
     {"chkExportPointnoAsField", &Options::chkExportPointnoAsField},
     {"chkExportPointnoAsText", &Options::chkExportPointnoAsText},
     {"chkExport3D", &Options::chkExport3D},
     {"chkExportHeightAsText", &Options::chkExportHeightAsText},
     {"chkExportSymRotation", &Options::chkExportSymRotation},
+};
+
+// The boxes that count only while an option is set.
+constexpr Bound<bool> dependents[] = {
+    {"txtMinX", &Options::chkSelectXY},
+    {"txtMaxX", &Options::chkSelectXY},
+    {"txtMinY", &Options::chkSelectXY},
+    {"txtMaxY", &Options::chkSelectXY},
+    {"txtPnoTxtLKI", &Options::chkExportPointnoAsText},
+    {"txtEleTxtLKI", &Options::chkExportHeightAsText},
+    {"txtAltDatum", &Options::optDateAlt},
 };
 
 constexpr Bound<bool> reports[] = {
@@ -89,6 +102,7 @@ Binding::Binding(wxWindow& window, FormKORVANDE& form) {
              [&form](wxItemContainer& items) { ShowList(items, form.cboXlateMode); });
     BindList(window, "lstSource", options.lstSource,
              [&options](wxItemContainer& items) { ShowSelection(items, options.lstSource); });
+    BindCharacterSet(window, options);
     const auto buttonsOf = [&](const auto& group, auto select) {
         std::vector<OptionButton> buttons;
         for (const auto& [name, value] : group) {
@@ -99,8 +113,11 @@ Binding::Binding(wxWindow& window, FormKORVANDE& form) {
     };
     BindOptions(buttonsOf(reports, SelectReport));
     BindOptions(buttonsOf(dates, [](Options& all, bool Options::*option) { SetDateOption(all, option, true); }));
-    auto& altDatum = ControlNamed<wxWindow>(window, "txtAltDatum");
-    showing.emplace_back([&options, &altDatum] { altDatum.Enable(options.optDateAlt); });
+    for (const auto& [name, value] : dependents) {
+        auto& box = ControlNamed<wxWindow>(window, name);
+        const bool& isSet = options.*value;
+        showing.emplace_back([&box, &isSet] { box.Enable(isSet); });
+    }
 }
 
 void Binding::Show() const {
@@ -123,7 +140,10 @@ void Binding::BindLabel(wxWindow& window, const char* name, const Text& value) {
 
 void Binding::BindCheck(wxWindow& window, const char* name, bool& value) {
     auto& box = ControlNamed<wxCheckBox>(window, name);
-    box.Bind(wxEVT_CHECKBOX, [&box, &value](wxCommandEvent&) { value = box.GetValue(); });
+    box.Bind(wxEVT_CHECKBOX, [this, &box, &value](wxCommandEvent&) {
+        value = box.GetValue();
+        Show();
+    });
     showing.emplace_back([&box, &value] { box.SetValue(value); });
 }
 
@@ -134,6 +154,14 @@ void Binding::BindList(wxWindow& window, const char* name, int& index, std::func
     list.Bind(wxEVT_CHOICE, take);
     list.Bind(wxEVT_LISTBOX, take);
     showing.emplace_back([&items, show = std::move(show)] { show(items); });
+}
+
+// Its list is filled already.
+void Binding::BindCharacterSet(wxWindow& window, Options& options) {
+    auto& list = ControlNamed<wxChoice>(window, "cboCharacterSet");
+    list.Bind(wxEVT_CHOICE,
+              [&list, &options](wxCommandEvent&) { options.cboCharacterSet = FromWx(list.GetStringSelection()); });
+    showing.emplace_back([&list, &options] { ShowSelection(list, static_cast<int>(CharacterSetOf(options))); });
 }
 
 void Binding::BindOptions(std::vector<OptionButton> group) {

@@ -14,6 +14,7 @@ namespace korvande {
 
 struct FormKORVANDE;
 struct ListControl;
+struct Options;
 
 // The control of this name in a window, which must have it.
 template <class Control>
@@ -44,6 +45,8 @@ class Binding {
 
     // A list of which one item is selected; `show` shows it.
     void BindList(wxWindow& window, const char* name, int& index, std::function<void(wxItemContainer&)> show);
+
+    void BindCharacterSet(wxWindow& window, Options& options);
 
     // The options of a group exclude each other.
     struct OptionButton;

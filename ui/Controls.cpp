@@ -1,5 +1,7 @@
 #include "ui/Controls.h"
 
+#include <algorithm>
+
 #include "app/TabPlacement.h"
 #include "ui/WxText.h"
 
@@ -70,6 +72,21 @@ wxRadioButton* MakeOption(wxWindow* parent, const char* name, TextView caption, 
     const long style = place == InGroup::First ? wxRB_GROUP : 0;
     return Named(new wxRadioButton(parent, wxID_ANY, ToWx(caption), wxDefaultPosition, wxDefaultSize, style), name,
                  tip);
+}
+
+void PassWheelOn(wxWindow& list) {
+    // A wheel may turn by parts of a notch.
+    list.Bind(wxEVT_MOUSEWHEEL, [&list, turned = 0](wxMouseEvent& event) mutable {
+        wxWindow* parent = list.GetParent();
+        while (parent != nullptr && dynamic_cast<wxScrolledWindow*>(parent) == nullptr) parent = parent->GetParent();
+        if (parent == nullptr) return;
+        auto& page = dynamic_cast<wxScrolledWindow&>(*parent);
+        turned += event.GetWheelRotation() * event.GetLinesPerAction();
+        const int lines = turned / event.GetWheelDelta();
+        turned -= lines * event.GetWheelDelta();
+        const wxPoint view = page.GetViewStart();
+        page.Scroll(view.x, std::max(view.y - lines, 0));
+    });
 }
 
 wxSizerFlags InRow(int proportion) { return wxSizerFlags(proportion).CenterVertical(); }

@@ -55,6 +55,9 @@ wxButton* MakeButton(wxWindow* parent, const char* name, TextView caption, TextV
 enum class InGroup { First, Next };
 wxRadioButton* MakeOption(wxWindow* parent, const char* name, TextView caption, InGroup place, TextView tip = {});
 
+// Has the mouse wheel over a list scroll the page, and never change what is chosen.
+void PassWheelOn(wxWindow& list);
+
 // How a control stands in its row.
 wxSizerFlags InRow(int proportion = 0);
 

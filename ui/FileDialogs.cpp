@@ -1,5 +1,6 @@
 #include "ui/FileDialogs.h"
 
+#include <wx/dirdlg.h>
 #include <wx/filedlg.h>
 #include <wx/filefn.h>
 #include <wx/filename.h>
@@ -44,6 +45,12 @@ std::optional<Text> ShowFileDialog(wxWindow* parent, const FileDialog& dialog) {
     const long style = dialog.opens ? wxFD_OPEN | wxFD_FILE_MUST_EXIST : wxFD_SAVE | wxFD_OVERWRITE_PROMPT;
     wxFileDialog window(parent, ToWx(dialog.title), NativeFolder(dialog.folder), ToWx(dialog.fileName),
                         WithBothCases(ToWx(dialog.filter)), style);
+    if (window.ShowModal() != wxID_OK) return {};
+    return FromWx(window.GetPath());
+}
+
+std::optional<Text> ShowFolderDialog(wxWindow* parent, TextView title) {
+    wxDirDialog window(parent, ToWx(title), wxEmptyString, wxDD_DEFAULT_STYLE);
     if (window.ShowModal() != wxID_OK) return {};
     return FromWx(window.GetPath());
 }

@@ -10,6 +10,7 @@
 
 #include "app/BrowseFiles.h"
 #include "app/GridEditing.h"
+#include "app/OutputName.h"
 #include "app/Projects.h"
 #include "app/RunTranslation.h"
 #include "app/StartUp.h"
@@ -22,6 +23,8 @@
 #include "ui/GridTab.h"
 #include "ui/Icons.h"
 #include "ui/InformationTab.h"
+#include "ui/Keys.h"
+#include "ui/OutcomeLine.h"
 #include "ui/ProjectDialog.h"
 #include "ui/SettingsTab.h"
 #include "ui/WxText.h"
@@ -76,8 +79,8 @@ void MainWindow::MakeTabs() {
     auto* const content = new wxPanel(this);
     tabs = new wxNotebook(content, wxID_ANY);
     tabs->SetName("tabs");
-    wxWindow* const general = MakeGeneralTab(tabs);
-    wxWindow* const settings = MakeSettingsTab(tabs);
+    wxScrolledWindow* const general = MakeGeneralTab(tabs);
+    wxScrolledWindow* const settings = MakeSettingsTab(tabs);
     startRow = std::make_unique<StartRow>(general, settings);
     tabs->AddPage(general, ToWx(u"Algemeen"));
     tabs->AddPage(settings, ToWx(u"Instellingen"));
@@ -93,6 +96,8 @@ void MainWindow::MakeTabs() {
     auto* const column = new wxBoxSizer(wxVERTICAL);
     column->Add(MakeHeader(content, form), wxSizerFlags().Expand());
     column->Add(tabs, wxSizerFlags(1).Expand());
+    outcome = new OutcomeLine(content, form);
+    column->Add(outcome, wxSizerFlags().Expand());
     content->SetSizer(column);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(content, wxSizerFlags(1).Expand());
@@ -138,7 +143,7 @@ void MainWindow::FitContent() {
 
 void MainWindow::BindForm() {
     form.changed = [this] { ShowForm(); };
-    form.unload = [this] { Unload(); };
+    form.unload = [this] { Unload(MayStay::Yes); };
     form.askProjectName = [this](TextView caption, TextView explanation, TextView prompt, TextView name) {
         return AskProjectName(this, caption, explanation, prompt, name);
     };
@@ -160,6 +165,12 @@ void MainWindow::BindControls() {
         event.Skip();
         startRow->PlaceOn(event.GetSelection(), form.project.options.StartedInteractively);
     });
+    // The binding has taken the mode by then.
+    ControlNamed<wxChoice>(*this, "cboXlateMode").Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
+        event.Skip();
+        CallAfter([this] { DeriveOutputName(form); });
+    });
+    BindKeys(*this);
     Bind(wxEVT_TIMER, &MainWindow::OnTimer, this);
     Bind(wxEVT_CLOSE_WINDOW, &MainWindow::OnClose, this);
 }
@@ -197,6 +208,7 @@ void MainWindow::EnableOptions(bool enable) {
 void MainWindow::ShowForm() {
     if (isClosing) return;
     binding->Show();
+    outcome->ShowForm();
     ShowList(*projects, form.File1);
     ShowStandalone();
     for (GridTab* const tab : gridTabs) tab->ShowForm();
@@ -231,26 +243,28 @@ void MainWindow::OnTimer(wxTimerEvent& /*event*/) {
 void MainWindow::OnClose(wxCloseEvent& event) {
     if (isClosing) return;
     if (IsBehindDialog(*this)) {
-        // From another program, for a person cannot. Whoever shows the dialog goes on in this window after it.
-        if (event.CanVeto()) event.Veto();
+        // From another program, for a person cannot. Whoever shows the dialog goes on in this window after it, unless
+        // the session ends.
+        if (event.CanVeto()) {
+            event.Veto();
+        } else {
+            UnloadForm(form, MayStay::No);
+        }
         return;
     }
-    if (QueryClose(form)) {
-        Unload();
-    } else {
-        event.Veto();
-    }
+    if (QueryClose(form)) Unload(event.CanVeto() ? MayStay::Yes : MayStay::No);
+    if (!isClosing && event.CanVeto()) event.Veto();
 }
 
-void MainWindow::Unload() {
-    if (isClosing) return;
-    UnloadForm(form);
+void MainWindow::Unload(MayStay mayStay) {
+    if (isClosing || !UnloadForm(form, mayStay)) return;
     isClosing = true;
     timer.Stop();
     Destroy();
 }
 
 MainWindow* OpenMainWindow(WindowScreen& screen, FormKORVANDE& form, const StartUpArguments& arguments) {
+    form.askFolder = [](TextView title) { return ShowFolderDialog(nullptr, title); };
     if (StartUp(form, arguments) == AfterStartUp::EndProgram) return nullptr;
     auto* const window = new MainWindow(screen, form);
     window->Show();

@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+#include "app/StartUp.h"
 #include "ui/Binding.h"
 #include "ui/StartRow.h"
 #include "ui/WindowScreen.h"
@@ -17,8 +18,8 @@
 namespace korvande {
 
 class GridTab;
+class OutcomeLine;
 struct FormKORVANDE;
-struct StartUpArguments;
 
 // The window frmKORVANDE: six tabs that show the form's values and write every change back.
 class MainWindow : public wxFrame {
@@ -47,13 +48,14 @@ class MainWindow : public wxFrame {
     void ShowTimer();
     void OnTimer(wxTimerEvent& event);
     void OnClose(wxCloseEvent& event);
-    void Unload();
+    void Unload(MayStay mayStay);
 
     WindowScreen& screen;
     FormKORVANDE& form;
     wxNotebook* tabs = nullptr;
     wxListBox* projects = nullptr;
     wxGauge* gauge = nullptr;
+    OutcomeLine* outcome = nullptr;
     std::vector<GridTab*> gridTabs;
     std::unique_ptr<StartRow> startRow;
     std::unique_ptr<Binding> binding;

@@ -26,6 +26,7 @@ class Listing : public wxPrintout {
     void OnPreparePrinting() override;
     bool HasPage(int page) override { return page >= 1 && page <= PageCount(); }
     bool OnPrintPage(int page) override;
+    void OnEndDocument() override { isTaken = EndDocument(*GetDC()); }
 
     // Asked before the pages are made too; then there may be any number of them.
     void GetPageInfo(int* first, int* last, int* from, int* to) override {
@@ -36,6 +37,9 @@ class Listing : public wxPrintout {
 
     // An error in the making of the pages may not pass through the printing system; it is kept for the caller.
     std::exception_ptr error;
+
+    // Whether the printing system took all pages, as far as it tells while it gets them.
+    bool isTaken = true;
 
  private:
     int PageCount() const { return static_cast<int>(pages.size()); }
@@ -87,14 +91,16 @@ bool Listing::OnPrintPage(int page) {
 }  // namespace
 
 bool PrintPages(wxWindow* parent, const wxPrintData& data, const Screen::MakePages& makePages) {
-    if (data.GetPrintMode() == wxPRINT_MODE_PRINTER && !DefaultPrinterTakesJobs()) return false;
+    const bool goesToPrinter = data.GetPrintMode() == wxPRINT_MODE_PRINTER;
+    if (goesToPrinter && !DefaultPrinterTakesJobs()) return false;
+    const wxArrayString jobsBefore = goesToPrinter ? JobsOfDefaultPrinter() : wxArrayString();
     const wxLogNull noMessages;
     wxPrintDialogData settings(data);
     wxPrinter printer(&settings);
     Listing listing(makePages);
     const bool isPrinted = printer.Print(parent, &listing, false);
     if (listing.error) std::rethrow_exception(listing.error);
-    return isPrinted;
+    return isPrinted && listing.isTaken && (!goesToPrinter || DefaultPrinterGotJob(jobsBefore));
 }
 
 }  // namespace korvande

@@ -1,5 +1,6 @@
 #include "ui/SettingsTab.h"
 
+#include <wx/choice.h>
 #include <wx/listbox.h>
 
 #include "app/TabPlacement.h"
@@ -29,6 +30,30 @@ void AddRange(wxSizer* rows, wxWindow* box, TextView caption, const char* least,
     rows->Add(MakeTextBox(box, least, coordinate, 0), InRow(1).Expand());
     rows->Add(MakeLabel(box, u"tot"), InRow());
     rows->Add(MakeTextBox(box, most, coordinate, 0), InRow(1).Expand());
+}
+
+// What holds for every file that is read, whatever is made of it.
+wxSizer* MakeReading(wxWindow* page) {
+    Group group(page, "framReading", u"Inlezen: van elk IDEX-, NEN1878- of SUF2-bestand");
+    wxWindow* const box = group.box;
+    // Its letter leads to the control behind it.
+    wxStaticText* const label = MakeLabel(box, u"Te&kenset van het bestand:");
+    auto* const sets = new wxChoice(box, wxID_ANY);
+    for (const TextView name : characterSetNames) sets->Append(ToWx(name));
+    sets->SetName("cboCharacterSet");
+    PassWheelOn(*sets);
+    sets->SetToolTip(
+        ToWx(u"Hoe letters met accenten in het invoerbestand staan. Automatisch: als Windows-1252, en regels die als "
+             u"UTF-8 zijn geschreven, als UTF-8. CP850 is voor oude DOS-bestanden"));
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(label, InRow().Border(wxRIGHT, box->FromDIP(narrowSpace)));
+    row->Add(sets, InRow().Border(wxRIGHT, box->FromDIP(2 * wideSpace)));
+    row->Add(MakeCheckBox(box, "chkWithoutZeroes", u"Punten zonder coördinaten &weglaten",
+                          u"Aangevinkt gaan punten die in het invoerbestand geen coördinaten hebben, niet mee, en ook "
+                          u"de lijnen en teksten die aan zo'n punt vastzitten niet; anders komen ze op 0,0 te staan"),
+             InRow());
+    group.Add(row);
+    return group.frame;
 }
 
 wxSizer* MakeImport(wxWindow* page) {
@@ -108,6 +133,8 @@ wxScrolledWindow* MakeSettingsTab(wxWindow* parent) {
     auto* const column = new wxBoxSizer(wxVERTICAL);
     AddStartFrame(column, page, tabSettings, nullptr);
 
+    column->AddSpacer(narrow);
+    column->Add(MakeReading(page), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, wide));
     auto* const left = new wxBoxSizer(wxVERTICAL);
     left->Add(MakeImport(page), wxSizerFlags().Expand().Border(wxBOTTOM, narrow));
     left->Add(MakeSources(page), wxSizerFlags(1).Expand());

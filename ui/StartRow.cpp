@@ -19,6 +19,8 @@ constexpr int captionHeight = 26;
 constexpr int listWidth = 2850;
 constexpr int buttonWidth = 2400;
 
+wxWindow* FrameOn(const wxWindow* page) { return page->FindWindow(frameName); }
+
 // The list stands somewhat below the button's top; the button reaches as far below the list.
 int ButtonHeight(const wxChoice& list) {
     const StartPlacement place = StartPlacementOn(tabGeneral, true);
@@ -27,44 +29,66 @@ int ButtonHeight(const wxChoice& list) {
 
 }  // namespace
 
-StartRow::StartRow(wxWindow* general, wxWindow* settings)
+StartRow::StartRow(wxScrolledWindow* general, wxScrolledWindow* settings)
     : generalPage(general),
       settingsPage(settings),
-      label(MakeLabel(general, u"Soort &vertaling:", "lblXlateMode")),
-      modes(new wxChoice(general, wxID_ANY)),
-      start(MakeButton(general, "cmdStart", u"&Start Vertaling",
+      ownPage(general),
+      place(StartPlacementOn(tabGeneral, true)),
+      label(MakeLabel(FrameOn(general), u"Soort &vertaling:", "lblXlateMode")),
+      modes(new wxChoice(FrameOn(general), wxID_ANY)),
+      start(MakeButton(FrameOn(general), "cmdStart", u"&Start Vertaling",
                        u"Bewaart het project en vertaalt het invoerbestand met de instellingen van dit project")) {
     modes->SetName("cboXlateMode");
     modes->SetToolTip(ToWx(u"Van welk formaat naar welk formaat wordt vertaald"));
+    PassWheelOn(*modes);
     start->SetFont(start->GetFont().Bold());
     const int frameHeight = start->FromDIP(captionHeight + wideSpace) + ButtonHeight(*modes);
-    for (wxWindow* const page : {generalPage, settingsPage}) {
-        page->FindWindow(frameName)->SetMinSize(wxSize(-1, frameHeight));
+    // Where the row stands in its frame is known when the toolkit has placed the frame on its page, which is at no
+    // moment that it tells.
+    wxGetTopLevelParent(general)->Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        event.Skip();
+        Place();
+    });
+    for (const wxWindow* const page : {generalPage, settingsPage}) {
+        FrameOn(page)->SetMinSize(wxSize(-1, frameHeight));
     }
 }
 
 void StartRow::PlaceOn(int tab, bool startedInteractively) {
-    const StartPlacement place = StartPlacementOn(tab, startedInteractively);
+    place = StartPlacementOn(tab, startedInteractively);
     const bool isInSight = place.buttonLeft != outOfSight;
     if (isInSight) MoveTo(tab == tabGeneral ? generalPage : settingsPage);
-    settingsPage->FindWindow(frameName)->Show(startedInteractively);
-    modes->SetSize(PixelsOf(*modes, place.listLeft), PixelsOf(*modes, place.listTop), PixelsOf(*modes, listWidth),
-                   modes->GetBestSize().y);
-    start->SetSize(PixelsOf(*start, place.buttonLeft), PixelsOf(*start, place.buttonTop),
-                   std::max(PixelsOf(*start, buttonWidth), start->GetBestSize().x), ButtonHeight(*modes));
-    const wxRect list = modes->GetRect();
+    FrameOn(settingsPage)->Show(startedInteractively);
+    Place();
+}
+
+// A place on the page, in twips, in the pixels of the frame, wherever the page has been scrolled to.
+wxPoint StartRow::InFrame(int left, int top) const {
+    const wxPoint onPage(PixelsOf(*ownPage, left), PixelsOf(*ownPage, top));
+    if (left == outOfSight) return onPage;
+    return FrameOn(ownPage)->ScreenToClient(ownPage->ClientToScreen(ownPage->CalcScrolledPosition(onPage)));
+}
+
+void StartRow::Place() {
+    // No page knows its place before.
+    if (!wxGetTopLevelParent(ownPage)->IsShown()) return;
+    const wxRect list(InFrame(place.listLeft, place.listTop),
+                      wxSize(PixelsOf(*modes, listWidth), modes->GetBestSize().y));
+    const wxRect button(InFrame(place.buttonLeft, place.buttonTop),
+                        wxSize(std::max(PixelsOf(*start, buttonWidth), start->GetBestSize().x), ButtonHeight(*modes)));
+    if (modes->GetRect() == list && start->GetRect() == button) return;
+    modes->SetSize(list);
+    start->SetSize(button);
     const wxSize text = label->GetBestSize();
     label->SetSize(list.x - text.x - label->FromDIP(wideSpace), list.y + (list.height - text.y) / 2, text.x, text.y);
 }
 
-// On a page the row comes behind its frame, also for the Tab key.
-void StartRow::MoveTo(wxWindow* page) {
-    if (start->GetParent() == page) return;
-    wxWindow* previous = page->FindWindow(frameName);
+// The frame has its place in the order of the Tab key, and the row in the frame.
+void StartRow::MoveTo(wxScrolledWindow* page) {
+    if (ownPage == page) return;
+    ownPage = page;
     for (wxWindow* const control : std::initializer_list<wxWindow*>{label, modes, start}) {
-        control->Reparent(page);
-        control->MoveAfterInTabOrder(previous);
-        previous = control;
+        control->Reparent(FrameOn(page));
     }
 }
 

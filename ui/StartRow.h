@@ -2,8 +2,11 @@
 
 #include <wx/button.h>
 #include <wx/choice.h>
+#include <wx/scrolwin.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+
+#include "app/TabPlacement.h"
 
 namespace korvande {
 
@@ -11,7 +14,7 @@ namespace korvande {
 // settings page, to fixed places, and out of sight.
 class StartRow {
  public:
-    StartRow(wxWindow* generalPage, wxWindow* settingsPage);
+    StartRow(wxScrolledWindow* generalPage, wxScrolledWindow* settingsPage);
     StartRow(const StartRow&) = delete;
     StartRow& operator=(const StartRow&) = delete;
     ~StartRow() = default;
@@ -19,10 +22,14 @@ class StartRow {
     void PlaceOn(int tab, bool startedInteractively);
 
  private:
-    void MoveTo(wxWindow* page);
+    void MoveTo(wxScrolledWindow* page);
+    void Place();
+    wxPoint InFrame(int left, int top) const;
 
-    wxWindow* generalPage;
-    wxWindow* settingsPage;
+    wxScrolledWindow* generalPage;
+    wxScrolledWindow* settingsPage;
+    wxScrolledWindow* ownPage;  // which it is on
+    StartPlacement place;
     wxStaticText* label;
     wxChoice* modes;
     wxButton* start;

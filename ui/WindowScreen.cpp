@@ -1,12 +1,12 @@
 #include "ui/WindowScreen.h"
 
 #include <wx/app.h>
-#include <wx/msgdlg.h>
 #include <wx/utils.h>
 
 #include <algorithm>
 
 #include "app/RunTranslation.h"
+#include "ui/MessageDialog.h"
 #include "ui/Printing.h"
 #include "ui/Viewer.h"
 #include "ui/WxText.h"
@@ -18,51 +18,6 @@ namespace korvande {
 
 namespace {
 
-long IconStyle(Icon icon) {
-    switch (icon) {
-        case Icon::Information:
-            return wxICON_INFORMATION;
-        case Icon::Question:
-            return wxICON_QUESTION;
-        case Icon::Critical:
-            return wxICON_ERROR;
-        case Icon::None:
-            break;
-    }
-    return wxICON_NONE;
-}
-
-long ButtonStyle(Buttons buttons) {
-    switch (buttons) {
-        case Buttons::OkCancel:
-        case Buttons::RetryCancel:
-            return wxOK | wxCANCEL;
-        case Buttons::YesNoCancel:
-            return wxYES_NO | wxCANCEL;
-        case Buttons::Ok:
-            break;
-    }
-    return wxOK;
-}
-
-void LabelButtons(wxMessageDialog& dialog, Buttons buttons) {
-    const wxString cancel = ToWx(u"&Annuleren");
-    switch (buttons) {
-        case Buttons::Ok:
-            dialog.SetOKLabel(ToWx(u"&OK"));
-            break;
-        case Buttons::OkCancel:
-            dialog.SetOKCancelLabels(ToWx(u"&OK"), cancel);
-            break;
-        case Buttons::RetryCancel:
-            dialog.SetOKCancelLabels(ToWx(u"Op&nieuw"), cancel);
-            break;
-        case Buttons::YesNoCancel:
-            dialog.SetYesNoCancelLabels(ToWx(u"&Ja"), ToWx(u"&Nee"), cancel);
-            break;
-    }
-}
-
 Answer AnswerOf(int button, Buttons buttons) {
     switch (button) {
         case wxID_YES:
@@ -72,7 +27,15 @@ Answer AnswerOf(int button, Buttons buttons) {
         case wxID_OK:
             return buttons == Buttons::RetryCancel ? Answer::Retry : Answer::Ok;
         default:
-            return buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
+            break;
+    }
+    switch (buttons) {
+        case Buttons::Ok:
+            return Answer::Ok;
+        case Buttons::YesNo:
+            return Answer::No;
+        default:
+            return Answer::Cancel;
     }
 }
 
@@ -117,9 +80,8 @@ void WindowScreen::ShowBusy(bool busy) {
 }
 
 Answer WindowScreen::ShowMessage(const MessageBox& box) {
-    const wxString title = ToWx(box.title.empty() ? TextView(u"KORVANDE") : TextView(box.title));
-    wxMessageDialog dialog(frame, ToWx(box.text), title, ButtonStyle(box.buttons) | IconStyle(box.icon) | wxCENTRE);
-    LabelButtons(dialog, box.buttons);
+    const TextView title = box.title.empty() ? TextView(u"KORVANDE") : TextView(box.title);
+    MessageDialog dialog(frame, box.text, title, box.icon, box.buttons);
     return AnswerOf(dialog.ShowModal(), box.buttons);
 }
 

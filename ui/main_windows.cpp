@@ -8,23 +8,14 @@
 
 #include "app/CommandLine.h"
 #include "core/WideText_windows.h"
+#include "host/ProgramPlace.h"
 #include "ui/App.h"
-
-namespace {
-
-// What stands behind the program's name, which stands between quotes when it holds blanks, in the command line as the
-// caller wrote it.
-korvande::TextView BehindProgramName(korvande::TextView commandLine) {
-    const bool isQuoted = commandLine.starts_with(u'"');
-    const std::size_t end = isQuoted ? commandLine.find(u'"', 1) : commandLine.find_first_of(u" \t");
-    return end == korvande::TextView::npos ? korvande::TextView() : korvande::Trim(commandLine.substr(end + 1));
-}
-
-}  // namespace
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int howToShow) {
     std::setlocale(LC_ALL, "");
-    const korvande::Text commandLine(BehindProgramName(korvande::FromWide(::GetCommandLineW())));
+    const korvande::ProgramPlace program = korvande::RunningProgram();
+    const korvande::Text commandLine = korvande::BehindProgramName(
+        korvande::FromWide(::GetCommandLineW()), korvande::Concat(program.folder, u"\\", program.name));
     // The system paints the frames: where the library does, some stay away after their window was disabled.
     wxSystemOptions::SetOption("msw.staticbox.optimized-paint", 0);
     wxApp::SetInstance(new korvande::App({commandLine, korvande::HasRegistrationSwitch(commandLine)}));

@@ -113,8 +113,9 @@ TEST_F(ProjectTest, ADuplicateWhoseNameDiffersOnlyInCaseIsMadeWhereItIsAnotherFi
     WriteProject("Een.nst", "EENDORP");
     Start();
     WriteProject("EEN.NST", "ELDERS");
+    dialogs.buttons = {wxID_YES};
     Ask("cmdCopyJob", "een", WXK_RETURN);
-    EXPECT_THAT(dialogs.messages, ElementsAre());
+    EXPECT_THAT(dialogs.messages, ElementsAre(HasSubstr("Het bestand bestaat al:")));
     EXPECT_EQ(Current(), "EEN.NST");
     EXPECT_EQ(TextOf("txtCity"), "EENDORP");
 }

@@ -48,7 +48,8 @@ class Screenshots : public WindowTest {
     // A drawing of as many points as take a while.
     Text LargeDrawing() const {
         std::string text =
-            "HEADER\nEND HEADER\nDATABASE\nPOINTS (PointNo,PointID,East,North,Elevation,Code,Description,"
+            "HEADER\nEND HEADER\nLAYERS (LayerNo,Name)\n0,\"A\";\nEND LAYERS\nDATABASE\nPOINTS "
+            "(PointNo,PointID,East,North,Elevation,Code,Description,"
             "SymDir)\n";
         for (int i = 1; i <= 400000; ++i) {
             const std::string number = std::to_string(i);

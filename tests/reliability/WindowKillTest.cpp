@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
@@ -168,7 +166,7 @@ class WindowKill : public ::testing::Test {
     }
 };
 
-TEST_F(WindowKill, AClosingWindowLeavesTheProjectAndTheSettingsOldOrNewAndWhole) {
+TEST_F(WindowKill, AClosingWindowLeavesTheSettingsOldOrNewAndTheProjectAsItWas) {
     constexpr int atOnce = 6;
     constexpr int mostCalls = 200;
     const std::string oldTable = "[NEN1878]\r\nTown = MOLVEREN\r\n[Points]\r\nBOOM = Q21, PUNT, BOOM\r\n[End]\r\n";
@@ -176,15 +174,14 @@ TEST_F(WindowKill, AClosingWindowLeavesTheProjectAndTheSettingsOldOrNewAndWhole)
     const std::vector<Place> whole = Close(oldTable, Settings(0, folder.Path(), "weg.nst"), 0, 1);
     ASSERT_EQ(whole.size(), 1U);
     ASSERT_EQ(whole[0].status, 0);
-    const std::string& newTable = whole[0].table;
+    ASSERT_EQ(whole[0].table, oldTable) << "nobody has changed it";
     const std::string& newSettings = whole[0].settings;
-    ASSERT_NE(newTable, oldTable);
     std::string oldSettings = newSettings;
     const std::string project = "\"CurrProject\"=\"p.nst\"";
     ASSERT_NE(oldSettings.find(project), std::string::npos);
     oldSettings.replace(oldSettings.find(project), project.size(), "\"CurrProject\"=\"weg.nst\"");
 
-    std::set<std::pair<bool, bool>> seen;  // whether the table and the settings were new
+    std::set<bool> seen;  // whether the settings were new
     int killedWindows = 0;
     bool isFinished = false;
     for (int call = 1; call <= mostCalls && !isFinished; call += atOnce) {
@@ -196,20 +193,19 @@ TEST_F(WindowKill, AClosingWindowLeavesTheProjectAndTheSettingsOldOrNewAndWhole)
             if (const auto found = settings.find(Name(i)); found != std::string::npos) {
                 settings.replace(found, Name(i).size(), Name(0));
             }
-            const bool hasNewTable = place.table == newTable;
             const bool hasNewSettings = settings == newSettings;
-            EXPECT_TRUE(hasNewTable || place.table == oldTable) << "the table at call " << call + i;
+            EXPECT_EQ(place.table, oldTable) << "the table at call " << call + i;
             EXPECT_TRUE(hasNewSettings || settings == oldSettings) << "the settings at call " << call + i;
-            EXPECT_TRUE(place.status == killed || (place.status == 0 && hasNewTable && hasNewSettings))
+            EXPECT_TRUE(place.status == killed || (place.status == 0 && hasNewSettings))
                 << "the end at call " << call + i << ": " << place.status;
-            seen.insert({hasNewTable, hasNewSettings});
+            seen.insert(hasNewSettings);
             isFinished = isFinished || place.status != killed;
             killedWindows += place.status == killed ? 1 : 0;
         }
     }
     EXPECT_TRUE(isFinished) << "it never comes to its end";
-    EXPECT_GE(killedWindows, 10);
-    EXPECT_EQ(seen, (std::set<std::pair<bool, bool>>{{false, false}, {true, false}, {true, true}}));
+    EXPECT_GE(killedWindows, 5);
+    EXPECT_EQ(seen.size(), 2U);
 }
 
 }  // namespace
