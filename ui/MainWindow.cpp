@@ -136,6 +136,8 @@ void MainWindow::FitContent() {
     Fit();
     for (size_t i = 0; i < tabs->GetPageCount(); ++i) tabs->GetPage(i)->SetMinClientSize(wxDefaultSize);
     wxSize size = GetSize();
+    // There is room below the pages for what becomes of a run.
+    size.y += outcome->GetBestSize().y;
     size.DecTo(wxDisplay(this).GetClientArea().GetSize());
     SetSize(size);
     Centre();
