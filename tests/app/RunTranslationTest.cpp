@@ -258,44 +258,6 @@ TEST_F(RunTranslationTest, TheEndIsToldBeforeTheViewerComesToTheFront) {
     EXPECT_EQ(screen.viewed.size(), 1U);
 }
 
-// The drawing without its end.
-std::string CutOff(std::string drawing) { return drawing.substr(0, drawing.find("END DATABASE")); }
-
-TEST_F(RunTranslationTest, ARunWithLossSaysSoInsteadOfThatItIsDone) {
-    Choose(0, folder.Write("in.idx", CutOff(Drawing())), folder / "uit.sfn");
-    RunTranslation(form);
-    EXPECT_EQ(screen.messages,
-              std::vector<std::string>{ToUtf8(folder / "in.idx") +
-                                       " is vertaald, met gegevens die niet of anders zijn overgekomen."});
-    EXPECT_FALSE(form.lastRun.wentWell);
-    ASSERT_EQ(form.lastRun.lists.size(), 2U);
-    EXPECT_NE(form.lastRun.lists[1].find(u"END DATABASE ontbreekt"), Text::npos);
-    ASSERT_EQ(form.lastRun.account.size(), 1U);
-    EXPECT_EQ(form.lastRun.account[0], u"Punten: 1 gelezen, 1 geschreven, 0 weggelaten");
-}
-
-TEST_F(RunTranslationTest, ARunWithLossKeepsItsLogBookWhenNoneIsWantedAndNamesIt) {
-    SelectReport(options, &Options::optReportNone);
-    Choose(0, folder.Write("in.idx", CutOff(Drawing())), folder / "uit.sfn");
-    RunTranslation(form);
-    ASSERT_EQ(screen.messages.size(), 1U);
-    EXPECT_TRUE(
-        screen.messages[0].ends_with("overgekomen.\n\nLOGBOEK is opgeslagen in:\n\n" + ToUtf8(folder / "uit.LOG")))
-        << screen.messages[0];
-    EXPECT_NE(FileBytes(folder / "uit.LOG").find("Niet of anders overgekomen:"), std::string::npos);
-}
-
-TEST_F(RunTranslationTest, WhatTheSettingsLeaveOutIsNoLoss) {
-    options.chkExportUnknowns = false;
-    Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
-    RunTranslation(form);
-    EXPECT_EQ(LastMessage(), "Verwerking gereed");
-    EXPECT_TRUE(form.lastRun.wentWell);
-    ASSERT_EQ(form.lastRun.lists.size(), 2U);
-    EXPECT_EQ(form.lastRun.lists[0], u"Volgens de controletabel en de instellingen:");
-    EXPECT_EQ(ToUtf8(form.lastRun.lists[1]), "  1 punt met een onbekende code (op regel 8)");
-}
-
 TEST_F(RunTranslationTest, WithoutAListingNoLogBookRemains) {
     SelectReport(options, &Options::optReportNone);
     Choose(0, folder.Write("in.idx", Drawing()), folder / "uit.sfn");
@@ -317,18 +279,6 @@ TEST_F(RunTranslationTest, ARunStartedByACommandLineUsesItsNamesAndClosesTheWind
     EXPECT_TRUE(isUnloaded);
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_NE(FileBytes(folder / "uit.sf2").find("VAIKLI, LisCAD"), std::string::npos);
-}
-
-TEST_F(RunTranslationTest, ARunStartedByACommandLineTellsWhatDidNotGoWell) {
-    options.StartedInteractively = false;
-    form.unload = [&] { EXPECT_EQ(screen.messages.size(), 1U); };
-    form.cboXlateMode = {{u"Export SUF2"}, 0};
-    form.conversion.direction = Direction::FromIdex;
-    form.conversion.IdexFileName = folder.Write("in.idx", CutOff(Drawing()));
-    form.conversion.SufNenFileName = folder / "uit.sf2";
-    form.conversion.LogFileName = folder / "uit.LOG";
-    RunTranslation(form);
-    EXPECT_TRUE(LastMessage().starts_with(ToUtf8(folder / "in.idx") + " is vertaald, met ")) << LastMessage();
 }
 
 TEST_F(RunTranslationTest, AnUnknownDirectionIsToldAndNothingRuns) {
