@@ -112,6 +112,16 @@ ReadNotepad() {
     CloseWindow "$title"
 }
 
+# Answers a message that must hold this text.
+Finish() {
+    WaitFor "#32770/KORVANDE"
+    local text
+    text=$(Tool text "#32770/KORVANDE")
+    [[ $text == *"$1"* ]] || Fail "another message than: $1"$'\n'"$text"
+    Press "#32770/KORVANDE" OK
+    WaitGone "#32770/KORVANDE"
+}
+
 SetValue() {
     Wine reg add "$1" /v "$2" /d "$3" /f >/dev/null
 }
