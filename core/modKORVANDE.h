@@ -24,7 +24,7 @@ struct PointRec {
     double North;
     double Elevation;
     double SymDir;
-    std::int32_t PointNo;  // the key by which edges and texts refer to points
+    std::int32_t PointNo;    // the key by which edges and texts refer to points
     std::int32_t InputLine;  // of the input, where it stands; 0: it was made
 
     // The surveyor's name for it, 9 characters.

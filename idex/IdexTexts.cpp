@@ -76,7 +76,8 @@ TextBoxes ReadBoxes(IdexFile& file, const std::vector<Text>& layerNames) {
         }
         const Text& layerName = layerNames[static_cast<std::size_t>(layer)];
         box.layer = layerName;
-        if (TrimRight(TextView(layerName)).size() > box.layer.width) table.Tell(ProblemKind::CodeCut);
+        constexpr std::size_t width = decltype(box.layer)::width;
+        if (TrimRight(TextView(layerName)).size() > width) table.Tell(ProblemKind::CodeCut);
         if (static_cast<std::size_t>(number) >= boxes.size()) boxes.resize(static_cast<std::size_t>(number) + 1);
         boxes[static_cast<std::size_t>(number)] = box;
     }

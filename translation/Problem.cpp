@@ -57,6 +57,7 @@ bool TellsLine(ProblemKind kind) noexcept {
 
 // A file that means harm may bring any number of words; behind these they are told without.
 constexpr std::ptrdiff_t mostWords = 20;
+constexpr TextView otherWords = u"…";
 
 }  // namespace
 
@@ -123,28 +124,28 @@ bool Problems::Count(ProblemKind kind, ObjectKind object, std::int64_t line) noe
     return true;
 }
 
+ProblemCount& Problems::CountOf(const Problem& problem) {
+    const auto find = [this, &problem](TextView words) {
+        return std::find_if(counts.begin(), counts.end(), [&problem, words](const ProblemCount& entry) {
+            return entry.kind == problem.kind && entry.object == problem.object && entry.words == words;
+        });
+    };
+    const auto found = find(problem.words);
+    if (found != counts.end()) return *found;
+    const auto sameKind = std::count_if(counts.begin(), counts.end(),
+                                        [&problem](const ProblemCount& entry) { return entry.kind == problem.kind; });
+    const bool isTooMuch = !problem.words.empty() && sameKind >= mostWords;
+    const Text words = isTooMuch ? Text(otherWords) : problem.words;
+    const auto others = isTooMuch ? find(words) : counts.end();
+    return others != counts.end() ? *others : counts.emplace_back(ProblemCount{problem.kind, problem.object, words});
+}
+
 void Problems::Add(const Problem& problem, std::int64_t count) {
     hasLoss = hasLoss || ListOf(problem.kind) == ProblemList::Loss;
     hasDamage = hasDamage || IsDamage(problem.kind);
-    const auto isSame = [&problem](const ProblemCount& entry) {
-        return entry.kind == problem.kind && entry.object == problem.object && entry.words == problem.words;
-    };
-    auto found = std::find_if(counts.begin(), counts.end(), isSame);
-    if (found == counts.end()) {
-        constexpr TextView others = u"…";
-        const bool isTooMuch = !problem.words.empty() && problem.words != others &&
-                               std::count_if(counts.begin(), counts.end(), [&problem](const ProblemCount& entry) {
-                                   return entry.kind == problem.kind;
-                               }) >= mostWords;
-        if (isTooMuch) {
-            Problem without = problem;
-            without.words = others;
-            return Add(without, count);
-        }
-        found = counts.insert(counts.end(), {problem.kind, problem.object, problem.words});
-    }
-    found->count += count;
-    if (problem.line > 0 && (found->firstLine == 0 || problem.line < found->firstLine)) found->firstLine = problem.line;
+    ProblemCount& entry = CountOf(problem);
+    entry.count += count;
+    if (problem.line > 0 && (entry.firstLine == 0 || problem.line < entry.firstLine)) entry.firstLine = problem.line;
     if (onProblem) onProblem(problem);
 }
 

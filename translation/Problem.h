@@ -170,6 +170,9 @@ class Problems {
     std::vector<Text> Lines(ProblemList list) const;
 
  private:
+    // The entry that a problem belongs to, which may be new.
+    ProblemCount& CountOf(const Problem& problem);
+
     std::vector<ProblemCount> counts;
     std::size_t latest = 0;  // that Count found
     bool hasLoss = false;

@@ -18,6 +18,7 @@ int LetterOf(const wxStaticText& label) {
 
 // The list behind a label of this letter, in what is on the screen; none when the letter is no such label's. A text box
 // behind its label is found by the toolkit itself.
+// NOLINTNEXTLINE(misc-no-recursion): as deep as windows stand in each other
 wxChoice* ListOf(const wxWindow& window, int letter) {
     // Other pages are not on the screen, though the toolkit may call them shown.
     if (const auto* const pages = dynamic_cast<const wxNotebook*>(&window)) {
