@@ -1,6 +1,5 @@
 #include "app/OutputName.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "app/RunTranslation.h"
@@ -11,17 +10,15 @@ namespace korvande {
 
 namespace {
 
-// A name without its extension, to be compared.
-Text Stem(TextView name) {
+Text WithoutExtension(TextView name) {
     const Text file = FileNameOf(name);
     const std::size_t dot = file.rfind(u'.');
-    return ToCapitals(Concat(FolderOf(name), file.substr(0, dot == 0 ? Text::npos : dot)));
+    return Concat(FolderOf(name), file.substr(0, dot == 0 ? Text::npos : dot));
 }
 
-Text WithExtension(TextView name, TextView extension) {
-    const Text file = FileNameOf(name);
-    const std::size_t dot = file.rfind(u'.');
-    return Concat(FolderOf(name), file.substr(0, dot == 0 ? Text::npos : dot), u".", extension);
+// Whether two files have one name but for their extensions.
+bool ShareStem(TextView name, TextView other) {
+    return ToCapitals(WithoutExtension(name)) == ToCapitals(WithoutExtension(other));
 }
 
 TextView ExtensionOf(Mode mode) {
@@ -56,10 +53,10 @@ void DeriveOutputName(FormKORVANDE& form) {
     Options& options = form.project.options;
     const Mode mode = SelectedMode(form);
     Text& output = mode.direction == Direction::FromIdex ? options.txtFileSUFNEN : options.txtFileIDEX;
-    const bool isOurs = Trim(output).empty() || FolderOf(output).empty() || Stem(output) == Stem(input) ||
-                        (!previous.empty() && Stem(output) == Stem(previous));
+    const bool isOurs = Trim(output).empty() || FolderOf(output).empty() || ShareStem(output, input) ||
+                        (!previous.empty() && ShareStem(output, previous));
     if (!isOurs) return;
-    output = WithExtension(input, ExtensionOf(mode));
+    output = Concat(WithoutExtension(input), u".", ExtensionOf(mode));
     TellChanged(form);
 }
 
