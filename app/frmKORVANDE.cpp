@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/VersionText.h"
+#include "core/Version.h"
 #include "core/modScreen.h"
 #include "host/modFileHandling.h"
 #include "project/ControlTable.h"
@@ -33,7 +33,7 @@ TextView ListControl::SelectedText() const {
     return items[static_cast<std::size_t>(index)];
 }
 
-FormKORVANDE::FormKORVANDE(Screen& itsScreen) : screen(itsScreen), lblVersion(Concat(u"Versie:  ", VersionText())) {
+FormKORVANDE::FormKORVANDE(Screen& itsScreen) : screen(itsScreen), lblVersion(Concat(u"Versie:  ", versionText)) {
     for (const ModeNames& names : modes) cboXlateMode.items.emplace_back(names.text);
     cboXlateMode.index = 0;
     ResetProject(project);

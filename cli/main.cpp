@@ -12,7 +12,7 @@
 #include "cli/Projects.h"
 #include "cli/Translate.h"
 #include "core/RuntimeError.h"
-#include "core/VersionText.h"
+#include "core/Version.h"
 
 namespace korvande {
 
@@ -214,7 +214,7 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     TakeGuardAway(projectFile);
     if (ShellsLeavePatterns()) ExpandPatterns(options, checkOptions);
     if (wantsVersion) {
-        PrintLine(Concat(u"KORVANDE ", VersionText()));
+        PrintLine(Concat(u"KORVANDE ", versionText));
         return Shown(status::done);
     }
     if (translate.parsed()) return Shown(Translate(options));

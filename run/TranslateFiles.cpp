@@ -2,7 +2,7 @@
 
 #include "core/Clock.h"
 #include "core/RuntimeError.h"
-#include "core/VersionText.h"
+#include "core/Version.h"
 #include "core/modScreen.h"
 #include "core/modStrings.h"
 #include "run/Steps.h"
@@ -23,7 +23,7 @@ void WriteMode(LogBook& log, TextView modeText) { log.WriteLine(Concat(u"     Be
 void WriteHeader(Translation& translation) {
     LogBook& log = translation.log;
     log.WriteLine();
-    log.WriteLine(Concat(u"--- LISCAD  -  NEN1878/SUF2 Vertaler Versie:  ", VersionText(), u"  -  Logboek ---"));
+    log.WriteLine(Concat(u"--- LISCAD  -  NEN1878/SUF2 Vertaler Versie:  ", versionText, u"  -  Logboek ---"));
     log.WriteEmptyLines(2);
     log.WriteLine(Concat(u"IDEX bestand:    ", QuoteText(translation.IdexFileName)));
     log.WriteLine(Concat(u"SUF/NEN bestand: ", QuoteText(translation.SufNenFileName)));
