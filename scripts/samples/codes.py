@@ -100,8 +100,8 @@ UNKNOWN_CODES = {"points": {"KUNST", "FIETSNT"}, "lines": {"LEIDING", "GEUL"}, "
 OPTIONS = """# Voorbeeldproject: codetabellen en instellingen bij de tekening straat.idx.
 # Regels zonder isgelijkteken worden overgeslagen, tekst achter een hekje ook.
 [NEN1878]
-SUFNENFile = STRAAT.SFN
-IDEXFile = STRAAT.IDX
+SUFNENFile = {empty}
+IDEXFile = {empty}
 NameLong = VOSAIZO ZANDERVIK B.V.
 NameShort = VOSAIZO
 Street = POSTBUS
