@@ -246,7 +246,7 @@ void ReadIdexFile(Translation& translation) {
     ResetDrawing(drawing);
     drawing.LayerNames.assign(1, Text());
     drawing.DrawingName.clear();
-    translation.unknowns.Reset();
+    ForgetUnknowns(translation);
     LineReader reader;
     if (!OpenInput(translation, reader, translation.IdexFileName)) return;
     translation.screen.ShowStatus(u"Inlezen IDEX");

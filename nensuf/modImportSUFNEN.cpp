@@ -257,7 +257,7 @@ void Import(Translation& translation, LineReader& file) {
 
 void ImportNenSuf(Translation& translation) {
     ResetDrawing(translation.drawing);
-    translation.unknowns.Reset();
+    ForgetUnknowns(translation);
     translation.ProjectName.clear();
     translation.ProjectDate.reset();
     LineReader file;

@@ -26,7 +26,12 @@ const Text& OutputName(const Translation& translation) noexcept {
 }
 
 UnknownCodeTally* TallyOf(Translation& translation) noexcept {
-    return translation.options.chkExportUnknowns ? &translation.unknowns : nullptr;
+    return translation.options.chkExportUnknowns ? &translation.unknowns : &translation.unlistedUnknowns;
+}
+
+void ForgetUnknowns(Translation& translation) {
+    translation.unknowns.Reset();
+    translation.unlistedUnknowns.Reset();
 }
 
 void Report(Translation& translation, Problem problem) {

@@ -80,7 +80,10 @@ struct Translation {
     bool withDiagnosticFiles = true;
 
     Drawing drawing;
+    // The codes that the tables do not know: those that the log book has an overview of, or, when the options want none
+    // there, those that are told elsewhere.
     UnknownCodeTally unknowns;
+    UnknownCodeTally unlistedUnknowns;
     std::int32_t crossingsFound = 0;  // of lines, while arcs were read
 
     // From the header of a NEN1878/SUF2 file.
@@ -106,8 +109,12 @@ struct Translation {
 const Text& InputName(const Translation& translation) noexcept;
 const Text& OutputName(const Translation& translation) noexcept;
 
-// The tally that lookups count in, or null when the options want none (chkExportUnknowns, for both directions).
+// The tally that lookups count in: the one for the log book when the options want that (chkExportUnknowns, for both
+// directions).
 UnknownCodeTally* TallyOf(Translation& translation) noexcept;
+
+// Empties both tallies, before a drawing is read.
+void ForgetUnknowns(Translation& translation);
 
 // An error of the line being read: counted, told to who listens, and a line "FOUT:  " in the log book.
 void Report(Translation& translation, Problem problem);

@@ -110,13 +110,21 @@ TEST_F(CodeLookups, ATableWithoutAnyRowCountsAndTalliesNothing) {
     EXPECT_TRUE(unknowns.Entries().empty());
 }
 
-TEST_F(CodeLookups, TheTallyIsTheTranslationsWhenTheExportBoxIsSet) {
+TEST_F(CodeLookups, TheTallyIsThatOfTheLogBookWhenTheExportBoxIsSet) {
     translation.options.chkImportUnknowns = true;
     translation.options.chkExportUnknowns = false;
-    EXPECT_EQ(TallyOf(translation), nullptr);
+    EXPECT_EQ(TallyOf(translation), &translation.unlistedUnknowns);
     translation.options.chkImportUnknowns = false;
     translation.options.chkExportUnknowns = true;
     EXPECT_EQ(TallyOf(translation), &translation.unknowns);
+}
+
+TEST_F(CodeLookups, BothTalliesAreEmptiedTogether) {
+    CountUnknownCode(translation.unknowns, MakeFixedText<8>(u"PX"));
+    CountUnknownCode(translation.unlistedUnknowns, MakeFixedText<8>(u"LY"));
+    ForgetUnknowns(translation);
+    EXPECT_TRUE(translation.unknowns.Entries().empty());
+    EXPECT_TRUE(translation.unlistedUnknowns.Entries().empty());
 }
 
 }  // namespace
