@@ -1,25 +1,10 @@
 #include "project/CellCheck.h"
 
 #include <algorithm>
-#include <cstddef>
 
 namespace korvande {
 
 namespace {
-
-// How many characters a column's field of the table holds.
-std::size_t WidthOf(Grid::Column column) {
-    switch (column) {
-        case Grid::Liscad:
-            return decltype(CodeRow::LiscadCode)::width;
-        case Grid::Lki:
-            return decltype(CodeRow::LkiCode)::width;
-        case Grid::Type:
-            return decltype(CodeRow::Type)::width;
-        default:
-            return decltype(CodeRow::Description)::width;
-    }
-}
 
 bool HasByte(char16_t character) {
     constexpr char16_t firstPrinted = u' ';
@@ -65,9 +50,24 @@ Text WhyCodeIsRefused(TextView code) {
 
 }  // namespace
 
+std::size_t WidthOfColumn(Grid::Column column) noexcept {
+    switch (column) {
+        case Grid::Liscad:
+            return decltype(CodeRow::LiscadCode)::width;
+        case Grid::Lki:
+            return decltype(CodeRow::LkiCode)::width;
+        case Grid::Type:
+            return decltype(CodeRow::Type)::width;
+        case Grid::Description:
+            return decltype(CodeRow::Description)::width;
+        default:
+            return 0;
+    }
+}
+
 Text WhyCellIsRefused(Grid::Column column, TextView text) {
     if (column >= Grid::P) return {};  // of a number only the number is kept
-    const std::size_t width = WidthOf(column);
+    const std::size_t width = WidthOfColumn(column);
     const TextView field = Trim(text.substr(0, width));
     Text why = WhyFieldIsRefused(field, width);
     if (why.empty() && column == Grid::Liscad) why = WhyCodeIsRefused(field);

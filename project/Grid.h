@@ -22,7 +22,11 @@ class Grid {
     void SetRowCount(int count) { rows.resize(static_cast<std::size_t>(count)); }
     Row& operator[](int row) { return rows[static_cast<std::size_t>(row)]; }
     const Row& operator[](int row) const { return rows[static_cast<std::size_t>(row)]; }
-    void RemoveRow(int row) { rows.erase(rows.begin() + row); }
+    // `count` rows from `first` on give way to others.
+    void ReplaceRows(int first, int count, const std::vector<Row>& others) {
+        const auto place = rows.erase(rows.begin() + first, rows.begin() + first + count);
+        rows.insert(place, others.begin(), others.end());
+    }
 
  private:
     std::vector<Row> rows;

@@ -55,6 +55,7 @@ constexpr Option optionTable[] = {
     Option{"", "MaxY", OptionKind::PerUser, &Options::txtMaxY, u"999999", false, u""},
     Option{"", "CharacterSet", OptionKind::PerUser, &Options::cboCharacterSet, characterSetNames[0], false, u""},
     Option{"", "WithoutZeroes", OptionKind::PerUser, &Options::chkWithoutZeroes, u"", false, u""},
+    Option{"", "LogBookWindow", OptionKind::PerUser, &Options::logBookInWindow, u"1", false, u""},
 };
 
 void PutInitial(Options& options, const Option& option) {

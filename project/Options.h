@@ -36,6 +36,10 @@ struct Options {
     bool optReportPrinter = false;
     bool optReportNone = false;
 
+    // A log book on the screen is shown in a window of the program's own, the first choice of the list
+    // cboLogBookViewer, or else by the viewer for text files; kept per user.
+    bool logBookInWindow = false;
+
     // Import
     bool chkImportUnknowns = false;
     bool chkImportSymRotation = false;

@@ -19,13 +19,15 @@ TEST_F(GridTest, TheHeaderStandsInItsFirstRow) {
     EXPECT_EQ(CellsText(Grid(u"A|B")[0]), "A|B|||||");
 }
 
-TEST_F(GridTest, ARowIsRemovedFromItsPlace) {
+TEST_F(GridTest, RowsGiveWayToOthersInTheirPlace) {
     grid.SetRowCount(4);
     for (int row = 1; row < 4; ++row) grid[row][Grid::Liscad] = Concat(row);
-    grid.RemoveRow(2);
+    Grid::Row other;
+    other[Grid::Liscad] = u"9";
+    grid.ReplaceRows(1, 2, {other});
     ASSERT_EQ(grid.RowCount(), 3);
     EXPECT_EQ(grid[0][Grid::Liscad], u"Liscad");
-    EXPECT_EQ(grid[1][Grid::Liscad], u"1");
+    EXPECT_EQ(grid[1][Grid::Liscad], u"9");
     EXPECT_EQ(grid[2][Grid::Liscad], u"3");
 }
 

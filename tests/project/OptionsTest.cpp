@@ -118,7 +118,7 @@ TEST_F(OptionsTest, EveryOptionHasAKeyOfItsOwnInItsSection) {
         EXPECT_TRUE(keys.insert(ToCapitals(KeyOf(option))).second) << KeyOf(option);
         EXPECT_EQ(option.section.empty(), option.kind == OptionKind::PerUser) << KeyOf(option);
     }
-    EXPECT_EQ(keys.size(), 32U);
+    EXPECT_EQ(keys.size(), 33U);
 }
 
 TEST_F(OptionsTest, EveryOptionHasAPlaceOfItsOwn) {
@@ -172,7 +172,7 @@ TEST_F(OptionsTest, TheOptionsOfAUserAreNotInTheControlTable) {
         Change(options, option);
         EXPECT_EQ(ControlTableText(options, project.codes), before) << option.key;
     }
-    EXPECT_EQ(perUser, 7);
+    EXPECT_EQ(perUser, 8);
     // Nor are they read from one.
     const Options changed = options;
     LoadProjectBytes(screen, project, "ClipXY = 0\nMinX = 7\n[]\nClipXY = 0\nMinX = 7\n[Import]\nMinX = 7\n");
