@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -8,14 +9,6 @@
 
 namespace korvande {
 
-// A rectangle in twips.
-struct TwipsRectangle {
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
-};
-
 // An editor control: a text box, or a drop-down list whose items are fixed.
 struct CellEditor {
     bool isVisible = false;
@@ -23,7 +16,27 @@ struct CellEditor {
     Text text;  // of a text box, or the chosen item of a list (empty: none)
     int selectionStart = 0;
     int selectionLength = 0;
-    TwipsRectangle place;
+};
+
+// A change of a grid: from row `first` on, the rows before gave way to the rows after.
+struct RowsChange {
+    int first = 0;
+    std::vector<Grid::Row> before;
+    std::vector<Grid::Row> after;
+    int column = 0;  // the current one at the time
+};
+
+// What was changed in a grid since it was loaded, and what of it was taken back; the latest last.
+struct GridHistory {
+    std::vector<RowsChange> done;
+    std::vector<RowsChange> undone;
+};
+
+// The order in which a grid is looked at, which is not that of its rows when it was sorted.
+struct GridOrder {
+    int column = -1;  // by which it is sorted; -1: the rows' own order
+    bool isDescending = false;
+    std::vector<int> rows;  // the row at each place; empty in the rows' own order
 };
 
 // A grid with its editors, as the window has one on each of the code table tabs: the first cell current, no edit.
@@ -37,6 +50,9 @@ struct EditedGrid {
     int row = 1;  // the current cell; row 0 is the header, current in a grid without other rows
     int column = 0;
     bool gridHasFocus = false;
+    std::uint64_t changes = 0;  // how often the rows became others
+    GridHistory history;
+    GridOrder order;
 };
 
 }  // namespace korvande

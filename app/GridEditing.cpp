@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "app/GridHistory.h"
+#include "app/GridRows.h"
 #include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
 #include "project/CellCheck.h"
@@ -10,16 +12,12 @@ namespace korvande {
 
 namespace {
 
-bool HasCurrentRow(const EditedGrid& edited) { return edited.row >= 1 && edited.row < edited.grid.RowCount(); }
+const Text& CurrentCell(const EditedGrid& edited) {
+    return edited.grid[edited.row][static_cast<std::size_t>(edited.column)];
+}
 
-Text& CurrentCell(EditedGrid& edited) { return edited.grid[edited.row][static_cast<std::size_t>(edited.column)]; }
-
-// Lays an editor over the cell and gives it the focus.
-void ShowEditor(EditedGrid& edited, CellEditor& editor, TwipsRectangle gridPlace, TwipsRectangle cell) {
-    constexpr int outwards = 20;
-    constexpr int lower = 50;
-    editor.place = {gridPlace.left + cell.left - outwards, gridPlace.top + cell.top - outwards, cell.width,
-                    cell.height - lower};
+// Shows an editor and gives it the focus.
+void ShowEditor(EditedGrid& edited, CellEditor& editor) {
     editor.isVisible = true;
     editor.hasFocus = true;
     edited.gridHasFocus = false;
@@ -58,10 +56,13 @@ void StartListEdit(EditedGrid& edited) {
 
 // Takes a text into the current cell, unless its control table could not give it back; then the sentence that says why.
 Text TakeIntoCell(EditedGrid& edited, const Text& text) {
-    Text& cell = CurrentCell(edited);
-    if (text == cell) return {};
+    if (text == CurrentCell(edited)) return {};
     Text why = WhyCellIsRefused(static_cast<Grid::Column>(edited.column), text);
-    if (why.empty()) cell = text;
+    if (why.empty()) {
+        Grid::Row row = edited.grid[edited.row];
+        row[static_cast<std::size_t>(edited.column)] = text;
+        ReplaceRows(edited, edited.row, 1, {row});
+    }
     return why;
 }
 
@@ -85,28 +86,6 @@ void ReturnToGrid(FormKORVANDE& form, EditedGrid& edited) {
     EndEdit(form, edited);
 }
 
-void InsertRow(FormKORVANDE& form, EditedGrid& edited) {
-    const int row = edited.grid.RowCount();
-    edited.grid.SetRowCount(row + 1);
-    edited.grid[row][Grid::Liscad] = u"999";
-    TellChanged(form);
-    ShowMessage(form.screen,
-                u"Liscad code '999' is onderaan de tabel toegevoegd.\n"
-                u"Deze regel wijzigen naar de juiste inhoud.");
-    edited.row = row;
-    TellChanged(form);
-}
-
-void DeleteRow(FormKORVANDE& form, EditedGrid& edited) {
-    if (!HasCurrentRow(edited)) return;
-    const Text question = Concat(u"Liscad code '", edited.grid[edited.row][Grid::Liscad], u"' zal worden gewist");
-    const MessageBox box{question, u"Wissen Tabelregel", Icon::None, Buttons::OkCancel};
-    if (form.screen.ShowMessage(box) != Answer::Ok) return;
-    edited.grid.RemoveRow(edited.row);
-    edited.row = std::min(edited.row, edited.grid.RowCount() - 1);
-    TellChanged(form);
-}
-
 template <class Action>
 void ForEachGrid(FormKORVANDE& form, Action action) {
     for (EditedGrid* const edited : {&form.editedPoints, &form.editedLines, &form.editedTexts}) action(*edited);
@@ -114,8 +93,7 @@ void ForEachGrid(FormKORVANDE& form, Action action) {
 
 }  // namespace
 
-void StartEdit(FormKORVANDE& form, EditedGrid& edited, std::int16_t keyCharacter, TwipsRectangle gridPlace,
-               TwipsRectangle cell) {
+void StartEdit(FormKORVANDE& form, EditedGrid& edited, std::int16_t keyCharacter) {
     EndEdit(form, edited);
     if (!HasCurrentRow(edited)) return;
     const bool isList = edited.column == Grid::Type && !edited.listItems.empty();
@@ -124,7 +102,7 @@ void StartEdit(FormKORVANDE& form, EditedGrid& edited, std::int16_t keyCharacter
     } else {
         StartTextEdit(edited, keyCharacter);
     }
-    ShowEditor(edited, isList ? edited.listEditor : edited.textEditor, gridPlace, cell);
+    ShowEditor(edited, isList ? edited.listEditor : edited.textEditor);
 }
 
 void EditKeyCodeTexts(FormKORVANDE& form, EditedGrid& edited, std::int16_t& keyCode, std::int16_t /*shift*/) {
@@ -153,11 +131,13 @@ void DropEdits(FormKORVANDE& form) {
             editor->isVisible = editor->hasFocus = false;
         }
         edited.row = 1;
+        edited.history = {};
+        edited.order = {};
     });
 }
 
 void GridKeyDown(FormKORVANDE& form, EditedGrid& edited, std::int16_t keyCode) {
-    if (keyCode == keys::insertRow) InsertRow(form, edited);
+    if (keyCode == keys::insertRow) AddRow(form, edited);
     if (keyCode == keys::deleteRow) DeleteRow(form, edited);
 }
 

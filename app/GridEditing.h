@@ -23,10 +23,8 @@ inline constexpr std::int16_t noCharacter = 250;
 }  // namespace keys
 
 // Starts an edit of the current cell: of the list in the Type column of points and lines, of the text box elsewhere.
-// `keyCharacter` is the character typed, or keys::noCharacter. `cell` is the place of the cell within the grid and
-// `gridPlace` that of the grid in the window. Without a row below the header nothing starts.
-void StartEdit(FormKORVANDE& form, EditedGrid& edited, std::int16_t keyCharacter, TwipsRectangle gridPlace,
-               TwipsRectangle cell);
+// `keyCharacter` is the character typed, or keys::noCharacter. Without a row below the header nothing starts.
+void StartEdit(FormKORVANDE& form, EditedGrid& edited, std::int16_t keyCharacter);
 
 // Key-down in an editor; a key that is to have no further effect becomes 0.
 void EditKeyCodeTexts(FormKORVANDE& form, EditedGrid& edited, std::int16_t& keyCode, std::int16_t shift);
@@ -40,7 +38,8 @@ void EndEdit(FormKORVANDE& form, EditedGrid& edited);
 // Ends every edit, before something reads the grids.
 void EndEdits(FormKORVANDE& form);
 
-// Forgets every edit and makes the first rows the current ones: the grids are about to hold another project.
+// Forgets every edit, what can be undone and how a grid was sorted, and makes the first rows the current ones: the
+// grids are about to hold another project.
 void DropEdits(FormKORVANDE& form);
 
 // Key-down on the grid: Insert appends a row, Delete removes the current one after a question.

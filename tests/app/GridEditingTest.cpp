@@ -84,19 +84,6 @@ TEST_F(GridEditing, CharactersBelowABlankOrFrom250OnCountAsNone) {
     }
 }
 
-TEST_F(GridEditing, TheEditorsLieOverTheCell) {
-    EditedGrid& edited = form.editedPoints;
-    Start(edited, 1, Grid::Lki);
-    EXPECT_EQ(edited.textEditor.place.left, 380);
-    EXPECT_EQ(edited.textEditor.place.top, 580);
-    EXPECT_EQ(edited.textEditor.place.width, 900);
-    EXPECT_EQ(edited.textEditor.place.height, 200);
-    Start(edited, 1, Grid::Type);
-    EXPECT_EQ(edited.listEditor.place.left, 380);
-    EXPECT_EQ(edited.listEditor.place.top, 580);
-    EXPECT_EQ(edited.listEditor.place.width, 900);
-}
-
 TEST_F(GridEditing, EveryColumnButTypeHasTheTextEditor) {
     for (const Kind& kind : kinds) {
         EditedGrid& edited = form.*kind.edited;
@@ -237,7 +224,7 @@ TEST_F(GridEditing, AnEditElsewhereStoresTheOneBefore) {
     EditedGrid& edited = form.editedPoints;
     AddRows(edited, {u"BOOM"});
     Start(edited, 1, Grid::Lki, u'A');
-    StartEdit(form, edited, u'B', {}, {});
+    StartEdit(form, edited, u'B');
     EXPECT_EQ(Cell(edited, 1, Grid::Lki), "A");
     EXPECT_EQ(edited.textEditor.text, u"B");
 }

@@ -21,7 +21,7 @@ class GridEditing : public AppTest {
         edited.row = row;
         edited.column = column;
         edited.gridHasFocus = true;
-        StartEdit(form, edited, key, {100, 200, 5000, 3000}, {300, 400, 900, 250});
+        StartEdit(form, edited, key);
     }
 
     void PressText(EditedGrid& edited, std::int16_t key) { EditKeyCodeTexts(form, edited, key, 0); }

@@ -84,7 +84,7 @@ TEST_F(GridRows, ATableCanLoseItsLastRowAndGetOneAgain) {
     EXPECT_EQ(edited.grid.RowCount(), 1);
     EXPECT_EQ(edited.row, 0);
     GridKeyDown(form, edited, keys::deleteRow);
-    StartEdit(form, edited, u'A', {}, {});
+    StartEdit(form, edited, u'A');
     EXPECT_EQ(screen.messages.size(), 1U);
     EXPECT_FALSE(edited.textEditor.isVisible);
     EXPECT_EQ(ToUtf8(edited.grid[0][Grid::Liscad]), "Liscad");
