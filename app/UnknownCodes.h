@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "app/EditedGrid.h"
+#include "translation/Mode.h"
+
+namespace korvande {
+
+class UnknownCodeTally;
+struct FormKORVANDE;
+
+// A code that a drawing had and its table has not.
+struct UnknownCode {
+    char16_t table = u'P';  // its letter: P, L or T
+    Text code;              // empty: of objects without one
+    std::int32_t count = 0;
+};
+
+// Those of a translation: by table, as the tabs stand, then by code.
+struct UnknownCodes {
+    Grid::Column column = Grid::Liscad;  // in which they are missing: that of LKI on the way to IDEX
+    std::vector<UnknownCode> codes;
+};
+UnknownCodes UnknownCodesOf(const UnknownCodeTally& tally, Direction direction);
+
+// Those that the grids have not got meanwhile.
+UnknownCodes StillUnknown(const FormKORVANDE& form, const UnknownCodes& unknown);
+
+// What the objects of a table are called.
+TextView ObjectsOf(char16_t table) noexcept;
+
+// Adds a row for each of the codes at the end of its grid, one step to be undone in each, and makes the first of them
+// current there, in its first empty cell. The first grid that got one; null when there was no code.
+EditedGrid* AddCodes(FormKORVANDE& form, const UnknownCodes& unknown);
+
+}  // namespace korvande
