@@ -1,10 +1,11 @@
 #include "app/RunTranslation.h"
 
 #include "app/Listing.h"
-#include "app/OutputName.h"
-#include "app/ProjectSaving.h"
-#include "app/Projects.h"
-#include "app/UserSettings.h"
+#include "app/LogBookView.h"
+#include "app/RecentFiles.h"
+#include "app/RunActivity.h"
+#include "app/RunFiles.h"
+#include "app/RunSaving.h"
 #include "app/frmKORVANDE.h"
 #include "core/RuntimeError.h"
 #include "core/modScreen.h"
@@ -17,98 +18,6 @@
 namespace korvande {
 
 namespace {
-
-// The time that a translation takes.
-class Translating {
- public:
-    explicit Translating(Activity& itsActivity) : activity(itsActivity) {
-        activity.isTranslating = true;
-        activity.endIsAsked = false;
-    }
-    Translating(const Translating&) = delete;
-    Translating& operator=(const Translating&) = delete;
-    ~Translating() { activity.isTranslating = false; }
-
- private:
-    Activity& activity;
-};
-
-// The two files of a direction, by their roles.
-struct Roles {
-    Text& input;
-    Text& output;
-    Text Options::*outputBox;
-    TextView outputExtension;
-};
-
-Roles RolesOf(Conversion& conversion) {
-    if (conversion.direction == Direction::FromIdex) {
-        return {conversion.IdexFileName, conversion.SufNenFileName, &Options::txtFileSUFNEN, u"SFN"};
-    }
-    return {conversion.SufNenFileName, conversion.IdexFileName, &Options::txtFileIDEX, u"IDX"};
-}
-
-// Takes names and direction from the window's controls. False when the input does not exist.
-bool TakeNamesFromForm(FormKORVANDE& form) {
-    TakeQuotesAway(form);
-    Options& options = form.project.options;
-    Conversion& conversion = form.conversion;
-    conversion.IdexFileName = options.txtFileIDEX;
-    conversion.SufNenFileName = options.txtFileSUFNEN;
-    conversion.direction = SelectedMode(form).direction;
-    const Roles roles = RolesOf(conversion);
-    if (!FileExistsAt(roles.input)) {
-        ShowMessage(form.screen, Concat(u"Invoerbestand niet gevonden:\n'", roles.input, u"'"));
-        return false;
-    }
-    if (Trim(roles.output).empty()) {
-        roles.output = WithLastThreeReplaced(roles.input, roles.outputExtension);
-    } else {
-        roles.output = BesideInput(roles.output, roles.input);
-    }
-    if (options.*roles.outputBox != roles.output) {
-        options.*roles.outputBox = roles.output;
-        TellChanged(form);
-    }
-    conversion.LogFileName = WithLastThreeReplaced(roles.output, u"LOG");
-    return true;
-}
-
-// A run that would write one of its files over another one, or over the control table, never starts.
-bool WouldWriteOverItsFiles(FormKORVANDE& form) {
-    Conversion& conversion = form.conversion;
-    const Roles roles = RolesOf(conversion);
-    const Text& logBook = conversion.LogFileName;
-    const Text controlTable = form.CurrentProject.empty() ? Text() : Concat(form.ProjectFolder, form.CurrentProject);
-    const struct {
-        TextView what;
-        const Text& name;
-        const Text& other;  // empty: there is none
-    } clashes[] = {{u"Invoer en uitvoer", roles.input, roles.output},
-                   {u"Invoer en logboek", roles.input, logBook},
-                   {u"Uitvoer en logboek", logBook, roles.output},
-                   {u"Controletabel en uitvoer", roles.output, controlTable},
-                   {u"Controletabel en logboek", logBook, controlTable}};
-    for (const auto& [what, name, other] : clashes) {
-        if (other.empty() || !SameFile(name, other)) continue;
-        ShowMessage(form.screen, Concat(what, u" zijn hetzelfde bestand:\n", name));
-        return true;
-    }
-    return false;
-}
-
-// An output that is there already is replaced without a question when a command line or the save dialog named it, or
-// when this window wrote it itself.
-bool MayWriteOutput(const FormKORVANDE& form, const Text& output) {
-    if (!form.project.options.StartedInteractively || form.outputs.contains(FileIdentity(output))) return true;
-    return MayReplace(form, output);
-}
-
-void ViewLogBook(Screen& screen, const Text& name) {
-    if (!screen.ViewTextFile(name)) {
-        ShowMessage(screen, Concat(u"Het logboek kan niet worden getoond. Het is opgeslagen in:\n\n", name));
-    }
-}
 
 // What becomes of the log book, but for showing it. That of a run that did not go well is not deleted.
 void DisposeOfLogBook(const FormKORVANDE& form) {
@@ -159,47 +68,17 @@ bool TranslateProject(FormKORVANDE& form) {
     translation.SufNenFileName = form.conversion.SufNenFileName;
     translation.LogFileName = form.conversion.LogFileName;
     const bool isFinished = TranslateFiles(translation) && !translation.outcome.cancelled;
-    form.lastRun = {.wentWell = WentWell(translation),
+    form.lastRun = {.number = form.lastRun.number + 1,
+                    .wentWell = WentWell(translation),
                     .wroteOutput = isFinished && !translation.outcome.Failed(),
                     .outcome = OutcomeLine(translation),
                     .output = OutputName(translation),
                     .logBook = translation.LogFileName,
                     .sentence = ClosingSentence(translation),
                     .lists = ProblemLines(translation),
-                    .account = AccountLines(translation)};
+                    .account = AccountLines(translation),
+                    .unknownCodes = UnknownCodesOf(*TallyOf(translation), translation.mode.direction)};
     return isFinished;
-}
-
-// What became of the start of a run.
-enum class RunEnd {
-    Finished,
-    Stopped,  // or ended by a person: nothing more is to be said
-    Kept      // a person goes on with the project as it is on the screen
-};
-
-// The project as another program wrote it, with the files of this run. False when it cannot be loaded.
-bool ReloadForRun(FormKORVANDE& form) {
-    Options& options = form.project.options;
-    const Text idexFile = options.txtFileIDEX;
-    const Text sufNenFile = options.txtFileSUFNEN;
-    if (!LoadProject(form, form.CurrentProject)) return false;
-    options.txtFileIDEX = idexFile;
-    options.txtFileSUFNEN = sufNenFile;
-    TellChanged(form);
-    return true;
-}
-
-// Saves the settings and the project.
-RunEnd SaveForRun(FormKORVANDE& form) {
-    Edits edits = AskAboutEdits(form);
-    if (edits == Edits::Drop) {
-        if (!ReloadForRun(form)) return RunEnd::Stopped;
-        edits = AskAboutEdits(form);
-    }
-    if (edits == Edits::Keep) return RunEnd::Kept;
-    SaveUserSettings(form);
-    if (edits == Edits::Save) SaveEdits(form);
-    return RunEnd::Finished;
 }
 
 // The run itself.
@@ -209,10 +88,11 @@ RunEnd Translate(FormKORVANDE& form) {
         return RunEnd::Stopped;
     }
     if (WouldWriteOverItsFiles(form)) return RunEnd::Stopped;
-    const Text output = RolesOf(form.conversion).output;
+    const Text output = OutputOf(form);
     if (!MayWriteOutput(form, output)) return RunEnd::Stopped;
     if (const RunEnd saved = SaveForRun(form); saved != RunEnd::Finished) return saved;
     const bool isFinished = TranslateProject(form);
+    if (form.project.options.StartedInteractively) RememberInput(form);
     if (form.lastRun.wroteOutput) form.outputs.insert(FileIdentity(output));
     if (!isFinished) return RunEnd::Stopped;
     DisposeOfLogBook(form);
@@ -221,7 +101,7 @@ RunEnd Translate(FormKORVANDE& form) {
 
 // What lasts as long as the run mark should.
 RunEnd TranslateWithMark(FormKORVANDE& form) {
-    const Translating translating(form.activity);
+    const Running running(form.activity);
     SetRunMark(form, runningMark);
     // A missing input ends the run here, with the run mark left as it is.
     if (form.project.options.StartedInteractively && !TakeNamesFromForm(form)) return RunEnd::Stopped;
@@ -238,16 +118,13 @@ RunEnd TranslateWithMark(FormKORVANDE& form) {
 }  // namespace
 
 void RunTranslation(FormKORVANDE& form) {
-    if (IsTranslating(form)) return;
+    if (IsRunning(form)) return;
     const RunEnd end = TranslateWithMark(form);
-    // A step that is over is not shown as one under way.
-    form.screen.ShowStatus({});
-    form.screen.pace.hasValue = false;
-    form.screen.ShowProgressMaximum(1);
+    ShowNoProgress(form);
     // No longer translating: what the window disabled can be used again.
     TellChanged(form);
-    const bool isEndOfAll =
-        (!form.project.options.StartedInteractively && end != RunEnd::Kept) || IsEndOfRunAsked(form);
+    const bool goesOn = end == RunEnd::Kept || (end == RunEnd::Stopped && IsStopAsked(form));
+    const bool isEndOfAll = (!form.project.options.StartedInteractively && !goesOn) || IsEndOfRunAsked(form);
     if (end == RunEnd::Finished) TellEnd(form);
     if (isEndOfAll) Unload(form);
 }
@@ -264,16 +141,6 @@ Mode SelectedMode(const FormKORVANDE& form) {
         mode.direction = form.conversion.direction;
     }
     return mode;
-}
-
-bool IsTranslating(const FormKORVANDE& form) noexcept { return form.activity.isTranslating; }
-
-void AskEndOfRun(FormKORVANDE& form) noexcept { form.activity.endIsAsked = form.activity.isTranslating; }
-
-bool IsEndOfRunAsked(const FormKORVANDE& form) noexcept { return form.activity.endIsAsked; }
-
-void EndRunIfAsked(const FormKORVANDE& form) {
-    if (form.activity.isTranslating && form.activity.endIsAsked) throw TranslationAborted();
 }
 
 }  // namespace korvande

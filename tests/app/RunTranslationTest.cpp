@@ -77,7 +77,7 @@ TEST_F(RunTranslationTest, WhatTheRunDidNotShowYetIsNotShownAfterIt) {
         EXPECT_EQ(screen.value, 0);
     };
     // As the last record may do, between two moments at which the screen is told.
-    form.changed = [&] { screen.pace.hasValue = screen.pace.hasValue || form.activity.isTranslating; };
+    form.changed = [&] { screen.pace.hasValue = screen.pace.hasValue || form.activity.isRunning; };
     screen.pace.value = 1000;
     RunTranslation(form);
     EXPECT_EQ(LastMessage(), "Verwerking gereed");
