@@ -2,6 +2,7 @@
 
 #include "app/OutputName.h"
 #include "app/Projects.h"
+#include "app/Remembered.h"
 #include "app/frmKORVANDE.h"
 #include "host/modFileHandling.h"
 
@@ -11,11 +12,21 @@ namespace {
 
 bool ModeReadsSufNen(const FormKORVANDE& form) { return form.cboXlateMode.SelectedText().ends_with(u">> IDEX"); }
 
-void Browse(FormKORVANDE& form, Text& box, const FileDialog& dialog, const AskFileName& ask) {
+// The folder of a box in which none stands: that of the file chosen for it last, if it is still there.
+FileDialog InKnownFolder(FileDialog dialog, TextView box) {
+    if (!dialog.folder.empty()) return dialog;
+    const Text folder = Remembered(box);
+    if (!folder.empty() && !IsFreeName(folder)) dialog.folder = folder;
+    return dialog;
+}
+
+// `folderName` is that under which the folder of the box is kept.
+void Browse(FormKORVANDE& form, Text& box, TextView folderName, const FileDialog& dialog, const AskFileName& ask) {
     const StoppedTimer timer(form);
-    const std::optional<Text> name = ask(dialog);
+    const std::optional<Text> name = ask(InKnownFolder(dialog, folderName));
     if (!name) return;
     box = *name;
+    Remember(folderName, FolderOf(*name));
     // The dialog has asked whether a file that is there may be replaced.
     if (!dialog.opens) form.outputs.insert(FileIdentity(*name));
     if (dialog.opens) DeriveOutputName(form);
@@ -42,12 +53,12 @@ FileDialog IdexFileDialog(const FormKORVANDE& form) {
 
 void BrowseSufNenFile(FormKORVANDE& form, const AskFileName& ask) {
     TakeQuotesAway(form);
-    Browse(form, form.project.options.txtFileSUFNEN, SufNenFileDialog(form), ask);
+    Browse(form, form.project.options.txtFileSUFNEN, u"FolderSUFNEN", SufNenFileDialog(form), ask);
 }
 
 void BrowseIdexFile(FormKORVANDE& form, const AskFileName& ask) {
     TakeQuotesAway(form);
-    Browse(form, form.project.options.txtFileIDEX, IdexFileDialog(form), ask);
+    Browse(form, form.project.options.txtFileIDEX, u"FolderIDEX", IdexFileDialog(form), ask);
 }
 
 }  // namespace korvande

@@ -91,6 +91,44 @@ TEST_F(BrowseFiles, TheTimerStandsStillWhileTheDialogIsShown) {
     }
 }
 
+// The folder that a dialog begins in.
+struct Begin {
+    Text operator()(FormKORVANDE& form, void (*browse)(FormKORVANDE&, const AskFileName&),
+                    const std::optional<Text>& chosen = {}) const {
+        Text begin;
+        browse(form, [&](const FileDialog& dialog) {
+            begin = dialog.folder;
+            return chosen;
+        });
+        return begin;
+    }
+};
+
+TEST_F(BrowseFiles, WithoutAFolderInTheBoxADialogBeginsWhereItsLastFileWasChosen) {
+    const Begin begin;
+    options.txtFileIDEX = {};
+    EXPECT_EQ(begin(form, BrowseIdexFile, folder / "kaart.idx"), u"");
+    begin(form, BrowseSufNenFile, FromUtf8(projects + "/kaart.sfn"));
+    FormKORVANDE next(screen);
+    next.project.options.txtFileIDEX = {};
+    next.project.options.txtFileSUFNEN = u"bloot.sfn";
+    EXPECT_EQ(begin(next, BrowseIdexFile), FromUtf8(folder.Path() + "/"));
+    EXPECT_EQ(begin(next, BrowseSufNenFile), FromUtf8(projects + "/"));
+    next.project.options.txtFileIDEX = u"C:\\DATA\\KAART.IDX";
+    EXPECT_EQ(begin(next, BrowseIdexFile), u"C:\\DATA\\");
+}
+
+TEST_F(BrowseFiles, AFolderThatIsGoneIsNotBegunIn) {
+    options.txtFileIDEX = {};
+    std::filesystem::create_directory(folder.Path() + "/weg");
+    const Begin begin;
+    begin(form, BrowseIdexFile, folder / "weg/kaart.idx");
+    options.txtFileIDEX = {};
+    ASSERT_EQ(begin(form, BrowseIdexFile), folder / "weg/");
+    std::filesystem::remove(folder.Path() + "/weg");
+    EXPECT_EQ(begin(form, BrowseIdexFile), u"");
+}
+
 }  // namespace
 
 }  // namespace korvande::testing
