@@ -6,7 +6,7 @@
 
 #include "app/GridEditing.h"
 #include "app/ProjectSaving.h"
-#include "app/RunTranslation.h"
+#include "app/RunActivity.h"
 #include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
 #include "host/modFileHandling.h"
@@ -101,7 +101,7 @@ bool CloseAfterLoad(FormKORVANDE& form) noexcept {
     return form.activity.isLoading;
 }
 
-bool IsBusy(const FormKORVANDE& form) noexcept { return form.activity.isLoading || IsTranslating(form); }
+bool IsBusy(const FormKORVANDE& form) noexcept { return form.activity.isLoading || IsRunning(form); }
 
 bool LoadProject(FormKORVANDE& form, TextView project) {
     const Text name(project);  // it may be the current project's own, which the load changes
@@ -111,7 +111,7 @@ bool LoadProject(FormKORVANDE& form, TextView project) {
     form.File1.index = FindProject(form, form.CurrentProject);
     TellChanged(form);
     if (std::exchange(form.activity.closesAfterLoad, false)) {
-        if (IsTranslating(form)) {
+        if (IsRunning(form)) {
             AskEndOfRun(form);
         } else {
             Unload(form);

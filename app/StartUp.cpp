@@ -9,7 +9,7 @@
 #include "app/GridEditing.h"
 #include "app/ProjectSaving.h"
 #include "app/Projects.h"
-#include "app/RunTranslation.h"
+#include "app/RunActivity.h"
 #include "app/UserSettings.h"
 #include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
@@ -154,13 +154,13 @@ void MigrateProjectFiles(TextView folder) {
 
 bool QueryClose(FormKORVANDE& form) {
     if (CloseAfterLoad(form)) return false;
-    if (!IsTranslating(form)) {
+    if (!IsRunning(form)) {
         if (!form.runMark.empty()) ShowMessage(form.screen, u"Vertaling afgebroken.");
         return true;
     }
     if (!IsEndOfRunAsked(form)) {
         AskEndOfRun(form);
-        ShowMessage(form.screen, u"Vertaling afgebroken.");
+        ShowMessage(form.screen, form.activity.isChecking ? u"Controle afgebroken." : u"Vertaling afgebroken.");
     }
     return false;
 }

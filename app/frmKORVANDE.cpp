@@ -74,6 +74,7 @@ void LoadGridData(FormKORVANDE& form) {
     LoadGrid(form.gridPoints, form.project.codes.points);
     LoadGrid(form.gridLines, form.project.codes.lines);
     LoadGrid(form.gridTexts, form.project.codes.texts);
+    for (EditedGrid* const edited : {&form.editedPoints, &form.editedLines, &form.editedTexts}) ++edited->changes;
     TellChanged(form);
 }
 

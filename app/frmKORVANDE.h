@@ -8,6 +8,7 @@
 
 #include "app/EditedGrid.h"
 #include "app/ProjectSaving.h"
+#include "app/UnknownCodes.h"
 #include "core/Text.h"
 #include "project/Grid.h"
 #include "project/Project.h"
@@ -45,6 +46,7 @@ struct Conversion {
 
 // What became of a translation that came to its end.
 struct RunReport {
+    int number = 0;  // of the runs of this window, from 1
     bool wentWell = true;
     bool wroteOutput = false;
     Text outcome;  // in a line; empty: nothing was translated yet
@@ -53,13 +55,16 @@ struct RunReport {
     Text sentence;              // what a person is told of it
     std::vector<Text> lists;    // what did not come across as it was read, and what the settings left out
     std::vector<Text> account;  // of the objects
+    UnknownCodes unknownCodes;
 };
 
 // What the form is busy with, and what is to happen when that is done.
 struct Activity {
-    bool isTranslating = false;
-    bool endIsAsked = false;  // of the translation
-    bool isLoading = false;   // a project
+    bool isRunning = false;    // a translation, several of them, or a check
+    bool isChecking = false;   // the last run is or was a check
+    bool endIsAsked = false;   // of the run, and of the window after it
+    bool stopIsAsked = false;  // of the run
+    bool isLoading = false;    // a project
     bool closesAfterLoad = false;
 };
 

@@ -7,6 +7,7 @@
 
 #include "app/GridEditing.h"
 #include "app/Projects.h"
+#include "app/RunActivity.h"
 #include "app/RunTranslation.h"
 #include "app/StartUp.h"
 #include "app/frmKORVANDE.h"

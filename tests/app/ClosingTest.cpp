@@ -87,7 +87,7 @@ TEST_F(Closing, AMarkThatAMissingInputLeftIsToldButDoesNotKeepTheWindowOpen) {
     options.txtFileIDEX = folder / "weg.idx";
     RunTranslation(form);
     ASSERT_EQ(ToUtf8(form.runMark), "XLATE RUNNING");
-    EXPECT_FALSE(IsTranslating(form));
+    EXPECT_FALSE(IsRunning(form));
     screen.messages.clear();
     EXPECT_TRUE(QueryClose(form));
     EXPECT_EQ(screen.messages, std::vector<std::string>{abortedMessage});
@@ -122,7 +122,7 @@ TEST_F(Closing, UnloadingSavesTheProjectAndTheSettings) {
     LoadProject(form, u"A.nst");
     options.txtCity = u"NIEUWSTAD";
     options.txtMinX = u"42";
-    StartEdit(form, form.editedPoints, u'X', {}, {});
+    StartEdit(form, form.editedPoints, u'X');
     UnloadForm(form);
     EXPECT_NE(ProjectBytes("A.nst").find("Town = NIEUWSTAD\r\n"), std::string::npos);
     EXPECT_NE(ProjectBytes("A.nst").find("Unknown = X,"), std::string::npos);

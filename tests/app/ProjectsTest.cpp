@@ -81,7 +81,7 @@ TEST_F(Projects, APickedProjectIsLoadedAndTheOneLeftIsSaved) {
 
 TEST_F(Projects, AnEditUnderWayIsSavedWithTheProjectLeft) {
     LoadThree();
-    StartEdit(form, form.editedPoints, u'X', {}, {});
+    StartEdit(form, form.editedPoints, u'X');
     PickProject(form, 0);
     EXPECT_NE(ProjectBytes("B.nst").find("Unknown = X,"), std::string::npos);
     EXPECT_FALSE(form.editedPoints.textEditor.isVisible);

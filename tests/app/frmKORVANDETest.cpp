@@ -52,7 +52,7 @@ TEST_F(Form, TwoFormsKnowNothingOfEachOther) {
     FormKORVANDE other(screen);
     options.chkExport3D = true;
     form.gridPoints[1][Grid::Lki] = u"Q99";
-    StartEdit(form, form.editedPoints, u'X', {}, {});
+    StartEdit(form, form.editedPoints, u'X');
     SaveCurrentProject(form);
     EXPECT_FALSE(other.project.options.chkExport3D);
     EXPECT_EQ(other.gridPoints[1][Grid::Lki], u"Q20");
