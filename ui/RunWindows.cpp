@@ -1,0 +1,79 @@
+#include "ui/RunWindows.h"
+
+#include <wx/dialog.h>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "app/CheckInput.h"
+#include "app/GivenFile.h"
+#include "app/Projects.h"
+#include "app/RunBatch.h"
+#include "app/frmKORVANDE.h"
+#include "ui/BatchDialog.h"
+#include "ui/BatchWindow.h"
+#include "ui/CheckWindow.h"
+#include "ui/DropTarget.h"
+
+namespace korvande {
+
+namespace {
+
+template <class Window>
+void Replace(wxWeakRef<Window>& old, Window* window) {
+    if (old != nullptr) old->Destroy();
+    old = window;
+    window->Show();
+}
+
+bool HasDialog() {
+    return std::any_of(wxTopLevelWindows.begin(), wxTopLevelWindows.end(), [](const wxWindow* window) {
+        const auto* const dialog = dynamic_cast<const wxDialog*>(window);
+        return dialog != nullptr && dialog->IsModal();
+    });
+}
+
+}  // namespace
+
+RunWindows::RunWindows(wxFrame& itsFrame, FormKORVANDE& itsForm, Work itsWork)
+    : frame(itsFrame), form(itsForm), work(std::move(itsWork)) {
+    const auto take = [this](const std::vector<Text>& names) {
+        frame.CallAfter([this, names] {
+            // Something else may have begun meanwhile.
+            if (MayBegin()) work([this, names] { TakeFiles(names); });
+        });
+    };
+    TakeDroppedFiles(frame, {[this] { return MayBegin(); }, take});
+    frame.Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+        const bool checks = event.GetKeyCode() == WXK_F7 && !event.HasAnyModifiers() && MayBegin();
+        if (checks) {
+            work([this] { Check(); });
+        } else {
+            event.Skip();
+        }
+    });
+}
+
+void RunWindows::Check() {
+    std::optional<CheckReport> report = CheckInput(form);
+    if (report) Replace(check, new CheckWindow(&frame, std::move(*report)));
+}
+
+// Nothing is going on, and the names in the window count.
+bool RunWindows::MayBegin() const { return form.project.options.StartedInteractively && !IsBusy(form) && !HasDialog(); }
+
+// One file goes into its box; for more of them, or a folder, a dialog offers to translate them all.
+void RunWindows::TakeFiles(const std::vector<Text>& names) {
+    if (AreBatch(names)) return TranslateBatch(names);
+    TakeGivenFile(form, names.front());
+}
+
+void RunWindows::TranslateBatch(const std::vector<Text>& names) {
+    BatchDialog dialog(&frame, form, BatchOf(form, names));
+    if (dialog.ShowModal() != wxID_OK) return;
+    std::optional<std::vector<BatchOutcome>> outcomes = korvande::TranslateBatch(form, dialog.Chosen());
+    if (outcomes) Replace(batch, new BatchWindow(&frame, form.screen, std::move(*outcomes)));
+}
+
+}  // namespace korvande

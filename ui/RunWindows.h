@@ -1,0 +1,42 @@
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/weakref.h>
+
+#include <functional>
+#include <vector>
+
+#include "core/Text.h"
+
+namespace korvande {
+
+class BatchWindow;
+class CheckWindow;
+struct FormKORVANDE;
+
+// Runs that end in a window of their own, which the next one of its kind replaces: the check, also by F7, and the
+// translation of several files that are dropped on the window.
+class RunWindows {
+ public:
+    // Runs an action as the window runs whatever a person asks for.
+    using Work = std::function<void(const std::function<void()>& action)>;
+
+    // For a window that has all its controls.
+    RunWindows(wxFrame& itsFrame, FormKORVANDE& itsForm, Work itsWork);
+
+    // Checks the input and shows what was found.
+    void Check();
+
+ private:
+    bool MayBegin() const;
+    void TakeFiles(const std::vector<Text>& names);
+    void TranslateBatch(const std::vector<Text>& names);
+
+    wxFrame& frame;
+    FormKORVANDE& form;
+    Work work;
+    wxWeakRef<CheckWindow> check;
+    wxWeakRef<BatchWindow> batch;
+};
+
+}  // namespace korvande
