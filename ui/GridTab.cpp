@@ -1,26 +1,19 @@
 #include "ui/GridTab.h"
 
-#include <wx/sizer.h>
+#include <wx/display.h>
+#include <wx/menu.h>
+#include <wx/wrapsizer.h>
 
 #include <algorithm>
-#include <array>
-#include <limits>
 
 #include "app/GridEditing.h"
-#include "app/TabPlacement.h"
+#include "app/frmKORVANDE.h"
 #include "ui/Controls.h"
 #include "ui/WxText.h"
 
 namespace korvande {
 
 namespace {
-
-// In twips. A table without types hides their column and gives its room to the description.
-constexpr std::array<int, Grid::columns> widthsWithType = {900, 900, 1000, 5250, 400, 400, 400};
-constexpr std::array<int, Grid::columns> widthsWithoutType = {900, 900, 0, 6250, 400, 400, 400};
-
-// The longest codes must be readable in the columns as wide as they are.
-constexpr TextView longCode = u"WATNAAM";
 
 constexpr TextView explanation =
     u"Wijzigen: begin te typen of dubbelklik op een cel. Enter sluit de wijziging af, een andere cel kiezen ook.\n\n"
@@ -29,241 +22,160 @@ constexpr TextView explanation =
     u"De eerste regel geldt voor alle codes die niet in de tabel staan. Staat een code er vaker in, dan geldt de "
     u"onderste regel.";
 
-// The code by which the editing knows a key; any key that it does not tell apart has one code.
-std::int16_t KeyCode(const wxKeyEvent& event) {
-    constexpr std::int16_t otherKey = 255;
-    switch (event.GetKeyCode()) {
-        case WXK_RETURN:
-        case WXK_NUMPAD_ENTER:
-            return keys::enter;
-        case WXK_ESCAPE:
-            return keys::escape;
-        case WXK_UP:
-        case WXK_NUMPAD_UP:
-            return keys::up;
-        case WXK_DOWN:
-        case WXK_NUMPAD_DOWN:
-            return keys::down;
-        case WXK_INSERT:
-        case WXK_NUMPAD_INSERT:
-            return keys::insertRow;
-        case WXK_DELETE:
-        case WXK_NUMPAD_DELETE:
-            return keys::deleteRow;
-        default:
-            return otherKey;
-    }
-}
-
-TwipsRectangle ToTwips(const wxWindow& window, const wxRect& place) {
-    return {TwipsOf(window, place.x), TwipsOf(window, place.y), TwipsOf(window, place.width),
-            TwipsOf(window, place.height)};
-}
-
-wxRect ToPixels(const wxWindow& window, const TwipsRectangle& place) {
-    return {PixelsOf(window, place.left), PixelsOf(window, place.top), PixelsOf(window, place.width),
-            PixelsOf(window, place.height)};
-}
-
 }  // namespace
 
 GridTab::GridTab(wxWindow* parent, FormKORVANDE& itsForm, EditedGrid& editedGrid, const GridNames& names)
-    : wxPanel(parent), form(itsForm), edited(editedGrid) {
-    MakeGrid(names.grid);
-    MakeEditors(names);
-    BindGrid();
-    constexpr int helpWidth = 200;
+    : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxHSCROLL | wxVSCROLL),
+      form(itsForm),
+      edited(editedGrid) {
+    SetScrollRate(FromDIP(wideSpace), FromDIP(wideSpace));
+    wxSizer* const search = MakeSearch();
+    grid = new CodeGrid(this, form, edited, names);
     wxStaticText* const help = MakeLabel(this, explanation);
-    help->Wrap(FromDIP(helpWidth));
+    // A column of text that is as narrow as it reads well, in letters of any size.
+    help->Wrap(GetTextExtent(ToWx(u"De eerste regel geldt voor alles")).x);
+    remark = new wxStaticText(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
+                              wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
+    Named(remark, "lblRemark");
+    Named(searched, "txtSearch");
+    Named(next, "cmdNext");
+    Named(previous, "cmdPrevious");
+    commands = CommandsOf(form, edited, *grid);
+    const int wide = FromDIP(wideSpace);
+    const int room = wxDisplay(this).GetClientArea().GetWidth() - help->GetBestSize().x - 6 * wide;
+    grid->SetMinSize(wxSize(std::min(grid->GetMinSize().x, room), grid->GetMinSize().y));
+    auto* const column = new wxBoxSizer(wxVERTICAL);
+    column->Add(search, wxSizerFlags().Expand().Border(wxBOTTOM, wide));
+    column->Add(grid, wxSizerFlags(1).Expand());
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
-    row->Add(grid, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(wideSpace)));
-    row->Add(help, wxSizerFlags().Border(wxTOP | wxRIGHT | wxBOTTOM, FromDIP(wideSpace)));
-    SetSizer(row);
+    row->Add(column, wxSizerFlags(1).Expand());
+    row->Add(help, wxSizerFlags().Border(wxLEFT, wide));
+    auto* const rows = new wxBoxSizer(wxVERTICAL);
+    rows->Add(row, wxSizerFlags(1).Expand().Border(wxALL, wide));
+    rows->Add(remark, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, wide));
+    rows->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM, wide));
+    SetSizer(rows);
+    grid->onMenu = [this] { ShowMenu(); };
+    grid->onLeave = [this](bool forward) { (forward ? buttons.front() : previous)->SetFocus(); };
+    grid->onShown = [this] { ShowState(); };
+    BindKeys();
+    ShowState();
 }
 
-void GridTab::MakeGrid(const char* name) {
-    grid = new wxGrid(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(640, 200)), wxWANTS_CHARS | wxBORDER_THEME);
-    grid->SetName(name);
-    table = new ShownTable(edited.grid);
-    grid->SetTable(table, true);
-    grid->EnableEditing(false);
-    grid->SetRowLabelSize(0);
-    grid->DisableDragRowSize();
-    grid->SetDefaultCellAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
-    grid->SetColLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
-    const auto& widths = edited.listItems.empty() ? widthsWithoutType : widthsWithType;
-    for (int column = 0; column < Grid::columns; ++column) {
-        grid->SetColMinimalWidth(column, 0);
-        grid->SetColSize(column, PixelsOf(*this, widths[static_cast<std::size_t>(column)]));
+// A control that each code table has, named after its table.
+wxWindow* GridTab::Named(wxWindow* window, const char* name) const {
+    window->SetName(name + grid->GetName().AfterFirst('d'));
+    return window;
+}
+
+wxSizer* GridTab::MakeSearch() {
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(MakeLabel(this, u"&Zoeken:"), InRow().Border(wxRIGHT, FromDIP(narrowSpace)));
+    searched = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
+    FitTextBox(*searched, 10);
+    searched->SetToolTip(ToWx(u"Ctrl+F; Enter zoekt verder, Shift+Enter terug"));
+    row->Add(searched, InRow(1));
+    const auto addButton = [this, row](TextView caption, TextView tip, SearchDirection direction) {
+        wxButton* const button = MakeButton(this, "", caption, tip);
+        row->Add(button, InRow().Border(wxLEFT, FromDIP(narrowSpace)));
+        button->Bind(wxEVT_BUTTON, [this, direction](wxCommandEvent&) { Search(direction); });
+        return button;
+    };
+    next = addButton(u"Vol&gende", u"Zoekt de volgende cel met deze tekst (F3)", SearchDirection::Forward);
+    previous = addButton(u"Vo&rige", u"Zoekt de vorige cel met deze tekst (Shift+F3)", SearchDirection::Backward);
+    return row;
+}
+
+wxSizer* GridTab::MakeButtons() {
+    auto* const row = new wxWrapSizer(wxHORIZONTAL, wxREMOVE_LEADING_SPACES);
+    for (const GridCommand& command : commands) {
+        buttons.push_back(nullptr);
+        if (*command.name == 0) continue;
+        wxButton* const button = MakeButton(this, "", command.caption, command.tip);
+        Named(button, command.name);
+        row->Add(button, wxSizerFlags().Border(wxRIGHT | wxBOTTOM, FromDIP(narrowSpace)));
+        button->Bind(wxEVT_BUTTON, [this, &command](wxCommandEvent&) { Do(command); });
+        buttons.back() = button;
     }
-    grid->SetColMinimalAcceptableWidth(0);
-    FitFont();
+    return row;
 }
 
-void GridTab::FitFont() {
-    constexpr double smallest = 6;
-    constexpr double step = 0.5;
-    const int room = grid->GetColSize(Grid::Liscad) - FromDIP(narrowSpace);
-    wxFont font = GetFont();
-    wxSize text;
-    do {
-        grid->SetFont(font);
-        text = grid->GetTextExtent(ToWx(longCode));
-        font.SetFractionalPointSize(font.GetFractionalPointSize() - step);
-    } while (text.x > room && font.GetFractionalPointSize() >= smallest);
-    const wxFont fitting = grid->GetFont();
-    grid->SetDefaultCellFont(fitting);
-    grid->SetLabelFont(fitting.Bold());
-    grid->SetDefaultRowSize(text.y + FromDIP(wideSpace));
-    grid->SetColLabelSize(text.y + FromDIP(wideSpace));
-}
-
-void GridTab::MakeEditors(const GridNames& names) {
-    wxWindow* const cells = grid->GetGridWindow();
-    textEditor = new wxTextCtrl(cells, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
-                                wxBORDER_NONE | wxTE_PROCESS_ENTER);
-    textEditor->SetName(names.textEditor);
-    textEditor->Hide();
-    textEditor->SetFont(grid->GetDefaultCellFont());
-    textEditor->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { edited.textEditor.text = FromWx(textEditor->GetValue()); });
-    BindEditor(*textEditor);
-    if (edited.listItems.empty()) return;
-    wxArrayString items;
-    for (const Text& item : edited.listItems) items.push_back(ToWx(item));
-    listEditor = new wxChoice(cells, wxID_ANY, wxDefaultPosition, wxDefaultSize, items);
-    listEditor->SetName(names.listEditor);
-    listEditor->Hide();
-    listEditor->SetFont(grid->GetDefaultCellFont());
-    listEditor->Bind(wxEVT_CHOICE,
-                     [this](wxCommandEvent&) { edited.listEditor.text = FromWx(listEditor->GetStringSelection()); });
-    BindEditor(*listEditor);
-}
-
-void GridTab::BindEditor(wxWindow& control) {
-    control.Bind(wxEVT_KEY_DOWN, &GridTab::OnEditorKey, this);
-    control.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
-        event.Skip();
-        EndEdits(form);
-        ShowForm();
+void GridTab::BindKeys() {
+    Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+        const int key = event.GetKeyCode();
+        const int modifiers = event.GetModifiers();
+        const bool isInBox = FindFocus() == searched;
+        const bool isEnter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
+        const bool searches = key == WXK_F3 || (isInBox && isEnter);
+        if (key == 'F' && modifiers == wxMOD_CONTROL) {
+            searched->SetFocus();
+            searched->SelectAll();
+        } else if (searches && (modifiers & ~wxMOD_SHIFT) == 0) {
+            Search(modifiers == wxMOD_SHIFT ? SearchDirection::Backward : SearchDirection::Forward);
+        } else if (isInBox && key == WXK_ESCAPE) {
+            grid->SetFocus();
+        } else {
+            event.Skip();
+        }
     });
 }
 
-void GridTab::BindGrid() {
-    grid->Bind(wxEVT_KEY_DOWN, &GridTab::OnGridKey, this);
-    grid->Bind(wxEVT_CHAR, &GridTab::OnGridCharacter, this);
-    grid->Bind(wxEVT_GRID_SELECT_CELL, [this](wxGridEvent& event) {
-        event.Skip();
-        if (!isShowing) TakeCurrentCell(event.GetRow(), event.GetCol());
-    });
-    grid->Bind(wxEVT_GRID_CELL_LEFT_DCLICK, [this](wxGridEvent& event) {
-        TakeCurrentCell(event.GetRow(), event.GetCol());
-        Start(keys::noCharacter);
-    });
-}
-
-void GridTab::OnGridKey(wxKeyEvent& event) {
-    const std::int16_t key = KeyCode(event);
-    if (key == keys::enter) {
-        Start(key);
-    } else if (key == keys::insertRow || key == keys::deleteRow) {
-        GridKeyDown(form, edited, key);
-        ShowForm();
-    } else {
-        event.Skip();
-    }
-}
-
-void GridTab::OnGridCharacter(wxKeyEvent& event) {
-    const wxChar character = event.GetUnicodeKey();
-    const bool isTyped = character != WXK_NONE && character != WXK_ESCAPE && character != WXK_TAB;
-    if (!isTyped || (event.GetModifiers() & ~wxMOD_SHIFT) != 0) {
-        event.Skip();
-        return;
-    }
-    Start(character);
-}
-
-void GridTab::OnEditorKey(wxKeyEvent& event) {
-    std::int16_t key = KeyCode(event);
-    const auto shift = static_cast<std::int16_t>(event.ShiftDown());
-    if (edited.listEditor.isVisible) {
-        EditKeyCodeLists(form, edited, key, shift);
-    } else {
-        EditKeyCodeTexts(form, edited, key, shift);
-    }
-    const bool isEnd = key == keys::enter || key == keys::escape;
-    if (isEnd) ShowForm();
-    // A key that ends the edit has had its effect.
-    if (!isEnd && key != 0) event.Skip();
-}
-
-void GridTab::TakeCurrentCell(int row, int column) {
+void GridTab::Search(SearchDirection direction) {
     EndEdit(form, edited);
-    edited.row = row + 1;
-    edited.column = column;
-}
-
-void GridTab::Start(int keyCharacter) {
-    const int row = edited.row - 1;
-    if (row < 0 || row >= table->GetNumberRows()) return;
-    grid->MakeCellVisible(row, edited.column);
-    wxRect cell = grid->CellToRect(row, edited.column);
-    cell.SetPosition(grid->CalcScrolledPosition(cell.GetPosition()) + grid->GetGridWindow()->GetPosition());
-    const bool isCode = keyCharacter <= std::numeric_limits<std::int16_t>::max();
-    const std::int16_t key = isCode ? static_cast<std::int16_t>(keyCharacter) : keys::noCharacter;
-    StartEdit(form, edited, key, ToTwips(*this, grid->GetRect()), ToTwips(*this, cell));
-    ShowForm();
-}
-
-void GridTab::ShowForm() {
-    if (isShowing) return;
-    isShowing = true;
-    table->RowsChanged();
-    ShowCurrentCell();
-    grid->ForceRefresh();
-    ShowTextEditor();
-    if (listEditor != nullptr) ShowListEditor();
-    isShowing = false;
-}
-
-void GridTab::ShowCurrentCell() {
-    const int row = edited.row - 1;
-    if (row < 0 || row >= table->GetNumberRows()) return;
-    if (grid->GetGridCursorRow() == row && grid->GetGridCursorCol() == edited.column) return;
-    grid->SetGridCursor(row, edited.column);
-    grid->MakeCellVisible(row, edited.column);
-}
-
-// Shows or hides an editor as its state says; true when it is shown newly.
-bool GridTab::ShowEditor(wxWindow& control, const CellEditor& editor) {
-    if (control.IsShown() == editor.isVisible) return false;
-    if (!editor.isVisible && edited.gridHasFocus) grid->SetFocus();
-    if (editor.isVisible) {
-        wxRect place = ToPixels(*this, editor.place);
-        place.Offset(-grid->GetPosition() - grid->GetGridWindow()->GetPosition());
-        // A drop-down list is not cut down to a smaller cell: nobody could read it.
-        wxSize size = place.GetSize();
-        if (&control == listEditor) size.IncTo(control.GetBestSize());
-        control.SetSize(wxRect(place.GetPosition(), size));
+    const Text wanted = FromWx(searched->GetValue());
+    const auto found = FindInGrid(edited, wanted, direction);
+    if (found) {
+        wxWindow* const focused = FindFocus();
+        grid->GoTo(found->first, found->second);
+        // Who types in the box goes on there.
+        if (focused == searched) searched->SetFocusFromKbd();
+    } else if (!wanted.empty()) {
+        Say(Concat(u"'", wanted, u"' komt in deze tabel niet voor."));
     }
-    control.Show(editor.isVisible);
-    return editor.isVisible;
 }
 
-void GridTab::ShowTextEditor() {
-    const CellEditor& editor = edited.textEditor;
-    if (!ShowEditor(*textEditor, editor)) return;
-    textEditor->ChangeValue(ToWx(editor.text));
-    textEditor->SetFocus();
-    const long end = std::min<long>(editor.selectionStart + editor.selectionLength, textEditor->GetLastPosition());
-    textEditor->SetSelection(editor.selectionStart, end);
+void GridTab::Do(const GridCommand& command) {
+    EndEdit(form, edited);
+    if (!command.isPossible()) return;
+    const Text told = command.action();
+    grid->ShowForm();
+    const wxWindow* const focused = FindFocus();
+    if (command.goesToGrid || focused == nullptr || !focused->IsEnabled()) grid->SetFocus();
+    if (!told.empty()) Say(told);
 }
 
-void GridTab::ShowListEditor() {
-    const CellEditor& editor = edited.listEditor;
-    if (!ShowEditor(*listEditor, editor)) return;
-    listEditor->SetSelection(listEditor->FindString(ToWx(editor.text), true));
-    listEditor->SetFocus();
+void GridTab::ShowMenu() {
+    wxMenu menu;
+    int id = wxID_HIGHEST;
+    for (const GridCommand& command : commands) {
+        if (command.beginsGroup && menu.GetMenuItemCount() > 0) menu.AppendSeparator();
+        const Text caption =
+            command.keys.empty() ? Text(command.caption) : Concat(command.caption, u"\t", command.keys);
+        wxMenuItem* const item = menu.Append(++id, ToWx(caption));
+        item->Enable(command.isPossible());
+        menu.Bind(
+            wxEVT_MENU, [this, &command](wxCommandEvent&) { Do(command); }, id);
+    }
+    PopupMenu(&menu);
+}
+
+void GridTab::Say(const Text& text) {
+    said = ToWx(text);
+    saidRow = edited.row;
+    saidColumn = edited.column;
+    ShowState();
+}
+
+void GridTab::ShowState() {
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        if (buttons[i] != nullptr) buttons[i]->Enable(commands[i].isPossible());
+    }
+    if (!IsShownOnScreen()) return;
+    if (saidRow != edited.row || saidColumn != edited.column) said.clear();
+    const wxString text = said.empty() ? grid->CurrentReason() : said;
+    if (remark->GetLabelText() == text) return;
+    remark->SetLabelText(text);
+    remark->SetToolTip(text);
 }
 
 }  // namespace korvande

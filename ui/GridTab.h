@@ -1,58 +1,55 @@
 #pragma once
 
-#include <wx/choice.h>
-#include <wx/grid.h>
-#include <wx/panel.h>
+#include <wx/button.h>
+#include <wx/scrolwin.h>
+#include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include "ui/ShownTable.h"
+#include "app/GridSearch.h"
+#include "ui/CodeGrid.h"
+#include "ui/GridCommands.h"
 
 namespace korvande {
 
-struct CellEditor;
 struct EditedGrid;
 struct FormKORVANDE;
 
-// The names of a code table's controls; a table without a list editor has no name for it.
-struct GridNames {
-    const char* grid;
-    const char* textEditor;
-    const char* listEditor;
-};
-
-// A tab with a code table: the grid, and the editors that are laid over its cells. What an edit does is decided by
-// `edited`; this shows it and reports what a person does.
-class GridTab : public wxPanel {
+// A tab with a code table: the grid, a box to search in it, and a button for what can be done with its rows.
+class GridTab : public wxScrolledWindow {
  public:
     GridTab(wxWindow* parent, FormKORVANDE& itsForm, EditedGrid& editedGrid, const GridNames& names);
 
     // Shows the form's cells, the current cell and the editors as they are now.
-    void ShowForm();
+    void ShowForm() { grid->ShowForm(); }
+
+    const EditedGrid& Edited() const noexcept { return edited; }
+
+    // Gives the grid the focus, on its current cell.
+    void GoToCurrentCell() { grid->GoTo(edited.row, edited.column); }
 
  private:
-    void MakeGrid(const char* name);
-    void MakeEditors(const GridNames& names);
-    void BindGrid();
-    void BindEditor(wxWindow& control);
-    void FitFont();
-
-    void OnGridKey(wxKeyEvent& event);
-    void OnGridCharacter(wxKeyEvent& event);
-    void OnEditorKey(wxKeyEvent& event);
-    void Start(int keyCharacter);
-    void TakeCurrentCell(int row, int column);
-    void ShowCurrentCell();
-    void ShowTextEditor();
-    void ShowListEditor();
-    bool ShowEditor(wxWindow& control, const CellEditor& editor);
+    wxSizer* MakeSearch();
+    wxSizer* MakeButtons();
+    wxWindow* Named(wxWindow* window, const char* name) const;
+    void BindKeys();
+    void Search(SearchDirection direction);
+    void Do(const GridCommand& command);
+    void ShowMenu();
+    void ShowState();
+    void Say(const Text& text);
 
     FormKORVANDE& form;
     EditedGrid& edited;
-    ShownTable* table = nullptr;
-    wxGrid* grid = nullptr;
-    wxTextCtrl* textEditor = nullptr;
-    wxChoice* listEditor = nullptr;
-    bool isShowing = false;
+    CodeGrid* grid = nullptr;
+    wxTextCtrl* searched = nullptr;
+    wxButton* next = nullptr;
+    wxButton* previous = nullptr;
+    wxStaticText* remark = nullptr;
+    wxString said;  // what is told until another cell is looked at
+    int saidRow = 0;
+    int saidColumn = 0;
+    std::vector<GridCommand> commands;
+    std::vector<wxButton*> buttons;  // of the commands; null without one
 };
 
 }  // namespace korvande

@@ -2,32 +2,50 @@
 
 #include <wx/grid.h>
 
-#include "project/Grid.h"
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "app/GridMarks.h"
 
 namespace korvande {
 
-// The cells of a form's grid, straight from the form, as a wxGrid shows them: the header row is its column labels, and
-// its row 0 the form's row 1.
+struct EditedGrid;
+
+// The cells of a form's grid, straight from the form, as a wxGrid shows them: the header row is its column labels, its
+// rows are those of the form in the order in which they are looked at, each with its number, and marked cells have a
+// colour of their own.
 class ShownTable : public wxGridTableBase {
  public:
-    explicit ShownTable(const Grid& formGrid) : cells(formGrid), shownRows(formGrid.RowCount() - 1) {}
+    explicit ShownTable(const EditedGrid& itsEdited);
+    ShownTable(const ShownTable&) = delete;
+    ShownTable& operator=(const ShownTable&) = delete;
+    ~ShownTable() override = default;
 
-    int GetNumberRows() override { return cells.RowCount() - 1; }
+    int GetNumberRows() override;
     int GetNumberCols() override { return Grid::columns; }
-    wxString GetValue(int row, int column) override;
+    wxString GetValue(int place, int column) override;
     wxString GetColLabelValue(int column) override;
+    wxString GetRowLabelValue(int place) override;
+    wxGridCellAttr* GetAttr(int place, int column, wxGridCellAttr::wxAttrKind kind) override;
 
     // Cells are changed by the form only.
     void SetValue(int, int, const wxString&) override {}
 
-    // Tells the wxGrid how many rows there are now.
+    // The form's cells have changed: tells the wxGrid how many rows there are now.
     void RowsChanged();
 
- private:
-    const Text& Cell(int row, int column) const { return cells[row][static_cast<std::size_t>(column)]; }
+    // Why a cell is marked; empty when it is not.
+    wxString ReasonAt(int place, int column);
 
-    const Grid& cells;
+ private:
+    std::optional<CellMark> MarkAt(int place, int column);
+
+    const EditedGrid& edited;
     int shownRows;
+    std::optional<GridMarks> marks;
+    std::uint64_t changesMarked = 0;                       // the changes of the grid up to which the marks are known
+    std::array<wxObjectDataPtr<wxGridCellAttr>, 3> looks;  // of the kinds of marks
 };
 
 }  // namespace korvande

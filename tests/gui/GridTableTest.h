@@ -44,6 +44,12 @@ class GridTableTest : public WindowTest {
     wxChoice& List() const { return Find<wxChoice>(shown.listEditor); }
     bool HasEditor() const { return Editor().IsShown() || (shown.listEditor != nullptr && List().IsShown()); }
 
+    // Whether the keyboard goes to the grid, not to what is laid over its cells.
+    bool GridHasFocus() const {
+        const wxWindow* const focused = wxWindow::FindFocus();
+        return focused == &TheGrid() || focused == TheGrid().GetGridWindow();
+    }
+
     // Where a cell (of the form's row, so from 1) is on the screen.
     wxPoint PlaceOf(int row, int column) const {
         const wxRect cell = TheGrid().CellToRect(row - 1, column);
