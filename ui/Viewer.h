@@ -8,4 +8,7 @@ namespace korvande {
 // or it does not start.
 bool StartViewer(TextView fileName);
 
+// Platform: where that shows a file, as a person knows it.
+TextView ViewerPlace() noexcept;
+
 }  // namespace korvande

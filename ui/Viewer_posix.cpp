@@ -29,6 +29,8 @@ wxString FindViewer() {
 
 }  // namespace
 
+TextView ViewerPlace() noexcept { return u"In de teksteditor"; }
+
 bool StartViewer(TextView fileName) {
     const std::string viewer = FindViewer().utf8_string();
     if (viewer.empty()) return false;

@@ -22,6 +22,8 @@ std::wstring NotepadPath() {
 
 }  // namespace
 
+TextView ViewerPlace() noexcept { return u"In Kladblok"; }
+
 bool StartViewer(TextView fileName) {
     const std::wstring program = NotepadPath();
     if (program.empty()) return false;
