@@ -2,7 +2,6 @@
 // Behind the header above.
 #include <wx/app.h>
 #include <wx/init.h>
-#include <wx/sysopt.h>
 
 #include <clocale>
 
@@ -16,8 +15,6 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int howToShow) {
     const korvande::ProgramPlace program = korvande::RunningProgram();
     const korvande::Text commandLine = korvande::BehindProgramName(
         korvande::FromWide(::GetCommandLineW()), korvande::Concat(program.folder, u"\\", program.name));
-    // The system paints the frames: where the library does, some stay away after their window was disabled.
-    wxSystemOptions::SetOption("msw.staticbox.optimized-paint", 0);
     wxApp::SetInstance(new korvande::App({commandLine, korvande::HasRegistrationSwitch(commandLine)}));
     return wxEntry(instance, nullptr, nullptr, howToShow);
 }

@@ -1,0 +1,7 @@
+#include "ui/FramePainting.h"
+
+namespace korvande {
+
+void PaintWhole(wxStaticBox& /*frame*/) {}
+
+}  // namespace korvande
