@@ -103,6 +103,7 @@ Binding::Binding(wxWindow& window, FormKORVANDE& form) {
     BindList(window, "lstSource", options.lstSource,
              [&options](wxItemContainer& items) { ShowSelection(items, options.lstSource); });
     BindCharacterSet(window, options);
+    BindLogBookViewer(window, options);
     const auto buttonsOf = [&](const auto& group, auto select) {
         std::vector<OptionButton> buttons;
         for (const auto& [name, value] : group) {
@@ -162,6 +163,13 @@ void Binding::BindCharacterSet(wxWindow& window, Options& options) {
     list.Bind(wxEVT_CHOICE,
               [&list, &options](wxCommandEvent&) { options.cboCharacterSet = FromWx(list.GetStringSelection()); });
     showing.emplace_back([&list, &options] { ShowSelection(list, static_cast<int>(CharacterSetOf(options))); });
+}
+
+// So is this one.
+void Binding::BindLogBookViewer(wxWindow& window, Options& options) {
+    auto& list = ControlNamed<wxChoice>(window, "cboLogBookViewer");
+    list.Bind(wxEVT_CHOICE, [&list, &options](wxCommandEvent&) { options.logBookInWindow = list.GetSelection() == 0; });
+    showing.emplace_back([&list, &options] { ShowSelection(list, options.logBookInWindow ? 0 : 1); });
 }
 
 void Binding::BindOptions(std::vector<OptionButton> group) {

@@ -47,6 +47,7 @@ class Binding {
     void BindList(wxWindow& window, const char* name, int& index, std::function<void(wxItemContainer&)> show);
 
     void BindCharacterSet(wxWindow& window, Options& options);
+    void BindLogBookViewer(wxWindow& window, Options& options);
 
     // The options of a group exclude each other.
     struct OptionButton;

@@ -1,8 +1,11 @@
 #include "ui/Controls.h"
 
+#include <wx/settings.h>
+
 #include <algorithm>
 
 #include "app/TabPlacement.h"
+#include "ui/FramePainting.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -29,6 +32,7 @@ Group::Group(wxWindow* page, const char* name, TextView caption)
       box(frame->GetStaticBox()),
       rows(new wxBoxSizer(wxVERTICAL)) {
     box->SetName(name);
+    PaintWhole(*box);
     frame->Add(rows, wxSizerFlags(1).Expand().Border(wxALL, page->FromDIP(narrowSpace)));
 }
 
@@ -42,20 +46,21 @@ void Group::Add(wxSizer* row, int proportion) const {
     rows->Add(row, wxSizerFlags(proportion).Expand());
 }
 
-wxScrolledWindow* MakePage(wxWindow* parent) {
-    auto* const page = new wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                            wxTAB_TRAVERSAL | wxHSCROLL | wxVSCROLL);
-    page->SetScrollRate(page->FromDIP(wideSpace), page->FromDIP(wideSpace));
-    return page;
-}
-
 wxStaticText* MakeLabel(wxWindow* parent, TextView caption, const char* name) {
     return Named(new wxStaticText(parent, wxID_ANY, ToWx(caption)), name, {});
 }
 
+void FitTextBox(wxTextCtrl& box, int characters) {
+    constexpr int aroundText = 8;
+    wxSize size = box.GetSizeFromTextSize(box.GetTextExtent(wxString('0', static_cast<size_t>(characters))).x);
+    // The toolkit's own height cuts large letters.
+    size.IncTo(wxSize(0, box.GetCharHeight() + box.FromDIP(aroundText)));
+    box.SetInitialSize(size);
+}
+
 wxTextCtrl* MakeTextBox(wxWindow* parent, const char* name, int characters, unsigned longest, TextView tip) {
     auto* const box = Named(new wxTextCtrl(parent, wxID_ANY), name, tip);
-    box->SetInitialSize(box->GetSizeFromTextSize(box->GetTextExtent(wxString('0', static_cast<size_t>(characters))).x));
+    FitTextBox(*box, characters);
     box->SetMaxLength(longest);
     return box;
 }
@@ -87,6 +92,10 @@ void PassWheelOn(wxWindow& list) {
         const wxPoint view = page.GetViewStart();
         page.Scroll(view.x, std::max(view.y - lines, 0));
     });
+}
+
+wxColour WarningColour() {
+    return wxSystemSettings::GetAppearance().IsDark() ? wxColour(255, 128, 128) : wxColour(176, 0, 0);
 }
 
 wxSizerFlags InRow(int proportion) { return wxSizerFlags(proportion).CenterVertical(); }

@@ -41,13 +41,14 @@ struct Group {
     wxBoxSizer* rows;
 };
 
-// An empty page of the tabs, which scrolls when it has not enough room.
-wxScrolledWindow* MakePage(wxWindow* parent);
-
 wxStaticText* MakeLabel(wxWindow* parent, TextView caption, const char* name = "");
 
 // A text box of about so many characters' width, and with `longest` no longer text (0: of any length).
 wxTextCtrl* MakeTextBox(wxWindow* parent, const char* name, int characters, unsigned longest, TextView tip = {});
+
+// Gives a box of one line the width of so many characters and the height of its text.
+void FitTextBox(wxTextCtrl& box, int characters);
+
 wxCheckBox* MakeCheckBox(wxWindow* parent, const char* name, TextView caption, TextView tip = {});
 wxButton* MakeButton(wxWindow* parent, const char* name, TextView caption, TextView tip = {});
 
@@ -57,6 +58,9 @@ wxRadioButton* MakeOption(wxWindow* parent, const char* name, TextView caption, 
 
 // Has the mouse wheel over a list scroll the page, and never change what is chosen.
 void PassWheelOn(wxWindow& list);
+
+// Of texts that tell of something lost: red on a light window, and lighter on a dark one.
+wxColour WarningColour();
 
 // How a control stands in its row.
 wxSizerFlags InRow(int proportion = 0);

@@ -1,10 +1,15 @@
 #include "ui/GeneralTab.h"
 
+#include <wx/choice.h>
 #include <wx/listbox.h>
+
+#include <algorithm>
 
 #include "app/TabPlacement.h"
 #include "ui/Controls.h"
+#include "ui/Page.h"
 #include "ui/StartRow.h"
+#include "ui/Viewer.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -12,6 +17,9 @@ namespace korvande {
 namespace {
 
 constexpr TextView browseTip = u"Zoekt het bestand op, of de map en de naam voor een nieuw bestand";
+
+constexpr TextView recentTip =
+    u"De bestanden die het laatst zijn vertaald: zet het bestand en de soort vertaling van toen klaar";
 
 // The rows of a group that may be higher than they need.
 void AddInTheMiddle(Group& group, wxSizer* rows) {
@@ -50,24 +58,41 @@ wxSizer* MakeProjects(wxWindow* page) {
 }
 
 void AddFileRow(wxFlexGridSizer* rows, wxWindow* box, TextView caption, const char* textName, const char* buttonName,
-                TextView buttonCaption, TextView tip) {
+                TextView buttonCaption, const char* recentName, TextView tip) {
     rows->Add(MakeLabel(box, caption), InRow());
     rows->Add(MakeTextBox(box, textName, 24, 0, tip), InRow(1).Expand());
     rows->Add(MakeButton(box, buttonName, buttonCaption, browseTip), InRow());
+    rows->Add(MakeButton(box, recentName, u"Recent...", recentTip), InRow());
 }
 
 wxSizer* MakeFiles(wxWindow* page) {
     Group group(page, "framStandalone", u"Bestanden");
     wxWindow* const box = group.box;
-    auto* const rows = new wxFlexGridSizer(3, box->FromDIP(wxSize(narrowSpace, narrowSpace)));
+    auto* const rows = new wxFlexGridSizer(4, box->FromDIP(wxSize(narrowSpace, narrowSpace)));
     rows->AddGrowableCol(1);
-    AddFileRow(rows, box, u"&IDEX:", "txtFileIDEX", "cmdBrowseIDEX", u"&Bladeren...",
+    AddFileRow(rows, box, u"&IDEX:", "txtFileIDEX", "cmdBrowseIDEX", u"&Bladeren...", "cmdRecentIDEX",
                u"Het IDEX-bestand. Is het de uitvoer en leeg, dan krijgt het de naam van het invoerbestand met IDX");
-    AddFileRow(rows, box, u"NEN1878/S&UF2:", "txtFileSUFNEN", "cmdBrowseSUFNEN", u"Bl&aderen...",
+    AddFileRow(rows, box, u"NEN1878/S&UF2:", "txtFileSUFNEN", "cmdBrowseSUFNEN", u"Bl&aderen...", "cmdRecentSUFNEN",
                u"Het NEN1878- of SUF2-bestand. Is het de uitvoer en leeg, dan krijgt het de naam van het invoerbestand "
                u"met SFN");
     AddInTheMiddle(group, rows);
     return group.frame;
+}
+
+// What a log book on the screen is shown in.
+wxSizer* MakeViewerChoice(wxWindow* box) {
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(MakeLabel(box, u"Logboek op scherm:"), InRow().Border(wxRIGHT, box->FromDIP(narrowSpace)));
+    auto* const viewers = new wxChoice(box, wxID_ANY);
+    viewers->SetName("cboLogBookViewer");
+    viewers->Append(ToWx(u"In een venster"));
+    viewers->Append(ToWx(ViewerPlace()));
+    viewers->SetToolTip(
+        ToWx(u"Waarin het logboek verschijnt, ook met de knop Logboek onderaan. Het venster kleurt de fouten en zoekt "
+             u"ze op"));
+    PassWheelOn(*viewers);
+    row->Add(viewers, InRow());
+    return row;
 }
 
 wxSizer* MakeReport(wxWindow* page) {
@@ -82,16 +107,19 @@ wxSizer* MakeReport(wxWindow* page) {
                             u"Drukt het logboek af op de standaardprinter; er blijft geen bestand over"));
     options->Add(MakeOption(box, "optReportNone", u"&Geen logboek", InGroup::Next,
                             u"Na de vertaling blijft er geen logboek over"));
-    AddInTheMiddle(group, options);
+    auto* const rows = new wxBoxSizer(wxVERTICAL);
+    rows->Add(options, wxSizerFlags().Expand().Border(wxBOTTOM, box->FromDIP(narrowSpace)));
+    rows->Add(MakeViewerChoice(box));
+    AddInTheMiddle(group, rows);
     return group.frame;
 }
 
-// A caption and the box of one of the owner's fields.
+// A caption and the box of one of the owner's fields. The box of a long field takes what room there is.
 void AddField(wxSizer* row, wxWindow* box, TextView caption, const char* name, unsigned length, TextView tip = {}) {
     constexpr unsigned longField = 20;
     const int proportion = length > longField ? 1 : 0;
     row->Add(MakeLabel(box, caption), InRow().Border(wxRIGHT, box->FromDIP(narrowSpace)));
-    wxTextCtrl* const text = MakeTextBox(box, name, static_cast<int>(length) + 2, length, tip);
+    wxTextCtrl* const text = MakeTextBox(box, name, static_cast<int>(std::min(length, longField)) + 2, length, tip);
     row->Add(text, InRow(proportion).Border(wxRIGHT, box->FromDIP(wideSpace)));
 }
 
@@ -125,16 +153,14 @@ wxSizer* MakeOwner(wxWindow* page) {
 }  // namespace
 
 wxScrolledWindow* MakeGeneralTab(wxWindow* parent) {
-    wxScrolledWindow* const page = MakePage(parent);
+    auto* const page = new Page(parent);
     const int narrow = page->FromDIP(narrowSpace);
     const int wide = page->FromDIP(wideSpace);
     wxSizer* const projects = MakeProjects(page);
     auto* const right = new wxBoxSizer(wxVERTICAL);
     right->Add(MakeFiles(page), wxSizerFlags(1).Expand().Border(wxBOTTOM, narrow));
     right->Add(MakeReport(page), wxSizerFlags(1).Expand());
-    auto* const upper = new wxBoxSizer(wxHORIZONTAL);
-    upper->Add(projects, wxSizerFlags(2).Expand().Border(wxRIGHT, wide));
-    upper->Add(right, wxSizerFlags(3).Expand());
+    wxSizer* const upper = page->Columns(projects, 2, right, 3);
 
     auto* const column = new wxBoxSizer(wxVERTICAL);
     AddStartFrame(column, page, tabGeneral, upper);

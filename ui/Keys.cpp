@@ -1,8 +1,9 @@
 #include "ui/Keys.h"
 
 #include <wx/choice.h>
-#include <wx/notebook.h>
 #include <wx/stattext.h>
+
+#include "ui/Areas.h"
 
 namespace korvande {
 
@@ -36,17 +37,65 @@ wxChoice* ListOf(const wxWindow& window, int letter) {
     return nullptr;
 }
 
-void OnKey(wxFrame& frame, wxKeyEvent& event) {
-    if (event.GetModifiers() == wxMOD_ALT) {
-        if (wxChoice* const list = ListOf(frame, event.GetKeyCode())) return list->SetFocus();
+// The headers have the keyboard then: the control that had it is not on the screen any more.
+void ChangeTab(wxNotebook& tabs, bool forward) {
+    tabs.SetFocus();
+    tabs.AdvanceSelection(forward);
+    tabs.SetFocus();
+}
+
+// From the headers into the page below them.
+void EnterPage(wxNotebook& tabs) {
+    wxWindow* const page = tabs.GetCurrentPage();
+    wxNavigationKeyEvent event;
+    event.SetDirection(true);
+    event.SetEventObject(&tabs);
+    if (!page->HandleWindowEvent(event)) page->SetFocus();
+}
+
+bool DoKey(wxFrame& frame, wxNotebook& tabs, const wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const int modifiers = event.GetModifiers();
+    const bool isBack = (modifiers & wxMOD_SHIFT) != 0;
+    const int others = modifiers & ~wxMOD_SHIFT;
+    // The toolkit does not always know which control has the keyboard.
+    auto* const focused = dynamic_cast<wxWindow*>(event.GetEventObject());
+    if (modifiers == wxMOD_ALT) {
+        wxChoice* const list = ListOf(frame, key);
+        if (list != nullptr) list->SetFocus();
+        return list != nullptr;
     }
-    event.Skip();
+    if (key == WXK_TAB && others == wxMOD_CONTROL) {
+        ChangeTab(tabs, !isBack);
+    } else if ((key == WXK_PAGEDOWN || key == WXK_PAGEUP) && modifiers == wxMOD_CONTROL) {
+        ChangeTab(tabs, key == WXK_PAGEDOWN);
+    } else if (key == WXK_F6 && others == wxMOD_NONE) {
+        GoToNextArea(tabs, focused, !isBack);
+    } else if (key == WXK_TAB && modifiers == wxMOD_NONE && focused == &tabs && tabs.GetCurrentPage()->IsEnabled()) {
+        EnterPage(tabs);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// The headers are on the way of the Tab key: between what is before the tabs and their page, in both directions.
+void OnNavigation(wxNotebook& tabs, wxNavigationKeyEvent& event) {
+    const bool comesFromPage = event.GetEventObject() != tabs.GetParent();
+    if (event.IsWindowChange() || comesFromPage == event.GetDirection()) {
+        event.Skip();
+    } else {
+        tabs.SetFocus();
+    }
 }
 
 }  // namespace
 
-void BindKeys(wxFrame& frame) {
-    frame.Bind(wxEVT_CHAR_HOOK, [&frame](wxKeyEvent& event) { OnKey(frame, event); });
+void BindKeys(wxFrame& frame, wxNotebook& tabs) {
+    frame.Bind(wxEVT_CHAR_HOOK, [&frame, &tabs](wxKeyEvent& event) {
+        if (!DoKey(frame, tabs, event)) event.Skip();
+    });
+    tabs.Bind(wxEVT_NAVIGATION_KEY, [&tabs](wxNavigationKeyEvent& event) { OnNavigation(tabs, event); });
 }
 
 }  // namespace korvande

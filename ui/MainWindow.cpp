@@ -10,11 +10,13 @@
 
 #include "app/BrowseFiles.h"
 #include "app/GridEditing.h"
+#include "app/Manual.h"
 #include "app/OutputName.h"
 #include "app/Projects.h"
 #include "app/RunTranslation.h"
 #include "app/StartUp.h"
 #include "app/TabPlacement.h"
+#include "app/UnknownCodes.h"
 #include "app/frmKORVANDE.h"
 #include "ui/BehindDialog.h"
 #include "ui/Controls.h"
@@ -24,9 +26,14 @@
 #include "ui/Icons.h"
 #include "ui/InformationTab.h"
 #include "ui/Keys.h"
+#include "ui/Manual.h"
 #include "ui/OutcomeLine.h"
 #include "ui/ProjectDialog.h"
+#include "ui/RecentMenu.h"
+#include "ui/RunWindows.h"
 #include "ui/SettingsTab.h"
+#include "ui/StopButton.h"
+#include "ui/UnknownCodesDialog.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -35,6 +42,11 @@ namespace {
 
 constexpr int timerDelay = 500;  // milliseconds
 constexpr int gaugePanel = 1;
+constexpr int leastGridHeight = 300;  // in device-independent pixels
+
+// What a window manager puts around a window at most, in device-independent pixels.
+constexpr int frameRoom = 16;
+constexpr int captionRoom = 40;
 
 wxSizer* MakeHeader(wxWindow* parent, const FormKORVANDE& form) {
     const int wide = parent->FromDIP(wideSpace);
@@ -59,11 +71,15 @@ MainWindow::MainWindow(WindowScreen& itsScreen, FormKORVANDE& itsForm)
     binding = std::make_unique<Binding>(*this, form);
     // MakeTabs has just made it. NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer)
     projects = &ControlNamed<wxListBox>(*this, "File1");
+    runWindows = std::make_unique<RunWindows>(*this, form, [this](const auto& action) { Work(action); });
     BindControls();
     BindForm();
     form.Timer1Enabled = true;
     ShowForm();
     FitContent();
+    const wxRect fitted = GetRect();
+    keptPlace = std::make_unique<KeptPlace>(*this, u"WindowPlace");
+    if (GetRect() == fitted) KeepContentUntilShown();
     screen.Attach(this, gauge, &form);
     tabs->SetFocus();
 }
@@ -97,6 +113,7 @@ void MainWindow::MakeTabs() {
     column->Add(MakeHeader(content, form), wxSizerFlags().Expand());
     column->Add(tabs, wxSizerFlags(1).Expand());
     outcome = new OutcomeLine(content, form);
+    outcome->onUnknownCodes = [this] { AddUnknownCodes(); };
     column->Add(outcome, wxSizerFlags().Expand());
     content->SetSizer(column);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
@@ -112,6 +129,8 @@ void MainWindow::MakeStatusBar() {
     bar->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
     gauge = new wxGauge(bar, wxID_ANY, gaugeRange, wxDefaultPosition, wxDefaultSize, wxGA_HORIZONTAL | wxGA_SMOOTH);
     gauge->SetName("ProgressBar1");
+    stop = new StopButton(bar, form);
+    bar->SetMinHeight(std::max(bar->GetSize().y, stop->GetBestSize().y));
     bar->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
         PlaceGauge();
@@ -121,7 +140,14 @@ void MainWindow::MakeStatusBar() {
 void MainWindow::PlaceGauge() {
     wxRect place;
     if (!GetStatusBar()->GetFieldRect(gaugePanel, place)) return;
-    const wxSize size(std::max(place.width - FromDIP(wideSpace), 0), gauge->GetBestSize().y);
+    place.width -= FromDIP(wideSpace);
+    if (stop->IsShown()) {
+        const wxSize best = stop->GetBestSize() + wxSize(2 * FromDIP(narrowSpace), 0);
+        const wxSize size(best.x, std::min(best.y, place.height));
+        stop->SetSize(wxRect(size).CentreIn(wxRect(place.GetRight() - size.x, place.y, size.x, place.height)));
+        place.width -= size.x + FromDIP(wideSpace);
+    }
+    const wxSize size(std::max(place.width, 0), gauge->GetBestSize().y);
     gauge->SetSize(wxRect(size).CentreIn(place));
 }
 
@@ -131,16 +157,38 @@ void MainWindow::FitContent() {
     const wxSize reserve = FromDIP(wxSize(0, wideSpace));
     for (size_t i = 0; i < tabs->GetPageCount(); ++i) {
         wxWindow* const page = tabs->GetPage(i);
-        page->SetMinClientSize(page->GetSizer()->CalcMin() + reserve);
+        wxSize size = page->GetSizer()->CalcMin() + reserve;
+        // A table is as high as the window happens to be.
+        if (dynamic_cast<GridTab*>(page) != nullptr) size.y = FromDIP(leastGridHeight);
+        page->SetMinClientSize(size);
     }
-    Fit();
+    wxSize content = GetSizer()->CalcMin();
     for (size_t i = 0; i < tabs->GetPageCount(); ++i) tabs->GetPage(i)->SetMinClientSize(wxDefaultSize);
-    wxSize size = GetSize();
     // There is room below the pages for what becomes of a run.
-    size.y += outcome->GetBestSize().y;
-    size.DecTo(wxDisplay(this).GetClientArea().GetSize());
-    SetSize(size);
+    content.y += outcome->GetBestSize().y;
+    SetClientSize(content);
+    FitDisplay();
     Centre();
+}
+
+// On a display without room for all of it, the window leaves some for the frame that the system has yet to give it.
+void MainWindow::FitDisplay() {
+    wxSize room = wxDisplay(this).GetClientArea().GetSize();
+    room.DecBy(FromDIP(wxSize(frameRoom, captionRoom)));
+    wxSize size = GetSize();
+    size.DecTo(room);
+    if (size != GetSize()) SetSize(size);
+}
+
+// How thick the frame is, is told when the window comes up; the toolkit would take that from the pages.
+void MainWindow::KeepContentUntilShown() {
+    SetMinClientSize(GetClientSize());
+    wxWindow* const content = tabs->GetParent();
+    content->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+        event.Skip();
+        if (!isFitted) SetMinClientSize(wxDefaultSize);
+        isFitted = true;
+    });
 }
 
 void MainWindow::BindForm() {
@@ -154,11 +202,14 @@ void MainWindow::BindForm() {
 void MainWindow::BindControls() {
     const AskFileName ask = [this](const FileDialog& dialog) { return ShowFileDialog(this, dialog); };
     WorkOn("cmdStart", [this] { RunTranslation(form); });
+    WorkOn("cmdCheck", [this] { runWindows->Check(); });
     WorkOn("cmdNewJob", [this] { NewProject(form); });
     WorkOn("cmdCopyJob", [this] { CopyProject(form); });
     WorkOn("cmdDelJob", [this] { DeleteProject(form); });
     WorkOn("cmdBrowseIDEX", [this, ask] { BrowseIdexFile(form, ask); });
     WorkOn("cmdBrowseSUFNEN", [this, ask] { BrowseSufNenFile(form, ask); });
+    OfferRecent("cmdRecentIDEX", Direction::FromIdex);
+    OfferRecent("cmdRecentSUFNEN", Direction::ToIdex);
     projects->Bind(wxEVT_LISTBOX, [this](wxCommandEvent& event) {
         const int picked = event.GetSelection();
         Work([this, picked] { PickProject(form, picked); });
@@ -172,7 +223,8 @@ void MainWindow::BindControls() {
         event.Skip();
         CallAfter([this] { DeriveOutputName(form); });
     });
-    BindKeys(*this);
+    BindKeys(*this, *tabs);
+    BindManual(*this, screen, [this] { return ManualChapter(tabs->GetSelection()); });
     Bind(wxEVT_TIMER, &MainWindow::OnTimer, this);
     Bind(wxEVT_CLOSE_WINDOW, &MainWindow::OnClose, this);
 }
@@ -180,6 +232,14 @@ void MainWindow::BindControls() {
 void MainWindow::WorkOn(const char* button, std::function<void()> action) {
     ControlNamed<wxButton>(*this, button).Bind(wxEVT_BUTTON, [this, action = std::move(action)](wxCommandEvent&) {
         Work(action);
+    });
+}
+
+void MainWindow::OfferRecent(const char* button, Direction direction) {
+    auto& control = ControlNamed<wxButton>(*this, button);
+    control.Bind(wxEVT_BUTTON, [this, &control, direction](wxCommandEvent&) {
+        const std::optional<RecentFile> file = AskRecentFile(control, direction);
+        if (file) Work([&] { TakeRecentFile(form, *file); });
     });
 }
 
@@ -203,6 +263,18 @@ void MainWindow::Work(const std::function<void()>& action) {
     finish();
 }
 
+// A person goes on in the grid that got the first of them.
+void MainWindow::AddUnknownCodes() {
+    EndEdits(form);
+    const UnknownCodes unknown = StillUnknown(form, form.lastRun.unknownCodes);
+    const EditedGrid* const grid = AddCodes(form, AskUnknownCodes(this, unknown));
+    for (size_t i = 0; i < gridTabs.size(); ++i) {
+        if (&gridTabs[i]->Edited() != grid) continue;
+        tabs->SetSelection(tabPoints + i);
+        gridTabs[i]->GoToCurrentCell();
+    }
+}
+
 void MainWindow::EnableOptions(bool enable) {
     for (size_t i = 0; i < tabs->GetPageCount(); ++i) tabs->GetPage(i)->Enable(enable);
 }
@@ -211,11 +283,21 @@ void MainWindow::ShowForm() {
     if (isClosing) return;
     binding->Show();
     outcome->ShowForm();
+    screen.FollowRuns();
     ShowList(*projects, form.File1);
     ShowStandalone();
+    ShowStop();
     for (GridTab* const tab : gridTabs) tab->ShowForm();
     startRow->PlaceOn(tabs->GetSelection(), form.project.options.StartedInteractively);
     ShowTimer();
+}
+
+// As long as a run goes on, the keys come to the tabs, which alone are not disabled: Escape among them.
+void MainWindow::ShowStop() {
+    const bool wasShown = stop->IsShown();
+    const bool isNew = stop->ShowForm();
+    if (stop->IsShown() != wasShown) PlaceGauge();
+    if (isNew) tabs->SetFocus();
 }
 
 void MainWindow::ShowStandalone() {
@@ -261,6 +343,7 @@ void MainWindow::OnClose(wxCloseEvent& event) {
 void MainWindow::Unload(MayStay mayStay) {
     if (isClosing || !UnloadForm(form, mayStay)) return;
     isClosing = true;
+    keptPlace->Keep();
     timer.Stop();
     Destroy();
 }

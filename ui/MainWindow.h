@@ -11,7 +11,9 @@
 #include <vector>
 
 #include "app/StartUp.h"
+#include "translation/Mode.h"
 #include "ui/Binding.h"
+#include "ui/KeptPlace.h"
 #include "ui/StartRow.h"
 #include "ui/WindowScreen.h"
 
@@ -19,6 +21,8 @@ namespace korvande {
 
 class GridTab;
 class OutcomeLine;
+class RunWindows;
+class StopButton;
 struct FormKORVANDE;
 
 // The window frmKORVANDE: six tabs that show the form's values and write every change back.
@@ -37,14 +41,19 @@ class MainWindow : public wxFrame {
     void MakeStatusBar();
     void PlaceGauge();
     void FitContent();
+    void FitDisplay();
+    void KeepContentUntilShown();
     void BindControls();
     void BindForm();
 
     // Runs what a person asked for, with the options disabled meanwhile, and shows what it has come to.
     void Work(const std::function<void()>& action);
     void WorkOn(const char* button, std::function<void()> action);
+    void OfferRecent(const char* button, Direction direction);
     void EnableOptions(bool enable);
+    void AddUnknownCodes();
     void ShowStandalone();
+    void ShowStop();
     void ShowTimer();
     void OnTimer(wxTimerEvent& event);
     void OnClose(wxCloseEvent& event);
@@ -55,11 +64,15 @@ class MainWindow : public wxFrame {
     wxNotebook* tabs = nullptr;
     wxListBox* projects = nullptr;
     wxGauge* gauge = nullptr;
+    StopButton* stop = nullptr;
     OutcomeLine* outcome = nullptr;
     std::vector<GridTab*> gridTabs;
     std::unique_ptr<StartRow> startRow;
+    std::unique_ptr<KeptPlace> keptPlace;
     std::unique_ptr<Binding> binding;
+    std::unique_ptr<RunWindows> runWindows;
     wxTimer timer;
+    bool isFitted = false;
     bool isClosing = false;
 };
 

@@ -1,25 +1,21 @@
 #include "ui/OutcomeLine.h"
 
 #include <wx/dialog.h>
-#include <wx/settings.h>
-#include <wx/utils.h>
 
+#include "app/LogBookView.h"
+#include "app/Projects.h"
+#include "app/UnknownCodes.h"
 #include "app/frmKORVANDE.h"
-#include "core/NativePath.h"
-#include "core/RuntimeError.h"
 #include "core/modScreen.h"
 #include "host/modFileHandling.h"
 #include "ui/Controls.h"
+#include "ui/Folders.h"
+#include "ui/SelectableText.h"
 #include "ui/WxText.h"
 
 namespace korvande {
 
 namespace {
-
-// Red on a light window, and lighter on a dark one.
-wxColour WarningColour() {
-    return wxSystemSettings::GetAppearance().IsDark() ? wxColour(255, 128, 128) : wxColour(176, 0, 0);
-}
 
 // Everything that is told of a run, in lines.
 Text OverviewOf(const RunReport& run) {
@@ -28,6 +24,7 @@ Text OverviewOf(const RunReport& run) {
         for (const Text& line : lines) AppendTo(text, Concat(u"\n", line));
     };
     add(run.lists);
+    if (run.account.empty()) return text;
     if (!run.lists.empty()) AppendTo(text, u"\n");
     AppendTo(text, u"\nObjectbalans:");
     add(run.account);
@@ -39,38 +36,36 @@ Text OverviewOf(const RunReport& run) {
 OutcomeLine::OutcomeLine(wxWindow* parent, const FormKORVANDE& itsForm)
     : wxPanel(parent),
       form(itsForm),
-      line(new wxStaticText(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
-                            wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE)),
-      logBook(MakeButton(this, "cmdShowLogBook", u"Logboek", u"Opent het logboek van deze vertaling")) {
+      line(MakeSelectable(this, "lblOutcome")),
+      logBook(MakeButton(this, "cmdShowLogBook", u"Logboek", u"Opent het logboek van deze vertaling")),
+      unknownCodes(MakeButton(this, "cmdUnknownCodes", u"Onbekende codes...",
+                              u"Toont de codes die niet in de codetabellen staan, om ze toe te voegen")) {
     SetName("framOutcome");
-    line->SetName("lblOutcome");
     wxButton* const overview = MakeButton(this, "cmdShowOverview", u"Overzicht...",
                                           u"Wat niet of anders is overgekomen, wat is weggelaten en de objectbalans");
     wxButton* const folder = MakeButton(this, "cmdOpenFolder", u"Map openen", u"Opent de map van het uitvoerbestand");
     overview->MoveBeforeInTabOrder(logBook);
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(line, InRow(1).Border(wxALL, FromDIP(narrowSpace)));
-    for (wxButton* const button : {overview, logBook, folder}) {
+    for (wxButton* const button : {overview, logBook, folder, unknownCodes}) {
         row->Add(button, InRow().Border(wxTOP | wxBOTTOM | wxRIGHT, FromDIP(narrowSpace)));
     }
     SetSizer(row);
     Hide();
     overview->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ShowOverview(); });
-    logBook->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ShowLogBook(); });
-    folder->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OpenFolder(); });
+    unknownCodes->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { onUnknownCodes(); });
+    logBook->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ViewLogBook(form.screen, form.lastRun.logBook); });
+    folder->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OpenFolder(form.screen, FolderOf(form.lastRun.output)); });
 }
 
 void OutcomeLine::ShowForm() {
     const RunReport& run = form.lastRun;
     if (run.outcome.empty()) return;
-    const wxString text = ToWx(run.outcome);
-    if (line->GetLabelText() != text) {
-        line->SetLabelText(text);
-        line->SetToolTip(text);
-    }
+    ShowSelectable(*line, run.outcome);
     line->SetForegroundColour(run.wentWell ? wxNullColour : WarningColour());
     line->Refresh();
     logBook->Enable(FileExistsAt(run.logBook));
+    unknownCodes->Enable(!IsBusy(form) && !StillUnknown(form, run.unknownCodes).codes.empty());
     if (IsShown()) return;
     Show();
     GetParent()->Layout();
@@ -94,23 +89,6 @@ void OutcomeLine::ShowOverview() {
     close->SetDefault();
     close->SetFocus();
     dialog.ShowModal();
-}
-
-void OutcomeLine::ShowLogBook() {
-    const Text& name = form.lastRun.logBook;
-    if (!form.screen.ViewTextFile(name)) {
-        ShowMessage(form.screen, Concat(u"Het logboek kan niet worden getoond. Het is opgeslagen in:\n\n", name));
-    }
-}
-
-void OutcomeLine::OpenFolder() {
-    const Text folder = FolderOf(form.lastRun.output);
-    try {
-        if (wxLaunchDefaultApplication(ToWx(FromUtf8(NativePath(folder.empty() ? Text(u".") : folder))))) return;
-    } catch (const RuntimeError&) {
-        // A folder that cannot be named cannot be opened.
-    }
-    ShowMessage(form.screen, Concat(u"De map kan niet worden geopend:\n", folder));
 }
 
 }  // namespace korvande

@@ -2,8 +2,10 @@
 
 #include <wx/panel.h>
 
+#include <functional>
+
 class wxButton;
-class wxStaticText;
+class wxTextCtrl;
 
 namespace korvande {
 
@@ -15,17 +17,19 @@ class OutcomeLine : public wxPanel {
  public:
     OutcomeLine(wxWindow* parent, const FormKORVANDE& form);
 
+    // Called when a person wants to add the codes that the last run did not know.
+    std::function<void()> onUnknownCodes = [] {};
+
     // Takes the last run from the form. Before the first run the line is not there.
     void ShowForm();
 
  private:
     void ShowOverview();
-    void ShowLogBook();
-    void OpenFolder();
 
     const FormKORVANDE& form;
-    wxStaticText* line;
+    wxTextCtrl* line;
     wxButton* logBook;
+    wxButton* unknownCodes;
 };
 
 }  // namespace korvande

@@ -6,6 +6,7 @@
 #include "app/TabPlacement.h"
 #include "project/Options.h"
 #include "ui/Controls.h"
+#include "ui/Page.h"
 #include "ui/StartRow.h"
 #include "ui/WxText.h"
 
@@ -127,7 +128,7 @@ wxSizer* MakeDates(wxWindow* page) {
 }  // namespace
 
 wxScrolledWindow* MakeSettingsTab(wxWindow* parent) {
-    wxScrolledWindow* const page = MakePage(parent);
+    auto* const page = new Page(parent);
     const int narrow = page->FromDIP(narrowSpace);
     const int wide = page->FromDIP(wideSpace);
     auto* const column = new wxBoxSizer(wxVERTICAL);
@@ -141,11 +142,8 @@ wxScrolledWindow* MakeSettingsTab(wxWindow* parent) {
     auto* const right = new wxBoxSizer(wxVERTICAL);
     right->Add(MakeExport(page), wxSizerFlags().Expand().Border(wxBOTTOM, narrow));
     right->Add(MakeDates(page), wxSizerFlags().Expand());
-    auto* const columns = new wxBoxSizer(wxHORIZONTAL);
-    columns->Add(left, wxSizerFlags(1).Expand().Border(wxRIGHT, wide));
-    columns->Add(right, wxSizerFlags(1).Expand());
     column->AddSpacer(narrow);
-    column->Add(columns, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, wide));
+    column->Add(page->Columns(left, 1, right, 1), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, wide));
     page->SetSizer(column);
     return page;
 }

@@ -4,6 +4,7 @@
 
 #include "app/TabPlacement.h"
 #include "ui/Controls.h"
+#include "ui/FramePainting.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -12,12 +13,17 @@ namespace {
 
 constexpr char frameName[] = "framStart";
 
-// From the top of the frame to the top of the button, in device-independent pixels.
+// From the top of the frame to the top of the button, in device-independent pixels: what the described places leave.
 constexpr int captionHeight = 26;
 
 // In twips. The list fits between its place and the button's on every tab.
 constexpr int listWidth = 2850;
 constexpr int buttonWidth = 2400;
+
+// The same for the size of the text.
+int RoomForCaption(const wxWindow& window) {
+    return std::max(window.FromDIP(captionHeight), window.GetCharHeight() + window.FromDIP(narrowSpace));
+}
 
 wxWindow* FrameOn(const wxWindow* page) { return page->FindWindow(frameName); }
 
@@ -37,20 +43,30 @@ StartRow::StartRow(wxScrolledWindow* general, wxScrolledWindow* settings)
       label(MakeLabel(FrameOn(general), u"Soort &vertaling:", "lblXlateMode")),
       modes(new wxChoice(FrameOn(general), wxID_ANY)),
       start(MakeButton(FrameOn(general), "cmdStart", u"&Start Vertaling",
-                       u"Bewaart het project en vertaalt het invoerbestand met de instellingen van dit project")) {
+                       u"Bewaart het project en vertaalt het invoerbestand met de instellingen van dit project")),
+      check(MakeButton(FrameOn(general), "cmdCheck", u"Controleer",
+                       u"Gaat het invoerbestand na en laat zien wat er bij een vertaling mis zou gaan; er wordt niets "
+                       u"geschreven (F7)")) {
     modes->SetName("cboXlateMode");
     modes->SetToolTip(ToWx(u"Van welk formaat naar welk formaat wordt vertaald"));
     PassWheelOn(*modes);
     start->SetFont(start->GetFont().Bold());
-    const int frameHeight = start->FromDIP(captionHeight + wideSpace) + ButtonHeight(*modes);
+    // A higher caption takes its room from the frame, too.
+    const int frameHeight =
+        2 * RoomForCaption(*start) - start->FromDIP(captionHeight) + start->FromDIP(wideSpace) + ButtonHeight(*modes);
     // Where the row stands in its frame is known when the toolkit has placed the frame on its page, which is at no
     // moment that it tells.
     wxGetTopLevelParent(general)->Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
         event.Skip();
         Place();
     });
-    for (const wxWindow* const page : {generalPage, settingsPage}) {
-        FrameOn(page)->SetMinSize(wxSize(-1, frameHeight));
+    for (const int tab : {tabGeneral, tabSettings}) {
+        const wxWindow* const page = tab == tabGeneral ? generalPage : settingsPage;
+        const StartPlacement described = StartPlacementOn(tab, true);
+        const int left = page->FromDIP(wideSpace);
+        const Parts parts = Arranged(wxPoint(PixelsOf(*page, described.listLeft) - left, 0),
+                                     wxPoint(PixelsOf(*page, described.buttonLeft) - left, 0));
+        FrameOn(page)->SetMinSize(wxSize(parts.check.GetRight() + left, frameHeight));
     }
 }
 
@@ -59,6 +75,7 @@ void StartRow::PlaceOn(int tab, bool startedInteractively) {
     const bool isInSight = place.buttonLeft != outOfSight;
     if (isInSight) MoveTo(tab == tabGeneral ? generalPage : settingsPage);
     FrameOn(settingsPage)->Show(startedInteractively);
+    check->Show(startedInteractively);
     Place();
 }
 
@@ -69,25 +86,51 @@ wxPoint StartRow::InFrame(int left, int top) const {
     return FrameOn(ownPage)->ScreenToClient(ownPage->ClientToScreen(ownPage->CalcScrolledPosition(onPage)));
 }
 
+// The row as it is described, and further on where a large text needs more room than there is.
+StartRow::Parts StartRow::Arranged(wxPoint listAt, wxPoint startAt) const {
+    const int wide = start->FromDIP(wideSpace);
+    const int narrow = start->FromDIP(narrowSpace);
+    const wxSize list = modes->GetBestSize();
+    const wxSize button = start->GetBestSize();
+    const wxSize text = label->GetBestSize();
+    Parts parts;
+    parts.list = wxRect(listAt, wxSize(std::max(PixelsOf(*modes, listWidth), list.x), list.y));
+    parts.start = wxRect(startAt, wxSize(std::max(PixelsOf(*start, buttonWidth), button.x), ButtonHeight(*modes)));
+    parts.list.x = std::max(listAt.x, wide + text.x + wide);
+    parts.start.x = std::max(startAt.x, parts.list.GetRight() + 1 + narrow);
+    const int below = RoomForCaption(*label->GetParent()) - label->FromDIP(captionHeight);
+    parts.list.y += below;
+    parts.start.y += below;
+    parts.label = wxRect(parts.list.x - text.x - wide, parts.list.y + (list.y - text.y) / 2, text.x, text.y);
+    parts.check = wxRect(parts.start.GetRight() + wide, parts.list.y, check->GetBestSize().x, list.y);
+    return parts;
+}
+
+// Out of sight they are where they are described.
 void StartRow::Place() {
     // No page knows its place before.
     if (!wxGetTopLevelParent(ownPage)->IsShown()) return;
-    const wxRect list(InFrame(place.listLeft, place.listTop),
-                      wxSize(PixelsOf(*modes, listWidth), modes->GetBestSize().y));
-    const wxRect button(InFrame(place.buttonLeft, place.buttonTop),
-                        wxSize(std::max(PixelsOf(*start, buttonWidth), start->GetBestSize().x), ButtonHeight(*modes)));
-    if (modes->GetRect() == list && start->GetRect() == button) return;
-    modes->SetSize(list);
-    start->SetSize(button);
-    const wxSize text = label->GetBestSize();
-    label->SetSize(list.x - text.x - label->FromDIP(wideSpace), list.y + (list.height - text.y) / 2, text.x, text.y);
+    const wxPoint listAt = InFrame(place.listLeft, place.listTop);
+    const wxPoint startAt = InFrame(place.buttonLeft, place.buttonTop);
+    Parts parts = Arranged(listAt, startAt);
+    if (place.buttonLeft == outOfSight) {
+        parts.list.SetPosition(listAt);
+        parts.start.SetPosition(startAt);
+        parts.label.x = listAt.x;
+        parts.check.x = startAt.x;
+    }
+    if (modes->GetRect() == parts.list && start->GetRect() == parts.start) return;
+    modes->SetSize(parts.list);
+    start->SetSize(parts.start);
+    check->SetSize(parts.check);
+    label->SetSize(parts.label);
 }
 
 // The frame has its place in the order of the Tab key, and the row in the frame.
 void StartRow::MoveTo(wxScrolledWindow* page) {
     if (ownPage == page) return;
     ownPage = page;
-    for (wxWindow* const control : std::initializer_list<wxWindow*>{label, modes, start}) {
+    for (wxWindow* const control : std::initializer_list<wxWindow*>{label, modes, start, check}) {
         control->Reparent(FrameOn(page));
     }
 }
@@ -106,6 +149,7 @@ void AddStartFrame(wxSizer* column, wxWindow* page, int tab, wxSizer* upper) {
     }
     auto* const frame = new wxStaticBox(page, wxID_ANY, ToWx(u"Vertaling"));
     frame->SetName(frameName);
+    PaintWhole(*frame);
     column->Add(frame, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, wide));
 }
 

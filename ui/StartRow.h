@@ -10,8 +10,8 @@
 
 namespace korvande {
 
-// The start button and the mode list with its label. There is one of each; they move between the general page and the
-// settings page, to fixed places, and out of sight.
+// The start button, the mode list with its label, and beside them the button that only checks. There is one of each;
+// they move between the general page and the settings page, to fixed places, and out of sight.
 class StartRow {
  public:
     StartRow(wxScrolledWindow* generalPage, wxScrolledWindow* settingsPage);
@@ -22,8 +22,17 @@ class StartRow {
     void PlaceOn(int tab, bool startedInteractively);
 
  private:
+    // Where all of it stands in its frame.
+    struct Parts {
+        wxRect label;
+        wxRect list;
+        wxRect start;
+        wxRect check;
+    };
+
     void MoveTo(wxScrolledWindow* page);
     void Place();
+    Parts Arranged(wxPoint listAt, wxPoint startAt) const;
     wxPoint InFrame(int left, int top) const;
 
     wxScrolledWindow* generalPage;
@@ -33,6 +42,7 @@ class StartRow {
     wxStaticText* label;
     wxChoice* modes;
     wxButton* start;
+    wxButton* check;  // for starts without a command line
 };
 
 // Adds to the column of a page that the row comes to: the room above the row, which `upper` (or nothing) takes, and the

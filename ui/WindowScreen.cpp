@@ -5,7 +5,8 @@
 
 #include <algorithm>
 
-#include "app/RunTranslation.h"
+#include "app/LogBookView.h"
+#include "app/RunActivity.h"
 #include "ui/MessageDialog.h"
 #include "ui/Printing.h"
 #include "ui/Viewer.h"
@@ -85,7 +86,21 @@ Answer WindowScreen::ShowMessage(const MessageBox& box) {
     return AnswerOf(dialog.ShowModal(), box.buttons);
 }
 
-bool WindowScreen::ViewTextFile(TextView name) { return StartViewer(name); }
+bool WindowScreen::ViewTextFile(TextView name) {
+    if (form == nullptr || !ShowsLogBookItself(*form)) return StartViewer(name);
+    const bool isNew = logBook == nullptr;
+    if (isNew) logBook = new LogBookWindow(frame, *form);
+    if (!logBook->Open(Text(name))) {
+        if (isNew) delete logBook;
+        return false;
+    }
+    logBook->BringToFront();
+    return true;
+}
+
+void WindowScreen::FollowRuns() {
+    if (logBook != nullptr) logBook->FollowRuns();
+}
 
 bool WindowScreen::Print(const MakePages& makePages) { return PrintPages(frame, printData, makePages); }
 

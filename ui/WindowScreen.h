@@ -3,10 +3,12 @@
 #include <wx/frame.h>
 #include <wx/gauge.h>
 #include <wx/print.h>
+#include <wx/weakref.h>
 
 #include <cstdint>
 
 #include "core/modScreen.h"
+#include "ui/LogBookWindow.h"
 
 namespace korvande {
 
@@ -29,15 +31,19 @@ class WindowScreen : public Screen {
     void ShowBusy(bool busy) override;
     Answer ShowMessage(const MessageBox& box) override;
 
-    // Started with KORVANDE_VIEWER, else the system's own opener of documents.
+    // A log book, in a window of the program's own or in the viewer, as the form's user chose.
     bool ViewTextFile(TextView name) override;
     bool Print(const MakePages& makePages) override;
+
+    // Has an open window of a log book show that of the form's last run.
+    void FollowRuns();
 
  private:
     wxFrame* frame = nullptr;
     wxGauge* gauge = nullptr;
     const FormKORVANDE* form = nullptr;  // whose run ends while events run, when that was asked
     std::int64_t maximum = 1;
+    wxWeakRef<LogBookWindow> logBook;
 };
 
 }  // namespace korvande

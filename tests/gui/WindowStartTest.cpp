@@ -120,9 +120,13 @@ TEST_F(WindowStartTest, TheTabKeyGoesFromTheFilesAndTheLogBookToTheStartAndThenT
     EXPECT_EQ(Find<wxWindow>("cmdStart").GetParent()->GetName(), "framStart");
     Find<wxWindow>("optReportScreen").SetFocus();
     LetEventsRun();
-    Key(WXK_TAB);  // the list, whose focus the toolkit keeps to itself
+    // The lists of the viewers and of the modes, whose focus the toolkit keeps to itself.
+    Key(WXK_TAB);
+    Key(WXK_TAB);
     Key(WXK_TAB);
     EXPECT_TRUE(Find<wxWindow>("cmdStart").HasFocus());
+    Key(WXK_TAB);
+    EXPECT_TRUE(Find<wxWindow>("cmdCheck").HasFocus());
     Key(WXK_TAB);
     EXPECT_TRUE(Find<wxWindow>("txtNameLong").HasFocus());
 }

@@ -1,0 +1,7 @@
+#include "ui/LabelLook.h"
+
+namespace korvande {
+
+void LookLikeLabel(wxTextCtrl& line) { line.SetBackgroundColour(wxTransparentColour); }
+
+}  // namespace korvande
