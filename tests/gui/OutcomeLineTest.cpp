@@ -17,9 +17,9 @@ using ::testing::HasSubstr;
 
 class OutcomeLineTest : public TranslationFixture {
  protected:
-    std::string Line() const { return ToUtf8(FromWx(Find<wxStaticText>("lblOutcome").GetLabelText())); }
+    std::string Line() const { return ToUtf8(FromWx(Find<wxTextCtrl>("lblOutcome").GetValue())); }
     bool IsRed() const {
-        const wxColour colour = Find<wxStaticText>("lblOutcome").GetForegroundColour();
+        const wxColour colour = Find<wxTextCtrl>("lblOutcome").GetForegroundColour();
         return colour.Red() > colour.Green() + 60 && colour.Red() > colour.Blue() + 60;
     }
 

@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <wx/button.h>
 
 #include <algorithm>
 #include <charconv>
@@ -109,6 +110,23 @@ class PrintingTest : public WindowTest {
 };
 
 std::optional<PrintServer> PrintingTest::printServer;
+
+TEST_F(PrintingTest, TheWindowOfALogBookPrintsItAndKeepsTheFile) {
+    const Text name = folder.Write("proef.LOG", WithCrLf("ge\xEBxporteerd\ntweede\n"));
+    ASSERT_TRUE(screen.ViewTextFile(name));
+    auto* const book = wxWindow::FindWindowByName("frmLogBook");
+    ASSERT_NE(book, nullptr);
+    auto& button = ControlNamed<wxButton>(*book, "cmdPrintLogBook");
+    wxCommandEvent event(wxEVT_BUTTON, button.GetId());
+    event.SetEventObject(&button);
+    button.ProcessWindowEvent(event);
+    const std::vector<Page> pages = PagesOf(printServer->TakeDocument());
+    EXPECT_THAT(dialogs.messages, ElementsAre());
+    ASSERT_EQ(pages.size(), 1U);
+    ASSERT_GE(pages[0].size(), 3U);
+    EXPECT_EQ(pages[0][2], u"geëxporteerd");
+    EXPECT_TRUE(FileIsThere(name));
+}
 
 TEST_F(PrintingTest, TwoHundredLinesFillSeveralPages) {
     std::string lines;

@@ -1,10 +1,23 @@
 #pragma once
 
+#include <wx/timer.h>
+
 #include <filesystem>
+#include <functional>
 
 #include "tests/gui/WindowTest.h"
 
 namespace korvande::testing {
+
+// Looks at the window every few milliseconds as long as this object lives.
+class Looking : public wxTimer {
+ public:
+    explicit Looking(std::function<void()> itsLook) : look(std::move(itsLook)) { Start(5); }
+    void Notify() override { look(); }
+
+ private:
+    std::function<void()> look;
+};
 
 // The window with the sample project, the sample drawing in a folder, and the log book kept on disk.
 class TranslationFixture : public WindowTest {

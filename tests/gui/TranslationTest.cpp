@@ -22,16 +22,6 @@ using ::testing::HasSubstr;
 
 class TranslationTest : public TranslationFixture {};
 
-// Looks at the window every few milliseconds as long as this object lives.
-class Looking : public wxTimer {
- public:
-    explicit Looking(std::function<void()> itsLook) : look(std::move(itsLook)) { Start(5); }
-    void Notify() override { look(); }
-
- private:
-    std::function<void()> look;
-};
-
 TEST_F(TranslationTest, FromChoosingTheFilesToTheFinishedLogBook) {
     Start();
     dialogs.files = {folder / "straat.idx", folder / "uitvoer.sfn"};
@@ -280,6 +270,7 @@ TEST_F(TranslationTest, TheViewerGetsTheLogBook) {
     std::filesystem::permissions(ToUtf8(viewer), std::filesystem::perms::owner_all);
     const EnvironmentValue variable("KORVANDE_VIEWER", ToUtf8(viewer));
     Open();
+    Choose("cboLogBookViewer", 1);
     Click("optReportScreen");
     Press("cmdStart");
     EXPECT_THAT(dialogs.messages, ElementsAre(SampleIsTranslated()));
@@ -290,6 +281,7 @@ TEST_F(TranslationTest, TheViewerGetsTheLogBook) {
 TEST_F(TranslationTest, WithoutAViewerAMessageNamesTheLogBook) {
     const EnvironmentValue variable("KORVANDE_VIEWER", ToUtf8(folder / "geen-kijker"));
     Open();
+    Choose("cboLogBookViewer", 1);
     Click("optReportScreen");
     Press("cmdStart");
     EXPECT_THAT(dialogs.messages,
