@@ -28,6 +28,7 @@
 #include "ui/Keys.h"
 #include "ui/Manual.h"
 #include "ui/OutcomeLine.h"
+#include "ui/Page.h"
 #include "ui/ProjectDialog.h"
 #include "ui/RecentMenu.h"
 #include "ui/RunWindows.h"
@@ -157,7 +158,8 @@ void MainWindow::FitContent() {
     const wxSize reserve = FromDIP(wxSize(0, wideSpace));
     for (size_t i = 0; i < tabs->GetPageCount(); ++i) {
         wxWindow* const page = tabs->GetPage(i);
-        wxSize size = page->GetSizer()->CalcMin() + reserve;
+        auto* const scrolled = dynamic_cast<Page*>(page);
+        wxSize size = (scrolled != nullptr ? scrolled->WholeSize() : page->GetSizer()->CalcMin()) + reserve;
         // A table is as high as the window happens to be.
         if (dynamic_cast<GridTab*>(page) != nullptr) size.y = FromDIP(leastGridHeight);
         page->SetMinClientSize(size);

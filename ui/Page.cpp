@@ -40,6 +40,11 @@ void Page::OnSize(wxSizeEvent& event) {
     event.Skip();
 }
 
+wxSize Page::WholeSize() {
+    for (wxBoxSizer* const pair : columnPairs) pair->SetOrientation(wxHORIZONTAL);
+    return GetSizer()->CalcMin();
+}
+
 void Page::PlaceColumns() {
     for (wxBoxSizer* const pair : columnPairs) {
         pair->SetOrientation(wxHORIZONTAL);

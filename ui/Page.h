@@ -17,6 +17,9 @@ class Page : public wxScrolledWindow {
     // than the page.
     wxSizer* Columns(wxSizer* left, int leftShare, wxSizer* right, int rightShare);
 
+    // What it takes to show all of it with its columns beside each other.
+    wxSize WholeSize();
+
  protected:
     // The toolkit would bring nothing but the control into sight.
     bool ShouldScrollToChildOnFocus(wxWindow* /*child*/) override { return false; }

@@ -9,7 +9,7 @@ namespace {
 
 // Somebody who starts the program for the first time, with the sample project in the folder of the projects; what this
 // person does is counted.
-class FirstFile : public TranslationFixture {
+class FirstFileTest : public TranslationFixture {
  protected:
     void ClickOn(const char* button) {
         ++actions;
@@ -25,7 +25,7 @@ class FirstFile : public TranslationFixture {
     int actions = 0;
 };
 
-TEST_F(FirstFile, IsDeliveredWithFiveActionsFromAFreshStart) {
+TEST_F(FirstFileTest, IsDeliveredWithFiveActionsFromAFreshStart) {
     EnvironmentValue viewer{"KORVANDE_VIEWER", "true"};
     Start();
     ASSERT_TRUE(IsOpen());
