@@ -41,6 +41,15 @@ class AppFiles : public ::testing::Test {
         for (const Text& name : ListFiles(FromUtf8(projects), u"*")) names += (names.empty() ? "" : " ") + ToUtf8(name);
         return names;
     }
+    // The names in the tests' folder; off Windows the settings are a file there too.
+    std::string ListingWithoutSettings() const {
+        std::string names = folder.Listing();
+        const std::string settings = " registry.reg";
+        if (const std::size_t place = names.find(settings); place != std::string::npos) {
+            names.erase(place, settings.size());
+        }
+        return names;
+    }
     std::string ProjectBytes(const std::string& name) const { return FileBytes(folder / ("projecten/" + name)); }
 
     // A drawing of one point with the code BOOM, and a NEN1878 file of one.

@@ -41,7 +41,7 @@ TEST_F(Stopping, TheOutputStaysAsItWas) {
     StopAtFirstEvent();
     RunTranslation(form);
     EXPECT_EQ(FileBytes(folder / "uit.sfn"), "vorige week");
-    EXPECT_EQ(folder.Listing(), "in.idx projecten registry.reg uit.LOG uit.sfn");
+    EXPECT_EQ(ListingWithoutSettings(), "in.idx projecten uit.LOG uit.sfn");
 }
 
 TEST_F(Stopping, WithoutAnEarlierOutputThereIsNone) {
