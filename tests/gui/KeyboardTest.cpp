@@ -20,7 +20,24 @@ class KeyboardTest : public WindowTest {
     KeyboardTest() {
         WriteProject("proef.nst", "", rows);
         Start();
-        LetEventsRun();
+        WaitForKeyboard();
+    }
+
+    // A window manager takes its time to give the keyboard to a window: until then keys get lost.
+    void WaitForKeyboard() {
+        bool hasKeyboard = false;
+        const auto look = [&hasKeyboard](wxKeyEvent& event) {
+            hasKeyboard = hasKeyboard || event.GetKeyCode() == WXK_F12;
+            event.Skip();
+        };
+        window->Bind(wxEVT_CHAR_HOOK, look);
+        WaitUntil("the keyboard", [&] {
+            if (!hasKeyboard) Key(WXK_F12);
+            wxMilliSleep(20);
+            LetEventsRun();
+            return hasKeyboard;
+        });
+        window->Unbind(wxEVT_CHAR_HOOK, look);
     }
 
     wxNotebook& Tabs() const { return Find<wxNotebook>("tabs"); }

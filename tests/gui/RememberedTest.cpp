@@ -69,8 +69,7 @@ TEST_F(RememberedTest, AWindowThatWouldBeOutOfSightOpensInSight) {
                                        u"0 0 1 1 0", u"99999999999999 0 900 700 0"}) {
         TestRegistry::Set(settings, u"WindowPlace", kept);
         Start();
-        LetEventsRun();
-        EXPECT_TRUE(IsInSight()) << ToUtf8(kept);
+        WaitUntil("a window in sight for " + ToUtf8(kept), [this] { return IsInSight(); });
         EXPECT_GE(window->GetSize().x, 800) << ToUtf8(kept);
         CloseToTheEnd();
     }
