@@ -36,7 +36,7 @@ std::vector<GridCommand> RowCommands(FormKORVANDE& form, EditedGrid& edited) {
              mayMove(-1)},
             {"cmdRowDown", u"Om&laag", u"", u"Verplaatst de regel een plaats naar beneden (Alt+pijl omlaag)", move(1),
              mayMove(1)}};
-}
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the analyser loses sight of functions in a list
 
 std::vector<GridCommand> CellCommands(EditedGrid& edited, CodeGrid& grid) {
     const auto hasRow = [&edited] { return HasCurrentRow(edited); };
@@ -44,14 +44,14 @@ std::vector<GridCommand> CellCommands(EditedGrid& edited, CodeGrid& grid) {
             {"", u"K&nippen", u"Ctrl+X", u"", Quietly([&grid] { grid.Cut(); }), hasRow},
             {"", u"&Kopiëren", u"Ctrl+C", u"", Quietly([&grid] { grid.Copy(); }), hasRow},
             {"", u"&Plakken", u"Ctrl+V", u"", Quietly([&grid] { grid.Paste(); }), Always}};
-}
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the analyser loses sight of functions in a list
 
 std::vector<GridCommand> HistoryCommands(EditedGrid& edited, CodeGrid& grid) {
     return {{"cmdUndo", u"Ongedaan &maken", u"Ctrl+Z", u"Maakt de laatste wijziging in deze tabel ongedaan",
              Quietly([&grid] { grid.UndoChange(); }), [&edited] { return CanUndo(edited); }, true},
             {"cmdRedo", u"&Opnieuw", u"Ctrl+Y", u"Voert de wijziging die ongedaan is gemaakt opnieuw uit",
              Quietly([&grid] { grid.RedoChange(); }), [&edited] { return CanRedo(edited); }}};
-}
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the analyser loses sight of functions in a list
 
 std::vector<GridCommand> TableCommands(FormKORVANDE& form, EditedGrid& edited, CodeGrid& grid) {
     const auto isSorted = [&edited] { return IsSorted(edited); };
@@ -71,7 +71,7 @@ std::vector<GridCommand> TableCommands(FormKORVANDE& form, EditedGrid& edited, C
          u"Geeft de regels van de tabel de volgorde waarin ze nu gesorteerd staan",
          Quietly([&form, &edited] { KeepSortedOrder(form, edited); }), isSorted},
         {"", u"Kolom&breedten herstellen", u"", u"", Quietly([&grid] { grid.ForgetWidths(); }), Always}};
-}
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the analyser loses sight of functions in a list
 
 }  // namespace
 

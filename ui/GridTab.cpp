@@ -30,6 +30,7 @@ GridTab::GridTab(wxWindow* parent, FormKORVANDE& itsForm, EditedGrid& editedGrid
       edited(editedGrid) {
     SetScrollRate(FromDIP(wideSpace), FromDIP(wideSpace));
     wxSizer* const search = MakeSearch();
+    // Behind the search in the order of the Tab key. NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer)
     grid = new CodeGrid(this, form, edited, names);
     wxStaticText* const help = MakeLabel(this, explanation);
     // A column of text that is as narrow as it reads well, in letters of any size.

@@ -157,12 +157,12 @@ void MainWindow::PlaceGauge() {
 void MainWindow::FitContent() {
     const wxSize reserve = FromDIP(wxSize(0, wideSpace));
     for (size_t i = 0; i < tabs->GetPageCount(); ++i) {
-        wxWindow* const page = tabs->GetPage(i);
-        auto* const scrolled = dynamic_cast<Page*>(page);
-        wxSize size = (scrolled != nullptr ? scrolled->WholeSize() : page->GetSizer()->CalcMin()) + reserve;
+        wxWindow& page = *tabs->GetPage(i);
+        auto* const scrolled = dynamic_cast<Page*>(&page);
+        wxSize size = (scrolled != nullptr ? scrolled->WholeSize() : page.GetSizer()->CalcMin()) + reserve;
         // A table is as high as the window happens to be.
-        if (dynamic_cast<GridTab*>(page) != nullptr) size.y = FromDIP(leastGridHeight);
-        page->SetMinClientSize(size);
+        if (dynamic_cast<GridTab*>(&page) != nullptr) size.y = FromDIP(leastGridHeight);
+        page.SetMinClientSize(size);
     }
     wxSize content = GetSizer()->CalcMin();
     for (size_t i = 0; i < tabs->GetPageCount(); ++i) tabs->GetPage(i)->SetMinClientSize(wxDefaultSize);
