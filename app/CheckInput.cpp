@@ -12,6 +12,7 @@
 #include "run/Check.h"
 #include "translation/ProblemBlock.h"
 #include "translation/Translation.h"
+#include "translation/UnknownObjects.h"
 
 namespace korvande {
 
@@ -81,11 +82,7 @@ class CheckScreen : public RunningScreen {
 void AddUnknownCodes(UnknownCodeTally& unknowns, CheckReport& report) {
     unknowns.Sort();
     for (const UnknownCodeRec& unknown : unknowns.Entries()) {
-        const TextView key = unknown.Code.View();
-        const TextView kind = key[0] == u'P' ? u"Puntcode" : key[0] == u'L' ? u"Lijncode" : u"Tekstcode";
-        Add(report, {.kind = FindingKind::UnknownCode,
-                     .sentence = Concat(kind, u" '", TrimRight(key.substr(1)), u"' staat niet in de controletabel: ",
-                                        unknown.Count, u" maal")});
+        Add(report, {.kind = FindingKind::UnknownCode, .sentence = UnknownCodeSentence(unknown)});
     }
 }
 

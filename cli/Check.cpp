@@ -20,6 +20,7 @@
 #include "run/Recognise.h"
 #include "translation/ProblemBlock.h"
 #include "translation/Translation.h"
+#include "translation/UnknownObjects.h"
 
 namespace korvande {
 
@@ -127,12 +128,7 @@ void PrintCodes(TextView heading, const CodeTable& table) {
 // The codes that the control table does not know; each is a problem.
 void AddUnknownCodes(UnknownCodeTally& unknowns, Findings& findings) {
     unknowns.Sort();
-    for (const UnknownCodeRec& unknown : unknowns.Entries()) {
-        const TextView key = unknown.Code.View();
-        const TextView kind = key[0] == u'P' ? u"Puntcode" : key[0] == u'L' ? u"Lijncode" : u"Tekstcode";
-        findings.Add(Concat(kind, u" '", TrimRight(key.substr(1)), u"' staat niet in de controletabel: ", unknown.Count,
-                            u" maal"));
-    }
+    for (const UnknownCodeRec& unknown : unknowns.Entries()) findings.Add(UnknownCodeSentence(unknown));
 }
 
 // Goes through the drawing and tells all there is to tell of it; the exit status.

@@ -2,6 +2,7 @@
 
 #include "core/Picture.h"
 #include "core/UnknownCodeTally.h"
+#include "core/modStrings.h"
 #include "translation/LogBook.h"
 
 namespace korvande {
@@ -50,6 +51,13 @@ void WriteUnknownObjectOverview(LogBook& log, UnknownCodeTally& unknowns) {
         column += columnWidth;
     }
     log.WriteEmptyLines(2);
+}
+
+Text UnknownCodeSentence(const UnknownCodeRec& unknown) {
+    const TextView key = unknown.Code.View();
+    const TextView kind = key[0] == u'P' ? u"Puntcode" : key[0] == u'L' ? u"Lijncode" : u"Tekstcode";
+    return Concat(kind, u" '", TrimRight(key.substr(1)), u"' staat niet in de controletabel: ", unknown.Count,
+                  u" maal");
 }
 
 }  // namespace korvande

@@ -1,5 +1,7 @@
 #include "translation/UnknownObjects.h"
 
+#include <set>
+
 #include "tests/support/TranslationState.h"
 
 namespace korvande::testing {
@@ -148,6 +150,15 @@ TEST_F(UnknownObjects, TheTallyGoesOnCountingAfterTheOverview) {
     ASSERT_EQ(entries.size(), 2U);
     EXPECT_EQ(entries[0].Count, 1);
     EXPECT_EQ(entries[1].Count, 2);
+}
+
+TEST_F(UnknownObjects, ASentenceTellsTheTableTheCodeAndHowOften) {
+    for (const TextView code : {u"PBOOM", u"LHEK", u"TNAAM"}) Met(code, 2);
+    std::set<Text> sentences;
+    for (const UnknownCodeRec& unknown : translation.unknowns.Entries()) sentences.insert(UnknownCodeSentence(unknown));
+    EXPECT_EQ(sentences, std::set<Text>({u"Puntcode 'BOOM' staat niet in de controletabel: 2 maal",
+                                         u"Lijncode 'HEK' staat niet in de controletabel: 2 maal",
+                                         u"Tekstcode 'NAAM' staat niet in de controletabel: 2 maal"}));
 }
 
 }  // namespace
