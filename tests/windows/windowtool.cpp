@@ -1,8 +1,6 @@
 // Looks at the windows of other programs and works them, for the end-to-end tests: a pair of eyes and hands for a
 // script. A window is meant by its whole title, or by its class, a slash and its title. Captions are compared without
-// the
-// "&" of their shortcut keys. Prints UTF-8; a line break inside a text is printed as " | ". Exit status: 0 done, 1 not
-// found (in time), 2 wrong usage.
+// the "&" of their shortcut keys. Exit status: 0 done, 1 not found (in time), 2 wrong usage.
 
 #include <windows.h>
 // Behind the header above.
@@ -14,6 +12,9 @@
 #include <functional>
 #include <string>
 #include <vector>
+
+#include "tests/windows/Controls.h"
+#include "tests/windows/Looks.h"
 
 namespace {
 
@@ -31,79 +32,6 @@ constexpr const char* usage =
     "       windowtool looks TITLE             the frames that are seen, then what is wrong: a frame that is not\n"
     "                                          drawn, a control that is cut; status 1 when something is\n"
     "       windowtool close TITLE\n";
-
-// A program that hangs must not make this one hang.
-constexpr UINT patience = 5000;  // milliseconds
-
-LRESULT Ask(HWND window, UINT message, WPARAM first = 0, LPARAM second = 0) {
-    DWORD_PTR answer = 0;
-    if (::SendMessageTimeoutW(window, message, first, second, SMTO_ABORTIFHUNG, patience, &answer) == 0) return -1;
-    return static_cast<LRESULT>(answer);
-}
-
-LRESULT AskText(HWND window, UINT message, WPARAM first, const wchar_t* text) {
-    return Ask(window, message, first, reinterpret_cast<LPARAM>(text));
-}
-
-std::string ToUtf8(const std::wstring& text) {
-    const auto length = static_cast<int>(text.size());
-    std::string utf8(
-        static_cast<std::size_t>(::WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr)),
-        '\0');
-    ::WideCharToMultiByte(CP_UTF8, 0, text.data(), length, utf8.data(), static_cast<int>(utf8.size()), nullptr,
-                          nullptr);
-    return utf8;
-}
-
-std::wstring TextOf(HWND window) {
-    const LRESULT length = Ask(window, WM_GETTEXTLENGTH);
-    if (length <= 0) return {};
-    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-    const LRESULT copied = Ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(copied > 0 ? static_cast<std::size_t>(copied) : 0);
-    return text;
-}
-
-std::wstring ClassOf(HWND window) {
-    constexpr int longest = 256;
-    wchar_t name[longest];
-    return {name, static_cast<std::size_t>(::GetClassNameW(window, name, longest))};
-}
-
-std::wstring WithoutShortcut(std::wstring caption) {
-    std::erase(caption, L'&');
-    return caption;
-}
-
-void PrintLine(const std::wstring& text) {
-    std::string line;
-    for (const char c : ToUtf8(text)) {
-        if (c == '\n') {
-            line += " | ";
-        } else if (c != '\r') {
-            line += c;
-        }
-    }
-    std::printf("%s\n", line.c_str());
-}
-
-BOOL CALLBACK Collect(HWND window, LPARAM list) {
-    if (::IsWindowVisible(window) != 0) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-    return TRUE;
-}
-
-std::vector<HWND> Windows() {
-    std::vector<HWND> found;
-    ::EnumWindows(Collect, reinterpret_cast<LPARAM>(&found));
-    return found;
-}
-
-// All visible controls, also those inside others, in the order of the Tab key.
-std::vector<HWND> ControlsOf(HWND window) {
-    std::vector<HWND> found;
-    ::EnumChildWindows(window, Collect, reinterpret_cast<LPARAM>(&found));
-    return found;
-}
 
 // Some windows have a blank behind their title, which nobody sees.
 std::wstring TitleOf(HWND window) {
@@ -268,100 +196,6 @@ bool PrintControls(HWND window) {
         PrintLine(name + (isMarked ? L"*" : L"") + L"\t" + TextOf(control));
     }
     return true;
-}
-
-RECT PlaceOf(HWND window) {
-    RECT place{};
-    ::GetWindowRect(window, &place);
-    return place;
-}
-
-// The part of a control that none of the windows it stands in cuts off; without width or height when there is none.
-RECT SeenOf(HWND top, HWND control) {
-    RECT seen = PlaceOf(control);
-    for (HWND parent = ::GetParent(control); parent != nullptr;
-         parent = parent == top ? nullptr : ::GetParent(parent)) {
-        RECT room{};
-        ::GetClientRect(parent, &room);
-        ::MapWindowPoints(parent, nullptr, reinterpret_cast<POINT*>(&room), 2);
-        RECT both{};
-        if (::IntersectRect(&both, &seen, &room) == 0) return {};
-        seen = both;
-    }
-    return seen;
-}
-
-// Whether a line across an edge, in the middle of what is seen there, meets more than one colour.
-bool HasLine(HDC screen, POINT from, bool across) {
-    constexpr int length = 9;
-    const COLORREF first = ::GetPixel(screen, from.x, from.y);
-    for (int i = 1; i < length; ++i) {
-        if (::GetPixel(screen, from.x + (across ? i : 0), from.y + (across ? 0 : i)) != first) return true;
-    }
-    return false;
-}
-
-// Whether a frame is drawn: the edges that are seen, without the upper one, which has the caption.
-bool IsDrawn(HDC screen, const RECT& whole, const RECT& seen) {
-    constexpr int before = 4;
-    const LONG x = (seen.left + seen.right) / 2;
-    const LONG y = (seen.top + seen.bottom) / 2;
-    if (seen.left == whole.left && !HasLine(screen, {whole.left - before, y}, true)) return false;
-    if (seen.right == whole.right && !HasLine(screen, {whole.right - 1 - before, y}, true)) return false;
-    return seen.bottom != whole.bottom || HasLine(screen, {x, whole.bottom - 1 - before}, false);
-}
-
-// The font of the system's windows, on the display of one.
-HFONT SystemFont(HWND window) {
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof(metrics);
-    ::SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0, ::GetDpiForWindow(window));
-    return ::CreateFontIndirectW(&metrics.lfMessageFont);
-}
-
-SIZE ExtentOf(HDC screen, const std::wstring& text) {
-    RECT extent{};
-    ::DrawTextW(screen, text.c_str(), static_cast<int>(text.size()), &extent, DT_CALCRECT | DT_NOPREFIX);
-    return {extent.right, extent.bottom};
-}
-
-bool IsFrame(HWND control) {
-    return ClassOf(control) == L"Button" && (::GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
-}
-
-// Whether a text has less room than it takes in the system's font, or a control reaches out of what it stands in.
-bool IsCut(HDC screen, HWND control) {
-    const std::wstring name = ClassOf(control);
-    if (name != L"Static" && name != L"Button" && name != L"ComboBox") return false;
-    const RECT place = PlaceOf(control);
-    // Static texts that tell of something long are shortened with dots.
-    const bool isShortened = name == L"Static" && (::GetWindowLongW(control, GWL_STYLE) & SS_ELLIPSISMASK) != 0;
-    const SIZE text = ExtentOf(screen, WithoutShortcut(TextOf(control)));
-    const bool isTooSmall = place.right - place.left < text.cx || place.bottom - place.top < text.cy;
-    if (isTooSmall && !isShortened && !IsFrame(control)) return true;
-    const RECT parent = PlaceOf(::GetParent(control));
-    return IsFrame(::GetParent(control)) && (place.right > parent.right || place.bottom > parent.bottom ||
-                                             place.left < parent.left || place.top < parent.top);
-}
-
-bool PrintLooks(HWND window) {
-    HDC const screen = ::GetDC(nullptr);
-    HGDIOBJ const before = ::SelectObject(screen, SystemFont(window));
-    std::vector<std::wstring> wrong;
-    for (HWND const control : ControlsOf(window)) {
-        const RECT seen = SeenOf(window, control);
-        if (::IsRectEmpty(&seen) != 0) continue;
-        const std::wstring caption = TextOf(control);
-        if (IsFrame(control)) {
-            PrintLine(caption);
-            if (!IsDrawn(screen, PlaceOf(control), seen)) wrong.push_back(L"no frame: " + caption);
-        }
-        if (IsCut(screen, control)) wrong.push_back(L"cut: " + ClassOf(control) + L" " + caption);
-    }
-    ::DeleteObject(::SelectObject(screen, before));
-    ::ReleaseDC(nullptr, screen);
-    for (const std::wstring& line : wrong) PrintLine(line);
-    return wrong.empty();
 }
 
 bool PrintWindows() {
