@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/modStrings.h"
+
 namespace korvande {
 
 namespace {
@@ -88,17 +90,12 @@ class CsvReader {
 
 CsvText ReadCsv(TextView text, char16_t separator) { return CsvReader(text, separator).Read(); }
 
+Text QuoteField(TextView value) { return Concat(u"\"", ReplaceAll(value, u"\"", u"\"\""), u"\""); }
+
 Text CsvField(TextView value, char16_t separator) {
     const bool isPlain = value.find(separator) == TextView::npos && value.find_first_of(u"\"\r\n") == TextView::npos &&
                          Trim(value) == value;
-    if (isPlain) return Text(value);
-    Text field = u"\"";
-    for (const char16_t character : value) {
-        if (character == u'"') field.push_back(u'"');
-        field.push_back(character);
-    }
-    field.push_back(u'"');
-    return field;
+    return isPlain ? Text(value) : QuoteField(value);
 }
 
 }  // namespace korvande

@@ -22,6 +22,9 @@ struct CsvText {
 // Lines with nothing in them are left out.
 CsvText ReadCsv(TextView text, char16_t separator);
 
+// A text in double quotes, its own doubled.
+Text QuoteField(TextView value);
+
 // A field as it stands in such a text.
 Text CsvField(TextView value, char16_t separator);
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/CellValues.h"
+#include "app/Csv.h"
 #include "app/GridHistory.h"
 #include "app/GridView.h"
 #include "app/frmKORVANDE.h"
@@ -51,14 +52,8 @@ std::optional<QuotedField> ReadQuoted(TextView text) {
 }
 
 Text Quoted(const Text& cell) {
-    if (cell.find_first_of(u"\t\r\n") == Text::npos && !ReadQuoted(cell)) return cell;
-    Text quoted = u"\"";
-    for (const char16_t character : cell) {
-        if (character == u'"') quoted.push_back(u'"');
-        quoted.push_back(character);
-    }
-    quoted.push_back(u'"');
-    return quoted;
+    const bool isPlain = cell.find_first_of(u"\t\r\n") == Text::npos && !ReadQuoted(cell);
+    return isPlain ? cell : QuoteField(cell);
 }
 
 // The line break that a text begins with: its length.
@@ -91,7 +86,7 @@ Cells CellsOf(TextView text) {
 // A change of cells wherever they are, as one change of the rows between them.
 class CellsChange {
  public:
-    explicit CellsChange(EditedGrid& itsEdited) : edited(itsEdited), rows(), first(itsEdited.grid.RowCount()) {}
+    explicit CellsChange(EditedGrid& itsEdited) : edited(itsEdited), first(itsEdited.grid.RowCount()) {}
 
     Text& Cell(int place, int column) {
         Grid::Row& row = RowAt(place);

@@ -33,6 +33,13 @@ void GoTo(EditedGrid& edited, const RowsChange& change) {
     edited.column = change.column;
 }
 
+// Moves the last change of one list to the end of another, and tells it.
+const RowsChange& Move(std::vector<RowsChange>& from, std::vector<RowsChange>& to) {
+    to.push_back(std::move(from.back()));
+    from.pop_back();
+    return to.back();
+}
+
 }  // namespace
 
 void ReplaceRows(EditedGrid& edited, int first, int count, const std::vector<Grid::Row>& rows) {
@@ -50,20 +57,16 @@ bool CanRedo(const EditedGrid& edited) noexcept { return !edited.history.undone.
 
 void Undo(EditedGrid& edited) {
     if (!CanUndo(edited)) return;
-    RowsChange change = std::move(edited.history.done.back());
-    edited.history.done.pop_back();
+    const RowsChange& change = Move(edited.history.done, edited.history.undone);
     Splice(edited, change.first, change.after, change.before);
     GoTo(edited, change);
-    edited.history.undone.push_back(std::move(change));
 }
 
 void Redo(EditedGrid& edited) {
     if (!CanRedo(edited)) return;
-    RowsChange change = std::move(edited.history.undone.back());
-    edited.history.undone.pop_back();
+    const RowsChange& change = Move(edited.history.undone, edited.history.done);
     Splice(edited, change.first, change.before, change.after);
     GoTo(edited, change);
-    edited.history.done.push_back(std::move(change));
 }
 
 }  // namespace korvande
