@@ -28,6 +28,7 @@ SortKey KeyOf(const Text& cell, int column) {
 
 std::vector<int> SortedRows(const Grid& grid, int column, bool isDescending) {
     std::vector<SortKey> rowKeys;
+    rowKeys.reserve(static_cast<std::size_t>(grid.RowCount()));
     for (int row = 0; row < grid.RowCount(); ++row) {
         rowKeys.push_back(KeyOf(grid[row][static_cast<std::size_t>(column)], column));
     }

@@ -16,12 +16,12 @@ Text Remembered(TextView name, TextView initial) {
     return ReadRegistryValue(hives::currentUser, settingsKey, name, value) ? value : Text(initial);
 }
 
-void Remember(TextView name, TextView value) {
+void Remember(TextView name, TextView data) {
     Text kept;
-    if (ReadRegistryValue(hives::currentUser, settingsKey, name, kept) && kept == value) return;
+    if (ReadRegistryValue(hives::currentUser, settingsKey, name, kept) && kept == data) return;
     RegKey key{};
     if (RegCreateSubKey(hives::currentUser, settingsKey, key)) RegCloseKeyHandle(key);
-    WriteRegistryValue(hives::currentUser, settingsKey, name, value);
+    WriteRegistryValue(hives::currentUser, settingsKey, name, data);
 }
 
 }  // namespace korvande

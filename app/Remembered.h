@@ -10,6 +10,6 @@ namespace korvande {
 Text Remembered(TextView name, TextView initial = {});
 
 // Keeps a value. What is kept already is not written again: each write may wait for the disk.
-void Remember(TextView name, TextView value);
+void Remember(TextView name, TextView data);
 
 }  // namespace korvande
