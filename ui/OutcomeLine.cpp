@@ -45,13 +45,19 @@ OutcomeLine::OutcomeLine(wxWindow* parent, const FormKORVANDE& itsForm)
                                           u"Wat niet of anders is overgekomen, wat is weggelaten en de objectbalans");
     wxButton* const folder = MakeButton(this, "cmdOpenFolder", u"Map openen", u"Opent de map van het uitvoerbestand");
     overview->MoveBeforeInTabOrder(logBook);
-    auto* const row = new wxBoxSizer(wxHORIZONTAL);
-    row->Add(line, InRow(1).Border(wxALL, FromDIP(narrowSpace)));
+    buttons = new wxBoxSizer(wxHORIZONTAL);
     for (wxButton* const button : {overview, logBook, folder, unknownCodes}) {
-        row->Add(button, InRow().Border(wxTOP | wxBOTTOM | wxRIGHT, FromDIP(narrowSpace)));
+        buttons->Add(button, InRow().Border(wxTOP | wxBOTTOM | wxRIGHT, FromDIP(narrowSpace)));
     }
-    SetSizer(row);
+    parts = new wxBoxSizer(wxHORIZONTAL);
+    parts->Add(line, wxSizerFlags(1).Border(wxALL, FromDIP(narrowSpace)).CenterVertical());
+    parts->Add(buttons);
+    SetSizer(parts);
     Hide();
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        PlaceParts();
+        event.Skip();
+    });
     overview->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ShowOverview(); });
     unknownCodes->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { onUnknownCodes(); });
     logBook->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ViewLogBook(form.screen, form.lastRun.logBook); });
@@ -66,9 +72,25 @@ void OutcomeLine::ShowForm() {
     line->Refresh();
     logBook->Enable(FileExistsAt(run.logBook));
     unknownCodes->Enable(!IsBusy(form) && !StillUnknown(form, run.unknownCodes).codes.empty());
+    PlaceParts();
     if (IsShown()) return;
     Show();
     GetParent()->Layout();
+}
+
+void OutcomeLine::PlaceParts() {
+    const int lineWidth = GetTextExtent(line->GetValue()).x + 4 * FromDIP(narrowSpace);
+    const bool fits = lineWidth + buttons->CalcMin().x <= GetClientSize().x;
+    if ((parts->GetOrientation() == wxHORIZONTAL) == fits) return;
+    parts->SetOrientation(fits ? wxHORIZONTAL : wxVERTICAL);
+    wxSizerItem& lineItem = *parts->GetItem(line);
+    lineItem.SetProportion(fits ? 1 : 0);
+    const int across = fits ? static_cast<int>(wxALIGN_CENTER_VERTICAL) : static_cast<int>(wxEXPAND);
+    lineItem.SetFlag(static_cast<int>(wxALL) | across);
+    parts->GetItem(buttons)->SetFlag(fits ? 0 : wxALIGN_RIGHT);
+    InvalidateBestSize();
+    // The line takes another height, which is asked for when this size has been dealt with.
+    GetParent()->CallAfter([parent = GetParent()] { parent->Layout(); });
 }
 
 void OutcomeLine::ShowOverview() {

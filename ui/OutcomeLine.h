@@ -4,6 +4,7 @@
 
 #include <functional>
 
+class wxBoxSizer;
 class wxButton;
 class wxTextCtrl;
 
@@ -26,10 +27,15 @@ class OutcomeLine : public wxPanel {
  private:
     void ShowOverview();
 
+    // The buttons beside the line, or below it when its text would be cut.
+    void PlaceParts();
+
     const FormKORVANDE& form;
     wxTextCtrl* line;
     wxButton* logBook;
     wxButton* unknownCodes;
+    wxBoxSizer* buttons;
+    wxBoxSizer* parts;
 };
 
 }  // namespace korvande

@@ -7,12 +7,14 @@
 #include <gmock/gmock.h>
 
 #include "tests/gui/TranslationFixture.h"
+#include "tests/gui/Waiting.h"
 
 // What became of the last run stays in sight below the tabs.
 namespace korvande::testing {
 
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 
 class OutcomeLineTest : public TranslationFixture {
@@ -57,6 +59,26 @@ TEST_F(OutcomeLineTest, ARunThatWentWellIsNotRedAnyMore) {
     Press("cmdStart");
     EXPECT_EQ(Line(), "3 van 3 objecten vertaald, 0 weggelaten, 0 fouten — straat.sfn");
     EXPECT_FALSE(IsRed());
+}
+
+TEST_F(OutcomeLineTest, ALineThatIsLongStandsAboveItsButtonsAndIsNotCut) {
+    Open();
+    Press("cmdStart");
+    const auto& line = Find<wxTextCtrl>("lblOutcome");
+    const auto& button = Find<wxWindow>("cmdShowOverview");
+    const auto isBeside = [&] { return line.GetScreenRect().GetRight() < button.GetScreenRect().GetLeft(); };
+    EXPECT_TRUE(isBeside());
+    const std::string name(60, 'o');
+    Type("txtFileSUFNEN", folder.Path() + "/" + name + ".sfn");
+    Press("cmdStart");
+    EXPECT_TRUE(WaitUntil("the buttons below the line",
+                          [&] { return line.GetScreenRect().GetBottom() <= button.GetScreenRect().GetTop(); }));
+    EXPECT_THAT(Line(), EndsWith(name + ".sfn"));
+    EXPECT_GE(line.GetClientSize().x, line.GetTextExtent(line.GetValue()).x);
+    EXPECT_TRUE(window->GetScreenRect().Contains(button.GetScreenRect()));
+    Type("txtFileSUFNEN", folder.Path() + "/s.sfn");
+    Press("cmdStart");
+    EXPECT_TRUE(WaitUntil("the buttons beside the line", isBeside));
 }
 
 TEST_F(OutcomeLineTest, TheOverviewHoldsBothListsAndTheAccount) {
