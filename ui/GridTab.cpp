@@ -35,6 +35,8 @@ GridTab::GridTab(wxWindow* parent, FormKORVANDE& itsForm, EditedGrid& editedGrid
     wxStaticText* const help = MakeLabel(this, explanation);
     // A column of text that is as narrow as it reads well, in letters of any size.
     help->Wrap(GetTextExtent(ToWx(u"De eerste regel geldt voor alles")).x);
+    // Drawn letters may be a little wider than they measure.
+    help->SetMinSize(help->GetBestSize() + FromDIP(wxSize(narrowSpace, 0)));
     remark = new wxStaticText(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                               wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
     Named(remark, "lblRemark");

@@ -19,7 +19,9 @@ namespace korvande {
 
 namespace {
 
-constexpr int longestLine = 480;  // in device-independent pixels
+// In device-independent pixels; the shortest leaves room for the title.
+constexpr int shortestLine = 240;
+constexpr int longestLine = 480;
 
 struct ButtonKind {
     wxWindowID id;
@@ -100,6 +102,7 @@ MessageDialog::MessageDialog(wxWindow* parent, TextView text, TextView title, Ic
     auto* const column = new wxBoxSizer(wxVERTICAL);
     column->Add(MakeMessage(icon), wxSizerFlags(1).Expand().Border(wxALL, FromDIP(2 * wideSpace)));
     column->Add(MakeButtons(buttons), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(wideSpace)));
+    column->SetMinSize(FromDIP(wxSize(shortestLine, 0)));
     SetSizerAndFit(column);
     CentreOnParent();
     Bind(wxEVT_BUTTON, [this](wxCommandEvent& event) { EndModal(event.GetId()); });
