@@ -1,3 +1,6 @@
+#include <wx/app.h>
+#include <wx/button.h>
+#include <wx/dnd.h>
 #include <wx/gauge.h>
 #include <wx/grid.h>
 #include <wx/utils.h>
@@ -43,6 +46,22 @@ class Screenshots : public WindowTest {
             wxString::Format("import -window root -crop %dx%d%+d%+d +repage \"%s/%s.png\"", place.width, place.height,
                              place.x, place.y, wxString::FromUTF8(pictures), wxString::FromUTF8(name));
         EXPECT_EQ(wxExecute(command, wxEXEC_SYNC | wxEXEC_NOEVENTS), 0) << command.utf8_string();
+    }
+
+    // A window that stands beside the main one, which a name finds.
+    static void TakeBeside(const char* window, const std::string& name) {
+        wxWindow* const shown = wxWindow::FindWindowByName(window);
+        ASSERT_NE(shown, nullptr) << window;
+        WaitUntil("the window", [shown] { return shown->IsShownOnScreen(); });
+        Take(*shown, name);
+        shown->Destroy();
+    }
+
+    // Translates what stands in the boxes.
+    void Translate(bool Options::*report) {
+        SelectReport(form.project.options, report);
+        window->ShowForm();
+        Press("cmdStart");
     }
 
     // A drawing of as many points as take a while.
@@ -111,6 +130,50 @@ TEST_F(Screenshots, RunningAndFinished) {
     Press("cmdStart");
     EXPECT_TRUE(isTaken);
     EXPECT_TRUE(isFinished);
+}
+
+TEST_F(Screenshots, OutcomeAndUnknownCodes) {
+    Translate(&Options::optReportDisk);
+    Take(*window, "uitkomst");
+    dialogs.onDialog = [](wxDialog& dialog) {
+        Take(dialog, "overzicht");
+        dialog.EndModal(wxID_CANCEL);
+    };
+    Press("cmdShowOverview");
+    dialogs.onDialog = [](wxDialog& dialog) {
+        Take(dialog, "onbekende-codes");
+        dialog.EndModal(wxID_CANCEL);
+    };
+    Press("cmdUnknownCodes");
+}
+
+TEST_F(Screenshots, LogBook) {
+    Translate(&Options::optReportScreen);
+    TakeBeside("frmLogBook", "logboek");
+}
+
+TEST_F(Screenshots, Check) {
+    Press("cmdCheck");
+    TakeBeside("frmCheck", "controleren");
+}
+
+TEST_F(Screenshots, Batch) {
+    wxArrayString dropped;
+    for (const char* const name : {"Dorpsstraat", "Kerkplein", "Ontsluitingsweg"}) {
+        const std::string copy = folder.Path() + "/Molveren/" + name + ".idx";
+        if (!std::filesystem::exists(copy)) std::filesystem::copy(KORVANDE_SOURCE_DIR "/samples/straat.idx", copy);
+        dropped.push_back(wxString::Format("C:\\Molveren\\%s.idx", name));
+    }
+    dialogs.onDialog = [](wxDialog& dialog) {
+        Take(dialog, "meer-bestanden");
+        auto& translate = ControlNamed<wxButton>(dialog, "cmdTranslateBatch");
+        wxCommandEvent event(wxEVT_BUTTON, translate.GetId());
+        event.SetEventObject(&translate);
+        translate.ProcessWindowEvent(event);
+    };
+    dynamic_cast<wxFileDropTarget&>(*window->GetDropTarget()).OnDropFiles(0, 0, dropped);
+    wxTheApp->ProcessPendingEvents();
+    TakeBeside("frmBatchOutcomes", "uitkomsten");
 }
 
 }  // namespace
