@@ -53,7 +53,7 @@ void Page::PlaceColumns() {
     }
 }
 
-// Frames take more once they are on the screen than they said before.
+// Frames take more once they are on the screen than they said before; a page that gets another size forgets it.
 void Page::OnIdle(wxIdleEvent& event) {
     event.Skip();
     if (GetSizer() == nullptr || !IsShown()) return;
@@ -62,7 +62,9 @@ void Page::OnIdle(wxIdleEvent& event) {
     for (const wxWindow* const child : GetChildren()) {
         if (child->IsShown()) needed.IncTo(wxSize(0, PlaceOf(*child).GetBottom() + FromDIP(wideSpace)));
     }
-    if (needed == fitted) return;
+    wxSize given = GetVirtualSize();
+    given.DecTo(needed);
+    if (needed == fitted && given == needed) return;
     fitted = needed;
     SetVirtualSize(needed);
     Layout();
