@@ -1,6 +1,5 @@
 #include "ui/BatchWindow.h"
 
-#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
@@ -12,6 +11,7 @@
 #include "ui/Controls.h"
 #include "ui/Folders.h"
 #include "ui/Icons.h"
+#include "ui/KeptPlace.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -33,7 +33,7 @@ BatchWindow::BatchWindow(wxWindow* parent, Screen& itsScreen, std::vector<BatchO
     constexpr int height = 360;
     SetName("frmBatchOutcomes");
     SetIcons(ProgramIcons());
-    auto* const content = new wxPanel(this);
+    wxScrolledWindow* const content = MakeContent(this);
     wxStaticText* const summary = MakeLabel(content, Concat(SummaryOf(outcomes), u"."), "lblBatchSummary");
     summary->SetFont(summary->GetFont().Bold().Scaled(larger));
     if (!WentWell(outcomes)) summary->SetForegroundColour(WarningColour());
@@ -44,8 +44,7 @@ BatchWindow::BatchWindow(wxWindow* parent, Screen& itsScreen, std::vector<BatchO
     column->Add(list, wxSizerFlags(around).Proportion(1));
     column->Add(MakeButtons(content), wxSizerFlags().Expand().Border(wxALL, FromDIP(wideSpace)));
     content->SetSizer(column);
-    SetClientSize(FromDIP(wxSize(width, height)));
-    SetMinClientSize(column->CalcMin());
+    FitContent(*this, *content, wxSize(width, height));
     CentreOnParent();
     ShowSelected();
     list->SetFocus();
@@ -64,6 +63,7 @@ void BatchWindow::MakeList(wxWindow* content) {
     constexpr int errorsWidth = 65;
     list = new wxListCtrl(content, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_SINGLE_SEL);
     list->SetName("lstOutcomes");
+    LetShrink(*list);
     list->AppendColumn(ToWx(u"Bestand"), wxLIST_FORMAT_LEFT, FromDIP(inputWidth));
     list->AppendColumn(ToWx(u"Resultaat"));
     list->AppendColumn(ToWx(u"Objecten"), wxLIST_FORMAT_RIGHT, FromDIP(objectsWidth));

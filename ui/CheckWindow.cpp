@@ -4,7 +4,6 @@
 #include <wx/button.h>
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
-#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
@@ -16,6 +15,7 @@
 #include "ui/Controls.h"
 #include "ui/FramePainting.h"
 #include "ui/Icons.h"
+#include "ui/KeptPlace.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -104,9 +104,10 @@ CheckWindow::CheckWindow(wxWindow* parent, CheckReport itsReport)
     constexpr int height = 480;
     SetName("frmCheck");
     SetIcons(ProgramIcons());
-    auto* const content = new wxPanel(this);
+    wxScrolledWindow* const content = MakeContent(this);
     list = new FindingList(content, report);
     list->Show(!report.findings.empty());
+    LetShrink(*list);
     auto* const column = new wxBoxSizer(wxVERTICAL);
     const auto around = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(wideSpace));
     column->Add(MakeHeading(), around);
@@ -115,8 +116,7 @@ CheckWindow::CheckWindow(wxWindow* parent, CheckReport itsReport)
     if (report.findings.empty()) column->AddStretchSpacer();
     column->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxALL, FromDIP(wideSpace)));
     content->SetSizer(column);
-    SetClientSize(FromDIP(wxSize(width, height)));
-    SetMinClientSize(column->CalcMin());
+    FitContent(*this, *content, wxSize(width, height));
     CentreOnParent();
     Bind(wxEVT_CHAR_HOOK, &CheckWindow::OnKey, this);
 }
@@ -134,6 +134,7 @@ wxSizer* CheckWindow::MakeHeading() {
     auto* const input = new wxStaticText(content, wxID_ANY, ToWx(Concat(report.input, u"  (", report.modeText, u")")),
                                          wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_START);
     input->SetName("lblCheckInput");
+    input->SetMinSize(wxSize(0, wxDefaultCoord));
     auto* const texts = new wxBoxSizer(wxVERTICAL);
     texts->Add(summary);
     if (const Text remarks = RemarksOf(report); !remarks.empty()) {

@@ -98,6 +98,12 @@ wxColour WarningColour() {
     return wxSystemSettings::GetAppearance().IsDark() ? wxColour(255, 128, 128) : wxColour(176, 0, 0);
 }
 
+void LetShrink(wxWindow& list) {
+    constexpr int width = 240;
+    constexpr int height = 100;
+    list.SetMinSize(list.FromDIP(wxSize(width, height)));
+}
+
 wxSizerFlags InRow(int proportion) { return wxSizerFlags(proportion).CenterVertical(); }
 
 }  // namespace korvande

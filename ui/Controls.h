@@ -59,6 +59,9 @@ wxRadioButton* MakeOption(wxWindow* parent, const char* name, TextView caption, 
 // Has the mouse wheel over a list scroll the page, and never change what is chosen.
 void PassWheelOn(wxWindow& list);
 
+// A list scrolls to what has no room: it asks for little.
+void LetShrink(wxWindow& list);
+
 // Of texts that tell of something lost: red on a light window, and lighter on a dark one.
 wxColour WarningColour();
 

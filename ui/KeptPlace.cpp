@@ -6,10 +6,15 @@
 #include <vector>
 
 #include "app/Remembered.h"
+#include "ui/Controls.h"
 
 namespace korvande {
 
 namespace {
+
+// What a window manager puts around a window at most, in device-independent pixels.
+constexpr int frameRoom = 16;
+constexpr int captionRoom = 40;
 
 ScreenArea AreaOf(const wxRect& rect) { return {rect.x, rect.y, rect.width, rect.height}; }
 
@@ -20,6 +25,30 @@ std::vector<ScreenArea> Screens() {
 }
 
 }  // namespace
+
+void FitDisplay(wxTopLevelWindow& window) {
+    wxSize room = wxDisplay(&window).GetClientArea().GetSize();
+    room.DecBy(window.FromDIP(wxSize(frameRoom, captionRoom)));
+    wxSize size = window.GetSize();
+    size.DecTo(room);
+    if (size != window.GetSize()) window.SetSize(size);
+}
+
+wxScrolledWindow* MakeContent(wxWindow* parent) {
+    auto* const content = new wxScrolledWindow(parent);
+    content->SetScrollRate(content->FromDIP(wideSpace), content->FromDIP(wideSpace));
+    return content;
+}
+
+void FitContent(wxTopLevelWindow& window, const wxScrolledWindow& content, wxSize usual) {
+    wxSize size = window.FromDIP(usual);
+    size.IncTo(content.GetSizer()->CalcMin());
+    window.SetClientSize(size);
+    FitDisplay(window);
+    wxSize least = content.GetSizer()->CalcMin();
+    least.DecTo(window.GetClientSize());
+    window.SetMinClientSize(least);
+}
 
 KeptPlace::KeptPlace(wxTopLevelWindow& itsWindow, TextView itsName) : window(itsWindow), name(itsName) {
     place.area = AreaOf(window.GetRect());

@@ -1,7 +1,6 @@
 #include "ui/LogBookWindow.h"
 
 #include <wx/clipbrd.h>
-#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
 
@@ -19,6 +18,7 @@
 #include "ui/Controls.h"
 #include "ui/FileDialogs.h"
 #include "ui/Icons.h"
+#include "ui/KeptPlace.h"
 #include "ui/LogBookList.h"
 #include "ui/Manual.h"
 #include "ui/WxText.h"
@@ -27,16 +27,19 @@ namespace korvande {
 
 LogBookWindow::LogBookWindow(wxWindow* parent, const FormKORVANDE& itsForm)
     : wxFrame(parent, wxID_ANY, ToWx(u"Logboek")), form(itsForm), followedRun(itsForm.lastRun.number) {
+    constexpr int width = 840;
+    constexpr int height = 520;
     SetName("frmLogBook");
     SetIcons(ProgramIcons());
     // Its keys are not the main window's.
     SetExtraStyle(GetExtraStyle() | wxWS_EX_BLOCK_EVENTS);
-    auto* const content = new wxPanel(this);
+    wxScrolledWindow* const content = MakeContent(this);
     auto* const column = new wxBoxSizer(wxVERTICAL);
     content->SetSizer(column);
     searched = new wxTextCtrl(content, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
-    FitTextBox(*searched, 20);
+    FitTextBox(*searched, 12);
     list = new LogBookList(content, view);
+    LetShrink(*list);
     column->Add(MakeSearch(), wxSizerFlags().Expand().Border(wxALL, FromDIP(narrowSpace)));
     column->Add(list, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, FromDIP(narrowSpace)));
     column->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxALL, FromDIP(narrowSpace)));
@@ -45,11 +48,7 @@ LogBookWindow::LogBookWindow(wxWindow* parent, const FormKORVANDE& itsForm)
     searched->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { Search(Towards::Next); });
     Bind(wxEVT_CHAR_HOOK, &LogBookWindow::OnKey, this);
     BindManual(*this, form.screen, [] { return logBookChapter; });
-    auto* const whole = new wxBoxSizer(wxVERTICAL);
-    whole->Add(content, wxSizerFlags(1).Expand());
-    SetSizer(whole);
-    SetMinClientSize(wxSize(whole->CalcMin().x, FromDIP(200)));
-    SetClientSize(wxSize(std::max(FromDIP(840), whole->CalcMin().x), FromDIP(520)));
+    FitContent(*this, *content, wxSize(width, height));
     CentreOnParent();
     place = std::make_unique<KeptPlace>(*this, u"LogBookPlace");
     list->SetFocus();

@@ -1,7 +1,6 @@
 #include "ui/MainWindow.h"
 
 #include <wx/button.h>
-#include <wx/display.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
@@ -25,6 +24,7 @@
 #include "ui/GridTab.h"
 #include "ui/Icons.h"
 #include "ui/InformationTab.h"
+#include "ui/KeptPlace.h"
 #include "ui/Keys.h"
 #include "ui/Manual.h"
 #include "ui/OutcomeLine.h"
@@ -44,10 +44,6 @@ namespace {
 constexpr int timerDelay = 500;  // milliseconds
 constexpr int gaugePanel = 1;
 constexpr int leastGridHeight = 300;  // in device-independent pixels
-
-// What a window manager puts around a window at most, in device-independent pixels.
-constexpr int frameRoom = 16;
-constexpr int captionRoom = 40;
 
 wxSizer* MakeHeader(wxWindow* parent, const FormKORVANDE& form) {
     const int wide = parent->FromDIP(wideSpace);
@@ -169,17 +165,8 @@ void MainWindow::FitContent() {
     // There is room below the pages for what becomes of a run.
     content.y += outcome->GetBestSize().y;
     SetClientSize(content);
-    FitDisplay();
+    FitDisplay(*this);
     Centre();
-}
-
-// On a display without room for all of it, the window leaves some for the frame that the system has yet to give it.
-void MainWindow::FitDisplay() {
-    wxSize room = wxDisplay(this).GetClientArea().GetSize();
-    room.DecBy(FromDIP(wxSize(frameRoom, captionRoom)));
-    wxSize size = GetSize();
-    size.DecTo(room);
-    if (size != GetSize()) SetSize(size);
 }
 
 // How thick the frame is, is told when the window comes up; the toolkit would take that from the pages.

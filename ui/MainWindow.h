@@ -41,7 +41,6 @@ class MainWindow : public wxFrame {
     void MakeStatusBar();
     void PlaceGauge();
     void FitContent();
-    void FitDisplay();
     void KeepContentUntilShown();
     void BindControls();
     void BindForm();

@@ -39,17 +39,17 @@ OutcomeLine::OutcomeLine(wxWindow* parent, const FormKORVANDE& itsForm)
       line(MakeSelectable(this, "lblOutcome")),
       logBook(MakeButton(this, "cmdShowLogBook", u"Logboek", u"Opent het logboek van deze vertaling")),
       unknownCodes(MakeButton(this, "cmdUnknownCodes", u"Onbekende codes...",
-                              u"Toont de codes die niet in de codetabellen staan, om ze toe te voegen")) {
+                              u"Toont de codes die niet in de codetabellen staan, om ze toe te voegen")),
+      buttons(new wxBoxSizer(wxHORIZONTAL)),
+      parts(new wxBoxSizer(wxHORIZONTAL)) {
     SetName("framOutcome");
     wxButton* const overview = MakeButton(this, "cmdShowOverview", u"Overzicht...",
                                           u"Wat niet of anders is overgekomen, wat is weggelaten en de objectbalans");
     wxButton* const folder = MakeButton(this, "cmdOpenFolder", u"Map openen", u"Opent de map van het uitvoerbestand");
     overview->MoveBeforeInTabOrder(logBook);
-    buttons = new wxBoxSizer(wxHORIZONTAL);
     for (wxButton* const button : {overview, logBook, folder, unknownCodes}) {
         buttons->Add(button, InRow().Border(wxTOP | wxBOTTOM | wxRIGHT, FromDIP(narrowSpace)));
     }
-    parts = new wxBoxSizer(wxHORIZONTAL);
     parts->Add(line, wxSizerFlags(1).Border(wxALL, FromDIP(narrowSpace)).CenterVertical());
     parts->Add(buttons);
     SetSizer(parts);
