@@ -23,20 +23,12 @@ constexpr std::array<unsigned char, 128> cp850Bytes = {
     0x3F, 0xBE, 0xB6, 0xA7, 0xF7, 0xB8, 0xB0, 0xA8, 0xB7, 0xB9, 0xB3, 0xB2, 0x3F, 0xA0,
 };
 
-bool IsHighSurrogate(char16_t character) noexcept { return character >= 0xD800 && character < 0xDC00; }
-bool IsLowSurrogate(char16_t character) noexcept { return character >= 0xDC00 && character < 0xE000; }
-
-// How many bytes of UTF-8 a character takes.
-std::size_t Utf8Width(char16_t character) noexcept {
-    if (IsHighSurrogate(character)) return 4;
-    return character < 0x80 ? 1 : character < 0x800 ? 2 : 3;
-}
+bool IsHigh(char byte) noexcept { return static_cast<unsigned char>(byte) >= 0x80; }
 
 // Of nearly every line that is not UTF-8 its first high byte tells so already: another one must go on with it.
 bool BeginsWithoutUtf8(std::string_view line) noexcept {
-    const auto isHigh = [](char character) { return static_cast<unsigned char>(character) >= 0x80; };
-    const auto first = std::find_if(line.begin(), line.end(), isHigh);
-    return first != line.end() && (first + 1 == line.end() || !isHigh(first[1]));
+    const auto first = std::find_if(line.begin(), line.end(), IsHigh);
+    return first != line.end() && (first + 1 == line.end() || !IsHigh(first[1]));
 }
 
 }  // namespace
@@ -51,23 +43,25 @@ bool HasHighByte(std::string_view bytes) noexcept {
         std::memcpy(words.data(), at, block);
         if (((words[0] | words[1] | words[2] | words[3]) & highBits) != 0) return true;
     }
-    return std::any_of(at, end, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+    return std::any_of(at, end, IsHigh);
 }
 
-std::optional<std::string> Utf8LineToWindows1252(std::string_view line, Columns columns) {
-    if (BeginsWithoutUtf8(line)) return {};
-    const Text text = FromUtf8(line);
-    std::string converted;
-    converted.reserve(line.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char16_t character = text[i];
-        // A byte that is no part of a character comes as half of a pair that has no other half.
-        if (IsLowSurrogate(character)) return {};
-        converted.push_back(ToWindows1252(character));
-        if (columns == Columns::Kept) converted.append(Utf8Width(character) - 1, ' ');
-        if (IsHighSurrogate(character)) ++i;
+bool Utf8LineToWindows1252(std::string_view line, Columns columns, std::string& converted) {
+    converted.clear();
+    if (BeginsWithoutUtf8(line)) return false;
+    for (std::size_t at = 0; at < line.size();) {
+        const auto place = line.begin() + static_cast<std::ptrdiff_t>(at);
+        const auto plain = static_cast<std::size_t>(std::find_if(place, line.end(), IsHigh) - place);
+        converted.append(line, at, plain);
+        at += plain;
+        if (at == line.size()) break;
+        const Utf8Character character = Utf8CharacterAt(line, at);
+        if (character.length == 0) return false;
+        converted.push_back(character.code < 0x10000 ? ToWindows1252(static_cast<char16_t>(character.code)) : '?');
+        if (columns == Columns::Kept) converted.append(character.length - 1, ' ');
+        at += character.length;
     }
-    return converted;
+    return true;
 }
 
 std::string Cp850ToWindows1252(std::string_view bytes) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,10 +16,10 @@ enum class CharacterSet {
 // Whether a text has a byte above 7F hex.
 bool HasHighByte(std::string_view bytes) noexcept;
 
-// A line of UTF-8 as Windows-1252, with "?" for what that lacks; nothing when it is no valid UTF-8. With its columns
-// kept each character is filled with blanks to the width of its bytes.
+// Puts a line of UTF-8 into a text as Windows-1252, with "?" for what that lacks; false when it is no valid UTF-8, and
+// then the text is of no meaning. With its columns kept each character is filled with blanks to the width of its bytes.
 enum class Columns { Free, Kept };
-std::optional<std::string> Utf8LineToWindows1252(std::string_view line, Columns columns);
+bool Utf8LineToWindows1252(std::string_view line, Columns columns, std::string& converted);
 
 // Bytes of code page 850 as Windows-1252, with "?" for what that lacks.
 std::string Cp850ToWindows1252(std::string_view bytes);

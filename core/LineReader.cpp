@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <optional>
-#include <utility>
 
 #include "core/NativePath.h"
 #include "core/RuntimeError.h"
@@ -103,12 +101,11 @@ void LineReader::Convert(std::string_view& line) {
         converted = Cp850ToWindows1252(line);
     } else {
         const Columns columns = line.size() == keptWidth ? Columns::Kept : Columns::Free;
-        std::optional<std::string> text = Utf8LineToWindows1252(line, columns);
-        if (!text) return;
+        if (!Utf8LineToWindows1252(line, columns, converted)) return;
         if (firstUtf8Line == 0) firstUtf8Line = lineNumber;
-        converted = std::move(*text);
     }
-    lacksCharacter = std::count(converted.begin(), converted.end(), '?') > std::count(line.begin(), line.end(), '?');
+    const auto marks = std::count(converted.begin(), converted.end(), '?');
+    lacksCharacter = marks > 0 && marks > std::count(line.begin(), line.end(), '?');
     line = converted;
 }
 

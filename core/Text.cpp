@@ -1,6 +1,5 @@
 #include "core/Text.h"
 
-#include <cstdint>
 #include <cstring>
 
 namespace korvande {
@@ -58,27 +57,6 @@ void AppendUtf8(std::string& out, std::uint32_t code) {
         put(0x80 | ((code >> 6) & 0x3F));
         put(0x80 | (code & 0x3F));
     }
-}
-
-struct Decoded {
-    std::uint32_t code;
-    std::size_t length;  // bytes used; 0 when the bytes are no UTF-8
-};
-
-Decoded DecodeUtf8(std::string_view utf8, std::size_t at) {
-    const auto first = static_cast<unsigned char>(utf8[at]);
-    if (first < 0x80) return {first, 1};
-    const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-    if (first < 0xC2 || first > 0xF4 || at + length > utf8.size()) return {0, 0};
-    std::uint32_t code = first & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        const auto next = static_cast<unsigned char>(utf8[at + i]);
-        if ((next & 0xC0U) != 0x80U) return {0, 0};
-        code = (code << 6) | (next & 0x3FU);
-    }
-    constexpr std::array<std::uint32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
-    const bool valid = code >= smallest[length] && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
-    return valid ? Decoded{code, length} : Decoded{0, 0};
 }
 
 template <class View>
@@ -151,11 +129,27 @@ std::string ToUtf8(TextView text) {
     return out;
 }
 
+Utf8Character Utf8CharacterAt(std::string_view utf8, std::size_t at) noexcept {
+    const auto first = static_cast<unsigned char>(utf8[at]);
+    if (first < 0x80) return {first, 1};
+    const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+    if (first < 0xC2 || first > 0xF4 || at + length > utf8.size()) return {0, 0};
+    std::uint32_t code = first & (0xFFU >> (length + 1));
+    for (std::size_t i = 1; i < length; ++i) {
+        const auto next = static_cast<unsigned char>(utf8[at + i]);
+        if ((next & 0xC0U) != 0x80U) return {0, 0};
+        code = (code << 6) | (next & 0x3FU);
+    }
+    constexpr std::array<std::uint32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
+    const bool valid = code >= smallest[length] && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+    return valid ? Utf8Character{code, length} : Utf8Character{0, 0};
+}
+
 Text FromUtf8(std::string_view utf8) {
     Text text;
     text.reserve(utf8.size());
     for (std::size_t at = 0; at < utf8.size();) {
-        const Decoded decoded = DecodeUtf8(utf8, at);
+        const Utf8Character decoded = Utf8CharacterAt(utf8, at);
         if (decoded.length == 0) {
             text.push_back(static_cast<char16_t>(escapedByte + static_cast<unsigned char>(utf8[at])));
             ++at;

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <concepts>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -30,6 +32,13 @@ std::string ToUtf8(TextView text);
 Text FromUtf8(std::string_view utf8);
 std::string Utf8ToWindows1252(std::string_view utf8);
 std::string Windows1252ToUtf8(std::string_view bytes);
+
+// The character that stands at a place in UTF-8, and how many bytes it takes: none when they are no UTF-8.
+struct Utf8Character {
+    std::uint32_t code;
+    std::size_t length;
+};
+Utf8Character Utf8CharacterAt(std::string_view utf8, std::size_t at) noexcept;
 
 char16_t ToCapital(char16_t character) noexcept;
 inline char ToCapital(char byte) noexcept {
