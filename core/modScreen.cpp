@@ -1,10 +1,24 @@
 #include "core/modScreen.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/RuntimeError.h"
 
 namespace korvande {
+
+namespace {
+
+// The clock costs as much as a record does: it is looked at no more often than progress needs.
+void ChoosePace(ProgressPace& pace, std::chrono::steady_clock::time_point before,
+                std::chrono::steady_clock::time_point now) noexcept {
+    constexpr unsigned most = 256;
+    constexpr auto often = std::chrono::milliseconds(2);
+    pace.recordsPerLook =
+        now - before < often ? std::min(2 * pace.recordsPerLook, most) : std::max(pace.recordsPerLook / 2, 1U);
+}
+
+}  // namespace
 
 void BeginProgress(Screen& screen, std::int64_t maximum) {
     screen.pace.hasValue = false;
@@ -17,6 +31,7 @@ void TellProgress(Screen& screen) {
     ProgressPace& pace = screen.pace;
     pace.recordsSinceLook = 0;
     const auto now = std::chrono::steady_clock::now();
+    ChoosePace(pace, std::exchange(pace.lastLook, now), now);
     if (now - pace.lastShown < shownEvery) return;
     pace.lastShown = now;
     if (std::exchange(pace.hasValue, false)) screen.ShowProgressValue(pace.value);

@@ -26,6 +26,8 @@ struct MessageBox {
 // How often a screen hears of progress and lets events run: at most every 50 ms, however many records pass.
 struct ProgressPace {
     unsigned recordsSinceLook = 0;  // at the clock
+    unsigned recordsPerLook = 16;   // more as they go by fast, fewer as they go by slowly
+    std::chrono::steady_clock::time_point lastLook;
     std::chrono::steady_clock::time_point lastShown;
 
     // How far the step has come, until the screen has heard of it: a reader steps at every line and lets events run at
@@ -87,8 +89,7 @@ void TellProgress(Screen& screen);
 
 // Lets waiting events run. Made to be called for every record, of which only some look at the clock.
 inline void ProcessEvents(Screen& screen) {
-    constexpr unsigned recordsPerLook = 16;
-    if (++screen.pace.recordsSinceLook >= recordsPerLook) TellProgress(screen);
+    if (++screen.pace.recordsSinceLook >= screen.pace.recordsPerLook) TellProgress(screen);
 }
 
 // The same, having come so far in the step.
