@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 #include "cli/ConsoleScreen.h"
 #include "cli/Jobs.h"
@@ -10,6 +11,7 @@
 #include "cli/Print.h"
 #include "cli/Process.h"
 #include "cli/Projects.h"
+#include "project/Grid.h"
 #include "run/TranslateFiles.h"
 #include "translation/ClosingSentence.h"
 #include "translation/ProblemBlock.h"
@@ -93,9 +95,10 @@ void TakeJob(const Job& job, Mode mode, Translation& translation) {
     translation.LogFileName = job.logBook;
 }
 
-int TranslateOne(ConsoleScreen& screen, const Project& project, const Job& job, Mode mode,
+// The code tables are handed on from file to file.
+int TranslateOne(ConsoleScreen& screen, const Project& project, CodeTables& codes, const Job& job, Mode mode,
                  const TranslateOptions& options) {
-    Translation translation(screen, project);
+    Translation translation(screen, project, std::move(codes));
     TakeJob(job, mode, translation);
     translation.readsWithoutLayers = options.reading.fromInstrument;
     // Without a log book the errors are told here.
@@ -112,6 +115,7 @@ int TranslateOne(ConsoleScreen& screen, const Project& project, const Job& job, 
     PrintLines(options.quiet ? LossLines(translation) : ProblemLines(translation));
     if (!options.quiet) PrintLines(AccountLines(translation));
     PrintTroubles(translation);
+    codes = std::move(translation.codes);
     if (hasFailed) return status::failed;
     const Problems& problems = translation.problems;
     return problems.errors > 0 || problems.HasDamage() ? status::withErrors : status::done;
@@ -120,8 +124,10 @@ int TranslateOne(ConsoleScreen& screen, const Project& project, const Job& job, 
 int TranslateAll(ConsoleScreen& screen, const Project& project, const std::vector<Job>& jobs, Mode mode,
                  const TranslateOptions& options) {
     int worst = status::done;
+    CodeTables codes = project.codes;
+    PassThroughGrids(codes);
     for (const Job& job : jobs) {
-        const int result = TranslateOne(screen, project, job, mode, options);
+        const int result = TranslateOne(screen, project, codes, job, mode, options);
         worst = std::max(worst, jobs.size() > 1 && result == status::failed ? status::withErrors : result);
         if (!IsInterrupted()) continue;
         if (&job != &jobs.back()) PrintErrorLine(u"De bestanden die volgen, zijn niet vertaald.");

@@ -68,6 +68,12 @@ void CountUse(CodeTable& table, std::int32_t row) noexcept {
     if (!table.rows.empty()) ++table.rows[static_cast<std::size_t>(row)].Count;
 }
 
+void ForgetUses(CodeTables& codes) noexcept {
+    for (CodeTable* const table : {&codes.points, &codes.lines, &codes.texts}) {
+        for (CodeRow& row : table->rows) row.Count = 0;
+    }
+}
+
 void ResetCodeTables(CodeTables& codes) {
     ResetTable(codes.points, u"Q20", types::point, u"ONBEKEND PUNTOBJECT");
     ResetTable(codes.lines, u"Q00", types::line, u"ONBEKEND LIJNOBJECT");

@@ -91,6 +91,9 @@ std::int32_t FindLkiCode(CodeTable& table, const CodeKey& lkiCode);
 // Counting: adds 1 to the uses of a row. A table that lost every row counts nothing.
 void CountUse(CodeTable& table, std::int32_t row) noexcept;
 
+// Every row as not yet used.
+void ForgetUses(CodeTables& codes) noexcept;
+
 // Each table with its unknown row only.
 void ResetCodeTables(CodeTables& codes);
 

@@ -11,6 +11,11 @@ Translation::Translation(Screen& itsScreen, const Project& project)
     PassThroughGrids(codes);
 }
 
+Translation::Translation(Screen& itsScreen, const Project& project, CodeTables tablesOfProject)
+    : screen(itsScreen), options(project.options), owner(project.owner), codes(std::move(tablesOfProject)) {
+    ForgetUses(codes);
+}
+
 Translation::Translation(Screen& itsScreen) : screen(itsScreen) {
     ResetCodeTables(codes);
     FillOwner(owner);

@@ -48,6 +48,10 @@ struct Translation {
     Translation(Screen& itsScreen, const Project& project);
     explicit Translation(Screen& itsScreen);
 
+    // The same with a project's tables that were taken as grids would give them back before: of many translations that
+    // follow each other one hands them to the next, with what was prepared for looking codes up in them.
+    Translation(Screen& itsScreen, const Project& project, CodeTables tablesOfProject);
+
     // It stays where it is made: its output may write into its own bytes.
     Translation(const Translation&) = delete;
     Translation& operator=(const Translation&) = delete;

@@ -74,6 +74,17 @@ TEST_F(CodeTablesTest, FindingCountsNothing) {
     EXPECT_EQ(pointTable.rows[1].Count, 0);
 }
 
+TEST_F(CodeTablesTest, UsesAreForgottenInEveryTable) {
+    CodeTables codes;
+    ResetCodeTables(codes);
+    for (CodeTable* const table : {&codes.points, &codes.lines, &codes.texts}) CountUse(*table, 0);
+    ForgetUses(codes);
+    for (const CodeTable* const table : {&codes.points, &codes.lines, &codes.texts}) {
+        EXPECT_EQ(table->rows[0].Count, 0);
+        EXPECT_EQ(table->rows.size(), 1U);
+    }
+}
+
 TEST_F(CodeTablesTest, AUseIsCountedInItsRow) {
     AddRow(lineTable, u"MUUR", u"B05");
     CountUse(lineTable, 1);
