@@ -18,6 +18,10 @@ std::uint64_t HashOfBytes(std::uint64_t seed, const void* bytes, std::size_t siz
     const auto* const begin = static_cast<const char*>(bytes);
     std::uint64_t hash = seed;
     std::uint64_t word = 0;
+    if (size < step) {
+        std::memcpy(&word, begin, size);
+        return Mixed(Mixed(hash ^ word) ^ size);
+    }
     for (std::size_t at = 0; at + step < size; at += step) {
         std::memcpy(&word, begin + at, step);
         hash = Mixed(hash ^ word);

@@ -17,7 +17,7 @@ constexpr std::uint64_t Mixed(std::uint64_t number) noexcept {
     return number ^ (number >> 28);
 }
 
-// The same of the bytes of a key, which are eight at least.
+// The same of the bytes of a key.
 std::uint64_t HashOfBytes(std::uint64_t seed, const void* bytes, std::size_t size) noexcept;
 
 }  // namespace korvande

@@ -98,20 +98,10 @@ Rounded Round(double value, int decimals) {
 }  // namespace
 
 bool ScaledDecimal(double value, int decimals, std::int64_t& scaled) {
-    constexpr double fastLimit = 1e11;
-    constexpr double doubt = 1e-3;
     if (decimals > significantDigits) return false;
-    const double size = std::fabs(value) * powersOfTen[static_cast<std::size_t>(decimals)];
-    if (size < fastLimit) {
-        // Both the product and the 15-digit form lie within 10^-4 of the value here, so away from a half all agree.
-        const double below = std::floor(size);
-        const double rest = size - below;
-        if (std::fabs(rest - 0.5) > doubt) {
-            const auto whole = static_cast<std::int64_t>(below) + (rest > 0.5 ? 1 : 0);
-            scaled = std::signbit(value) ? -whole : whole;
-            return true;
-        }
-    }
+    const double multiplied = value * powersOfTen[static_cast<std::size_t>(decimals)];
+    if (NearestWhole(multiplied, scaled)) return true;
+    const double size = std::fabs(multiplied);
     if (!(size < powersOfTen[significantDigits])) return false;
     const Rounded rounded = RoundByDigits(value, decimals);
     std::int64_t whole = 0;

@@ -1,8 +1,10 @@
 #include "core/modKORVANDE.h"
 
+#include <algorithm>
+
 namespace korvande {
 
-static_assert(sizeof(PointRec) == 232 && sizeof(LineRec) == 132 && sizeof(EdgeRec) == 40 && sizeof(TextRec) == 124);
+static_assert(sizeof(PointRec) == 56 && sizeof(LineRec) == 16 && sizeof(EdgeRec) == 20 && sizeof(TextRec) == 68);
 
 void ResetDrawing(Drawing& drawing) {
     drawing.Points.Reset();
@@ -10,17 +12,19 @@ void ResetDrawing(Drawing& drawing) {
     drawing.Edges.Reset();
     drawing.Texts.Reset();
     drawing.PointIndex.Reset();
+    drawing.PointKinds.Reset();
+    drawing.LineKinds.Reset();
+    drawing.LineTypes.Reset();
+    drawing.TextCodes.Reset();
     drawing.IdexSeparator = ',';
     drawing.IdexTerminator = ';';
     drawing.DrawingDate.clear();
 }
 
 char* QuotedPointID(const PointRec& point, char* at) noexcept {
-    const FixedText<9>& name = point.PointID();
+    const std::string_view name = point.PointIDBytes().Trimmed();
     *at++ = '"';
-    for (const char16_t character : name.Trimmed()) {
-        *at++ = character < 0x80 ? static_cast<char>(character) : ToWindows1252(character);
-    }
+    at = std::copy(name.begin(), name.end(), at);
     *at++ = '"';
     return at;
 }

@@ -33,14 +33,14 @@ void WriteList(TextView name, std::string_view heading, const Records& records, 
 void WriteDiagnosticFiles(const Drawing& drawing) {
     WriteList(u"D:\\DEBUG_LINES.TXT", "Code,Descr,Flags 1,Flags 2", drawing.Lines,
               [&drawing](IdexRow& row, const LineRec& line) {
-                  row.PutFixed(drawing.Code(line).View()).Put(",");
-                  row.PutFixed(drawing.Description(line).View()).Put(",");
+                  row.PutFixed(drawing.CodeBytes(line).View()).Put(",");
+                  row.PutFixed(drawing.DescriptionBytes(line).View()).Put(",");
                   row.PutWhole(line.Flags1).Put(",").PutWhole(line.Flags2);
               });
     WriteList(u"D:\\DEBUG_EDGES.TXT", "Start Pt,End Pt,Line No,Line Type", drawing.Edges,
               [&drawing](IdexRow& row, const EdgeRec& edge) {
                   row.PutWhole(edge.StartPt).Put(",").PutWhole(edge.EndPt).Put(",").PutWhole(edge.LineNo).Put(",");
-                  row.PutFixed(drawing.LineType(edge).View());
+                  row.PutFixed(drawing.LineTypeBytes(edge).View());
               });
 }
 

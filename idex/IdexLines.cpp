@@ -17,11 +17,13 @@ void GrowLinesTo(Drawing& drawing, std::int32_t lineNo, std::int64_t rowsRead) {
     RequireArrayIndex(lineNo, rowsRead);
     auto& lines = drawing.Lines;
     const std::int32_t first = lines.UpperBound() + 1;
+    if (first > lineNo) return;
+    LineKind blank{};
+    blank.code.Assign(TextView());
+    blank.description.Assign(TextView());
+    const KeptNumber blankKind = drawing.LineKinds.NumberOf(blank);
     lines.GrowTo(lineNo);
-    for (std::int32_t index = first; index <= lineNo; ++index) {
-        drawing.SetCode(lines[index], TextView());
-        drawing.SetDescription(lines[index], TextView());
-    }
+    for (std::int32_t index = first; index <= lineNo; ++index) Drawing::SetKind(lines[index], blankKind);
 }
 
 // A line type that is cut to one of other characters, not one that is unknown with or without its end, which is told
@@ -91,9 +93,11 @@ void ReadLines(Translation& translation, IdexFile& file, std::string_view keywor
             table.Tell(ProblemKind::LineNumberTwice);
         }
         line.InputLine = static_cast<std::int32_t>(file.rowLine);
-        drawing.SetCode(line, table.Fitting(table.Unquoted(code), 7, ProblemKind::CodeCut), Letters::Capitals);
-        drawing.SetDescription(line, table.Fitting(table.Unquoted(description), 53, ProblemKind::DescriptionCut),
-                               Letters::Capitals);
+        LineKind kind{};
+        kind.code.Assign(table.Fitting(table.Unquoted(code), 7, ProblemKind::CodeCut), Letters::Capitals);
+        kind.description.Assign(table.Fitting(table.Unquoted(description), 53, ProblemKind::DescriptionCut),
+                                Letters::Capitals);
+        Drawing::SetKind(line, drawing.LineKinds.NumberOf(kind));
         line.Flags1 = table.Flags(flags1);
         line.Flags2 = table.Flags(flags2);
     }

@@ -174,9 +174,9 @@ class PointsReader {
     bool Blanks(const PointRec& point) const {
         return (point.East != 0 && table.IsBlank(east)) || (point.North != 0 && table.IsBlank(north)) ||
                (point.Elevation != 0 && table.IsBlank(elevation)) || (point.SymDir != 0 && table.IsBlank(symDir)) ||
-               (!point.PointID().IsBlank() && table.IsBlank(pointId)) ||
-               (!drawing.Code(point).IsBlank() && table.IsBlank(code)) ||
-               (!drawing.Description(point).IsBlank() && table.IsBlank(description));
+               (!point.PointIDBytes().IsBlank() && table.IsBlank(pointId)) ||
+               (!drawing.CodeBytes(point).IsBlank() && table.IsBlank(code)) ||
+               (!drawing.DescriptionBytes(point).IsBlank() && table.IsBlank(description));
     }
 
     void TellOfPoint(ProblemKind kind) {
@@ -197,8 +197,8 @@ class PointsReader {
         const bool isNew = index > drawing.Points.UpperBound();
         const std::int32_t indexBefore = drawing.PointIndex.Find(number);
         drawing.PointIndex.Set(number, indexBefore);
-        drawing.Points.GrowTo(index);
-        PointRec& point = drawing.Points[index];
+        PointRec point{};
+        if (!isNew) point = drawing.Points[index];
         if (indexBefore != 0 && indexBefore < index && !isUpdating) TellTwice(indexBefore, number);
         const std::int32_t numberBefore = isNew ? number : point.PointNo;
         point.East = numbers.east;
@@ -209,10 +209,13 @@ class PointsReader {
         point.InputLine = static_cast<std::int32_t>(file.rowLine);
         if (hasDisguise) TellDisguised();
         point.SetPointID(table.Fitting(table.Unquoted(pointId), 9, ProblemKind::NameCut), Letters::Capitals);
-        drawing.SetCode(point, table.Fitting(table.Unquoted(code), 7, ProblemKind::CodeCut), Letters::Capitals);
-        drawing.SetDescription(point,
-                               table.Fitting(table.WithoutQuotes(Description()), 80, ProblemKind::DescriptionCut),
-                               Letters::Capitals);
+        PointKind kind{};
+        kind.code.Assign(table.Fitting(table.Unquoted(code), 7, ProblemKind::CodeCut), Letters::Capitals);
+        kind.description.Assign(table.Fitting(table.WithoutQuotes(Description()), 80, ProblemKind::DescriptionCut),
+                                Letters::Capitals);
+        Drawing::SetKind(point, drawing.PointKinds.NumberOf(kind));
+        drawing.Points.GrowTo(index);
+        drawing.Points[index] = point;
         drawing.PointIndex.Set(number, index);
         if (isUpdating) firstPoints.Note(index, numberBefore, number);
         lastIndex = index;
@@ -265,25 +268,27 @@ class PointsReader {
 };
 
 // A code that is an LKI code already, from what a person typed.
-FixedText<7> MarkedCode(TextView lkiCode) { return MakeFixedText<7>(Concat(TextView(&lkiCodeMark, 1), lkiCode)); }
+FixedBytes<7> MarkedCode(TextView lkiCode) {
+    return MakeFixedBytes<7>(Concat(std::string_view(&lkiCodeMark, 1), lkiCode));
+}
 
 TextRec& AppendGenerated(Drawing& drawing, const PointRec& point, std::int16_t anchorPosition, float direction,
-                         const FixedText<7>& code) {
+                         KeptNumber code) {
     TextRec& text = drawing.Texts.Append();
     text.InputLine = point.InputLine;
     text.AnchorPointNo = point.PointNo;
     text.AnchorPosition = anchorPosition;
     text.HzDirection = direction;
-    drawing.SetCode(text, code.View());
+    Drawing::SetCodeNumber(text, code);
     return text;
 }
 
 void AddPointNumberTexts(Screen& screen, Drawing& drawing, TextView lkiCode) {
     screen.ShowStatus(u"Toevoegen puntnr.teksten");
-    const FixedText<7> code = MarkedCode(lkiCode);
+    const KeptNumber code = drawing.TextCodes.NumberOf(MarkedCode(lkiCode));
     for (std::int32_t index = 1; index <= drawing.Points.UpperBound(); ++index) {
         const PointRec& point = drawing.Points[index];
-        const auto& name = point.PointID();
+        const auto& name = point.PointIDBytes();
         if (name.IsBlank()) continue;
         AppendGenerated(drawing, point, pointNumberAnchor, 0, code).SetCharacters(name.View());
         ProcessEvents(screen);
@@ -292,7 +297,7 @@ void AddPointNumberTexts(Screen& screen, Drawing& drawing, TextView lkiCode) {
 
 void AddHeightTexts(Screen& screen, Drawing& drawing, TextView lkiCode) {
     screen.ShowStatus(u"Toevoegen hoogte teksten");
-    const FixedText<7> code = MarkedCode(lkiCode);
+    const KeptNumber code = drawing.TextCodes.NumberOf(MarkedCode(lkiCode));
     for (std::int32_t index = 1; index <= drawing.Points.UpperBound(); ++index) {
         const PointRec& point = drawing.Points[index];
         if (point.Elevation == 0) continue;

@@ -13,21 +13,6 @@ namespace {
 
 constexpr char InsideQuotes(char byte) noexcept { return byte == '"' ? '\'' : byte == ';' ? ',' : byte; }
 
-// The bytes of the characters below 80 hex inside quotes.
-constexpr std::array<char, 0x80> quotedBytes = [] {
-    std::array<char, 0x80> bytes{};
-    for (std::size_t i = 0; i != bytes.size(); ++i) bytes[i] = InsideQuotes(static_cast<char>(i));
-    return bytes;
-}();
-
-char QuotedByte(char16_t character) noexcept {
-    return character < quotedBytes.size() ? quotedBytes[character] : InsideQuotes(ToWindows1252(character));
-}
-
-char ToByte(char16_t character) noexcept {
-    return character < 0x80 ? static_cast<char>(character) : ToWindows1252(character);
-}
-
 // Whether a number in decimals loses more than zeroes behind its point when it is cut to a width.
 bool LosesDigits(std::string_view number, std::size_t width) noexcept {
     if (number.size() <= width) return false;
@@ -35,10 +20,7 @@ bool LosesDigits(std::string_view number, std::size_t width) noexcept {
 }
 
 // Whether the value of a fixed-width text is that of one never assigned; see FixedText.
-template <class View>
-bool IsNeverFilled(View value) noexcept {
-    return value.starts_with(typename View::value_type());
-}
+bool IsNeverFilled(std::string_view value) noexcept { return value.starts_with('\0'); }
 
 }  // namespace
 
@@ -104,24 +86,10 @@ IdexRow& IdexRow::PutFlags(std::int32_t flags) noexcept {
     return *this;
 }
 
-IdexRow& IdexRow::PutFixed(TextView text) noexcept {
-    const bool neverFilled = IsNeverFilled(text);
-    for (const char16_t character : text) *at++ = neverFilled ? ' ' : ToByte(character);
-    return *this;
-}
-
-IdexRow& IdexRow::PutQuoted(TextView value) noexcept {
-    *at++ = '"';
-    if (!IsNeverFilled(value)) {
-        unsigned difference = 0;  // between the bytes that are put and those of the value
-        for (const char16_t character : value) {
-            const char byte = QuotedByte(character);
-            if (character < quotedBytes.size()) difference |= static_cast<unsigned char>(byte) ^ unsigned { character };
-            *at++ = byte;
-        }
-        if (difference != 0) ++replaced;
-    }
-    *at++ = '"';
+IdexRow& IdexRow::PutFixed(std::string_view text) noexcept {
+    if (!IsNeverFilled(text)) return Put(text);
+    std::memset(at, ' ', text.size());
+    at += text.size();
     return *this;
 }
 

@@ -37,12 +37,11 @@ class IdexRow {
     IdexRow& PutFlags(std::int32_t flags) noexcept;
 
     // A fixed-width text at its full width; one that was never filled is blank.
-    IdexRow& PutFixed(TextView text) noexcept;
+    IdexRow& PutFixed(std::string_view text) noexcept;
 
     // A value between double quotes. Inside them a double quote becomes a single one and the terminator a comma, which
     // a reader would take for structure; values to which that happens are counted. A text that was never filled is
     // empty.
-    IdexRow& PutQuoted(TextView value) noexcept;
     IdexRow& PutQuoted(std::string_view value) noexcept;
 
     // A point's name between double quotes, which QuotedPointID trims, with the same inside them.

@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <type_traits>
 #include <vector>
 
 #include "core/Numbers.h"
@@ -25,12 +24,13 @@ struct TextBox {
     bool isDeclared = false;
     std::int32_t anchorPointNo = 0;
     std::int16_t anchorPosition = 0;
-    float direction = 0;  // grads
-    FixedText<7> layer{};
+    float direction = 0;       // grads
+    KeptNumber layerCode = 0;  // the layer's name as a code
 };
 using TextBoxes = std::vector<TextBox>;
 
-constexpr std::size_t textWidth = std::remove_cvref_t<decltype(TextRec{}.Characters())>::width;
+constexpr std::size_t textWidth = TextRec::longest;
+constexpr std::size_t codeWidth = 7;
 
 float SingleFloat(double value) {
     if (std::fabs(value) > std::numeric_limits<float>::max()) throw RuntimeError(errors::overflow);
@@ -52,11 +52,29 @@ std::string SkipToTable(IdexFile& file, std::string_view keyword) {
     throw RuntimeError(errors::inputPastEnd);
 }
 
-TextBoxes ReadBoxes(IdexFile& file, const std::vector<Text>& layerNames) {
+// The number of each layer's name among the codes of texts; 0 for one that no box was on yet.
+class LayerCodes {
+ public:
+    explicit LayerCodes(Drawing& itsDrawing) : drawing(itsDrawing), numbers(drawing.LayerNames.size(), 0) {}
+
+    KeptNumber operator[](std::size_t layer) {
+        KeptNumber& number = numbers[layer];
+        if (number == 0) number = drawing.TextCodes.NumberOf(MakeFixedBytes<codeWidth>(drawing.LayerNames[layer]));
+        return number;
+    }
+
+ private:
+    Drawing& drawing;
+    std::vector<KeptNumber> numbers;
+};
+
+TextBoxes ReadBoxes(IdexFile& file, Drawing& drawing) {
     enum { anchorPointNo, anchorPosition, hzDirection, layerNo };
     IdexTable table(file, "BOX_ON_POINT", {{"ANCHORPOINTNO"}, {"ANCHORPOSITION"}, {"HZDIRECTION"}, {"LAYERNO"}});
     const std::string header = SkipToTable(file, "BOX_ON_POINT");
     table.ReadHeader(header);
+    const std::vector<Text>& layerNames = drawing.LayerNames;
+    LayerCodes layerCodes(drawing);
     TextBoxes boxes;
     std::string_view row;
     while (file.NextRow(row)) {
@@ -74,10 +92,9 @@ TextBoxes ReadBoxes(IdexFile& file, const std::vector<Text>& layerNames) {
         if (layer < 0 || static_cast<std::size_t>(layer) >= layerNames.size()) {
             throw RuntimeError(errors::subscriptOutOfRange);
         }
-        const Text& layerName = layerNames[static_cast<std::size_t>(layer)];
-        box.layer = layerName;
-        constexpr std::size_t width = decltype(box.layer)::width;
-        if (TrimRight(TextView(layerName)).size() > width) table.Tell(ProblemKind::CodeCut);
+        const auto layerIndex = static_cast<std::size_t>(layer);
+        box.layerCode = layerCodes[layerIndex];
+        if (TrimRight(TextView(layerNames[layerIndex])).size() > codeWidth) table.Tell(ProblemKind::CodeCut);
         if (static_cast<std::size_t>(number) >= boxes.size()) boxes.resize(static_cast<std::size_t>(number) + 1);
         boxes[static_cast<std::size_t>(number)] = box;
     }
@@ -139,7 +156,7 @@ void ItemsReader::AppendText(std::int32_t boxNo, std::string_view item) {
     text.AnchorPointNo = box.anchorPointNo;
     text.AnchorPosition = box.anchorPosition;
     text.HzDirection = box.direction;
-    translation.drawing.SetCode(text, box.layer.View());
+    Drawing::SetCodeNumber(text, box.layerCode);
     if (item.size() > textWidth && LengthOf(item) > textWidth) TellCut();
     text.SetCharacters(item);
 }
@@ -151,24 +168,23 @@ void ItemsReader::ContinueText(std::string_view item) {
         return Report(translation, {.kind = ProblemKind::ContinuationWithoutText});
     }
     TextRec& text = texts[texts.UpperBound()];
-    const auto& characters = text.Characters();
-    FixedText<textWidth> next{};
+    FixedBytes<textWidth> next{};
     next.Assign(item);
-    std::array<char16_t, textWidth + 1 + textWidth> joined{};
-    const TextView before = characters.Trimmed();
+    std::array<char, textWidth + 1 + textWidth> joined{};
+    const std::string_view before = text.CharacterBytes().Trimmed();
     const std::size_t length = LengthOf(item);
     if (length > 0 && before.size() + 1 + length > textWidth) TellCut();
     auto end = std::copy(before.begin(), before.end(), joined.begin());
-    *end++ = u' ';
-    end = std::copy(next.characters.begin(), next.characters.end(), end);
-    text.SetCharacters(TextView(joined.begin(), end));
+    *end++ = ' ';
+    end = std::copy(next.bytes.begin(), next.bytes.end(), end);
+    text.SetCharacters(std::string_view(joined.begin(), end));
 }
 
 }  // namespace
 
 void ReadTexts(Translation& translation, IdexFile& file) {
     translation.screen.ShowStatus(u"Inlezen Teksten");
-    const TextBoxes boxes = ReadBoxes(file, translation.drawing.LayerNames);
+    const TextBoxes boxes = ReadBoxes(file, translation.drawing);
     ItemsReader(translation, file, boxes).Read();
 }
 

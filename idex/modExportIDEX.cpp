@@ -84,8 +84,8 @@ void WritePoints(Translation& translation) {
         row.PutDecimal(point.East, 4, lengthWidth).Put(",");
         row.PutDecimal(point.North, 4, lengthWidth).Put(",");
         row.PutDecimal(point.Elevation, 4, lengthWidth).Put(",");
-        row.PutQuoted(drawing.Code(point).TrimmedRight()).Put(",");
-        row.PutQuoted(drawing.Description(point).TrimmedRight()).Put(",");
+        row.PutQuoted(drawing.CodeBytes(point).TrimmedRight()).Put(",");
+        row.PutQuoted(drawing.DescriptionBytes(point).TrimmedRight()).Put(",");
         row.PutDecimal(point.SymDir, 4, directionWidth).Put(";");
         End(translation, row, point.InputLine);
     }
@@ -106,7 +106,7 @@ void WriteLines(Translation& translation) {
         StepProgress(screen, lineNo);
         const LineRec& line = lines[lineNo];
         IdexRow row(output);
-        row.Put("    ").PutWhole(lineNo).Put(",").PutQuoted(drawing.Code(line).Trimmed()).Put(",");
+        row.Put("    ").PutWhole(lineNo).Put(",").PutQuoted(drawing.CodeBytes(line).Trimmed()).Put(",");
         row.PutFlags(line.Flags1).Put(",").PutFlags(line.Flags2).Put(";");
         End(translation, row, line.InputLine);
     }
@@ -127,7 +127,7 @@ void WriteEdges(Screen& screen, LineWriter& output, const Drawing& drawing) {
         row.Put("      ").PutWhole(edge.LineNo).Put(",");
         row.PutWhole(edge.StartPt).Put(", ").PutPointID(drawing.Points[edge.StartPt]).Put(",");
         row.PutWhole(edge.EndPt).Put(", ").PutPointID(drawing.Points[edge.EndPt]).Put(",");
-        row.PutFixed(drawing.LineType(edge).View()).Put(";").End();
+        row.PutFixed(drawing.LineTypeBytes(edge).View()).Put(";").End();
     }
     output.PutLine("    END EDGES");
 }
@@ -172,7 +172,7 @@ void WriteTexts(Translation& translation) {
         StepProgress(screen, std::int64_t{texts.UpperBound()} + index);
         IdexRow row(output);
         row.Put("          ").PutWhole(index).Put(",").PutPrinted(index).Put(", 1, 1,");
-        row.PutQuoted(texts[index].Characters().Trimmed()).Put(";");
+        row.PutQuoted(texts[index].CharacterBytes().Trimmed()).Put(";");
         End(translation, row, texts[index].InputLine);
     }
     output.PutLine("    END ITEMS");

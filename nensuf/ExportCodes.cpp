@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "nensuf/RecordLayout.h"
+#include "nensuf/ExportRecords.h"
 
 namespace korvande {
 
@@ -30,48 +30,56 @@ bool LacksCharacter(TextView field) {
 
 bool IsOneDigit(int number) { return number >= 0 && number <= 9; }
 
-// Which fields of a row the records of its objects have beside the code.
-struct WrittenFields {
-    bool description = false;
-    bool quality = false;
-};
+bool IsWritten(ObjectKind kind, TextView type) {
+    if (kind == ObjectKind::Point) return IsPointType(type);
+    return kind == ObjectKind::LineSegment ? IsLineType(type) : IsTextType(type);
+}
 
-ExportCodes PrepareCodes(const CodeTable& table, Variant variant, bool withUnknowns, bool (*isWritten)(TextView type),
-                         WrittenFields fields) {
-    ExportCodes codes;
-    codes.reserve(table.rows.size() + 1);
-    for (const CodeRow& row : table.rows) {
-        const TextView type = row.Type.TrimmedRight();
-        ExportCode& code = codes.emplace_back();
-        code.lkiCode = FieldBytes(row.LkiCode.View());
-        code.description = FieldBytes(row.Description.View());
-        if (row.P != 0 || row.I != 0 || row.B != 0) code.quality = FormatQuality(variant, row.P, row.I, row.B);
-        code.cutsQuality = fields.quality && !(IsOneDigit(row.P) && IsOneDigit(row.I) && IsOneDigit(row.B));
-        code.lacksCharacter =
-            LacksCharacter(row.LkiCode.View()) || (fields.description && LacksCharacter(row.Description.View()));
-        code.isWritten = isWritten(type);
-        code.isSymbol = IsSymbolType(type);
-        code.reason = type == types::dummy ? LeftOut::Dummy : LeftOut::OtherType;
-    }
-    if (codes.empty()) codes.emplace_back();
-    ExportCode& unknown = codes.front();
-    unknown.reason = LeftOut::UnknownCode;
-    if (!withUnknowns) unknown.isWritten = false;
-    return codes;
+const std::string& HeadTail(ObjectKind kind, const CodeRecordTails& tails) {
+    if (kind == ObjectKind::Point) return tails.point;
+    return kind == ObjectKind::LineSegment ? tails.line : tails.text;
+}
+
+// What a row gives, whether its objects are written or not. Texts have no quality, and points alone a description.
+ExportCode CodeOf(const CodeRow& row, ObjectKind kind, const RecordStyle& style) {
+    const TextView type = row.Type.TrimmedRight();
+    const bool isPoint = kind == ObjectKind::Point;
+    const bool hasQuality = kind != ObjectKind::TextObject;
+    ExportCode code;
+    code.lkiCode = FieldBytes(row.LkiCode.View());
+    if (row.P != 0 || row.I != 0 || row.B != 0) code.quality = FormatQuality(style.variant, row.P, row.I, row.B);
+    code.cutsQuality = hasQuality && !(IsOneDigit(row.P) && IsOneDigit(row.I) && IsOneDigit(row.B));
+    code.lacksCharacter = LacksCharacter(row.LkiCode.View()) || (isPoint && LacksCharacter(row.Description.View()));
+    code.isWritten = IsWritten(kind, type);
+    code.isSymbol = IsSymbolType(type);
+    code.reason = type == types::dummy ? LeftOut::Dummy : LeftOut::OtherType;
+    code.head = OneLine(style.variant, "03", "M" + code.lkiCode + HeadTail(kind, style.tails), goesOn);
+    code.arcHead = OneLine(style.variant, "03", "M" + code.lkiCode + style.tails.arc, goesOn);
+    code.description = OneLine(style.variant, "06", "A20T" + FieldBytes(row.Description.View()), closesGroup);
+    return code;
 }
 
 }  // namespace
 
-ExportCodes PreparePointCodes(const CodeTable& points, Variant variant, bool withUnknowns) {
-    return PrepareCodes(points, variant, withUnknowns, IsPointType, {.description = true, .quality = true});
-}
+ExportCodes::ExportCodes(const CodeTable& itsTable, ObjectKind itsKind, const RecordStyle& itsStyle,
+                         bool withUnknownObjects)
+    : table(itsTable),
+      kind(itsKind),
+      style(itsStyle),
+      withUnknowns(withUnknownObjects),
+      places(std::max<std::size_t>(1, table.rows.size()), 0) {}
 
-ExportCodes PrepareLineCodes(const CodeTable& lines, Variant variant, bool withUnknowns) {
-    return PrepareCodes(lines, variant, withUnknowns, IsLineType, {.quality = true});
-}
-
-ExportCodes PrepareTextCodes(const CodeTable& texts, Variant variant, bool withUnknowns) {
-    return PrepareCodes(texts, variant, withUnknowns, IsTextType, {});
+const ExportCode& ExportCodes::Make(std::int32_t row) {
+    const auto index = static_cast<std::size_t>(row);
+    ExportCode code;
+    if (!table.rows.empty()) code = CodeOf(table.rows[index], kind, style);
+    if (row == 0) {
+        code.reason = LeftOut::UnknownCode;
+        code.isWritten = code.isWritten && withUnknowns;
+    }
+    codes.push_back(code);
+    places[index] = static_cast<std::uint32_t>(codes.size());
+    return codes.back();
 }
 
 }  // namespace korvande

@@ -16,6 +16,11 @@ constexpr double mostMillimetres = 999'999'999;
 
 // How many coordinates of a place lose digits or their sign. Halves are rounded away from zero.
 std::int64_t CutCoordinates(const Options& options, const PointRec& place) {
+    // Nearly every coordinate is far from the limits.
+    constexpr double least = leastMillimetres / 1000;
+    constexpr double most = mostMillimetres / 1000;
+    const auto fits = [](double metres) { return metres > least && metres < most; };
+    if (fits(place.East) && fits(place.North) && fits(place.Elevation)) return 0;
     const auto cut = [](double metres) -> std::int64_t {
         const double millimetres = metres * 1000;
         return millimetres <= leastMillimetres - 0.5 || millimetres >= mostMillimetres + 0.5 ? 1 : 0;
@@ -53,7 +58,8 @@ void TellPointWritten(Translation& translation, const PointRec& point, const Exp
     TellRow(translation, ObjectKind::Point, point.InputLine, code);
 }
 
-void TellSegmentWritten(Translation& translation, const EdgeRec& edge, TextView lineType, const ExportCode& code) {
+void TellSegmentWritten(Translation& translation, const EdgeRec& edge, std::string_view lineType,
+                        const ExportCode& code) {
     const Drawing& drawing = translation.drawing;
     const Options& options = translation.options;
     constexpr ObjectKind kind = ObjectKind::LineSegment;
@@ -61,8 +67,8 @@ void TellSegmentWritten(Translation& translation, const EdgeRec& edge, TextView 
         CutCoordinates(options, drawing.Points[edge.StartPt]) + CutCoordinates(options, drawing.Points[edge.EndPt]);
     TellCutCoordinates(translation, kind, edge.InputLine, cut);
     TellRow(translation, kind, edge.InputLine, code);
-    if (lineType == u"STRAIGHT") return;
-    const bool isCurve = lineType == u"CURVE_3RD" || lineType == u"CURVE_4RD";
+    if (lineType == "STRAIGHT") return;
+    const bool isCurve = lineType == "CURVE_3RD" || lineType == "CURVE_4RD";
     Tell(translation, {.kind = isCurve ? ProblemKind::CurveAsStraight : ProblemKind::ArcByEdges,
                        .object = kind,
                        .line = edge.InputLine});
@@ -75,8 +81,7 @@ void TellTextWritten(Translation& translation, const TextRec& text, const PointR
     if (IsNearLimit(anchor)) cut += CutCoordinates(options, InsertionPlaceOf(text, anchor));
     TellCutCoordinates(translation, kind, text.InputLine, cut);
     if (code != nullptr) TellRow(translation, kind, text.InputLine, *code);
-    const auto& characters = text.Characters();
-    if (characters.Trimmed().size() > longestText) {
+    if (text.CharacterBytes().Trimmed().size() > longestText) {
         Tell(translation, {.kind = ProblemKind::TextCut, .words = Concat(longestText), .line = text.InputLine});
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "core/Text.h"
+#include <string_view>
+
 #include "nensuf/ExportRecords.h"
 
 // What an export tells of objects that were written, but not as they were read. Each of them is called once for an
@@ -15,7 +16,8 @@ struct TextRec;
 struct Translation;
 
 void TellPointWritten(Translation& translation, const PointRec& point, const ExportCode& code);
-void TellSegmentWritten(Translation& translation, const EdgeRec& edge, TextView lineType, const ExportCode& code);
+void TellSegmentWritten(Translation& translation, const EdgeRec& edge, std::string_view lineType,
+                        const ExportCode& code);
 
 // With the row's code, or none for a generated text.
 void TellTextWritten(Translation& translation, const TextRec& text, const PointRec& anchor, const ExportCode* code);

@@ -13,16 +13,6 @@ namespace korvande {
 
 namespace {
 
-// Closing flags: whether the object's group has more records.
-constexpr int goesOn = 0;
-constexpr int closesGroup = 1;
-
-// Writes a record and empties it for the next one.
-void Write(LineWriter& output, Variant variant, RecordText& record, int closingFlag, std::string_view tail = {}) {
-    WriteRecord(output, variant, record, tail, closingFlag);
-    record.Clear();
-}
-
 // The place one metre from a point in a direction (grads, clockwise from north).
 PointRec PlaceBeside(const PointRec& point, double direction) {
     const Position place = PolarPoint(point.East, point.North, GradsToRadians(direction), 1);
@@ -44,22 +34,31 @@ using TwoDigits = std::array<char, 2>;
 
 // A text's 03, 05 and 06 record, of which the last has this count before the characters.
 void WriteTextRecords(LineWriter& output, const RecordStyle& style, const PointRec& anchor, const TextRec& text,
-                      std::string_view lkiCode, TextView characters, const TwoDigits& count) {
-    RecordText record;
-    record.Put("03M", lkiCode, style.tails.text);
-    Write(output, style.variant, record, goesOn);
-    record.Put("05F111      ", FormatCoordinates(style.options, anchor).View(),
-               FormatCoordinates(style.options, InsertionPlaceOf(text, anchor)).View(),
-               style.variant == Variant::Nen1878 ? "K" : "Q", lkiCode);
-    Write(output, style.variant, record, goesOn);
-    record.Put("06A", std::string_view(count.data(), count.size()), "T", characters);
-    Write(output, style.variant, record, closesGroup);
+                      const PhysicalLine& head, std::string_view lkiCode, std::string_view characters,
+                      const TwoDigits& count) {
+    RecordText code;
+    code.Put(style.variant == Variant::Nen1878 ? "K" : "Q", lkiCode, "  ");
+    RecordText data;
+    data.Put("A", std::string_view(count.data(), count.size()), "T", characters);
+    RecordLines lines(output, style.variant);
+    lines.PutLine(head);
+    lines.Begin("05");
+    lines.PutFields("F111      ");
+    lines.PutFields(FormatCoordinates(style.options, anchor).View());
+    lines.PutFields(FormatCoordinates(style.options, InsertionPlaceOf(text, anchor)).View());
+    lines.PutFields(code.View());
+    lines.End(goesOn);
+    lines.PutLine(OneLine(style.variant, "06", data.View(), closesGroup));
+    lines.Finish();
 }
 
-TwoDigits CountOf(TextView characters) {
+TwoDigits CountOf(std::string_view characters) {
     const std::size_t length = characters.size();
     return {static_cast<char>('0' + length / 10), static_cast<char>('0' + length % 10)};
 }
+
+// What is written of a text.
+std::string_view WrittenOf(const TextRec& text) { return text.CharacterBytes().Trimmed().substr(0, longestText); }
 
 }  // namespace
 
@@ -90,48 +89,58 @@ RecordStyle PrepareRecordStyle(Translation& translation) {
 
 void WritePoint(LineWriter& output, const RecordStyle& style, const PointRec& point, const ExportCode& code) {
     const RecordText coordinates = FormatCoordinates(style.options, point);
-    RecordText record;
-    record.Put("03M", code.lkiCode, style.tails.point);
-    Write(output, style.variant, record, goesOn);
-    record.Put("04I1        ", coordinates.View());
-    Write(output, style.variant, record, goesOn, code.quality);
-    record.Put("05F112      ", coordinates.View());
-    Write(output, style.variant, record, goesOn);
+    RecordLines lines(output, style.variant);
+    lines.PutLine(code.head);
+    lines.Begin("04");
+    lines.PutFields("I1        ");
+    lines.PutFields(coordinates.View());
+    lines.PutFields(code.quality);
+    lines.End(goesOn);
+    lines.Begin("05");
+    lines.PutFields("F112      ");
+    lines.PutFields(coordinates.View());
+    lines.End(goesOn);
     if (code.isSymbol) {
-        record.Put("05F012", std::string_view(code.lkiCode).substr(4), "   ", coordinates.View(),
-                   FormatCoordinates(style.options, ReferencePlaceOf(style.options, point)).View());
-        Write(output, style.variant, record, goesOn);
+        RecordText placement;
+        placement.Put("F012", std::string_view(code.lkiCode).substr(4), "   ");
+        lines.Begin("05");
+        lines.PutFields(placement.View());
+        lines.PutFields(coordinates.View());
+        lines.PutFields(FormatCoordinates(style.options, ReferencePlaceOf(style.options, point)).View());
+        lines.End(goesOn);
     }
-    record.Put("06A20T", code.description);
-    Write(output, style.variant, record, closesGroup);
+    lines.PutLine(code.description);
+    lines.Finish();
 }
 
 void WriteSegment(LineWriter& output, const RecordStyle& style, const PointRec& start, const PointRec& end,
                   SegmentShape shape, const ExportCode& code) {
     const bool isArc = shape == SegmentShape::Arc;
-    RecordText record;
-    record.Put("03M", code.lkiCode, isArc ? style.tails.arc : style.tails.line);
-    Write(output, style.variant, record, goesOn);
-    record.Put("04I1        ", FormatCoordinates(style.options, start).View(), isArc ? "I4        " : "I2        ",
-               FormatCoordinates(style.options, end).View());
-    Write(output, style.variant, record, closesGroup, code.quality);
+    RecordLines lines(output, style.variant);
+    lines.PutLine(isArc ? code.arcHead : code.head);
+    lines.Begin("04");
+    lines.PutFields("I1        ");
+    lines.PutFields(FormatCoordinates(style.options, start).View());
+    lines.PutFields(isArc ? "I4        " : "I2        ");
+    lines.PutFields(FormatCoordinates(style.options, end).View());
+    lines.PutFields(code.quality);
+    lines.End(closesGroup);
+    lines.Finish();
 }
 
 void WriteText(LineWriter& output, const RecordStyle& style, const PointRec& anchor, const TextRec& text,
                const ExportCode& code) {
-    const auto& whole = text.Characters();
-    const TextView characters = whole.Trimmed().substr(0, longestText);
-    WriteTextRecords(output, style, anchor, text, code.lkiCode, characters, CountOf(characters));
+    const std::string_view characters = WrittenOf(text);
+    WriteTextRecords(output, style, anchor, text, code.head, code.lkiCode, characters, CountOf(characters));
 }
 
 void WriteGeneratedText(LineWriter& output, const RecordStyle& style, const PointRec& anchor, const Drawing& drawing,
                         const TextRec& text) {
     constexpr TwoDigits heightCount = {'0', '9'};  // whatever the length of the height
-    const auto& whole = text.Characters();
-    const TextView characters = whole.Trimmed().substr(0, longestText);
-    RecordText lkiCode;
-    lkiCode.Put(drawing.Code(text).View().substr(1), " ");
-    WriteTextRecords(output, style, anchor, text, lkiCode.View(), characters,
+    const std::string_view characters = WrittenOf(text);
+    const std::string lkiCode = std::string(drawing.CodeBytes(text).View().substr(1)).append(" ");
+    WriteTextRecords(output, style, anchor, text,
+                     OneLine(style.variant, "03", "M" + lkiCode + style.tails.text, goesOn), lkiCode, characters,
                      text.AnchorPosition == heightAnchor ? heightCount : CountOf(characters));
 }
 

@@ -12,28 +12,29 @@ namespace korvande {
 
 namespace {
 
-constexpr TextView straight = u"STRAIGHT";
-constexpr TextView arcByCentre = u"ARC_CENT";
+constexpr std::string_view straight = "STRAIGHT";
+constexpr std::string_view arcByCentre = "ARC_CENT";
 constexpr std::int32_t anticlockwiseFlag = 16;
 
-std::int32_t AppendLineString(Drawing& drawing, const LineCodeRow& row, std::int64_t inputLine) {
+// The line string of the group being imported, with its row in the table of lines.
+std::int32_t AppendLineString(ImportRun& run, std::int32_t row) {
+    Drawing& drawing = run.translation.drawing;
     LineRec& line = drawing.Lines.Append();
-    line.InputLine = static_cast<std::int32_t>(inputLine);
-    drawing.SetCode(line, row.LiscadCode.View());
-    drawing.SetDescription(line, row.Description.View());
+    line.InputLine = static_cast<std::int32_t>(run.group.line);
+    run.lineKinds.Mark(line, row);
     return drawing.Lines.UpperBound();
 }
 
 // A point of a line string: the line's code and description, no number and no height yet.
-PointRec VertexOf(Drawing& drawing, const LineCodeRow& row) {
+PointRec VertexOf(ImportRun& run, std::int32_t row) {
     PointRec point{};
-    point.SetPointID(TextView());
-    drawing.SetCode(point, row.LiscadCode.View());
-    drawing.SetDescription(point, row.Description.View());
+    point.SetPointID(std::string_view());
+    run.vertexKinds.Mark(point, row);
     return point;
 }
 
-void AppendEdge(Drawing& drawing, std::int32_t lineNo, std::int32_t start, std::int32_t end, TextView lineType) {
+void AppendEdge(Drawing& drawing, std::int32_t lineNo, std::int32_t start, std::int32_t end,
+                std::string_view lineType) {
     EdgeRec& edge = drawing.Edges.Append();
     edge.InputLine = drawing.Points[end].InputLine;
     edge.LineNo = lineNo;
@@ -44,17 +45,17 @@ void AppendEdge(Drawing& drawing, std::int32_t lineNo, std::int32_t start, std::
 
 PointRec& LastPoint(Drawing& drawing) { return drawing.Points[drawing.Points.UpperBound()]; }
 
-// Looks the group's code up; null when it is unknown and unknown objects are not imported.
-const LineCodeRow* RowOf(ImportRun& run) {
+// Looks the group's code up: its row, or nothing when it is unknown and unknown objects are not imported.
+std::optional<std::int32_t> RowOf(ImportRun& run) {
     CodeTable& lines = run.translation.codes.lines;
     const std::int32_t row = LookupLineCode(lines, run.unknowns, KeyOf(run.group.ObjectCode));
-    if (row == 0 && (!run.withUnknowns || lines.rows.empty())) return nullptr;
-    return &lines.rows[static_cast<std::size_t>(row)];
+    if (row == 0 && (!run.withUnknowns || lines.rows.empty())) return {};
+    return row;
 }
 
-void ReadLineFields(ImportRun& run, const LineCodeRow& row, std::int32_t lineNo, std::int32_t firstPoint) {
+void ReadLineFields(ImportRun& run, std::int32_t row, std::int32_t lineNo, std::int32_t firstPoint) {
     Drawing& drawing = run.translation.drawing;
-    PointRec vertex = VertexOf(drawing, row);
+    PointRec vertex = VertexOf(run, row);
     CoordinateWatch watch;
     std::string_view number;  // of an N field that stands directly before an X field
     for (const GroupField& field : run.records.GroupFields()) {
@@ -93,11 +94,11 @@ void ReadLineFields(ImportRun& run, const LineCodeRow& row, std::int32_t lineNo,
 // The arcs of one group, each sharing its end point with the start of the next.
 class ArcChain {
  public:
-    ArcChain(ImportRun& importRun, const LineCodeRow& codeRow)
+    ArcChain(ImportRun& importRun, std::int32_t row)
         : run(importRun),
           drawing(importRun.translation.drawing),
-          vertex(VertexOf(drawing, codeRow)),
-          lineNo(AppendLineString(drawing, codeRow, importRun.group.line)),
+          vertex(VertexOf(importRun, row)),
+          lineNo(AppendLineString(importRun, row)),
           arcEnd(drawing.Points.UpperBound() + 3) {}
 
     // The result is the last arc's; the ones before it are accounted for.
@@ -158,13 +159,13 @@ class ArcChain {
         }
         const ArcCentre arc = ArcCentreFrom3Points({start.East, start.North}, {middle.East, middle.North},
                                                    {end.East, end.North}, run.translation.crossingsFound);
-        const TextView lineType = arc.direction == 0 ? straight : arcByCentre;
+        const std::string_view lineType = arc.direction == 0 ? straight : arcByCentre;
         AppendEdge(drawing, lineNo, arcEnd - 2, arcEnd - 1, lineType);
         AppendEdge(drawing, lineNo, arcEnd - 1, arcEnd, lineType);
         if (arc.direction == 0) return {};
         middle.East = arc.centre.east;
         middle.North = arc.centre.north;
-        middle.SetPointID(TextView());
+        middle.SetPointID(std::string_view());
         if (arc.direction < 0) drawing.Lines[lineNo].Flags1 = anticlockwiseFlag;
         return {};
     }
@@ -190,11 +191,11 @@ std::optional<LeftOut> ImportLineGroup(ImportRun& run) {
     const std::int32_t linesBefore = drawing.Lines.UpperBound();
     const std::int32_t edgesBefore = drawing.Edges.UpperBound();
     if (!ReadGeometryGroup(run, u"Lijn,")) return LeftOut::MissingRecord;
-    const LineCodeRow* const row = RowOf(run);
-    if (row == nullptr) return LeftOut::UnknownCode;
+    const std::optional<std::int32_t> row = RowOf(run);
+    if (!row) return LeftOut::UnknownCode;
 
     const std::int32_t firstPoint = pointsBefore + 1;
-    ReadLineFields(run, *row, AppendLineString(drawing, *row, run.group.line), firstPoint);
+    ReadLineFields(run, *row, AppendLineString(run, *row), firstPoint);
 
     // Only the first point decides: a line that starts inside is kept whole, one that starts outside goes whole.
     const std::int32_t lastPoint = drawing.Points.UpperBound();
@@ -212,8 +213,8 @@ std::optional<LeftOut> ImportLineGroup(ImportRun& run) {
 
 std::optional<LeftOut> ImportArcGroup(ImportRun& run) {
     if (!ReadGeometryGroup(run, u"Boog;")) return LeftOut::MissingRecord;
-    const LineCodeRow* const row = RowOf(run);
-    if (row == nullptr) return LeftOut::UnknownCode;
+    const std::optional<std::int32_t> row = RowOf(run);
+    if (!row) return LeftOut::UnknownCode;
     return ArcChain(run, *row).Read();
 }
 

@@ -113,15 +113,12 @@ std::optional<LeftOut> ReasonToLeave(const ImportRun& run, const CodeTable& tabl
     return {};
 }
 
-const CodeRow& RowAt(const CodeTable& table, std::int32_t row) { return table.rows[static_cast<std::size_t>(row)]; }
-
 // Adds the first point of a point or symbol group, with the code and description of its row. Direction in grads.
-void AddObject(Drawing& drawing, GroupPoints& points, double direction, const PointCodeRow& row) {
+void AddObject(ImportRun& run, GroupPoints& points, double direction, std::int32_t row) {
     PointRec& point = points.First();
     point.SymDir = direction;
-    drawing.SetCode(point, row.LiscadCode.View());
-    drawing.SetDescription(point, row.Description.View());
-    AddImportedPoint(drawing, point);
+    run.pointKinds.Mark(point, row);
+    AddImportedPoint(run.translation.drawing, point);
 }
 
 // The coordinates of a placement group: those of a 04 group behind it, else its own.
@@ -176,7 +173,7 @@ void TellTextCut(ImportRun& run, std::string_view record) {
 
 // A text's points go without a code of their own; two that are apart are joined by a line string of the text's code.
 // Returns the index of the first.
-std::int32_t AddTextPoints(ImportRun& run, const GroupPoints& points, bool joined, const TextCodeRow& row) {
+std::int32_t AddTextPoints(ImportRun& run, const GroupPoints& points, bool joined, std::int32_t row) {
     Drawing& drawing = run.translation.drawing;
     const auto inputLine = static_cast<std::int32_t>(run.group.line);
     const std::int32_t first = drawing.Points.UpperBound() + 1;
@@ -184,14 +181,13 @@ std::int32_t AddTextPoints(ImportRun& run, const GroupPoints& points, bool joine
     if (!joined) return first;
     LineRec& line = drawing.Lines.Append();
     line.InputLine = inputLine;
-    drawing.SetCode(line, row.LiscadCode.View());
-    drawing.SetDescription(line, row.Description.View());
+    run.textLineKinds.Mark(line, row);
     EdgeRec& edge = drawing.Edges.Append();
     edge.InputLine = inputLine;
     edge.LineNo = drawing.Lines.UpperBound();
     edge.StartPt = first;
     edge.EndPt = first + 1;
-    drawing.SetLineType(edge, TextView(u"STRAIGHT"));
+    drawing.SetLineType(edge, std::string_view("STRAIGHT"));
     return first;
 }
 
@@ -203,7 +199,7 @@ std::optional<LeftOut> ImportPointGroup(ImportRun& run) {
     const std::int32_t row = LookupPointCode(codes, run.unknowns, KeyOf(run.group.ObjectCode));
     GroupPoints points(run);
     if (const auto reason = ReasonToLeave(run, codes, row, points, pointsOfSymbol)) return reason;
-    AddObject(run.translation.drawing, points, points.Direction().value_or(0), RowAt(codes, row));
+    AddObject(run, points, points.Direction().value_or(0), row);
     return {};
 }
 
@@ -216,7 +212,7 @@ std::optional<LeftOut> ImportSymbolGroup(ImportRun& run) {
     // With this option P1-P2 points to the symbol's north, which is what its direction is counted from.
     const bool pointsNorth = run.translation.options.chkImportSymRotation;
     if (direction && pointsNorth) direction = NormalizeGrads(*direction - 100);
-    AddObject(run.translation.drawing, points, direction.value_or(0), RowAt(codes, row));
+    AddObject(run, points, direction.value_or(0), row);
     return {};
 }
 
@@ -231,14 +227,13 @@ std::optional<LeftOut> ImportTextGroup(ImportRun& run) {
     const std::string_view record = run.records.ReadRecordGroup(2);
     const GroupObjects& group = run.group;
     CodeTable& codes = translation.codes.texts;
-    const std::int32_t rowNo = LookupTextCode(codes, run.unknowns, KeyOf(group.ObjectCode));
-    if (const auto reason = ReasonToLeave(run, codes, rowNo, points, pointsOfText)) return reason;
-    const TextCodeRow& row = RowAt(codes, rowNo);
+    const std::int32_t row = LookupTextCode(codes, run.unknowns, KeyOf(group.ObjectCode));
+    if (const auto reason = ReasonToLeave(run, codes, row, points, pointsOfText)) return reason;
     const std::optional<double> direction = points.Direction();
     Drawing& drawing = translation.drawing;
     const std::int32_t anchor = AddTextPoints(run, points, direction.has_value(), row);
     TextRec& text = drawing.Texts.Append();
-    drawing.SetCode(text, row.LiscadCode.View());
+    drawing.SetCode(text, codes.rows[static_cast<std::size_t>(row)].LiscadCode.View());
     text.AnchorPointNo = anchor;
     text.AnchorPosition = static_cast<std::int16_t>(TransposeAnchorPosition(group.placement.substr(0, 1)) - '0');
     text.HzDirection = static_cast<float>(direction.value_or(0));

@@ -29,7 +29,11 @@ ImportRun::ImportRun(Translation& itsTranslation, LineReader& file)
       records(itsTranslation, file),
       NenMode(itsTranslation.mode.variant),
       selection(SelectionOf(itsTranslation.options)),
-      withUnknowns(itsTranslation.options.chkImportUnknowns) {}
+      withUnknowns(itsTranslation.options.chkImportUnknowns),
+      pointKinds(itsTranslation.drawing, itsTranslation.codes.points),
+      vertexKinds(itsTranslation.drawing, itsTranslation.codes.lines),
+      lineKinds(itsTranslation.drawing, itsTranslation.codes.lines),
+      textLineKinds(itsTranslation.drawing, itsTranslation.codes.texts) {}
 
 namespace {
 
@@ -151,9 +155,11 @@ std::int32_t AddImportedPoint(Drawing& drawing, const PointRec& point) {
     const std::int32_t index = drawing.Points.UpperBound();
     added.PointNo = index;
     drawing.PointIndex.Set(index, index);
-    if (drawing.Code(added).NeverFilled()) {
-        drawing.SetCode(added, TextView(u"100"));
-        drawing.SetDescription(added, TextView(u"Onbekend Object"));
+    if (drawing.CodeBytes(added).NeverFilled()) {
+        PointKind unknown{};
+        unknown.code.Assign(std::string_view("100"));
+        unknown.description.Assign(std::string_view("Onbekend Object"));
+        Drawing::SetKind(added, drawing.PointKinds.NumberOf(unknown));
     }
     return index;
 }

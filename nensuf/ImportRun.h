@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/modKORVANDE.h"
 #include "nensuf/RecordReader.h"
@@ -67,6 +68,31 @@ struct GroupObjects {
     std::int64_t secondCodeLine = 0;  // where it has another code of the same field; 0: it has one at most
 };
 
+// The codes and descriptions of a table's rows as points or line strings have them: each comes into the drawing with
+// the first object of its row, and is only a number for the others.
+template <class Record>
+class RowKinds {
+ public:
+    RowKinds(Drawing& itsDrawing, const CodeTable& itsTable)
+        : drawing(itsDrawing), table(itsTable), kinds(table.rows.size(), 0) {}
+
+    void Mark(Record& record, std::int32_t row) {
+        KeptNumber& kind = kinds[static_cast<std::size_t>(row)];
+        if (kind == 0) {
+            const CodeRow& codeRow = table.rows[static_cast<std::size_t>(row)];
+            drawing.SetCode(record, codeRow.LiscadCode.View());
+            drawing.SetDescription(record, codeRow.Description.View());
+            kind = Drawing::KindOf(record);
+        }
+        Drawing::SetKind(record, kind);
+    }
+
+ private:
+    Drawing& drawing;
+    const CodeTable& table;
+    std::vector<KeptNumber> kinds;  // 0: not in the drawing yet
+};
+
 // What the group readers of one import share.
 struct ImportRun {
     ImportRun(Translation& itsTranslation, LineReader& file);
@@ -84,6 +110,11 @@ struct ImportRun {
     CoordinateFrame frame;
     SelectionRectangle selection;
     bool withUnknowns;  // chkImportUnknowns
+
+    RowKinds<PointRec> pointKinds;
+    RowKinds<PointRec> vertexKinds;  // points of line strings, from the table of lines
+    RowKinds<LineRec> lineKinds;
+    RowKinds<LineRec> textLineKinds;  // line strings below texts, from the table of texts
 };
 
 // The objects of the group read last, of type 03 or 05.

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "core/Hash.h"
@@ -18,16 +19,17 @@ namespace {
 // to meet.
 class NumbersMet {
  public:
-    explicit NumbersMet(const PagedArray<PointRec>& itsPoints)
-        : points(itsPoints), slots(std::bit_ceil(static_cast<std::size_t>(points.UpperBound()) * 2 + 2), 0) {}
+    explicit NumbersMet(const PagedArray<PointRec>& itsPoints) : points(itsPoints) {}
 
     // False when an earlier point has the same number.
     bool Add(std::int32_t index) {
-        const auto& number = points[index].PointID();
+        // Most drawings that come this way have no numbers at all.
+        if (slots.empty()) slots.assign(std::bit_ceil(static_cast<std::size_t>(points.UpperBound()) * 2 + 2), 0);
+        const auto& number = points[index].PointIDBytes();
         const std::size_t mask = slots.size() - 1;
-        std::size_t slot = HashOfBytes(seed, number.characters.data(), sizeof(number.characters)) & mask;
+        std::size_t slot = HashOfBytes(seed, number.bytes.data(), number.bytes.size()) & mask;
         for (; slots[slot] != 0; slot = (slot + 1) & mask) {
-            if (points[slots[slot]].PointID().View() == number.View()) return false;
+            if (points[slots[slot]].PointIDBytes() == number) return false;
         }
         slots[slot] = index;
         return true;
@@ -42,7 +44,7 @@ class NumbersMet {
 }  // namespace
 
 void CleanUpPointNumbers(Translation& translation) {
-    constexpr TextView noNumber = u"         ";
+    constexpr std::string_view noNumber = "         ";
     Screen& screen = translation.screen;
     auto& points = translation.drawing.Points;
     screen.ShowStatus(u"Opschonen Puntnummers");
@@ -51,7 +53,7 @@ void CleanUpPointNumbers(Translation& translation) {
     for (std::int32_t index = 1; index <= points.UpperBound(); ++index) {
         StepProgress(screen, index);
         PointRec& point = points[index];
-        if (!(point.PointID().View() > noNumber) || met.Add(index)) continue;
+        if (!(point.PointIDBytes().View() > noNumber) || met.Add(index)) continue;
         point.SetPointID(TextView());
         Tell(translation, {.kind = ProblemKind::NumberBlanked, .line = point.InputLine});
     }

@@ -1,7 +1,6 @@
 #include "nensuf/RecordLayout.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdlib>
 #include <cstring>
 
@@ -29,9 +28,13 @@ constexpr std::size_t longestInOneLine = 65;
 
 char LastDigit(int number) noexcept { return static_cast<char>('0' + std::abs(number % 10)); }
 
+// The last digit of the end code of a record's last line.
+char EndDigit(Variant variant, int closingFlag) noexcept {
+    return variant == Variant::Nen1878 ? LastDigit(closingFlag) : '1';
+}
+
 // One physical line: record type, data padded or cut to its columns, and the end code "0" with this digit.
-void WritePhysicalLine(LineWriter& output, std::string_view type, std::string_view data, char endDigit) {
-    char* const line = output.Reserve(lineWidth + 2);
+void FillLine(char* line, std::string_view type, std::string_view data, char endDigit) noexcept {
     const std::size_t length = std::min(data.size(), dataWidth);
     std::memcpy(line, type.data(), typeWidth);
     std::memcpy(line + typeWidth, data.data(), length);
@@ -40,6 +43,10 @@ void WritePhysicalLine(LineWriter& output, std::string_view type, std::string_vi
     line[63] = endDigit;
     line[64] = '\r';
     line[65] = '\n';
+}
+
+void WritePhysicalLine(LineWriter& output, std::string_view type, std::string_view data, char endDigit) {
+    FillLine(output.Reserve(lineWidth + 2), type, data, endDigit);
     output.Advance(lineWidth + 2);
 }
 
@@ -62,13 +69,58 @@ void RecordText::PutMillimetres(char letter, double metres) {
     char* const field = Room(1 + lengthWidth);
     *field = letter;
     std::int64_t whole = 0;
-    if (ScaledDecimal(millimetres, 0, whole)) {
-        std::array<char, 24> digits{};
-        const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), whole).ptr;
-        AlignRight(field + 1, {digits.data(), end});
+    if (NearestWhole(millimetres, whole) || ScaledDecimal(millimetres, 0, whole)) {
+        WriteInNineColumns(field + 1, whole);
     } else {
         AlignRight(field + 1, FormatPicture(millimetres, "########0"));
     }
+}
+
+PhysicalLine OneLine(Variant variant, std::string_view type, std::string_view data, int closingFlag) noexcept {
+    PhysicalLine line{};
+    FillLine(line.data(), type, data, EndDigit(variant, closingFlag));
+    return line;
+}
+
+RecordLines::RecordLines(LineWriter& lineWriter, Variant itsVariant)
+    : output(lineWriter), variant(itsVariant), begin(output.Reserve(most * (lineWidth + 2))), at(begin), line(begin) {}
+
+void RecordLines::Begin(std::string_view itsType) noexcept {
+    itsType.copy(type.data(), type.size());
+    BeginLine();
+}
+
+void RecordLines::PutFields(std::string_view fields) noexcept {
+    constexpr std::size_t fieldWidth = 10;
+    for (std::size_t place = 0; place < fields.size(); place += fieldWidth) {
+        if (at == line + typeWidth + dataWidth) {
+            EndLine('0');
+            BeginLine();
+        }
+        std::memcpy(at, fields.data() + place, fieldWidth);
+        at += fieldWidth;
+    }
+}
+
+void RecordLines::End(int closingFlag) noexcept {
+    std::memset(at, ' ', static_cast<std::size_t>(line + typeWidth + dataWidth - at));
+    EndLine(EndDigit(variant, closingFlag));
+}
+
+void RecordLines::Finish() noexcept { output.Advance(static_cast<std::size_t>(at - begin)); }
+
+void RecordLines::BeginLine() noexcept {
+    line = at;
+    std::memcpy(line, type.data(), typeWidth);
+    at = line + typeWidth;
+}
+
+void RecordLines::EndLine(char endDigit) noexcept {
+    line[62] = '0';
+    line[63] = endDigit;
+    line[64] = '\r';
+    line[65] = '\n';
+    at = line + lineWidth + 2;
 }
 
 void WriteRecord(LineWriter& output, Variant variant, RecordText& record, std::string_view tail, int closingFlag) {
@@ -82,14 +134,14 @@ void WriteRecord(LineWriter& output, Variant variant, RecordText& record, std::s
         WritePhysicalLine(output, type, data, '0');
         data.remove_prefix(dataWidth);
     }
-    WritePhysicalLine(output, type, data, variant == Variant::Nen1878 ? LastDigit(closingFlag) : '1');
+    WritePhysicalLine(output, type, data, EndDigit(variant, closingFlag));
 }
 
 void WriteClosingRecord(LineWriter& output) { output.PutLine(PadRight("99", lineWidth)); }
 
 RecordText FormatCoordinates(const Options& options, const PointRec& point) {
     RecordText fields;
-    const auto& name = point.PointID();
+    const auto& name = point.PointIDBytes();
     if (options.chkExportPointnoAsField && !name.IsBlank()) fields.Put("N", name.View());
     fields.PutMillimetres('X', point.East);
     fields.PutMillimetres('Y', point.North);

@@ -3,9 +3,11 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
+#include "core/Digits.h"
 #include "core/RuntimeError.h"
 #include "core/Text.h"
 #include "translation/Mode.h"
@@ -26,6 +28,8 @@ struct PointRec;
 class RecordText {
  public:
     static constexpr std::size_t capacity = 160;
+
+    RecordText() noexcept {}  // NOLINT(cppcoreguidelines-pro-type-member-init): the bytes, see there
 
     std::string_view View() const noexcept { return {bytes.data(), size}; }
     bool IsEmpty() const noexcept { return size == 0; }
@@ -52,8 +56,53 @@ class RecordText {
         return place;
     }
 
-    std::array<char, capacity> bytes{};
+    // Not filled before it is written: one is made for every point.
+    std::array<char, capacity + roomBehindDigits> bytes;
     std::size_t size = 0;
+};
+
+// Closing flags: whether the object's group has more records.
+inline constexpr int goesOn = 0;
+inline constexpr int closesGroup = 1;
+
+// A physical line as it stands in a file, with its line end.
+using PhysicalLine = std::array<char, 66>;
+
+// A record that one line holds: its type, and its data padded or cut to their columns.
+PhysicalLine OneLine(Variant variant, std::string_view type, std::string_view data, int closingFlag) noexcept;
+
+// The records of one object, put together line by line in place in the output's buffer. Records made of fields have ten
+// columns a field, six fields a line; what stands behind the last of them is blank.
+class RecordLines {
+ public:
+    static constexpr std::size_t most = 8;  // lines of an object; a segment with all its fields has 3, a symbol 6
+
+    RecordLines(LineWriter& lineWriter, Variant itsVariant);
+
+    // A line that was made before.
+    void PutLine(const PhysicalLine& made) noexcept {
+        std::memcpy(at, made.data(), made.size());
+        at += made.size();
+    }
+
+    // A record of this type (two characters) begins, gets fields of ten columns each, and ends.
+    void Begin(std::string_view itsType) noexcept;
+    void PutFields(std::string_view fields) noexcept;
+    void End(int closingFlag) noexcept;
+
+    // The output takes what was put together.
+    void Finish() noexcept;
+
+ private:
+    void BeginLine() noexcept;
+    void EndLine(char endDigit) noexcept;
+
+    LineWriter& output;
+    Variant variant;
+    char* begin;
+    char* at;    // of the record that goes on: where its next field comes
+    char* line;  // where its last line begins
+    std::array<char, 2> type{};
 };
 
 // Writes the record with the tail behind it, in as many lines as it takes; of the closing flag only the last decimal

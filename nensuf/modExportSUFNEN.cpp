@@ -2,6 +2,8 @@
 
 #include <array>
 #include <optional>
+#include <string_view>
+#include <vector>
 
 #include "nensuf/ExportCodes.h"
 #include "nensuf/ExportHeader.h"
@@ -17,29 +19,74 @@ namespace korvande {
 
 namespace {
 
+// The codes of one kind of object, by the numbers that the drawing keeps them under: each is looked up in its table
+// once, and counted for every object.
+class CodesOfObjects {
+ public:
+    CodesOfObjects(CodeTable& itsTable, UnknownCodeTally* tally, std::size_t keptCodes, ExportCodes& itsCodes)
+        : table(itsTable), unknowns(tally), codes(itsCodes), rows(keptCodes, notLookedUp) {}
+
+    const ExportCode& Look(KeptNumber number, const FixedBytes<7>& code) {
+        std::int32_t& row = rows[number];
+        if (row == notLookedUp) row = FindLiscadCode(table, code.Wide());
+        if (row == 0) {
+            CountLookup(table, unknowns, code.Wide(), row);
+        } else {
+            CountUse(table, row);
+        }
+        return codes[row];
+    }
+
+ private:
+    static constexpr std::int32_t notLookedUp = -1;
+
+    CodeTable& table;
+    UnknownCodeTally* unknowns;  // null: none are tallied
+    ExportCodes& codes;
+    std::vector<std::int32_t> rows;
+};
+
+// How segments are written, by the numbers of their line types: nothing for a type that is not written.
+using SegmentShapes = std::vector<std::optional<SegmentShape>>;
+
+std::optional<SegmentShape> ShapeOf(std::string_view lineType) {
+    if (lineType == "STRAIGHT" || lineType == "CURVE_3RD" || lineType == "CURVE_4RD") return SegmentShape::Straight;
+    if (lineType == "ARC_CENT" || lineType == "CIRCLE_CENT") return SegmentShape::Arc;
+    return {};
+}
+
+SegmentShapes ShapesOf(const Drawing& drawing) {
+    SegmentShapes shapes;
+    for (KeptNumber number = 0; number < drawing.LineTypes.Count(); ++number) {
+        shapes.push_back(ShapeOf(drawing.LineTypes[number].TrimmedRight()));
+    }
+    return shapes;
+}
+
 // What the steps of one export share.
 struct ExportRun {
     explicit ExportRun(Translation& itsTranslation)
-        : translation(itsTranslation), unknowns(TallyOf(itsTranslation)), style(PrepareRecordStyle(itsTranslation)) {}
+        : translation(itsTranslation),
+          unknowns(TallyOf(itsTranslation)),
+          style(PrepareRecordStyle(itsTranslation)),
+          shapes(ShapesOf(itsTranslation.drawing)) {}
 
     Translation& translation;
     UnknownCodeTally* unknowns;  // null: none are tallied
     RecordStyle style;
+    SegmentShapes shapes;
 };
 
 // Exporting an object answers with the reason why it was left out, or with nothing when it was written.
 using WhyLeftOut = std::optional<LeftOut>;
 
-const ExportCode& CodeAt(const ExportCodes& codes, std::int32_t row) { return codes[static_cast<std::size_t>(row)]; }
-
 // Points
 
-WhyLeftOut ExportPoint(ExportRun& run, std::int32_t index, const ExportCodes& codes) {
+WhyLeftOut ExportPoint(ExportRun& run, std::int32_t index, CodesOfObjects& codes) {
     Translation& translation = run.translation;
     const Drawing& drawing = translation.drawing;
     const PointRec& point = drawing.Points[index];
-    const ExportCode& code =
-        CodeAt(codes, LookupPointByLiscadCode(translation.codes.points, run.unknowns, drawing.Code(point)));
+    const ExportCode& code = codes.Look(Drawing::KindOf(point), drawing.CodeBytes(point));
     if (!code.isWritten) return code.reason;
     WritePoint(translation.output, run.style, point, code);
     TellPointWritten(translation, point, code);
@@ -48,20 +95,13 @@ WhyLeftOut ExportPoint(ExportRun& run, std::int32_t index, const ExportCodes& co
 
 // Lines
 
-// Nothing for a line type that is not written.
-std::optional<SegmentShape> ShapeOf(TextView lineType) {
-    if (lineType == u"STRAIGHT" || lineType == u"CURVE_3RD" || lineType == u"CURVE_4RD") return SegmentShape::Straight;
-    if (lineType == u"ARC_CENT" || lineType == u"CIRCLE_CENT") return SegmentShape::Arc;
-    return {};
-}
-
 // An object that refers to what was never read is a problem.
 LeftOut ReportNoReference(Translation& translation, ProblemKind kind, TextView object, std::int32_t index) {
     Report(translation, {.kind = kind, .words = Text(object), .number = index});
     return LeftOut::NoReference;
 }
 
-WhyLeftOut ExportSegment(ExportRun& run, std::int32_t index, const ExportCodes& codes) {
+WhyLeftOut ExportSegment(ExportRun& run, std::int32_t index, CodesOfObjects& codes) {
     Translation& translation = run.translation;
     const Drawing& drawing = translation.drawing;
     const EdgeRec& edge = drawing.Edges[index];
@@ -72,33 +112,31 @@ WhyLeftOut ExportSegment(ExportRun& run, std::int32_t index, const ExportCodes& 
     if (edge.LineNo < 1 || edge.LineNo > drawing.Lines.UpperBound()) {
         return ReportNoReference(translation, ProblemKind::UnknownLine, u"Lijnsegment", index);
     }
-    const ExportCode& code = CodeAt(
-        codes, LookupLineByLiscadCode(translation.codes.lines, run.unknowns, drawing.Code(drawing.Lines[edge.LineNo])));
+    const LineRec& line = drawing.Lines[edge.LineNo];
+    const ExportCode& code = codes.Look(Drawing::KindOf(line), drawing.CodeBytes(line));
     if (!code.isWritten) return code.reason;
-    const TextView lineType = drawing.LineType(edge).TrimmedRight();
-    const auto shape = ShapeOf(lineType);
+    const auto shape = run.shapes[Drawing::LineTypeNumber(edge)];
     if (!shape) return LeftOut::LineType;
     WriteSegment(translation.output, run.style, drawing.Points[edge.StartPt], drawing.Points[edge.EndPt], *shape, code);
-    TellSegmentWritten(translation, edge, lineType, code);
+    TellSegmentWritten(translation, edge, drawing.LineTypeBytes(edge).TrimmedRight(), code);
     return {};
 }
 
 // Texts
 
-WhyLeftOut ExportText(ExportRun& run, std::int32_t index, const ExportCodes& codes) {
+WhyLeftOut ExportText(ExportRun& run, std::int32_t index, CodesOfObjects& codes) {
     Translation& translation = run.translation;
     const Drawing& drawing = translation.drawing;
     const TextRec& text = drawing.Texts[index];
-    if (text.Characters().IsBlank()) return LeftOut::EmptyText;
+    if (text.CharacterBytes().IsBlank()) return LeftOut::EmptyText;
     const std::int32_t anchor = drawing.PointIndex.Find(text.AnchorPointNo);
     if (anchor == 0) return ReportNoReference(translation, ProblemKind::UnknownPoint, u"Tekst", index);
-    if (drawing.Code(text).View().front() == lkiCodeMark) {
+    if (drawing.CodeBytes(text).View().front() == lkiCodeMark) {
         WriteGeneratedText(translation.output, run.style, drawing.Points[anchor], drawing, text);
         TellTextWritten(translation, text, drawing.Points[anchor], nullptr);
         return {};
     }
-    const ExportCode& code =
-        CodeAt(codes, LookupTextByLiscadCode(translation.codes.texts, run.unknowns, drawing.Code(text)));
+    const ExportCode& code = codes.Look(Drawing::CodeNumber(text), drawing.CodeBytes(text));
     if (!code.isWritten) return code.reason;
     WriteText(translation.output, run.style, drawing.Points[anchor], text, code);
     TellTextWritten(translation, text, drawing.Points[anchor], &code);
@@ -143,7 +181,7 @@ void LeaveOutOfExport(Translation& translation, ObjectKind kind, std::int32_t in
         case ObjectKind::LineSegment: {
             const EdgeRec& edge = drawing.Edges[index];
             if (reason != LeftOut::LineType) return LeaveOut(translation, kind, reason, edge.InputLine);
-            const TextView lineType = Trim(drawing.LineType(edge).View());
+            const Text lineType = FromWindows1252(drawing.LineTypeBytes(edge).Trimmed());
             return LeaveOut(translation, kind, reason, edge.InputLine, lineType.empty() ? u"(leeg)" : lineType);
         }
         default:
@@ -151,10 +189,12 @@ void LeaveOutOfExport(Translation& translation, ObjectKind kind, std::int32_t in
     }
 }
 
-using ExportObject = WhyLeftOut(ExportRun& run, std::int32_t index, const ExportCodes& codes);
+using ExportObject = WhyLeftOut(ExportRun& run, std::int32_t index, CodesOfObjects& codes);
 
 // One step: exports all objects of a kind and accounts for each.
-void ExportEach(ExportRun& run, ObjectKind kind, ExportObject exportObject, const ExportCodes& codes) {
+void ExportEach(ExportRun& run, ObjectKind kind, ExportObject exportObject, CodeTable& table, std::size_t keptCodes) {
+    ExportCodes rowCodes(table, kind, run.style, run.translation.options.chkExportUnknowns);
+    CodesOfObjects codes(table, run.unknowns, keptCodes, rowCodes);
     Screen& screen = run.translation.screen;
     const std::int32_t count = CountOf(run.translation.drawing, kind);
     BeginProgress(screen, count);
@@ -184,17 +224,16 @@ bool OpenExportFile(Translation& translation) {
 
 void WriteExportFile(Translation& translation) {
     ExportRun run(translation);
-    const CodeTables& codes = translation.codes;
-    const Variant variant = translation.mode.variant;
-    const bool withUnknowns = translation.options.chkExportUnknowns;
+    CodeTables& codes = translation.codes;
+    const Drawing& drawing = translation.drawing;
     Screen& screen = translation.screen;
-    WriteExportHeader(translation.output, variant, translation.owner);
+    WriteExportHeader(translation.output, translation.mode.variant, translation.owner);
     screen.ShowStatus(u"Schrijven Exportbestand: Symbolen");
-    ExportEach(run, ObjectKind::Point, ExportPoint, PreparePointCodes(codes.points, variant, withUnknowns));
+    ExportEach(run, ObjectKind::Point, ExportPoint, codes.points, drawing.PointKinds.Count());
     screen.ShowStatus(u"Schrijven Exportbestand: Lijnen");
-    ExportEach(run, ObjectKind::LineSegment, ExportSegment, PrepareLineCodes(codes.lines, variant, withUnknowns));
+    ExportEach(run, ObjectKind::LineSegment, ExportSegment, codes.lines, drawing.LineKinds.Count());
     screen.ShowStatus(u"Schrijven Exportbestand: Teksten");
-    ExportEach(run, ObjectKind::TextObject, ExportText, PrepareTextCodes(codes.texts, variant, withUnknowns));
+    ExportEach(run, ObjectKind::TextObject, ExportText, codes.texts, drawing.TextCodes.Count());
     WriteClosingRecord(translation.output);
     translation.output.Close();
 }

@@ -7,14 +7,7 @@ namespace korvande {
 namespace {
 
 std::int32_t Counted(CodeTable& table, UnknownCodeTally* unknowns, const CodeKey& code, std::int32_t row) {
-    if (table.rows.empty()) return 0;
-    CountUse(table, row);
-    if (row == 0 && unknowns != nullptr) {
-        FixedText<8> key{};
-        key.characters[0] = table.letter;
-        std::copy(code.characters.begin(), code.characters.end(), key.characters.begin() + 1);
-        CountUnknownCode(*unknowns, key);
-    }
+    CountLookup(table, unknowns, code, row);
     return row;
 }
 
@@ -27,6 +20,16 @@ std::int32_t ByLki(CodeTable& table, UnknownCodeTally* unknowns, const CodeKey& 
 }
 
 }  // namespace
+
+void CountLookup(CodeTable& table, UnknownCodeTally* unknowns, const CodeKey& code, std::int32_t row) {
+    if (table.rows.empty()) return;
+    CountUse(table, row);
+    if (row != 0 || unknowns == nullptr) return;
+    FixedText<8> key{};
+    key.characters[0] = table.letter;
+    std::copy(code.characters.begin(), code.characters.end(), key.characters.begin() + 1);
+    CountUnknownCode(*unknowns, key);
+}
 
 std::int32_t LookupPointByLiscadCode(CodeTable& points, UnknownCodeTally* unknowns, const CodeKey& code) {
     return ByLiscad(points, unknowns, code);

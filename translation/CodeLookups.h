@@ -17,4 +17,7 @@ std::int32_t LookupPointCode(CodeTable& points, UnknownCodeTally* unknowns, cons
 std::int32_t LookupLineCode(CodeTable& lines, UnknownCodeTally* unknowns, const CodeKey& lkiCode);
 std::int32_t LookupTextCode(CodeTable& texts, UnknownCodeTally* unknowns, const CodeKey& lkiCode);
 
+// The same additions for a code whose row is known from a lookup before.
+void CountLookup(CodeTable& table, UnknownCodeTally* unknowns, const CodeKey& code, std::int32_t row);
+
 }  // namespace korvande

@@ -21,6 +21,10 @@ TEST_F(DrawingTest, ResettingEmptiesEveryArray) {
     drawing.Texts.Append().AnchorPointNo = 7;
     drawing.Points[0].East = 5;
     drawing.PointIndex.Set(7, 1);
+    drawing.SetCode(drawing.Points[1], TextView(u"BOOM"));
+    drawing.SetCode(drawing.Lines[1], TextView(u"MUUR"));
+    drawing.SetLineType(drawing.Edges[1], TextView(u"STRAIGHT"));
+    drawing.SetCode(drawing.Texts[1], TextView(u"NAAM"));
     drawing.IdexSeparator = ';';
     drawing.IdexTerminator = '#';
     drawing.DrawingDate = u"01-02-2024";
@@ -32,6 +36,10 @@ TEST_F(DrawingTest, ResettingEmptiesEveryArray) {
     EXPECT_EQ(drawing.Edges.UpperBound(), 0);
     EXPECT_EQ(drawing.Texts.UpperBound(), 0);
     EXPECT_EQ(drawing.Points[0].East, 0);
+    EXPECT_EQ(drawing.PointKinds.Count(), 1U);
+    EXPECT_EQ(drawing.LineKinds.Count(), 1U);
+    EXPECT_EQ(drawing.LineTypes.Count(), 1U);
+    EXPECT_EQ(drawing.TextCodes.Count(), 1U);
     EXPECT_EQ(drawing.PointIndex.UpperBound(), 0);
     EXPECT_EQ(drawing.PointIndex.Find(7), 0);
     EXPECT_EQ(drawing.IdexSeparator, ',');
@@ -95,6 +103,29 @@ TEST_F(DrawingTest, TextsAreTakenFromTheBytesOfAFileInCapitalsWhereThatIsAsked) 
     drawing.SetCode(text, bytes);
     EXPECT_EQ(text.Characters().TrimmedRight(), TextView(u"café"));
     EXPECT_EQ(drawing.Code(text).TrimmedRight(), TextView(u"café"));
+}
+
+TEST_F(DrawingTest, WhatRecordsHaveInCommonIsKeptOnce) {
+    PointRec& first = drawing.Points.Append();
+    PointRec& second = drawing.Points.Append();
+    for (PointRec* const point : {&first, &second}) {
+        drawing.SetCode(*point, TextView(u"BOOM"));
+        drawing.SetDescription(*point, TextView(u"EIK"));
+    }
+    EXPECT_EQ(Drawing::KindOf(first), Drawing::KindOf(second));
+    drawing.SetCode(second, TextView(u"PAAL"));
+    EXPECT_NE(Drawing::KindOf(first), Drawing::KindOf(second));
+    EXPECT_EQ(drawing.Code(first).TrimmedRight(), TextView(u"BOOM"));
+    EXPECT_EQ(drawing.Code(second).TrimmedRight(), TextView(u"PAAL"));
+    EXPECT_EQ(drawing.Description(second).TrimmedRight(), TextView(u"EIK"));
+    EXPECT_EQ(drawing.CodeBytes(second).View(), "PAAL   ");
+}
+
+TEST_F(DrawingTest, TextsOfRecordsThatWereNeverSetWereNeverFilled) {
+    EXPECT_TRUE(drawing.Code(drawing.Points.Append()).NeverFilled());
+    EXPECT_TRUE(drawing.Description(drawing.Lines.Append()).NeverFilled());
+    EXPECT_TRUE(drawing.LineType(drawing.Edges.Append()).NeverFilled());
+    EXPECT_TRUE(drawing.Code(drawing.Texts.Append()).NeverFilled());
 }
 
 TEST_F(DrawingTest, LineNumbersWithGapsLeaveRecordsThatWereNeverFilled) {

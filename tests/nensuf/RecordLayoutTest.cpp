@@ -138,6 +138,40 @@ TEST_F(RecordLayout, ARecordTextHoldsNoMoreThanItsCapacity) {
     EXPECT_EQ(record.View(), std::string(RecordText::capacity, 'A'));
 }
 
+TEST_F(RecordLayout, FieldsPutTogetherInPlaceAreTheLinesOfTheRecordThatTheyMake) {
+    for (const Variant each : {Variant::Nen1878, Variant::Suf2}) {
+        variant = each;
+        for (std::size_t count = 1; count <= 13; ++count) {
+            for (const int flag : {goesOn, closesGroup}) {
+                std::string fields;
+                for (std::size_t i = 0; i < count; ++i) fields.append(10, static_cast<char>('A' + i));
+                std::string bytes;
+                LineWriter output;
+                output.OpenBytes(bytes);
+                RecordLines lines(output, variant);
+                lines.Begin("04");
+                lines.PutFields(fields.substr(0, 10));
+                lines.PutFields(fields.substr(10));
+                lines.End(flag);
+                lines.PutLine(OneLine(variant, "06", "A20T", flag));
+                lines.Finish();
+                output.Close();
+                EXPECT_EQ(bytes, Written("04" + fields, "", flag) + Written("06A20T", "", flag)) << count << flag;
+            }
+        }
+    }
+}
+
+TEST_F(RecordLayout, ALineMadeBeforeIsTheRecordThatItHolds) {
+    for (const std::size_t length : {0U, 1U, 59U, 60U}) {
+        const std::string data(length, 'x');
+        const PhysicalLine line = OneLine(Variant::Nen1878, "03", data, closesGroup);
+        EXPECT_EQ(std::string_view(line.data(), line.size()), "03" + data + std::string(60 - length, ' ') + "01\r\n");
+    }
+    const PhysicalLine line = OneLine(Variant::Suf2, "03", "M", goesOn);
+    EXPECT_EQ(std::string_view(line.data(), line.size()), "03M" + std::string(59, ' ') + "01\r\n");
+}
+
 TEST_F(RecordLayout, TextsBecomeOneByteForEachCharacter) {
     RecordText record;
     record.Put(u"Café €5 \u0416");
