@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "core/LineEnds.h"
 #include "core/NativePath.h"
 #include "core/RuntimeError.h"
 #include "core/modScreen.h"
@@ -63,7 +64,7 @@ void LineReader::SkipByteOrderMark() noexcept {
     utf16 = beginning.starts_with("\xFF\xFE") || beginning.starts_with("\xFE\xFF");
     if (!beginning.starts_with(byteOrderMark)) return;
     utf8 = true;
-    at = nextLineFeed = nextReturn = byteOrderMark.size();
+    at = lookedTo = byteOrderMark.size();
 }
 
 void LineReader::DropEndOfFileMark() noexcept {
@@ -74,7 +75,7 @@ void LineReader::Close() noexcept {
     file.reset();
     screen = nullptr;
     isOpen = false;
-    at = end = nextLineFeed = nextReturn = 0;
+    at = end = lookedTo = 0;
     atEnd = utf8 = utf16 = failed = false;
     hasHighBytes = lacksCharacter = false;
     firstUtf8Line = blockStart = lineNumber = length = 0;
@@ -82,7 +83,7 @@ void LineReader::Close() noexcept {
 
 bool LineReader::Next(std::string_view& line) {
     if (!isOpen) throw RuntimeError(errors::badFileName);
-    const std::size_t lineEnd = FindLineEnd();
+    const std::size_t lineEnd = PlaceOfLineEnd();
     if (lineEnd == end && at == end) return false;
     line = std::string_view(data + at, lineEnd - at);
     const bool pair = lineEnd + 1 < end && data[lineEnd] == '\r' && data[lineEnd + 1] == '\n';
@@ -116,8 +117,7 @@ bool LineReader::FillMore() {
         std::memmove(buffer.data(), buffer.data() + at, end - at);
         blockStart += static_cast<std::int64_t>(at);
         end -= at;
-        nextLineFeed -= std::min(nextLineFeed, at);
-        nextReturn -= std::min(nextReturn, at);
+        lookedTo -= std::min(lookedTo, at);
         at = 0;
     }
     // The room doubles, so that a long line is not copied at every block.
@@ -155,25 +155,11 @@ bool LineReader::WasInterrupted() {
 }
 
 // The place of the first line end at or behind `at`; the end of the bytes when the last line has none.
-std::size_t LineReader::FindLineEnd() {
+std::size_t LineReader::PlaceOfLineEnd() {
     while (true) {
-        const auto search = [this](std::size_t& place, char byte) {
-            place = std::max(place, at);
-            if (place < end && data[place] == byte) return true;
-            if (place >= end) return false;
-            const void* const found = std::memchr(data + place, byte, end - place);
-            place = found == nullptr ? end : static_cast<std::size_t>(static_cast<const char*>(found) - data);
-            return found != nullptr;
-        };
-        const bool feed = search(nextLineFeed, '\n');
-        const bool carriage = search(nextReturn, '\r');
-        if (feed || carriage) {
-            const std::size_t lineEnd = std::min(feed ? nextLineFeed : end, carriage ? nextReturn : end);
-            // Whether a return is the first half of CR LF shows only when the byte behind it is there.
-            if (lineEnd + 1 < end || data[lineEnd] == '\n' || atEnd) return lineEnd;
-        } else if (atEnd) {
-            return end;
-        }
+        lookedTo = static_cast<std::size_t>(FindLineEnd(data + std::max(lookedTo, at), data + end) - data);
+        // Whether a return is the first half of CR LF shows only when the byte behind it is there.
+        if (lookedTo + 1 < end || (lookedTo < end && data[lookedTo] == '\n') || atEnd) return lookedTo;
         FillMore();
     }
 }

@@ -70,17 +70,16 @@ class LineReader {
     void DropEndOfFileMark() noexcept;
     bool FillMore();
     bool WasInterrupted();
-    std::size_t FindLineEnd();
+    std::size_t PlaceOfLineEnd();
 
     bool isOpen = false;
     FileHandle file;  // none for bytes in memory
     Screen* screen = nullptr;
-    std::string buffer;            // of a file: the block being read, and of the one before what had no line end yet
-    const char* data = nullptr;    // the buffer, or the bytes in memory
-    std::size_t at = 0;            // where the next line begins
-    std::size_t end = 0;           // behind the last byte read
-    std::size_t nextLineFeed = 0;  // the first of its kind at or behind `at`, or how far it was looked for
-    std::size_t nextReturn = 0;
+    std::string buffer;          // of a file: the block being read, and of the one before what had no line end yet
+    const char* data = nullptr;  // the buffer, or the bytes in memory
+    std::size_t at = 0;          // where the next line begins
+    std::size_t end = 0;         // behind the last byte read
+    std::size_t lookedTo = 0;    // how far behind `at` its end was looked for
     bool failed = false;
     bool atEnd = false;  // the file has no more bytes
     bool utf8 = false;

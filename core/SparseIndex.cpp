@@ -2,22 +2,9 @@
 
 #include <algorithm>
 
-#include "core/RuntimeError.h"
-
 namespace korvande {
 
-std::int32_t SparseIndex::operator[](std::int32_t number) const {
-    if (number < 0 || number > upperBound) throw RuntimeError(errors::subscriptOutOfRange);
-    return Find(number);
-}
-
-std::int32_t SparseIndex::Find(std::int32_t number) const noexcept {
-    if (number < 0) return 0;
-    const std::uint32_t block = BlockOf(number >> shift);
-    return block == none ? 0 : blocks[block].values[static_cast<std::size_t>(number & (blockSize - 1))];
-}
-
-void SparseIndex::Set(std::int32_t number, std::int32_t value) {
+std::int32_t& SparseIndex::Place(std::int32_t number) {
     if (number < 0) throw RuntimeError(errors::subscriptOutOfRange);
     const std::int32_t key = number >> shift;
     std::uint32_t block = BlockOf(key);
@@ -25,14 +12,13 @@ void SparseIndex::Set(std::int32_t number, std::int32_t value) {
         AddBlock(key);
         block = lastBlock;
     }
-    blocks[block].values[static_cast<std::size_t>(number & (blockSize - 1))] = value;
     upperBound = std::max(upperBound, number);
+    return blocks[block].values[static_cast<std::size_t>(number & (blockSize - 1))];
 }
 
 void SparseIndex::Reset() { *this = SparseIndex(); }
 
-std::uint32_t SparseIndex::BlockOf(std::int32_t key) const noexcept {
-    if (lastBlock != none && blocks[lastBlock].key == key) return lastBlock;
+std::uint32_t SparseIndex::OtherBlock(std::int32_t key) const noexcept {
     if (slots.empty()) return none;
     const std::uint32_t block = slots[SlotOf(key)];
     if (block != none) lastBlock = block;

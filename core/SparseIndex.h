@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/Hash.h"
+#include "core/RuntimeError.h"
 
 namespace korvande {
 
@@ -18,13 +19,23 @@ class SparseIndex {
     std::int32_t UpperBound() const noexcept { return upperBound; }
 
     // The element; error 9 when the number lies outside 0 to UpperBound().
-    std::int32_t operator[](std::int32_t number) const;
+    std::int32_t operator[](std::int32_t number) const {
+        if (number < 0 || number > upperBound) throw RuntimeError(errors::subscriptOutOfRange);
+        return Find(number);
+    }
 
     // The element, 0 also for a number outside 0 to UpperBound().
-    std::int32_t Find(std::int32_t number) const noexcept;
+    std::int32_t Find(std::int32_t number) const noexcept {
+        if (number < 0) return 0;
+        const std::uint32_t block = BlockOf(number >> shift);
+        return block == none ? 0 : blocks[block].values[static_cast<std::size_t>(number & (blockSize - 1))];
+    }
 
     // Sets the element, growing the array to the number; error 9 for a negative number.
-    void Set(std::int32_t number, std::int32_t value);
+    void Set(std::int32_t number, std::int32_t value) { Place(number) = value; }
+
+    // The same element, to be set until an element of another block is; the array grows to the number at once.
+    std::int32_t& Place(std::int32_t number);
 
     void Reset();
 
@@ -41,7 +52,10 @@ class SparseIndex {
         std::array<std::int32_t, blockSize> values;
     };
 
-    std::uint32_t BlockOf(std::int32_t key) const noexcept;
+    std::uint32_t BlockOf(std::int32_t key) const noexcept {
+        return lastBlock != none && blocks[lastBlock].key == key ? lastBlock : OtherBlock(key);
+    }
+    std::uint32_t OtherBlock(std::int32_t key) const noexcept;
     std::size_t FirstSlotOf(std::int32_t key) const noexcept;
     std::size_t SlotOf(std::int32_t key) const noexcept;
     void AddBlock(std::int32_t key);

@@ -190,8 +190,4 @@ struct Drawing {
 // to ";" and clears the date.
 void ResetDrawing(Drawing& drawing);
 
-// Writes a point's PointID, trimmed, between double quotes, as Windows-1252, at most eleven bytes; returns the place
-// behind it.
-char* QuotedPointID(const PointRec& point, char* at) noexcept;
-
 }  // namespace korvande

@@ -42,7 +42,7 @@ void RequireArrayIndex(std::int32_t number, std::int64_t rowsRead) {
     }
 }
 
-bool StartsWith(std::string_view line, std::string_view keyword) noexcept {
+bool IsStartOf(std::string_view keyword, std::string_view line) noexcept {
     return line.size() >= keyword.size() &&
            std::equal(keyword.begin(), keyword.end(), line.begin(), [](char a, char b) { return a == ToCapital(b); });
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/LineReader.h"
+#include "core/Text.h"
 #include "translation/Problem.h"
 
 // The line level of an IDEX file: lines, keyword lines, rows and blocks. Lines are trimmed of spaces and tabs. Keywords
@@ -19,7 +20,11 @@ struct Translation;
 void RequireArrayIndex(std::int32_t number, std::int64_t rowsRead);
 
 // Whether a line starts with a keyword (given in capitals), whatever the line's case.
-bool StartsWith(std::string_view line, std::string_view keyword) noexcept;
+bool IsStartOf(std::string_view keyword, std::string_view line) noexcept;
+inline bool StartsWith(std::string_view line, std::string_view keyword) noexcept {
+    // Most lines are rows, which begin with a digit.
+    return !line.empty() && ToCapital(line.front()) == keyword.front() && IsStartOf(keyword, line);
+}
 
 // What stands behind END in a line that starts with it, in capitals: the name of what ends.
 std::string NameOfEnd(std::string_view line);

@@ -48,8 +48,8 @@ void ReadEdges(Translation& translation, IdexFile& file, std::string_view header
         if (file.SkipNestedBlock(row, "EDGES")) continue;
         table.Split(row);
         const std::int32_t line = table.Whole(lineNo);
-        const std::int32_t start = drawing.PointIndex[StrictWholeNumber(table.Field(startPt))];
-        const std::int32_t end = drawing.PointIndex[StrictWholeNumber(table.Field(endPt))];
+        const std::int32_t start = drawing.PointIndex[table.StrictWhole(startPt)];
+        const std::int32_t end = drawing.PointIndex[table.StrictWhole(endPt)];
         EdgeRec& edge = drawing.Edges.Append();
         edge.InputLine = static_cast<std::int32_t>(file.rowLine);
         edge.LineNo = line;

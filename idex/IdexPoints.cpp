@@ -85,7 +85,8 @@ class PointsReader {
                     isUpdating = true;
                     table.ReadPartialHeader(std::string(row.substr(std::string_view("EXTRAINFO").size())));
                 } else if (!file.SkipNestedBlock(row, "POINTS")) {
-                    ReadPoint(WholeRow(row));
+                    SplitWhole(row);
+                    ReadPoint();
                 }
             }
         } catch (const RuntimeError&) {
@@ -105,10 +106,23 @@ class PointsReader {
         double symDir;
     };
 
-    // A row that has no terminator goes on in the next line; its escaped quotes are put in disguise.
-    std::string_view WholeRow(std::string_view row) {
+    // Splits a row, with the line that it goes on in.
+    void SplitWhole(std::string_view row) {
         isToldAlready = false;
         hasDisguise = false;
+        const RowEnd end = table.SplitUnjudged(row);
+        // Nearly every row is whole and has nothing in it to be put in disguise.
+        if (end.terminator != std::string_view::npos && !end.hasBackslash) return table.Judge(row, end);
+        const std::string_view whole = WholeRow(row);
+        if (isToldAlready) {
+            table.SplitDamaged(whole);
+        } else {
+            table.Split(whole);
+        }
+    }
+
+    // A row that has no terminator goes on in the next line; its escaped quotes are put in disguise.
+    std::string_view WholeRow(std::string_view row) {
         if (row.find(file.Terminator()) == std::string_view::npos) row = Joined(row);
         if (row.find(escapedQuote) == std::string_view::npos) return row;
         hasDisguise = true;
@@ -147,12 +161,7 @@ class PointsReader {
         if (isNextNoRow) file.TellOfRow(ProblemKind::LineInTable);
     }
 
-    void ReadPoint(std::string_view row) {
-        if (isToldAlready) {
-            table.SplitDamaged(row);
-        } else {
-            table.Split(row);
-        }
+    void ReadPoint() {
         const std::string_view numberField = table.Field(pointNo);
         std::int32_t number = table.Whole(pointNo);
         const std::int32_t index = isUpdating ? firstPoints.IndexFor(number) : lastIndex + 1;
@@ -195,8 +204,8 @@ class PointsReader {
     // Everything that can fail comes before the first change to the drawing.
     void Store(std::int32_t index, std::int32_t number, const Numbers& numbers) {
         const bool isNew = index > drawing.Points.UpperBound();
-        const std::int32_t indexBefore = drawing.PointIndex.Find(number);
-        drawing.PointIndex.Set(number, indexBefore);
+        std::int32_t& indexOfNumber = drawing.PointIndex.Place(number);
+        const std::int32_t indexBefore = indexOfNumber;
         PointRec point{};
         if (!isNew) point = drawing.Points[index];
         if (indexBefore != 0 && indexBefore < index && !isUpdating) TellTwice(indexBefore, number);
@@ -209,17 +218,43 @@ class PointsReader {
         point.InputLine = static_cast<std::int32_t>(file.rowLine);
         if (hasDisguise) TellDisguised();
         point.SetPointID(table.Fitting(table.Unquoted(pointId), 9, ProblemKind::NameCut), Letters::Capitals);
-        PointKind kind{};
-        kind.code.Assign(table.Fitting(table.Unquoted(code), 7, ProblemKind::CodeCut), Letters::Capitals);
-        kind.description.Assign(table.Fitting(table.WithoutQuotes(Description()), 80, ProblemKind::DescriptionCut),
-                                Letters::Capitals);
-        Drawing::SetKind(point, drawing.PointKinds.NumberOf(kind));
+        Drawing::SetKind(point, ReadKind());
         drawing.Points.GrowTo(index);
         drawing.Points[index] = point;
-        drawing.PointIndex.Set(number, index);
+        indexOfNumber = index;
         if (isUpdating) firstPoints.Note(index, numberBefore, number);
         lastIndex = index;
         if (!isUpdating) lastOfTable = index;
+    }
+
+    // The code and description of the row. Most rows have those of the one before, which were told of then, when there
+    // was something to tell.
+    KeptNumber ReadKind() {
+        constexpr std::size_t codeWidth = decltype(PointKind::code)::width;
+        constexpr std::size_t descriptionWidth = decltype(PointKind::description)::width;
+        const std::string_view codeField = table.Field(code);
+        const std::string_view descriptionField = table.Field(description);
+        if (isKindKnown && codeField == lastCode && descriptionField == lastDescription) return lastKind;
+        const std::string_view codeText = table.Unquoted(code);
+        const bool isCodePlain = IsPartOf(codeField, codeText) && codeText.size() <= codeWidth;
+        PointKind kind{};
+        kind.code.Assign(table.Fitting(codeText, codeWidth, ProblemKind::CodeCut), Letters::Capitals);
+        const std::string_view text = table.WithoutQuotes(Description());
+        const bool isPlain = isCodePlain && IsPartOf(descriptionField, text) && text.size() <= descriptionWidth;
+        kind.description.Assign(table.Fitting(text, descriptionWidth, ProblemKind::DescriptionCut), Letters::Capitals);
+        const KeptNumber number = drawing.PointKinds.NumberOf(kind);
+        // A row that something must be told of each time is looked at each time.
+        isKindKnown = isPlain;
+        if (isPlain) {
+            lastCode = codeField;
+            lastDescription = descriptionField;
+            lastKind = number;
+        }
+        return number;
+    }
+
+    static bool IsPartOf(std::string_view whole, std::string_view part) noexcept {
+        return part.empty() || (part.data() >= whole.data() && part.data() < whole.data() + whole.size());
     }
 
     // The index may be of a point that has another number by now.
@@ -265,6 +300,10 @@ class PointsReader {
     std::int32_t leftOut = 0;
     std::string joined;
     std::string undisguised;
+    bool isKindKnown = false;  // of a code and description as they stand in a row
+    std::string lastCode;
+    std::string lastDescription;
+    KeptNumber lastKind = 0;
 };
 
 // A code that is an LKI code already, from what a person typed.

@@ -24,21 +24,13 @@ bool IsNeverFilled(std::string_view value) noexcept { return value.starts_with('
 
 }  // namespace
 
-IdexRow& IdexRow::PutWhole(std::int32_t number) noexcept {
-    const std::int64_t value = number;
-    const auto size = static_cast<std::uint64_t>(value < 0 ? -value : value);
-    if (value < 0) *at++ = '-';
-    at += DigitCount(size);
-    WriteDigitsBackwards(at, size);
-    return *this;
-}
-
 IdexRow& IdexRow::PutPrinted(std::int32_t number) noexcept {
     if (number >= 0) Put(" ");
     return PutWhole(number).Put(" ");
 }
 
 IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
+    constexpr std::array<double, 5> powersOfTen = {1, 1e1, 1e2, 1e3, 1e4};
     // Most heights and directions are none.
     if (value == 0) {
         std::memcpy(at, "0.00000000000000", widest);
@@ -47,10 +39,10 @@ IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
         return *this;
     }
     std::int64_t scaled = 0;
-    if (ScaledDecimal(value, decimals, scaled)) {
-        const auto length = static_cast<std::size_t>(DecimalLength(scaled, decimals));
-        char* const end = at + length;
-        WriteDecimalBackwards(end, scaled, decimals);
+    if (NearestWhole(value * powersOfTen[static_cast<std::size_t>(decimals)], scaled) ||
+        ScaledDecimal(value, decimals, scaled)) {
+        char* const end = WriteScaled(at, scaled, decimals);
+        const auto length = static_cast<std::size_t>(end - at);
         if (length > width && LosesDigits({at, length}, width)) ++cut;
         // More blanks than are needed, and a number that is too long, are written over by what comes behind.
         std::memset(end, ' ', widest);
@@ -62,23 +54,6 @@ IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
     if (LosesDigits(number, width)) ++cut;
     number.resize(width, ' ');
     return Put(number);
-}
-
-IdexRow& IdexRow::PutPointID(const PointRec& point) noexcept {
-    char* const begins = at;
-    at = QuotedPointID(point, at);
-    bool isReplaced = false;
-    for (char* byte = begins + 1; byte < at - 1; ++byte) {
-        const char before = *byte;
-        *byte = InsideQuotes(before);
-        isReplaced = isReplaced || *byte != before;
-    }
-    if (isReplaced) ++replaced;
-    if (IsNeverFilled(std::string_view(begins + 1, 1))) {
-        at = begins + 1;
-        *at++ = '"';
-    }
-    return *this;
 }
 
 IdexRow& IdexRow::PutFlags(std::int32_t flags) noexcept {
@@ -93,15 +68,19 @@ IdexRow& IdexRow::PutFixed(std::string_view text) noexcept {
     return *this;
 }
 
-IdexRow& IdexRow::PutQuoted(std::string_view value) noexcept {
+char* WriteQuoted(char* at, std::string_view value, int& replaced) noexcept {
     *at++ = '"';
     if (!IsNeverFilled(value)) {
-        const char* const begins = at;
-        for (const char byte : value) *at++ = InsideQuotes(byte);
-        if (value != std::string_view(begins, value.size())) ++replaced;
+        unsigned difference = 0;  // between the bytes that are put and those of the value
+        for (const char byte : value) {
+            const char put = InsideQuotes(byte);
+            difference |= static_cast<unsigned char>(put ^ byte);
+            *at++ = put;
+        }
+        if (difference != 0) ++replaced;
     }
     *at++ = '"';
-    return *this;
+    return at;
 }
 
 void IdexRow::End() noexcept {

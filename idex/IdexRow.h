@@ -5,12 +5,16 @@
 #include <cstring>
 #include <string_view>
 
+#include "core/Digits.h"
 #include "core/LineWriter.h"
-#include "core/Text.h"
+#include "core/modKORVANDE.h"
 
 namespace korvande {
 
-struct PointRec;
+// Writes a value between double quotes and returns the place behind it. Inside them a double quote becomes a single one
+// and the terminator a comma, which a reader would take for structure; a value to which that happens is counted. One
+// that was never filled is empty.
+char* WriteQuoted(char* at, std::string_view value, int& replaced) noexcept;
 
 // One row of an IDEX file, built in place in the output's buffer and ended by End().
 class IdexRow {
@@ -26,7 +30,10 @@ class IdexRow {
     }
 
     // A whole number: in digits, or as a print statement writes it (a blank or "-" before, a blank behind).
-    IdexRow& PutWhole(std::int32_t number) noexcept;
+    IdexRow& PutWhole(std::int32_t number) noexcept {
+        at = WriteWhole(at, number);
+        return *this;
+    }
     IdexRow& PutPrinted(std::int32_t number) noexcept;
 
     // A number with a point and this many decimals, padded on the right to a width (up to 16), and cut to it, which is
@@ -39,16 +46,22 @@ class IdexRow {
     // A fixed-width text at its full width; one that was never filled is blank.
     IdexRow& PutFixed(std::string_view text) noexcept;
 
-    // A value between double quotes. Inside them a double quote becomes a single one and the terminator a comma, which
-    // a reader would take for structure; values to which that happens are counted. A text that was never filled is
-    // empty.
-    IdexRow& PutQuoted(std::string_view value) noexcept;
+    // A value between double quotes.
+    IdexRow& PutQuoted(std::string_view value) noexcept {
+        at = WriteQuoted(at, value, replaced);
+        return *this;
+    }
 
-    // A point's name between double quotes, which QuotedPointID trims, with the same inside them.
-    IdexRow& PutPointID(const PointRec& point) noexcept;
+    // A point's name, trimmed.
+    IdexRow& PutPointID(const PointRec& point) noexcept { return PutQuoted(point.PointIDBytes().Trimmed()); }
+
+    // Bytes that were made in such a way before, with so many values replaced in them.
+    IdexRow& PutMade(std::string_view bytes, int replacedInThem) noexcept {
+        replaced += replacedInThem;
+        return Put(bytes);
+    }
 
     void End() noexcept;
-
     // Values of the row that are not what they were: with a character replaced, and numbers that were cut.
     int Replaced() const noexcept { return replaced; }
     int Cut() const noexcept { return cut; }

@@ -96,17 +96,21 @@ void IdexTable::ReadHeader(std::string_view headerLine) {
 
 void IdexTable::ReadPartialHeader(std::string_view headerLine) { TakeHeader(headerLine); }
 
-void IdexTable::Split(std::string_view row) {
-    const std::size_t end =
-        ParseFields(row, file.Separator(), file.Terminator(), Blanks::SpacesAndTabs, fields, columnCount + 1);
+RowEnd IdexTable::SplitUnjudged(std::string_view row) {
+    rowEnd = row.data() + row.size();
+    return SplitRow(row, file.Separator(), file.Terminator(), fields, columnCount + 1);
+}
+
+void IdexTable::Judge(std::string_view row, const RowEnd& end) {
     isDamaged = false;
     isSilent = false;
-    const bool isWhole = end + 1 == row.size() && fields.size() >= lastPosition && fields.size() <= columnCount;
-    if (!isWhole || MayBeginComment(row.front())) TellSplit(row, end);
+    const bool isWhole =
+        end.terminator + 1 == row.size() && fields.size() >= lastPosition && fields.size() <= columnCount;
+    if (!isWhole || MayBeginComment(row.front())) TellSplit(row, end.terminator);
 }
 
 void IdexTable::SplitDamaged(std::string_view row) {
-    ParseFields(row, file.Separator(), file.Terminator(), Blanks::SpacesAndTabs, fields, columnCount + 1);
+    SplitUnjudged(row);
     isDamaged = true;
     isSilent = true;
 }

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "core/Numbers.h"
+#include "core/PlainNumbers.h"
+#include "core/RowSplit.h"
 #include "idex/IdexFile.h"
 
 namespace korvande {
@@ -37,7 +39,11 @@ class IdexTable {
 
     // Splits a row; Field then gives the field of a wanted column, quotes included. A row that is none, or is not
     // whole, is told.
-    void Split(std::string_view row);
+    void Split(std::string_view row) { Judge(row, SplitUnjudged(row)); }
+
+    // The two steps of that: what the row is split into may show that it must be another one.
+    RowEnd SplitUnjudged(std::string_view row);
+    void Judge(std::string_view row, const RowEnd& end);
 
     // The same for a row whose damage was told already: nothing more is.
     void SplitDamaged(std::string_view row);
@@ -59,9 +65,21 @@ class IdexTable {
 
     // The number that a field begins with; what is not wholly a number is told, as this kind.
     double Number(std::size_t column, ProblemKind kind = ProblemKind::NumberNoNumber) {
-        return NumberOf(Field(column), kind);
+        const std::string_view field = Field(column);
+        double value = 0;
+        return PlainNumber(field, rowEnd, value) ? value : NumberOf(field, kind);
     }
-    std::int32_t Whole(std::size_t column) { return WholeNumber(Number(column)); }
+    std::int32_t Whole(std::size_t column) {
+        std::int32_t number = 0;
+        return PlainWhole(Field(column), rowEnd, number) ? number : WholeNumber(Number(column));
+    }
+
+    // The number that a whole field is; error 13 when it is none.
+    std::int32_t StrictWhole(std::size_t column) const {
+        const std::string_view field = Field(column);
+        std::int32_t number = 0;
+        return PlainWhole(field, rowEnd, number) ? number : StrictWholeNumber(field);
+    }
     double NumberOf(std::string_view field, ProblemKind kind) {
         std::size_t end = 0;
         const double value = LeadingNumber(field, end);
@@ -117,8 +135,9 @@ class IdexTable {
     std::size_t columnCount = 0;  // in the file
     bool hasUnknown = false;      // one of them has a name that is not known
     std::vector<std::string_view> fields;
-    bool isDamaged = false;  // the row: it is none or not whole, which was told
-    bool isSilent = false;   // nothing more of it is told
+    const char* rowEnd = nullptr;  // behind the last byte of the row
+    bool isDamaged = false;        // the row: it is none or not whole, which was told
+    bool isSilent = false;         // nothing more of it is told
     std::string unquoted;
 };
 

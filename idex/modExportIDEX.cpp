@@ -1,5 +1,9 @@
 #include "idex/modExportIDEX.h"
 
+#include <algorithm>
+#include <array>
+#include <vector>
+
 #include "core/Numbers.h"
 #include "core/modKORVANDE.h"
 #include "core/modScreen.h"
@@ -66,6 +70,45 @@ void WriteHeader(Translation& translation) {
     output.Put(definitions);
 }
 
+// The code and description of points, quoted as rows have them. Each is made once, of the first kinds that a drawing
+// keeps; no drawing of a surveyor has more, and one of another program may have as many as points.
+class QuotedKinds {
+ public:
+    explicit QuotedKinds(const Drawing& itsDrawing)
+        : drawing(itsDrawing), made(std::min<std::size_t>(drawing.PointKinds.Count(), mostMade)) {}
+
+    void Put(IdexRow& row, KeptNumber kind) {
+        if (kind < made.size()) return PutMade(row, made[kind], kind);
+        Quoted quoted;
+        PutMade(row, quoted, kind);
+    }
+
+ private:
+    static constexpr std::size_t mostMade = 1024;
+
+    struct Quoted {
+        std::array<char, 7 + 80 + 5> bytes{};
+        std::size_t size = 0;  // 0: not made yet
+        int replaced = 0;
+    };
+
+    void PutMade(IdexRow& row, Quoted& quoted, KeptNumber kind) const {
+        if (quoted.size == 0) Make(quoted, drawing.PointKinds[kind]);
+        row.PutMade({quoted.bytes.data(), quoted.size}, quoted.replaced);
+    }
+
+    static void Make(Quoted& quoted, const PointKind& kind) noexcept {
+        char* const begin = quoted.bytes.data();
+        char* at = WriteQuoted(begin, kind.code.TrimmedRight(), quoted.replaced);
+        *at++ = ',';
+        at = WriteQuoted(at, kind.description.TrimmedRight(), quoted.replaced);
+        quoted.size = static_cast<std::size_t>(at - begin);
+    }
+
+    const Drawing& drawing;
+    std::vector<Quoted> made;
+};
+
 void WritePoints(Translation& translation) {
     Screen& screen = translation.screen;
     LineWriter& output = translation.output;
@@ -74,6 +117,7 @@ void WritePoints(Translation& translation) {
     constexpr std::size_t directionWidth = 9;
     screen.ShowStatus(u"Wegschrijven punten");
     const auto& points = drawing.Points;
+    QuotedKinds kinds(drawing);
     BeginProgress(screen, points.UpperBound());
     output.PutLine("  POINTS (PointNo,PointID,East,North,Elevation,Code,Description,SymDir)");
     for (std::int32_t index = 1; index <= points.UpperBound(); ++index) {
@@ -84,9 +128,8 @@ void WritePoints(Translation& translation) {
         row.PutDecimal(point.East, 4, lengthWidth).Put(",");
         row.PutDecimal(point.North, 4, lengthWidth).Put(",");
         row.PutDecimal(point.Elevation, 4, lengthWidth).Put(",");
-        row.PutQuoted(drawing.CodeBytes(point).TrimmedRight()).Put(",");
-        row.PutQuoted(drawing.DescriptionBytes(point).TrimmedRight()).Put(",");
-        row.PutDecimal(point.SymDir, 4, directionWidth).Put(";");
+        kinds.Put(row, Drawing::KindOf(point));
+        row.Put(",").PutDecimal(point.SymDir, 4, directionWidth).Put(";");
         End(translation, row, point.InputLine);
     }
     output.PutLine("  END POINTS");

@@ -22,6 +22,17 @@ TEST(SparseIndex, AnEmptyOneHasElementZeroOnly) {
     EXPECT_EQ(ErrorOf([&] { static_cast<void>(index[1]); }), 9);
 }
 
+TEST(SparseIndex, APlaceIsSetLikeItsElement) {
+    SparseIndex index;
+    std::int32_t& place = index.Place(40);
+    EXPECT_EQ(place, 0);
+    EXPECT_EQ(index.UpperBound(), 40);
+    place = 7;
+    EXPECT_EQ(index[40], 7);
+    EXPECT_EQ(index.Place(40), 7);
+    EXPECT_EQ(ErrorOf([&] { index.Place(-1); }), 9);
+}
+
 TEST(SparseIndex, NumbersChosenToMeetInATableTakeNoMoreStepsThanAnyOthers) {
     constexpr std::int32_t blocks = 50'000;
     // Blocks whose keys, multiplied, agree in the middle bits: they would meet in a table that only multiplies.

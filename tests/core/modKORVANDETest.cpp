@@ -1,7 +1,6 @@
 #include "core/modKORVANDE.h"
 
 #include <gtest/gtest.h>
-#include <array>
 
 #include "tests/core/Allocations.h"
 
@@ -147,28 +146,6 @@ TEST_F(DrawingTest, ALowerPointNumberLeavesTheIndexAtItsSize) {
     EXPECT_EQ(drawing.PointIndex.UpperBound(), 900);
     EXPECT_EQ(drawing.PointIndex[900], 1);
     EXPECT_EQ(drawing.PointIndex[3], 2);
-}
-
-std::string Quoted(const PointRec& point) {
-    std::array<char, 11> bytes{};
-    return {bytes.data(), QuotedPointID(point, bytes.data())};
-}
-
-TEST_F(DrawingTest, APointsNameIsTrimmedAndQuotedAndStaysAsItIs) {
-    PointRec point{};
-    point.SetPointID(TextView(u"  12a"));
-    EXPECT_EQ(Quoted(point), "\"12a\"");
-    EXPECT_EQ(point.PointID().View(), TextView(u"  12a    "));
-    point.SetPointID(TextView());
-    EXPECT_EQ(Quoted(point), "\"\"");
-    point.SetPointID(TextView(u"€é"));
-    EXPECT_EQ(Quoted(point), "\"\x80\xE9\"");
-}
-
-TEST_F(DrawingTest, APointsNameOfFullLengthIsQuotedWhole) {
-    PointRec point{};
-    point.SetPointID(TextView(u"123456789"));
-    EXPECT_EQ(Quoted(point), "\"123456789\"");
 }
 
 TEST_F(DrawingTest, TwoDrawingsHaveNothingInCommon) {
