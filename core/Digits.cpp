@@ -38,11 +38,18 @@ void Put(char* at, std::uint64_t bytes) noexcept {
 // The zeros in front of the last digit.
 int LeadingZeros(std::uint64_t values) noexcept { return std::min(std::countr_zero(values) / 8, 7); }
 
+// How many digits a number below 100,000,000 has, 0 one. By its bits, so that where the next number begins is known
+// before the digits are.
+std::size_t DigitCount(std::uint32_t number) noexcept {
+    // 1233/4096 is the logarithm of 2: the digits by the bits, or one less.
+    const auto digits = static_cast<std::size_t>(std::bit_width(number | 1)) * 1233 >> 12;
+    return digits + (digits == 0 || number >= powersOfTen[digits] ? 1 : 0);
+}
+
 char* WriteUpToEight(char* at, std::uint32_t number) noexcept {
-    const std::uint64_t values = DigitValues(number);
-    const int zeros = LeadingZeros(values);
-    Put(at, (values | everyByte * '0') >> (8 * zeros));
-    return at + 8 - zeros;
+    const std::size_t count = DigitCount(number);
+    Put(at, (DigitValues(number) | everyByte * '0') >> (8 * (8 - count)));
+    return at + count;
 }
 
 char* WriteUnsigned(char* at, std::uint64_t number) noexcept {

@@ -49,7 +49,14 @@ struct FixedBytes {
     std::string_view View() const noexcept { return {bytes.data(), N}; }
     std::string_view TrimmedRight() const noexcept { return TrimRight(View()); }
     std::string_view Trimmed() const noexcept { return Trim(View()); }
-    bool IsBlank() const noexcept { return TrimmedRight().empty(); }
+    bool IsBlank() const noexcept {
+        static constexpr std::array<char, N> blanks = [] {
+            std::array<char, N> some{};
+            some.fill(' ');
+            return some;
+        }();
+        return bytes == blanks;
+    }
 
     friend bool operator==(const FixedBytes&, const FixedBytes&) = default;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -23,7 +24,8 @@ class KeptTexts {
 
     // The number of a text, which is kept when it is new; error 7 when memory runs out.
     Number NumberOf(const Kept& text) {
-        if (text == (*this)[last]) return last;
+        Number& number = recent[PlaceInRecent(text)];
+        if (text == (*this)[number]) return number;
         if (text == (*this)[0]) return 0;
         if (2 * (Count() + 1) > slots.size()) GrowSlots();
         const std::size_t slot = SlotOf(text);
@@ -31,7 +33,7 @@ class KeptTexts {
             texts.Append(text);
             slots[slot] = static_cast<Number>(texts.UpperBound());
         }
-        return last = slots[slot];
+        return number = slots[slot];
     }
 
     const Kept& operator[](Number number) const noexcept { return texts[static_cast<std::int32_t>(number)]; }
@@ -42,10 +44,17 @@ class KeptTexts {
     void Reset() {
         texts.Reset();
         slots.clear();
-        last = 0;
+        recent.fill(0);
     }
 
  private:
+    static std::size_t PlaceInRecent(const Kept& text) noexcept {
+        constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15;
+        std::uint64_t word = 0;
+        std::memcpy(&word, &text, std::min(sizeof(word), sizeof(text)));
+        return static_cast<std::size_t>((word * multiplier) >> 58);
+    }
+
     // The slot that holds the text, or the free one where it belongs.
     std::size_t SlotOf(const Kept& text) const noexcept {
         const std::size_t mask = slots.size() - 1;
@@ -66,7 +75,9 @@ class KeptTexts {
     std::uint64_t seed = NewHashSeed();
     PagedArray<Kept> texts;
     std::vector<Number> slots;  // a hash table, at most half full; 0: free
-    Number last = 0;            // most records have the text of the one before
+
+    // Most records have a text that was met just before: where its first bytes lead to, and not those of all others.
+    std::array<Number, 64> recent{};
 };
 
 }  // namespace korvande

@@ -3,8 +3,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
-#include <vector>
 
 // Rows of fields split in one pass: the bytes that mean something are marked sixteen at a time, and only they are
 // looked at.
@@ -23,13 +23,14 @@ struct RowMarks {
 void MarkRow(std::string_view row, char separator, char terminator, RowMarks& marks) noexcept;
 void MarkRowPlainly(std::string_view row, char separator, char terminator, RowMarks& marks) noexcept;
 
+// What a row was split into: so many fields.
 struct RowEnd {
+    std::size_t count = 0;
     std::size_t terminator = std::string_view::npos;  // the place of the first one
     bool hasBackslash = false;
 };
 
-// The fields of a row, as ParseFields with blanks of both kinds finds them.
-RowEnd SplitRow(std::string_view row, char separator, char terminator, std::vector<std::string_view>& fields,
-                std::size_t maximum);
+// The fields of a row, as ParseFields with blanks of both kinds finds them, and no more than there is room for.
+RowEnd SplitRow(std::string_view row, char separator, char terminator, std::span<std::string_view> fields);
 
 }  // namespace korvande

@@ -53,7 +53,10 @@ class IdexRow {
     }
 
     // A point's name, trimmed.
-    IdexRow& PutPointID(const PointRec& point) noexcept { return PutQuoted(point.PointIDBytes().Trimmed()); }
+    IdexRow& PutPointID(const PointRec& point) noexcept {
+        const auto& name = point.PointIDBytes();
+        return name.IsBlank() ? Put("\"\"") : PutQuoted(name.Trimmed());
+    }
 
     // Bytes that were made in such a way before, with so many values replaced in them.
     IdexRow& PutMade(std::string_view bytes, int replacedInThem) noexcept {

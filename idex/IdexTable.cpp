@@ -61,25 +61,27 @@ void IdexTable::TakeHeader(std::string_view headerLine) {
     header = ToCapitals(header);
     const std::size_t open = header.find('(');
     const std::size_t close = header.find(')', open == std::string::npos ? 0 : open);
+    std::vector<std::string_view> names;
     std::string_view list;
     if (open != std::string::npos && close != std::string::npos) {
         list = std::string_view(header).substr(open + 1, close - open - 1);
     }
-    ParseFields(list, file.Separator(), file.Terminator(), Blanks::SpacesAndTabs, fields);
+    ParseFields(list, file.Separator(), file.Terminator(), Blanks::SpacesAndTabs, names);
 
     positions.clear();
     for (const IdexColumn& column : columns) {
-        const auto found = std::find(fields.begin(), fields.end(), column.name);
-        positions.push_back(found == fields.end() ? 0 : static_cast<std::size_t>(found - fields.begin()) + 1);
+        const auto found = std::find(names.begin(), names.end(), column.name);
+        positions.push_back(found == names.end() ? 0 : static_cast<std::size_t>(found - names.begin()) + 1);
     }
-    hasUnknown = std::any_of(fields.begin(), fields.end(), [this](std::string_view name) {
+    hasUnknown = std::any_of(names.begin(), names.end(), [this](std::string_view name) {
         return std::find(knownBeside.begin(), knownBeside.end(), name) == knownBeside.end() &&
                std::none_of(columns.begin(), columns.end(),
                             [name](const IdexColumn& column) { return column.name == name; });
     });
     lastPosition = *std::max_element(positions.begin(), positions.end());
-    columnCount = fields.size();
-    fields.clear();
+    columnCount = names.size();
+    fields.assign(columnCount + 1, {});
+    fieldCount = 0;
 }
 
 void IdexTable::ReadHeader(std::string_view headerLine) {
@@ -98,14 +100,15 @@ void IdexTable::ReadPartialHeader(std::string_view headerLine) { TakeHeader(head
 
 RowEnd IdexTable::SplitUnjudged(std::string_view row) {
     rowEnd = row.data() + row.size();
-    return SplitRow(row, file.Separator(), file.Terminator(), fields, columnCount + 1);
+    const RowEnd end = SplitRow(row, file.Separator(), file.Terminator(), fields);
+    fieldCount = end.count;
+    return end;
 }
 
 void IdexTable::Judge(std::string_view row, const RowEnd& end) {
     isDamaged = false;
     isSilent = false;
-    const bool isWhole =
-        end.terminator + 1 == row.size() && fields.size() >= lastPosition && fields.size() <= columnCount;
+    const bool isWhole = end.terminator + 1 == row.size() && fieldCount >= lastPosition && fieldCount <= columnCount;
     if (!isWhole || MayBeginComment(row.front())) TellSplit(row, end.terminator);
 }
 
@@ -126,7 +129,7 @@ void IdexTable::TellSplit(std::string_view row, std::size_t end) {
         const bool isInside = IsInsideQuotes(row, end, file.Separator());
         if (isInside) return file.TellOfRow(ProblemKind::CutAtTerminator);
         kind = ProblemKind::RowBehindTerminator;
-    } else if (fields.size() >= lastPosition && !HasMoreFields(row)) {
+    } else if (fieldCount >= lastPosition && !HasMoreFields(row)) {
         return;
     }
     isDamaged = true;

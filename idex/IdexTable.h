@@ -50,18 +50,18 @@ class IdexTable {
 
     std::string_view Field(std::size_t column) const noexcept {
         const std::size_t position = positions[column];
-        return position == 0 || position > fields.size() ? std::string_view() : fields[position - 1];
+        return position == 0 || position > fieldCount ? std::string_view() : fields[position - 1];
     }
     bool HasColumn(std::size_t column) const noexcept { return positions[column] != 0; }
 
     // The first field, of whatever column.
-    std::string_view FirstField() const noexcept { return fields.empty() ? std::string_view() : fields.front(); }
+    std::string_view FirstField() const noexcept { return fieldCount == 0 ? std::string_view() : fields.front(); }
 
     // Whether a field is empty, also between quotes.
     bool IsBlank(std::size_t column) const noexcept;
 
     // Whether a field is missing from a row whose damage was told.
-    bool IsToldAsLacking(std::size_t column) const noexcept { return isDamaged && positions[column] > fields.size(); }
+    bool IsToldAsLacking(std::size_t column) const noexcept { return isDamaged && positions[column] > fieldCount; }
 
     // The number that a field begins with; what is not wholly a number is told, as this kind.
     double Number(std::size_t column, ProblemKind kind = ProblemKind::NumberNoNumber) {
@@ -132,9 +132,10 @@ class IdexTable {
     std::vector<IdexColumn> columns;
     std::vector<std::size_t> positions;  // from 1; 0: the file has no such column
     std::size_t lastPosition = 0;
-    std::size_t columnCount = 0;  // in the file
-    bool hasUnknown = false;      // one of them has a name that is not known
-    std::vector<std::string_view> fields;
+    std::size_t columnCount = 0;           // in the file
+    bool hasUnknown = false;               // one of them has a name that is not known
+    std::vector<std::string_view> fields;  // of the row, and room for one more than the columns
+    std::size_t fieldCount = 0;
     const char* rowEnd = nullptr;  // behind the last byte of the row
     bool isDamaged = false;        // the row: it is none or not whole, which was told
     bool isSilent = false;         // nothing more of it is told

@@ -62,6 +62,14 @@ void RecordReader::TellShortClosingLine() {
 }
 
 void RecordReader::TakeLine(std::string_view read, Record& target) {
+    // Nearly every line is a record as it stands, and no closing one.
+    if (read.size() == recordLength && read.front() == '0' && !lacksDigits) {
+        std::memcpy(target.data(), read.data(), recordLength);
+        lineRead = {.line = translation.inputLine};
+        if (shortClosingLine != 0) TellShortClosingLine();
+        hasClosingRecord = false;
+        return;
+    }
     const std::string_view line = read;
     if (read.size() > recordLength) read = RecordOfLongLine(read);
     const std::size_t missing = LacksFirstDigit(read) ? 1 : 0;
@@ -115,7 +123,7 @@ std::string_view RecordReader::ReadRecordGroup(int mode) {
     payloadLines.assign(1, origin.line);
     while (taken.GoesOn()) {
         ReadFileRecord(record);
-        if (!std::equal(recordType.begin(), recordType.end(), record.begin())) {
+        if (record[0] != recordType[0] || record[1] != recordType[1]) {
             lookAhead = record;
             lookAheadOrigin = lineRead;
             hasLookAhead = true;

@@ -37,7 +37,9 @@ class PlainNumbersTest : public ::testing::Test {
     void ExpectSame(std::string_view text) {
         for (const std::string_view behind : {"", ";", "        ;", "12345678", ".5555555"}) {
             std::int32_t whole = 0;
-            if (Whole(text, behind, whole)) ASSERT_EQ(whole, StrictWholeNumber(text)) << text << behind;
+            if (Whole(text, behind, whole)) {
+                ASSERT_EQ(whole, StrictWholeNumber(text)) << text << behind;
+            }
             double number = 0;
             if (!Number(text, behind, number)) continue;
             std::size_t end = 0;
