@@ -57,6 +57,7 @@ IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
 }
 
 IdexRow& IdexRow::PutFlags(std::int32_t flags) noexcept {
+    if (flags == 0) return Put("00000000 00000000");
     at = WriteFlags(at, flags);
     return *this;
 }
@@ -81,11 +82,6 @@ char* WriteQuoted(char* at, std::string_view value, int& replaced) noexcept {
     }
     *at++ = '"';
     return at;
-}
-
-void IdexRow::End() noexcept {
-    Put("\r\n");
-    output.Advance(static_cast<std::size_t>(at - begin));
 }
 
 }  // namespace korvande

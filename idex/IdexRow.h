@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -26,6 +27,22 @@ class IdexRow {
     IdexRow& Put(std::string_view bytes) noexcept {
         std::memcpy(at, bytes.data(), bytes.size());
         at += bytes.size();
+        return *this;
+    }
+
+    // The same of a literal, whose length is known to the compiler.
+    template <std::size_t SizeWithEnd>
+    IdexRow& Put(const char (&literal)[SizeWithEnd]) noexcept {
+        std::memcpy(at, literal, SizeWithEnd - 1);
+        at += SizeWithEnd - 1;
+        return *this;
+    }
+
+    // The first bytes of these.
+    using Digits = std::array<char, 11 + roomBehindDigits>;
+    IdexRow& PutDigits(const Digits& digits, std::size_t size) noexcept {
+        std::memcpy(at, digits.data(), digits.size());
+        at += size;
         return *this;
     }
 
@@ -64,7 +81,10 @@ class IdexRow {
         return Put(bytes);
     }
 
-    void End() noexcept;
+    void End() noexcept {
+        Put("\r\n");
+        output.Advance(static_cast<std::size_t>(at - begin));
+    }
     // Values of the row that are not what they were: with a character replaced, and numbers that were cut.
     int Replaced() const noexcept { return replaced; }
     int Cut() const noexcept { return cut; }

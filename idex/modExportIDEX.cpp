@@ -46,13 +46,17 @@ constexpr std::string_view definitions =
     "\r\n"
     "DATABASE\r\n";
 
-// Ends the row of a record of this line of the input, and tells what of its values was lost.
-void End(Translation& translation, IdexRow& row, std::int64_t line) {
-    row.End();
+void TellLost(Translation& translation, const IdexRow& row, std::int64_t line) {
     if (row.Replaced() > 0) {
         Tell(translation, {.kind = ProblemKind::CharacterReplaced, .line = line}, row.Replaced());
     }
     if (row.Cut() > 0) Tell(translation, {.kind = ProblemKind::NumberCut, .line = line}, row.Cut());
+}
+
+// Ends the row of a record of this line of the input, and tells what of its values was lost.
+void End(Translation& translation, IdexRow& row, std::int64_t line) {
+    row.End();
+    if (row.Replaced() != 0 || row.Cut() != 0) TellLost(translation, row, line);
 }
 
 void WriteHeader(Translation& translation) {
@@ -155,6 +159,25 @@ void WriteLines(Translation& translation) {
     }
 }
 
+// A whole number and its digits, which many rows have from the row before.
+class KnownNumber {
+ public:
+    bool Is(std::int32_t wanted) const noexcept { return number == wanted; }
+
+    void Put(IdexRow& row, std::int32_t wanted) noexcept {
+        if (!Is(wanted)) {
+            number = wanted;
+            size = static_cast<std::size_t>(WriteWhole(digits.data(), number) - digits.data());
+        }
+        row.PutDigits(digits, size);
+    }
+
+ private:
+    std::int32_t number = 0;
+    std::size_t size = 1;
+    IdexRow::Digits digits{'0'};
+};
+
 // The points' names were told with the points.
 void WriteEdges(Screen& screen, LineWriter& output, const Drawing& drawing) {
     const auto& edges = drawing.Edges;
@@ -163,13 +186,20 @@ void WriteEdges(Screen& screen, LineWriter& output, const Drawing& drawing) {
     BeginProgress(screen, edges.UpperBound());
     output.PutLine({});
     output.PutLine("    EDGES (LineNo,StartPt,StartPtID,EndPt,EndPtID,LINETYPE)");
+    KnownNumber lineNo;
+    KnownNumber start;
+    KnownNumber end;
     for (std::int32_t index = 1; index <= edges.UpperBound(); ++index) {
         StepProgress(screen, index);
         const EdgeRec& edge = edges[index];
         IdexRow row(output);
-        row.Put("      ").PutWhole(edge.LineNo).Put(",");
-        row.PutWhole(edge.StartPt).Put(", ").PutPointID(drawing.Points[edge.StartPt]).Put(",");
-        row.PutWhole(edge.EndPt).Put(", ").PutPointID(drawing.Points[edge.EndPt]).Put(",");
+        lineNo.Put(row.Put("      "), edge.LineNo);
+        // A line string goes on where it was.
+        if (end.Is(edge.StartPt)) start = end;
+        start.Put(row.Put(","), edge.StartPt);
+        row.Put(", ").PutPointID(drawing.Points[edge.StartPt]);
+        end.Put(row.Put(","), edge.EndPt);
+        row.Put(", ").PutPointID(drawing.Points[edge.EndPt]).Put(",");
         row.PutFixed(drawing.LineTypeBytes(edge).View()).Put(";").End();
     }
     output.PutLine("    END EDGES");

@@ -12,8 +12,6 @@ namespace korvande {
 
 namespace {
 
-constexpr std::string_view straight = "STRAIGHT";
-constexpr std::string_view arcByCentre = "ARC_CENT";
 constexpr std::int32_t anticlockwiseFlag = 16;
 
 // The line string of the group being imported, with its row in the table of lines.
@@ -33,14 +31,13 @@ PointRec VertexOf(ImportRun& run, std::int32_t row) {
     return point;
 }
 
-void AppendEdge(Drawing& drawing, std::int32_t lineNo, std::int32_t start, std::int32_t end,
-                std::string_view lineType) {
+void AppendEdge(Drawing& drawing, std::int32_t lineNo, std::int32_t start, std::int32_t end, KeptNumber lineType) {
     EdgeRec& edge = drawing.Edges.Append();
     edge.InputLine = drawing.Points[end].InputLine;
     edge.LineNo = lineNo;
     edge.StartPt = start;
     edge.EndPt = end;
-    drawing.SetLineType(edge, lineType);
+    Drawing::SetLineTypeNumber(edge, lineType);
 }
 
 PointRec& LastPoint(Drawing& drawing) { return drawing.Points[drawing.Points.UpperBound()]; }
@@ -53,11 +50,18 @@ std::optional<std::int32_t> RowOf(ImportRun& run) {
     return row;
 }
 
+// Whether the number that an I field begins with is that of an arc.
+bool IsArcMark(std::string_view value) {
+    const bool isOneDigit = value[0] >= '0' && value[0] <= '9' && value[1] == ' ';
+    return isOneDigit ? value[0] == '4' : LeadingNumber(value) == 4;
+}
+
 void ReadLineFields(ImportRun& run, std::int32_t row, std::int32_t lineNo, std::int32_t firstPoint) {
     Drawing& drawing = run.translation.drawing;
     PointRec vertex = VertexOf(run, row);
     CoordinateWatch watch;
     std::string_view number;  // of an N field that stands directly before an X field
+    bool isNamed = false;     // the vertex
     for (const GroupField& field : run.records.GroupFields()) {
         watch.See(field);
         const std::string_view numberBefore =
@@ -66,20 +70,21 @@ void ReadLineFields(ImportRun& run, std::int32_t row, std::int32_t lineNo, std::
         switch (field.Key) {
             case 'X': {
                 vertex.InputLine = static_cast<std::int32_t>(field.Line);
-                vertex.East = run.frame.X(field.Value);
-                vertex.SetPointID(numberBefore);
+                vertex.East = run.frame.X(field);
+                if (!numberBefore.empty() || isNamed) vertex.SetPointID(numberBefore);
+                isNamed = !numberBefore.empty();
                 const std::int32_t index = AddImportedPoint(drawing, vertex);
-                if (index > firstPoint) AppendEdge(drawing, lineNo, index - 1, index, straight);
+                if (index > firstPoint) AppendEdge(drawing, lineNo, index - 1, index, run.straight);
                 break;
             }
             case 'Y':
-                LastPoint(drawing).North = run.frame.Y(field.Value);
+                LastPoint(drawing).North = run.frame.Y(field);
                 break;
             case 'Z':
-                LastPoint(drawing).Elevation = run.frame.Z(field.Value);
+                LastPoint(drawing).Elevation = run.frame.Z(field);
                 break;
             case 'I':
-                if (LeadingNumber(field.Value) == 4) {
+                if (IsArcMark(field.Value)) {
                     Report(run.translation, {.kind = ProblemKind::ArcInLineString});
                 }
                 break;
@@ -113,14 +118,14 @@ class ArcChain {
                     break;
                 case 'X':
                     vertex.InputLine = static_cast<std::int32_t>(field.Line);
-                    vertex.East = run.frame.X(field.Value);
+                    vertex.East = run.frame.X(field);
                     AddImportedPoint(drawing, vertex);
                     break;
                 case 'Y':
-                    LastPoint(drawing).North = run.frame.Y(field.Value);
+                    LastPoint(drawing).North = run.frame.Y(field);
                     break;
                 case 'Z':
-                    LastPoint(drawing).Elevation = run.frame.Z(field.Value);
+                    LastPoint(drawing).Elevation = run.frame.Z(field);
                     break;
                 default:
                     break;
@@ -159,7 +164,7 @@ class ArcChain {
         }
         const ArcCentre arc = ArcCentreFrom3Points({start.East, start.North}, {middle.East, middle.North},
                                                    {end.East, end.North}, run.translation.crossingsFound);
-        const std::string_view lineType = arc.direction == 0 ? straight : arcByCentre;
+        const KeptNumber lineType = arc.direction == 0 ? run.straight : run.arcByCentre;
         AppendEdge(drawing, lineNo, arcEnd - 2, arcEnd - 1, lineType);
         AppendEdge(drawing, lineNo, arcEnd - 1, arcEnd, lineType);
         if (arc.direction == 0) return {};

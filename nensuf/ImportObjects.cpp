@@ -75,17 +75,17 @@ class GroupPoints {
                     isFull = true;
                 } else {
                     points[count].InputLine = static_cast<std::int32_t>(field.Line);
-                    points[count].East = frame.X(field.Value);
+                    points[count].East = frame.X(field);
                     points[count].SetPointID(number);
                     ++count;
                 }
                 number = {};
                 break;
             case 'Y':
-                if (count > 0 && !isFull) points[count - 1].North = frame.Y(field.Value);
+                if (count > 0 && !isFull) points[count - 1].North = frame.Y(field);
                 break;
             case 'Z':
-                if (count > 0 && !isFull) points[count - 1].Elevation = frame.Z(field.Value);
+                if (count > 0 && !isFull) points[count - 1].Elevation = frame.Z(field);
                 break;
             default:
                 break;
@@ -187,7 +187,7 @@ std::int32_t AddTextPoints(ImportRun& run, const GroupPoints& points, bool joine
     edge.LineNo = drawing.Lines.UpperBound();
     edge.StartPt = first;
     edge.EndPt = first + 1;
-    drawing.SetLineType(edge, std::string_view("STRAIGHT"));
+    Drawing::SetLineTypeNumber(edge, run.straight);
     return first;
 }
 

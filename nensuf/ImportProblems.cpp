@@ -1,10 +1,7 @@
 #include "nensuf/ImportProblems.h"
 
-#include <bit>
-#include <cstring>
 #include <utility>
 
-#include "core/Numbers.h"
 #include "core/Text.h"
 #include "nensuf/ImportRun.h"
 #include "translation/Translation.h"
@@ -92,25 +89,6 @@ void CoordinateWatch::Tell(Translation& translation) {
     tell(ProblemKind::CoordinateNoNumber, noNumber);
     tell(ProblemKind::CoordinateAlone, alone);
     tell(ProblemKind::NumberWithoutPoint, numbers);
-}
-
-// Nearly every coordinate is blanks and digits: eight of its nine characters are looked at together.
-bool CoordinateWatch::IsCoordinate(std::string_view value) noexcept {
-    constexpr std::uint64_t everyByte = 0x0101010101010101;
-    const char last = value.back();
-    if (std::endian::native == std::endian::little && value.size() == 9 && last >= '0' && last <= '9') {
-        std::uint64_t word = 0;
-        std::memcpy(&word, value.data(), sizeof(word));
-        const std::uint64_t unlikeBlanks = word ^ (everyByte * ' ');
-        if (unlikeBlanks == 0) return true;
-        // Blanks in front become zeros, which are 10 hex above them.
-        const int blankBits = std::countr_zero(unlikeBlanks) / 8 * 8;
-        word |= (everyByte * 0x10) & ((std::uint64_t{1} << blankBits) - 1);
-        constexpr std::uint64_t upperHalves = everyByte * 0xF0;
-        constexpr std::uint64_t digits = everyByte * 0x30;
-        if ((word & upperHalves) == digits && ((word + everyByte * 6) & upperHalves) == digits) return true;
-    }
-    return IsNumber(value);
 }
 
 }  // namespace korvande

@@ -55,7 +55,7 @@ class CoordinateWatch {
             default:
                 return;
         }
-        if (!IsCoordinate(field.Value)) noNumber.Note(field.Line);
+        if (!IsNumber(field)) noNumber.Note(field.Line);
     }
 
     // A number (N) that no point takes; a blank one is none.
@@ -65,8 +65,6 @@ class CoordinateWatch {
     void Tell(Translation& translation);
 
  private:
-    static bool IsCoordinate(std::string_view value) noexcept;
-
     Fault noNumber;
     Fault alone;  // X without Y, or Y without X
     Fault numbers;

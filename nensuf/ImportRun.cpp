@@ -1,19 +1,22 @@
 #include "nensuf/ImportRun.h"
 
+#include <cmath>
+
 #include "core/Numbers.h"
 #include "core/modScreen.h"
 #include "nensuf/ImportProblems.h"
-#include "nensuf/Overflow.h"
 #include "translation/CodeLookups.h"
 #include "translation/Translation.h"
 
 namespace korvande {
 
-double CoordinateFrame::Metres(std::string_view value, double factor, double origin) {
-    return WithoutOverflow(factor * LeadingNumber(value) + origin);
-}
-
 namespace {
+
+KeptNumber LineTypeOf(Drawing& drawing, std::string_view name) {
+    FixedBytes<12> lineType{};
+    lineType.Assign(name);
+    return drawing.LineTypes.NumberOf(lineType);
+}
 
 SelectionRectangle SelectionOf(const Options& options) {
     const auto number = [](const Text& text) { return LeadingNumber(ToWindows1252(text)); };
@@ -33,7 +36,9 @@ ImportRun::ImportRun(Translation& itsTranslation, LineReader& file)
       pointKinds(itsTranslation.drawing, itsTranslation.codes.points),
       vertexKinds(itsTranslation.drawing, itsTranslation.codes.lines),
       lineKinds(itsTranslation.drawing, itsTranslation.codes.lines),
-      textLineKinds(itsTranslation.drawing, itsTranslation.codes.texts) {}
+      textLineKinds(itsTranslation.drawing, itsTranslation.codes.texts),
+      straight(LineTypeOf(itsTranslation.drawing, "STRAIGHT")),
+      arcByCentre(LineTypeOf(itsTranslation.drawing, "ARC_CENT")) {}
 
 namespace {
 
@@ -52,6 +57,14 @@ class CodeTaker {
     char key = 0;
 };
 
+// The kind in the first two characters of a G field; 0 when they are no whole number.
+int KindIn(std::string_view value) {
+    const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
+    if (isDigit(value[0]) && isDigit(value[1])) return 10 * (value[0] - '0') + (value[1] - '0');
+    const double kind = LeadingNumber(value.substr(0, 2));
+    return kind == std::floor(kind) ? static_cast<int>(kind) : 0;
+}
+
 // A 03 group: M holds the code (nine characters), G the kind of geometry in its first two and the status in its sixth.
 void ReadGeometryFields(ImportRun& run, GroupObjects& objects) {
     constexpr std::size_t statusPlace = 5;
@@ -63,7 +76,7 @@ void ReadGeometryFields(ImportRun& run, GroupObjects& objects) {
         } else if (field.Key == 'G') {
             objects.namesKind = true;
             objects.isMarked = objects.isMarked || MarksMutation(field.Value[statusPlace]);
-            const double kind = LeadingNumber(field.Value.substr(0, 2));
+            const int kind = KindIn(field.Value);
             objects.isPoint = objects.isPoint || kind == 1;
             objects.isLine = objects.isLine || kind == 3 || kind == 5 || kind == 12;
             objects.isArc = objects.isArc || kind == 4 || kind == 13;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/modKORVANDE.h"
+#include "nensuf/Overflow.h"
 #include "nensuf/RecordReader.h"
 #include "project/CodeTables.h"
 #include "translation/Mode.h"
@@ -39,12 +40,14 @@ struct CoordinateFrame {
     double scaleZ = 0;
 
     // Metres of a field's value; error 6 on overflow.
-    double X(std::string_view value) const { return Metres(value, scale, originX); }
-    double Y(std::string_view value) const { return Metres(value, scale, originY); }
-    double Z(std::string_view value) const { return Metres(value, scaleZ, originZ); }
+    double X(const GroupField& field) const { return Metres(field, scale, originX); }
+    double Y(const GroupField& field) const { return Metres(field, scale, originY); }
+    double Z(const GroupField& field) const { return Metres(field, scaleZ, originZ); }
 
  private:
-    static double Metres(std::string_view value, double factor, double origin);
+    static double Metres(const GroupField& field, double factor, double origin) {
+        return WithoutOverflow(factor * NumberOf(field) + origin);
+    }
 };
 
 // What a 03 or 05 group names: its code and the objects to be read from it, at most one of each kind.
@@ -115,6 +118,8 @@ struct ImportRun {
     RowKinds<PointRec> vertexKinds;  // points of line strings, from the table of lines
     RowKinds<LineRec> lineKinds;
     RowKinds<LineRec> textLineKinds;  // line strings below texts, from the table of texts
+    KeptNumber straight;              // the line types that are made
+    KeptNumber arcByCentre;
 };
 
 // The objects of the group read last, of type 03 or 05.

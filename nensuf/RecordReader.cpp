@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/PlainNumbers.h"
 #include "core/Text.h"
 #include "nensuf/RecordLine.h"
 #include "translation/Files.h"
@@ -119,8 +120,9 @@ std::string_view RecordReader::ReadRecordGroup(int mode) {
     beforeGroup = taken;
     taken = EndOf(record, origin.line);
     recordType = taken.type;
-    payload.assign(record.data() + payloadBegin, payloadLength);
-    payloadLines.assign(1, origin.line);
+    payloadSize = 0;
+    payloadLines.clear();
+    AddToPayload(origin.line);
     while (taken.GoesOn()) {
         ReadFileRecord(record);
         if (record[0] != recordType[0] || record[1] != recordType[1]) {
@@ -130,24 +132,36 @@ std::string_view RecordReader::ReadRecordGroup(int mode) {
             break;
         }
         taken = EndOf(record, lineRead.line);
-        payload.append(record.data() + payloadBegin, payloadLength);
-        payloadLines.push_back(lineRead.line);
+        AddToPayload(lineRead.line);
     }
     SplitPayload();
     return {};
 }
 
+void RecordReader::AddToPayload(std::int64_t line) {
+    // The last field may lack its trailing blanks; there is room for them behind the payload's end.
+    const std::size_t size = payloadSize + payloadLength + fieldLength;
+    if (payload.size() < size) payload.resize(2 * size);
+    std::memcpy(payload.data() + payloadSize, record.data() + payloadBegin, payloadLength);
+    payloadSize += payloadLength;
+    payloadLines.push_back(line);
+}
+
 void RecordReader::SplitPayload() {
-    std::string_view rest = Trim(std::string_view(payload));
-    // The last field may lack its trailing blanks; there is room for them, if need be behind the payload's end.
+    std::memset(payload.data() + payloadSize, ' ', fieldLength);
+    const std::string_view rest = Trim(std::string_view(payload).substr(0, payloadSize));
     const auto begin = static_cast<std::size_t>(rest.data() - payload.data());
     const std::size_t count = (rest.size() + fieldLength - 1) / fieldLength;
-    payload.resize(std::max(payload.size(), begin + count * fieldLength), ' ');
     fields.clear();
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t at = begin + i * fieldLength;
-        const char* const field = payload.data() + at;
-        fields.push_back({*field, {field + 1, fieldLength - 1}, payloadLines[at / payloadLength]});
+        const std::string_view field(payload.data() + at, fieldLength);
+        GroupField& added = fields.emplace_back();
+        added.Key = field.front();
+        added.Value = field.substr(1);
+        added.Line = payloadLines[at / payloadLength];
+        const bool isCoordinate = added.Key == 'X' || added.Key == 'Y' || added.Key == 'Z';
+        added.isPlain = isCoordinate && PlainColumns(added.Value, added.plainNumber);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/LineReader.h"
+#include "core/Numbers.h"
 #include "nensuf/RecordLine.h"
 
 namespace korvande {
@@ -16,9 +17,17 @@ struct Translation;
 // A field of a record group: columns 1 and 2-10 of ten.
 struct GroupField {
     char Key;
+    bool isPlain;            // a coordinate whose number is known
     std::string_view Value;  // nine characters, blank-padded
     std::int64_t Line;       // of the input, where it begins
+    double plainNumber;
 };
+
+// The number that the value of a field begins with; and whether all of it is a number.
+inline double NumberOf(const GroupField& field) {
+    return field.isPlain ? field.plainNumber : LeadingNumber(field.Value);
+}
+inline bool IsNumber(const GroupField& field) { return field.isPlain || IsNumber(field.Value); }
 
 // Where a record was read, and what is known of its line.
 struct RecordOrigin {
@@ -86,12 +95,14 @@ class RecordReader {
     void PassShortLine(std::string_view read);
     void TakeLine(std::string_view read, Record& target);
     void TellShortClosingLine();
+    void AddToPayload(std::int64_t line);
     void SplitPayload();
 
     Translation& translation;
     LineReader& file;
     std::array<char, 2> recordType{};
-    std::string payload;
+    std::string payload;  // longer than what is in it
+    std::size_t payloadSize = 0;
     std::vector<std::int64_t> payloadLines;  // of each record in the payload
     std::vector<GroupField> fields;
     Record record{};  // the record being read
