@@ -87,15 +87,15 @@ class Figures:
             rows.append([what, most, stretch, measured])
 
         for mode in MODES:
-            goal(mode.name + ", time over the floor's", "≤ 2.0", "1.4" if mode.source == "idx" else "1.5",
+            goal(mode.name + ", time over the floor's", *(("≤ 0.8", "0.65") if mode.source == "idx" else ("≤ 1.2", "1.0")),
                  "%.2f (wall %.2f)" % self.over_floor(mode, MIDDLE))
         largest = self.sizes[-1]
         for mode in MODES:
-            goal("%s, time per object at %s over %s" % (mode.name, count(largest), count(SMALL)), "≤ 1.35", "1.1",
+            goal("%s, time per object at %s over %s" % (mode.name, count(largest), count(SMALL)), "≤ 1.1", "1.05",
                  "%.2f (without the system's %.2f)" % (self.growth(mode, "cpu"), self.growth(mode, "own")))
         memory = [self.bytes_per_object(mode, largest) for mode in MODES]
         if None not in memory:
-            goal("peak memory above start, bytes per object at %s" % count(largest), "≤ 1,150", "1,030",
+            goal("peak memory above start, bytes per object at %s" % count(largest), "≤ 350", "280",
                  "%s to %s" % (count(round(min(memory))), count(round(max(memory)))))
         slowest = max(self.start.values(), key=lambda times: times.wall)
         goal("whole process on %d objects, slowest mode" % FEW, "≤ 10 ms", "5 ms",

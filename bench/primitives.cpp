@@ -6,13 +6,16 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "bench/generate.h"
+#include "core/Digits.h"
 #include "core/LineReader.h"
 #include "core/LineWriter.h"
 #include "core/Numbers.h"
 #include "core/Picture.h"
+#include "core/PlainNumbers.h"
 #include "core/Text.h"
 #include "project/CodeTables.h"
 
@@ -64,6 +67,18 @@ void PrimitiveLeadingNumber(benchmark::State& state) {
             [](const std::string& text) { return LeadingNumber(text); });
 }
 
+void PrimitivePlainNumber(benchmark::State& state) {
+    // As in a row, there is more behind them.
+    std::vector<std::string> rows = Decimals();
+    for (std::string& row : rows) row.append("        ");
+    ForEach(state, "the same by eight digits (`PlainNumber`)", rows, [](const std::string& row) {
+        const std::string_view text = std::string_view(row).substr(0, row.size() - 8);
+        double value = 0;
+        PlainNumber(text, row.data() + row.size(), value);
+        return value;
+    });
+}
+
 void PrimitiveFromChars(benchmark::State& state) {
     ForEach(state, "the same by `from_chars`", Decimals(), [](const std::string& text) {
         double value = 0;
@@ -78,23 +93,22 @@ void PrimitiveStrtod(benchmark::State& state) {
 }
 
 void PrimitiveMillimetres(benchmark::State& state) {
-    ForEach(state, "metres into whole millimetres (`ScaledDecimal`)", Metres(), [](double metres) {
-        std::int64_t scaled = 0;
-        ScaledDecimal(metres * 1000, 0, scaled);
-        return scaled;
+    ForEach(state, "metres into whole millimetres (`NearestWhole`)", Metres(), [](double metres) {
+        std::int64_t whole = 0;
+        NearestWhole(metres * 1000, whole);
+        return whole;
     });
 }
 
 void PrimitiveDecimal(benchmark::State& state) {
-    ForEach(state, "a number written with four decimals (`ScaledDecimal`, `WriteDecimalBackwards`)", Metres(),
-            [](double metres) {
-                std::array<char, 32> text{};
-                std::int64_t scaled = 0;
-                ScaledDecimal(metres, 4, scaled);
-                const char* const begin = WriteDecimalBackwards(text.data() + text.size(), scaled, 4);
-                benchmark::DoNotOptimize(text);
-                return begin;
-            });
+    ForEach(state, "a number written with four decimals (`NearestWhole`, `WriteScaled`)", Metres(), [](double metres) {
+        std::array<char, 32> text{};
+        std::int64_t scaled = 0;
+        NearestWhole(metres * 1e4, scaled);
+        const char* const end = WriteScaled(text.data(), scaled, 4);
+        benchmark::DoNotOptimize(text);
+        return end;
+    });
 }
 
 void PrimitiveToChars(benchmark::State& state) {
@@ -173,6 +187,7 @@ void PrimitiveWriteLine(benchmark::State& state) {
 }
 
 BENCHMARK(PrimitiveLeadingNumber);
+BENCHMARK(PrimitivePlainNumber);
 BENCHMARK(PrimitiveFromChars);
 BENCHMARK(PrimitiveStrtod);
 BENCHMARK(PrimitiveMillimetres);

@@ -38,7 +38,7 @@ struct FixedBytes {
     }
 
     FixedText<N> Wide() const noexcept {
-        FixedText<N> wide;
+        FixedText<N> wide{};
         for (std::size_t i = 0; i < N; ++i) {
             wide.characters[i] = windows1252Characters[static_cast<unsigned char>(bytes[i])];
         }

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 
+#include "core/Digits.h"
 #include "core/RuntimeError.h"
 
 namespace korvande {
@@ -16,24 +15,6 @@ namespace {
 constexpr int significantDigits = 15;
 constexpr std::array<double, 16> powersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-
-constexpr std::array<std::uint64_t, 20> wholePowersOfTen = [] {
-    // The first one stands for 0, which has a digit too.
-    std::array<std::uint64_t, 20> powers{0};
-    std::uint64_t power = 1;
-    for (std::size_t i = 1; i != powers.size(); ++i) powers[i] = power *= 10;
-    return powers;
-}();
-
-// "00" to "99": two digits at a time take half the divisions.
-constexpr std::array<char, 200> digitPairs = [] {
-    std::array<char, 200> pairs{};
-    for (std::size_t number = 0; number < 100; ++number) {
-        pairs[2 * number] = static_cast<char>('0' + number / 10);
-        pairs[2 * number + 1] = static_cast<char>('0' + number % 10);
-    }
-    return pairs;
-}();
 
 // A rounded number: digits without a point, of which the last `decimals` stand behind it.
 struct Rounded {
@@ -86,10 +67,9 @@ Rounded RoundByDigits(double value, int decimals) {
 Rounded Round(double value, int decimals) {
     std::int64_t scaled = 0;
     if (ScaledDecimal(value, decimals, scaled)) {
-        std::array<char, 24> buffer{};
-        char* const end = buffer.data() + buffer.size();
-        char* const begin = WriteDigitsBackwards(end, static_cast<std::uint64_t>(scaled < 0 ? -scaled : scaled));
-        return {scaled < 0, std::string(begin, end)};
+        std::array<char, 20 + roomBehindDigits> buffer{};
+        char* const begin = buffer.data();
+        return {scaled < 0, std::string(begin, WriteWhole(begin, scaled < 0 ? -scaled : scaled))};
     }
     if (!std::isfinite(value)) throw RuntimeError(errors::overflow);
     return RoundByDigits(value, decimals);
@@ -108,50 +88,6 @@ bool ScaledDecimal(double value, int decimals, std::int64_t& scaled) {
     for (const char digit : rounded.digits) whole = whole * 10 + (digit - '0');
     scaled = rounded.negative ? -whole : whole;
     return true;
-}
-
-std::size_t DigitCount(std::uint64_t number) noexcept {
-    // 1233/4096 is the logarithm of 2: the digits by the bits, or one less.
-    const auto digits = static_cast<std::size_t>(std::bit_width(number | 1)) * 1233 >> 12;
-    return digits + (number >= wholePowersOfTen[digits] ? 1 : 0);
-}
-
-std::size_t DecimalLength(std::int64_t scaled, int decimals) noexcept {
-    const auto behind = static_cast<std::size_t>(decimals);
-    const auto size = static_cast<std::uint64_t>(scaled < 0 ? -scaled : scaled);
-    return (scaled < 0 ? 1 : 0) + std::max(DigitCount(size), behind + 1) + 1;
-}
-
-char* WriteDigitsBackwards(char* end, std::uint64_t number) noexcept {
-    while (number >= 100) {
-        end -= 2;
-        std::memcpy(end, digitPairs.data() + number % 100 * 2, 2);
-        number /= 100;
-    }
-    if (number < 10) {
-        *--end = static_cast<char>('0' + number);
-        return end;
-    }
-    end -= 2;
-    std::memcpy(end, digitPairs.data() + number * 2, 2);
-    return end;
-}
-
-char* WriteDecimalBackwards(char* end, std::int64_t scaled, int decimals) noexcept {
-    auto size = static_cast<std::uint64_t>(scaled < 0 ? -scaled : scaled);
-    for (; decimals >= 2; decimals -= 2) {
-        end -= 2;
-        std::memcpy(end, digitPairs.data() + size % 100 * 2, 2);
-        size /= 100;
-    }
-    if (decimals == 1) {
-        *--end = static_cast<char>('0' + size % 10);
-        size /= 10;
-    }
-    *--end = '.';
-    end = WriteDigitsBackwards(end, size);
-    if (scaled < 0) *--end = '-';
-    return end;
 }
 
 void AppendDecimal(std::string& text, double value, int integerDigits, int decimals) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cmath>
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -38,18 +37,5 @@ void AppendDecimal(std::string& text, double value, int integerDigits, int decim
 // point; any other character, before or behind the digits, stands for itself. A minus sign goes directly before the
 // first digit.
 std::string FormatPicture(double value, std::string_view picture);
-
-// How many digits a whole number has, 0 one.
-std::size_t DigitCount(std::uint64_t number) noexcept;
-
-// How many characters WriteDecimalBackwards writes.
-std::size_t DecimalLength(std::int64_t scaled, int decimals) noexcept;
-
-// The decimal digits of a whole number written backwards from `end`; returns the first digit's place.
-char* WriteDigitsBackwards(char* end, std::uint64_t number) noexcept;
-
-// The same of a number scaled by 10^decimals: with a point before that many digits, at least one digit before the
-// point, and a minus sign when it is negative.
-char* WriteDecimalBackwards(char* end, std::int64_t scaled, int decimals) noexcept;
 
 }  // namespace korvande

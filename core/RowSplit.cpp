@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
 #include <vector>
 
 #include "core/modParser.h"
@@ -31,107 +30,124 @@ bool AreOrdinary(char separator, char terminator) noexcept {
 
 constexpr std::size_t atOnce = 16;
 
-// Marks up to 64 bytes.
+// Marks a row of sixteen bytes or more, 64 of them at a time.
 class Marker {
  public:
     Marker(char separator, char terminator) noexcept
-        : separators(_mm_set1_epi8(separator)),
-          terminators(_mm_set1_epi8(terminator)),
-          quotes(_mm_set1_epi8(quote)),
-          backslashes(_mm_set1_epi8(backslash)) {}
+        : separators(_mm_set1_epi8(separator)), terminators(_mm_set1_epi8(terminator)) {}
 
-    // The bytes of a row from a place on, of which the first stands in the lowest bit.
-    std::uint64_t From(std::string_view row, std::size_t place) noexcept {
-        std::uint64_t bits = 0;
+    // The bytes of the row from a place on, of which the first has the lowest bit.
+    void Mark(std::string_view row, std::size_t place, std::uint64_t& special, std::uint64_t& written) noexcept {
         std::size_t shift = 0;
         for (; shift < 64 && place + shift + atOnce <= row.size(); shift += atOnce) {
-            bits |= Sixteen(row.data() + place + shift) << shift;
+            const Sixteen bits = Look(row.data() + place + shift);
+            special |= bits.special << shift;
+            written |= bits.written << shift;
         }
-        if (shift == 64 || place + shift == row.size()) return bits;
+        if (shift == 64 || place + shift == row.size()) return;
         // The last ones together with some before them, for no byte behind the row may be read.
         const std::size_t begin = row.size() - atOnce;
-        const std::uint64_t last = Sixteen(row.data() + begin);
-        return bits | (begin >= place ? last << (begin - place) : last >> (place - begin));
+        const Sixteen bits = Look(row.data() + begin);
+        special |= begin >= place ? bits.special << (begin - place) : bits.special >> (place - begin);
+        written |= begin >= place ? bits.written << (begin - place) : bits.written >> (place - begin);
     }
 
     bool HasMetBackslash() const noexcept { return _mm_movemask_epi8(met) != 0; }
 
  private:
-    std::uint64_t Sixteen(const char* at) noexcept {
+    struct Sixteen {
+        std::uint64_t special;
+        std::uint64_t written;
+    };
+
+    Sixteen Look(const char* at) noexcept {
         const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-        met = _mm_or_si128(met, _mm_cmpeq_epi8(bytes, backslashes));
-        const __m128i marked =
-            _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi8(bytes, separators), _mm_cmpeq_epi8(bytes, terminators)),
-                         _mm_cmpeq_epi8(bytes, quotes));
-        return static_cast<unsigned>(_mm_movemask_epi8(marked));
+        const auto are = [bytes](char byte) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(byte)); };
+        const auto bits = [](__m128i marks) { return static_cast<unsigned>(_mm_movemask_epi8(marks)); };
+        met = _mm_or_si128(met, are(backslash));
+        const __m128i ends = _mm_or_si128(_mm_cmpeq_epi8(bytes, separators), _mm_cmpeq_epi8(bytes, terminators));
+        return {bits(_mm_or_si128(ends, are(quote))), bits(_mm_or_si128(are(' '), are('\t'))) ^ 0xFFFF};
     }
 
     __m128i separators;
     __m128i terminators;
-    __m128i quotes;
-    __m128i backslashes;
     __m128i met = _mm_setzero_si128();
 };
 
 #endif
 
-// Where a field ends that goes up to a place, without the blanks before that.
-std::size_t BeforeBlanks(std::string_view row, std::size_t begin, std::size_t end) noexcept {
-    // Numbers are often padded with many.
-    constexpr std::string_view eightBlanks = "        ";
-    if (end - begin >= 8 && std::memcmp(row.data() + end - 8, eightBlanks.data(), 8) == 0) end -= 8;
-    while (end > begin && IsBlank(row[end - 1])) --end;
-    return end;
+// The place of the first byte from a place on that is no blank; the row's end when there is none.
+std::size_t BehindBlanks(const RowMarks& marks, std::size_t place, std::size_t rowEnd) noexcept {
+    for (std::size_t word = place / 64; 64 * word < rowEnd; ++word) {
+        const std::uint64_t from = word == place / 64 ? ~std::uint64_t{0} << (place % 64) : ~std::uint64_t{0};
+        const std::uint64_t bits = marks.written[word] & from;
+        if (bits != 0) return 64 * word + static_cast<std::size_t>(std::countr_zero(bits));
+    }
+    return rowEnd;
 }
 
-std::size_t BehindBlanks(std::string_view row, std::size_t place) noexcept {
-    while (place < row.size() && IsBlank(row[place])) ++place;
-    return place;
+// The place behind the last byte before a place that is no blank; a field's beginning when there is none.
+std::size_t BeforeBlanks(const RowMarks& marks, std::size_t begin, std::size_t place) noexcept {
+    std::size_t end = place;
+    while (end > begin) {
+        const std::size_t word = (end - 1) / 64;
+        const std::uint64_t bits = marks.written[word] & (~std::uint64_t{0} >> (63 - (end - 1) % 64));
+        if (bits != 0) return std::max(begin, 64 * word + static_cast<std::size_t>(std::bit_width(bits)));
+        end = 64 * word;
+    }
+    return begin;
 }
+
+// The quotes of a field, met in their order: whether what follows stands between them.
+class FieldQuotes {
+ public:
+    bool AreOpen() const noexcept { return isOpen; }
+
+    void Take(std::string_view row, std::size_t fieldBegin, std::size_t place) noexcept {
+        if (!isOpen) {
+            isOpen = place == fieldBegin;
+        } else if (place != secondOfTwo) {
+            const bool isDoubled = place + 1 < row.size() && row[place + 1] == quote;
+            if (isDoubled) secondOfTwo = place + 1;
+            isOpen = isDoubled;
+        }
+    }
+
+ private:
+    bool isOpen = false;
+    std::size_t secondOfTwo = std::string_view::npos;  // of two that stand for one
+};
 
 // Goes from mark to mark of a row without blanks at its ends and finds the fields between them. False when a quote is
 // not closed, for which the rules are others.
-bool SplitAtMarks(std::string_view row, const RowMarks& marks, char separator, char terminator,
-                  std::span<std::string_view> fields, RowEnd& end) noexcept {
-    constexpr std::size_t none = std::string_view::npos;
+bool SplitAtMarks(std::string_view row, const RowMarks& marks, char terminator, std::span<std::string_view> fields,
+                  RowEnd& end) noexcept {
+    FieldQuotes quotes;
     std::size_t count = 0;
-    std::size_t begin = 0;           // of the field, behind its blanks
-    bool isQuoted = false;           // between the quotes of the field
-    std::size_t secondOfTwo = none;  // of two quotes that stand for one
-    std::size_t behind = row.size();
-    end.hasBackslash = marks.hasBackslash;
-    for (std::size_t word = 0; 64 * word < row.size() && end.terminator == none; ++word) {
-        for (std::uint64_t bits = marks.words[word]; bits != 0; bits &= bits - 1) {
-            const std::size_t place = 64 * word + static_cast<std::size_t>(std::countr_zero(bits));
+    std::size_t begin = 0;  // of the field, behind its blanks
+    std::size_t place = 0;
+    const auto field = [&] { return std::string_view(row.data() + begin, BeforeBlanks(marks, begin, place) - begin); };
+    for (std::size_t word = 0; 64 * word < row.size(); ++word) {
+        for (std::uint64_t bits = marks.special[word]; bits != 0; bits &= bits - 1) {
+            place = 64 * word + static_cast<std::size_t>(std::countr_zero(bits));
             const char byte = row[place];
-            if (byte == separator) {
-                if (isQuoted) continue;
-                fields[count++] = {row.data() + begin, BeforeBlanks(row, begin, place) - begin};
-                begin = BehindBlanks(row, place + 1);
-                if (count < fields.size()) continue;
-                end.count = count;
-                end.terminator = row.find(terminator, place);
-                return true;
-            }
-            if (byte == terminator) {
-                behind = end.terminator = place;
+            if (byte == quote) {
+                quotes.Take(row, begin, place);
+            } else if (byte == terminator) {
+                end.terminator = place;
                 break;
-            }
-            if (!isQuoted) {
-                isQuoted = place == begin;
-            } else if (place != secondOfTwo) {
-                const bool isDoubled = place + 1 < row.size() && row[place + 1] == quote;
-                if (isDoubled) {
-                    secondOfTwo = place + 1;
-                } else {
-                    isQuoted = false;
-                }
+            } else if (!quotes.AreOpen()) {
+                fields[count++] = field();
+                begin = BehindBlanks(marks, place + 1, row.size());
+                if (count == fields.size()) end.terminator = row.find(terminator, place);
+                if (count == fields.size()) break;
             }
         }
+        if (end.terminator != std::string_view::npos || count == fields.size()) break;
     }
-    if (isQuoted) return false;
-    const std::size_t last = BeforeBlanks(row, begin, behind);
-    if (last > begin || count > 0) fields[count++] = {row.data() + begin, last - begin};
+    if (quotes.AreOpen()) return false;
+    place = std::min(end.terminator, row.size());
+    if (count < fields.size() && (count > 0 || place > begin)) fields[count++] = field();
     end.count = count;
     return true;
 }
@@ -141,8 +157,9 @@ bool SplitAtMarks(std::string_view row, const RowMarks& marks, char separator, c
 void MarkRowPlainly(std::string_view row, char separator, char terminator, RowMarks& marks) noexcept {
     for (std::size_t place = 0; place < row.size(); ++place) {
         const char byte = row[place];
-        const bool isMarked = byte == separator || byte == terminator || byte == quote;
-        marks.words[place / 64] |= std::uint64_t{isMarked} << (place % 64);
+        const std::uint64_t bit = std::uint64_t{1} << (place % 64);
+        if (byte == separator || byte == terminator || byte == quote) marks.special[place / 64] |= bit;
+        if (!IsBlank(byte)) marks.written[place / 64] |= bit;
         if (byte == backslash) marks.hasBackslash = true;
     }
 }
@@ -151,7 +168,9 @@ void MarkRow(std::string_view row, char separator, char terminator, RowMarks& ma
 #ifdef KORVANDE_HAS_SSE2
     if (row.size() >= atOnce) {
         Marker marker(separator, terminator);
-        for (std::size_t word = 0; 64 * word < row.size(); ++word) marks.words[word] = marker.From(row, 64 * word);
+        for (std::size_t word = 0; 64 * word < row.size(); ++word) {
+            marker.Mark(row, 64 * word, marks.special[word], marks.written[word]);
+        }
         marks.hasBackslash = marker.HasMetBackslash();
         return;
     }
@@ -165,7 +184,8 @@ RowEnd SplitRow(std::string_view row, char separator, char terminator, std::span
     if (trimmed.size() <= RowMarks::most && AreOrdinary(separator, terminator)) {
         RowMarks marks;
         MarkRow(trimmed, separator, terminator, marks);
-        if (SplitAtMarks(trimmed, marks, separator, terminator, fields, end)) {
+        end.hasBackslash = marks.hasBackslash;
+        if (SplitAtMarks(trimmed, marks, terminator, fields, end)) {
             if (end.terminator != std::string_view::npos) {
                 end.terminator += static_cast<std::size_t>(trimmed.data() - row.data());
             }

@@ -10,12 +10,13 @@
 // looked at.
 namespace korvande {
 
-// The places in a row that hold its separator, its terminator or a double quote, a bit for each; and whether there is a
-// backslash.
+// What is known of the bytes of a row, of which each has a bit.
 struct RowMarks {
     static constexpr std::size_t most = 256;  // bytes of a row
+    using Bits = std::array<std::uint64_t, most / 64>;
 
-    std::array<std::uint64_t, most / 64> words{};
+    Bits special{};  // the separator, the terminator and double quotes
+    Bits written{};  // all but blanks and tabs
     bool hasBackslash = false;
 };
 

@@ -29,7 +29,8 @@ class RecordText {
  public:
     static constexpr std::size_t capacity = 160;
 
-    RecordText() noexcept {}  // NOLINT(cppcoreguidelines-pro-type-member-init): the bytes, see there
+    // NOLINTNEXTLINE(modernize-use-equals-default,cppcoreguidelines-pro-type-member-init): its bytes, see there
+    RecordText() noexcept {}
 
     std::string_view View() const noexcept { return {bytes.data(), size}; }
     bool IsEmpty() const noexcept { return size == 0; }

@@ -16,11 +16,11 @@ struct Translation;
 
 // A field of a record group: columns 1 and 2-10 of ten.
 struct GroupField {
-    char Key;
-    bool isPlain;            // a coordinate whose number is known
+    char Key = ' ';
+    bool isPlain = false;    // a coordinate whose number is known
     std::string_view Value;  // nine characters, blank-padded
-    std::int64_t Line;       // of the input, where it begins
-    double plainNumber;
+    std::int64_t Line = 0;   // of the input, where it begins
+    double plainNumber = 0;
 };
 
 // The number that the value of a field begins with; and whether all of it is a number.

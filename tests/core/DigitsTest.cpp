@@ -8,8 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "core/Picture.h"
-
 namespace korvande::testing {
 
 namespace {
@@ -75,16 +73,25 @@ TEST(Digits, AWholeNumberHasTheDigitsOfTheLibrary) {
     for (const std::int64_t number : Numbers()) ASSERT_EQ(Whole(number), std::to_string(number));
 }
 
-TEST(Digits, AScaledNumberIsTheOneThatIsWrittenBackwards) {
+TEST(Digits, AScaledNumberHasItsPointBeforeItsDecimals) {
+    EXPECT_EQ(Scaled(0, 4), "0.0000");
+    EXPECT_EQ(Scaled(1, 4), "0.0001");
+    EXPECT_EQ(Scaled(-1, 4), "-0.0001");
+    EXPECT_EQ(Scaled(12345, 4), "1.2345");
+    EXPECT_EQ(Scaled(1'210'005'000, 4), "121000.5000");
+    EXPECT_EQ(Scaled(-50, 3), "-0.050");
+    EXPECT_EQ(Scaled(99, 1), "9.9");
+    EXPECT_EQ(Scaled(999'999'999'999'999, 4), "99999999999.9999");
+    EXPECT_EQ(Scaled(-7, 0), "-7");
     for (const std::int64_t number : Numbers()) {
-        if (number == std::numeric_limits<std::int64_t>::min()) continue;
-        for (int decimals = 1; decimals <= 8; ++decimals) {
-            Buffer buffer{};
-            char* const end = buffer.data() + buffer.size();
-            const std::string expected(WriteDecimalBackwards(end, number, decimals), end);
-            ASSERT_EQ(Scaled(number, decimals), expected) << number << " " << decimals;
+        for (std::size_t decimals = 1; decimals <= 8; ++decimals) {
+            std::string digits = std::to_string(number);
+            const std::string sign = digits.front() == '-' ? "-" : "";
+            digits.erase(0, sign.size());
+            if (digits.size() <= decimals) digits.insert(0, decimals + 1 - digits.size(), '0');
+            digits.insert(digits.size() - decimals, ".");
+            ASSERT_EQ(Scaled(number, static_cast<int>(decimals)), sign + digits);
         }
-        ASSERT_EQ(Scaled(number, 0), std::to_string(number));
     }
 }
 

@@ -251,54 +251,6 @@ TEST(Picture, TheWrittenFormFollowsTheRule) {
     }
 }
 
-TEST(Picture, AScaledNumberIsWrittenBackwardsWithItsPoint) {
-    struct Case {
-        std::int64_t scaled;
-        int decimals;
-        const char* text;
-    };
-    constexpr Case cases[] = {
-        {0, 4, "0.0000"},
-        {1, 4, "0.0001"},
-        {-1, 4, "-0.0001"},
-        {12345, 4, "1.2345"},
-        {1210005000, 4, "121000.5000"},
-        {-50, 3, "-0.050"},
-        {1234, 3, "1.234"},
-        {99, 1, "9.9"},
-        {100, 2, "1.00"},
-        {7, 0, "7."},
-        {999999999999999, 4, "99999999999.9999"},
-    };
-    for (const Case& each : cases) {
-        std::array<char, 32> buffer{};
-        char* const end = buffer.data() + buffer.size();
-        char* const begin = WriteDecimalBackwards(end, each.scaled, each.decimals);
-        EXPECT_EQ(std::string(begin, end), each.text);
-        EXPECT_EQ(DecimalLength(each.scaled, each.decimals), std::string_view(each.text).size());
-    }
-}
-
-TEST(Picture, EveryPowerOfTenHasADigitMoreThanTheNumberBelow) {
-    EXPECT_EQ(DigitCount(0), 1U);
-    std::uint64_t power = 1;
-    for (std::size_t digits = 1; digits <= 19; ++digits, power *= 10) {
-        EXPECT_EQ(DigitCount(power), digits);
-        if (digits > 1) {
-            EXPECT_EQ(DigitCount(power - 1), digits - 1);
-        }
-    }
-    EXPECT_EQ(DigitCount(std::numeric_limits<std::uint64_t>::max()), 20U);
-}
-
-TEST(Picture, DigitsAreWrittenBackwards) {
-    std::array<char, 24> room{};
-    char* const end = room.data() + room.size();
-    EXPECT_EQ(std::string(WriteDigitsBackwards(end, 0), end), "0");
-    EXPECT_EQ(std::string(WriteDigitsBackwards(end, 1'200'300), end), "1200300");
-    EXPECT_EQ(std::string(WriteDigitsBackwards(end, 999'999'999'999'999), end), "999999999999999");
-}
-
 }  // namespace
 
 }  // namespace korvande::testing
