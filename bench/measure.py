@@ -87,7 +87,8 @@ class Figures:
             rows.append([what, most, stretch, measured])
 
         for mode in MODES:
-            goal(mode.name + ", time over the floor's", *(("≤ 0.8", "0.65") if mode.source == "idx" else ("≤ 1.2", "1.0")),
+            goals = ("≤ 0.8", "0.65") if mode.source == "idx" else ("≤ 1.2", "1.0")
+            goal(mode.name + ", time over the floor's", *goals,
                  "%.2f (wall %.2f)" % self.over_floor(mode, MIDDLE))
         largest = self.sizes[-1]
         for mode in MODES:

@@ -26,6 +26,14 @@ std::uint64_t DigitValues(std::uint32_t number) noexcept {
     return tens | (quarters - 10 * tens) << 8;
 }
 
+// The same of a number below 10,000 and its four digits.
+std::uint32_t FourDigitValues(std::uint32_t number) noexcept {
+    const std::uint32_t hundreds = (number * 5'243) >> 19;
+    const std::uint32_t halves = hundreds | (number - 100 * hundreds) << 16;
+    const std::uint32_t tens = ((halves * 103) >> 10) & 0x000F'000F;
+    return tens | (halves - 10 * tens) << 8;
+}
+
 // Puts eight bytes down, the lowest one first.
 void Put(char* at, std::uint64_t bytes) noexcept {
     if constexpr (std::endian::native == std::endian::little) {
@@ -87,8 +95,13 @@ char* WriteScaled(char* at, std::int64_t scaled, int decimals) noexcept {
     const std::uint64_t power = powersOfTen[static_cast<std::size_t>(decimals)];
     at = WriteUnsigned(at, size / power);
     *at++ = '.';
-    const int zeros = 8 - decimals;
-    Put(at, (DigitValues(static_cast<std::uint32_t>(size % power)) | everyByte * '0') >> (8 * zeros));
+    const auto behind = static_cast<std::uint32_t>(size % power);
+    constexpr int few = 4;
+    if (decimals <= few) {
+        Put(at, (FourDigitValues(behind) | everyByte * '0') >> (8 * (few - decimals)));
+    } else {
+        Put(at, (DigitValues(behind) | everyByte * '0') >> (8 * (8 - decimals)));
+    }
     return at + decimals;
 }
 

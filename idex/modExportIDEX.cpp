@@ -113,6 +113,28 @@ class QuotedKinds {
     std::vector<Quoted> made;
 };
 
+// The digits of 1, 2, 3 and so on.
+class RowNumber {
+ public:
+    void Next() noexcept {
+        std::size_t place = size;
+        while (place > 0 && digits[place - 1] == '9') digits[--place] = '0';
+        if (place > 0) {
+            ++digits[place - 1];
+            return;
+        }
+        digits[0] = '1';
+        if (size > 0) digits[size] = '0';
+        ++size;
+    }
+
+    void Put(IdexRow& row) const noexcept { row.PutDigits(digits, size); }
+
+ private:
+    IdexRow::Digits digits{};
+    std::size_t size = 0;  // it was not begun
+};
+
 void WritePoints(Translation& translation) {
     Screen& screen = translation.screen;
     LineWriter& output = translation.output;
@@ -122,13 +144,16 @@ void WritePoints(Translation& translation) {
     screen.ShowStatus(u"Wegschrijven punten");
     const auto& points = drawing.Points;
     QuotedKinds kinds(drawing);
+    RowNumber number;
     BeginProgress(screen, points.UpperBound());
     output.PutLine("  POINTS (PointNo,PointID,East,North,Elevation,Code,Description,SymDir)");
     for (std::int32_t index = 1; index <= points.UpperBound(); ++index) {
         StepProgress(screen, index);
         const PointRec& point = points[index];
         IdexRow row(output);
-        row.Put("    ").PutWhole(index).Put(",").PutPointID(point).Put(",");
+        number.Next();
+        number.Put(row.Put("    "));
+        row.Put(",").PutPointID(point).Put(",");
         row.PutDecimal(point.East, 4, lengthWidth).Put(",");
         row.PutDecimal(point.North, 4, lengthWidth).Put(",");
         row.PutDecimal(point.Elevation, 4, lengthWidth).Put(",");

@@ -149,7 +149,13 @@ void RecordReader::AddToPayload(std::int64_t line) {
 
 void RecordReader::SplitPayload() {
     std::memset(payload.data() + payloadSize, ' ', fieldLength);
-    const std::string_view rest = Trim(std::string_view(payload).substr(0, payloadSize));
+    // Whole fields at the end are often blank.
+    constexpr std::string_view blankField = "          ";
+    std::size_t size = payloadSize;
+    while (size > 0 && std::memcmp(payload.data() + size - fieldLength, blankField.data(), fieldLength) == 0) {
+        size -= fieldLength;
+    }
+    const std::string_view rest = Trim(std::string_view(payload.data(), size));
     const auto begin = static_cast<std::size_t>(rest.data() - payload.data());
     const std::size_t count = (rest.size() + fieldLength - 1) / fieldLength;
     fields.clear();
