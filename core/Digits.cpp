@@ -89,14 +89,16 @@ char* WriteWhole(char* at, std::int64_t number) noexcept {
 }
 
 char* WriteScaled(char* at, std::int64_t scaled, int decimals) noexcept {
+    constexpr int few = 4;
     const std::uint64_t size = SizeOf(scaled);
     if (scaled < 0) *at++ = '-';
     if (decimals == 0) return WriteUnsigned(at, size);
+    // Nearly every number has four decimals, and the compiler knows how to divide by what it knows.
     const std::uint64_t power = powersOfTen[static_cast<std::size_t>(decimals)];
-    at = WriteUnsigned(at, size / power);
+    const std::uint64_t whole = decimals == few ? size / powersOfTen[few] : size / power;
+    const auto behind = static_cast<std::uint32_t>(size - whole * power);
+    at = WriteUnsigned(at, whole);
     *at++ = '.';
-    const auto behind = static_cast<std::uint32_t>(size % power);
-    constexpr int few = 4;
     if (decimals <= few) {
         Put(at, (FourDigitValues(behind) | everyByte * '0') >> (8 * (few - decimals)));
     } else {

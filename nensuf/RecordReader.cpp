@@ -158,13 +158,14 @@ void RecordReader::SplitPayload() {
     const std::string_view rest = Trim(std::string_view(payload.data(), size));
     const auto begin = static_cast<std::size_t>(rest.data() - payload.data());
     const std::size_t count = (rest.size() + fieldLength - 1) / fieldLength;
-    fields.clear();
+    if (fields.size() < count) fields.resize(2 * count);
+    fieldCount = count;
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t at = begin + i * fieldLength;
-        const std::string_view field(payload.data() + at, fieldLength);
-        GroupField& added = fields.emplace_back();
-        added.Key = field.front();
-        added.Value = field.substr(1);
+        const char* const field = payload.data() + at;
+        GroupField& added = fields[i];
+        added.Key = *field;
+        added.Value = {field + 1, fieldLength - 1};
         added.Line = payloadLines[at / payloadLength];
         const bool isCoordinate = added.Key == 'X' || added.Key == 'Y' || added.Key == 'Z';
         added.isPlain = isCoordinate && PlainColumns(added.Value, added.plainNumber);

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -71,7 +73,7 @@ class RecordReader {
 
     // The group read last: its type (two characters) and its fields, which stand until the next group is read.
     std::string_view RecordType() const noexcept { return {recordType.data(), recordType.size()}; }
-    const std::vector<GroupField>& GroupFields() const noexcept { return fields; }
+    std::span<const GroupField> GroupFields() const noexcept { return {fields.data(), fieldCount}; }
 
     // Where that group begins, and how the record before it ended.
     const RecordOrigin& GroupOrigin() const noexcept { return groupOrigin; }
@@ -104,7 +106,8 @@ class RecordReader {
     std::string payload;  // longer than what is in it
     std::size_t payloadSize = 0;
     std::vector<std::int64_t> payloadLines;  // of each record in the payload
-    std::vector<GroupField> fields;
+    std::vector<GroupField> fields;          // more than the group has
+    std::size_t fieldCount = 0;
     Record record{};  // the record being read
     Record lookAhead{};
     RecordOrigin lineRead;  // of the record read last from the file
