@@ -20,10 +20,11 @@ struct FixedBytes {
 
     static constexpr std::size_t width = N;
 
+    // The text may be a part of this one.
     void Assign(std::string_view text, Letters letters = Letters::AsTheyAre) noexcept {
         const std::size_t length = std::min(text.size(), N);
         if (letters == Letters::AsTheyAre) {
-            std::memmove(bytes.data(), text.data(), length);
+            std::copy(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length), bytes.begin());
         } else {
             for (std::size_t i = 0; i < length; ++i) bytes[i] = ToCapital(text[i]);
         }
