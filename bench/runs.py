@@ -87,8 +87,8 @@ def translation(drawing, mode, table=None):
     return command, "%s: %s\n" % (output, drawing.expected(mode))
 
 
-def floor_translation(drawing, mode):
-    return [FLOOR, mode.floor, drawing.file(mode.source), OUTPUTS / ("floor." + mode.target)], ""
+def floor_translation(drawing, mode, floor=FLOOR):
+    return [floor, mode.floor, drawing.file(mode.source), OUTPUTS / ("floor." + mode.target)], ""
 
 
 @dataclass
