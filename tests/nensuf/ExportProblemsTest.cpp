@@ -181,6 +181,20 @@ TEST_F(ExportProblems, ACharacterOfTheControlTableThatWindows1252LacksIsToldForE
     EXPECT_FALSE(translation.problems.HasDamage());
 }
 
+TEST_F(ExportProblems, ACodeOfTheControlTableThatWindows1252LacksDoesNotStandForAQuestionMark) {
+    AddRow(translation.codes.points, {u"\u03A9", u"G", types::point});
+    AddRow(translation.codes.lines, {u"\u03A9", u"B", types::line});
+    AddRow(translation.codes.texts, {u"\u03A9", u"Z", u""});
+    AddPoint({.code = u"?"});
+    AddPoint({.code = u"?"});
+    AddLine(u"?");
+    AddSegment({});
+    AddText({.text = u"Weg", .code = u"?"});
+    EXPECT_EQ(
+        Wanted(),
+        "2 punten met een onbekende code\n1 lijnsegment met een onbekende code\n1 tekst met een onbekende code\n");
+}
+
 }  // namespace
 
 }  // namespace korvande::testing
