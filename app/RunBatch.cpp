@@ -1,6 +1,7 @@
 #include "app/RunBatch.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "app/Batch.h"
 #include "app/RunActivity.h"
@@ -129,13 +130,15 @@ BatchOutcome OutcomeOf(const Translation& translation) {
     return outcome;
 }
 
-// False when a person ended all of it.
-bool TranslateOne(FormKORVANDE& form, Screen& screen, const Batch& batch, const BatchFile& file,
+// The code tables are handed on from file to file, with what was prepared for looking codes up in them. False when a
+// person ended all of it.
+bool TranslateOne(FormKORVANDE& form, Screen& screen, CodeTables& codes, const Batch& batch, const BatchFile& file,
                   std::vector<BatchOutcome>& outcomes) {
     Translation translation(screen);
     translation.options = form.project.options;
     translation.owner = form.project.owner;
-    translation.codes = form.project.codes;
+    translation.codes = std::move(codes);
+    ForgetUses(translation.codes);
     translation.mode = ModeFor(batch, file);
     translation.modeText = NamesOf(translation.mode).text;
     const bool isFromIdex = translation.mode.direction == Direction::FromIdex;
@@ -143,6 +146,7 @@ bool TranslateOne(FormKORVANDE& form, Screen& screen, const Batch& batch, const 
     translation.SufNenFileName = isFromIdex ? file.output : file.input;
     translation.LogFileName = file.logBook;
     TranslateFiles(translation);
+    codes = std::move(translation.codes);
     outcomes.push_back(OutcomeOf(translation));
     if (outcomes.back().isTranslated) form.outputs.insert(FileIdentity(file.output));
     return !translation.outcome.cancelled;
@@ -151,6 +155,7 @@ bool TranslateOne(FormKORVANDE& form, Screen& screen, const Batch& batch, const 
 std::vector<BatchOutcome> TranslateAll(FormKORVANDE& form, const Batch& batch, bool replaces) {
     BatchScreen screen(form.screen, batch.files.size());
     std::vector<BatchOutcome> outcomes;
+    CodeTables codes = form.project.codes;
     bool goesOn = true;
     for (std::size_t place = 0; place < batch.files.size(); ++place) {
         const BatchFile& file = batch.files[place];
@@ -163,7 +168,7 @@ std::vector<BatchOutcome> TranslateAll(FormKORVANDE& form, const Batch& batch, b
             outcomes.push_back(NotTranslated(file, u"overgeslagen, want de uitvoer bestaat al.", true));
         } else {
             screen.BeginFile(place, file.input);
-            goesOn = TranslateOne(form, screen, batch, file, outcomes);
+            goesOn = TranslateOne(form, screen, codes, batch, file, outcomes);
         }
     }
     return outcomes;

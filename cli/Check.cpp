@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 #include "cli/Arguments.h"
 #include "cli/ConsoleScreen.h"
@@ -16,6 +17,7 @@
 #include "core/Picture.h"
 #include "core/RuntimeError.h"
 #include "host/modFileHandling.h"
+#include "project/Grid.h"
 #include "run/Check.h"
 #include "run/Recognise.h"
 #include "translation/ProblemBlock.h"
@@ -131,11 +133,11 @@ void AddUnknownCodes(UnknownCodeTally& unknowns, Findings& findings) {
     for (const UnknownCodeRec& unknown : unknowns.Entries()) findings.Add(UnknownCodeSentence(unknown));
 }
 
-// Goes through the drawing and tells all there is to tell of it; the exit status.
-int CheckFile(CheckScreen& screen, const Project& project, const CheckOptions& options, const Text& name,
-              const Bytes& bytes, Format format) {
+// Goes through the drawing and tells all there is to tell of it; the exit status. The code tables are handed on.
+int CheckFile(CheckScreen& screen, const Project& project, CodeTables& codes, const CheckOptions& options,
+              const Text& name, const Bytes& bytes, Format format) {
     Findings findings;
-    Translation translation(screen, project);
+    Translation translation(screen, project, std::move(codes));
     translation.mode = ModeReading(format);
     (format == Format::Idex ? translation.IdexFileName : translation.SufNenFileName) = name;
     translation.inputBytes = bytes;
@@ -161,12 +163,13 @@ int CheckFile(CheckScreen& screen, const Project& project, const CheckOptions& o
     PrintCodes(u"Lijncodes:", translation.codes.lines);
     PrintCodes(u"Puntcodes:", translation.codes.points);
     PrintCodes(u"Tekstcodes:", translation.codes.texts);
+    codes = std::move(translation.codes);
     if (translation.outcome.inputUnreadable || translation.outcome.wrongFormat) return status::failed;
     const bool isGood = findings.Count() == 0 && !translation.problems.HasLoss();
     return isGood ? status::done : status::withErrors;
 }
 
-int CheckOne(const Project& project, const CheckOptions& options, const Text& name) {
+int CheckOne(const Project& project, CodeTables& codes, const CheckOptions& options, const Text& name) {
     CheckScreen screen;
     Bytes bytes;
     std::optional<Format> format;
@@ -179,7 +182,7 @@ int CheckOne(const Project& project, const CheckOptions& options, const Text& na
         return status::failed;
     }
     if (!format) return status::failed;
-    return CheckFile(screen, project, options, name, bytes, *format);
+    return CheckFile(screen, project, codes, options, name, bytes, *format);
 }
 
 }  // namespace
@@ -190,9 +193,11 @@ int Check(const CheckOptions& options) {
     TakeReading(options.reading, settings.options);
     if (!LoadControlTable(screen, settings, options.project)) return status::failed;
     int worst = status::done;
+    CodeTables codes = settings.codes;
+    PassThroughGrids(codes);
     for (const std::string& file : options.files) {
         try {
-            worst = std::max(worst, CheckOne(settings, options, FromUtf8(file)));
+            worst = std::max(worst, CheckOne(settings, codes, options, FromUtf8(file)));
         } catch (const TranslationAborted&) {
             return status::failed;
         }

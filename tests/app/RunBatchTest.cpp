@@ -159,6 +159,15 @@ TEST_F(RunBatchTest, TheProjectIsSavedBeforeAndTheGridsAreWhatIsTranslatedWith) 
     EXPECT_THAT(FileBytes(folder / "b.SFN"), HasSubstr("03MS01 "));
 }
 
+TEST_F(RunBatchTest, TheUsesOfCodesAreCountedAnewForEachFile) {
+    form.gridPoints.SetRowCount(3);
+    form.gridPoints[2] = {u"BOOM", u"S01", u"PUNT", u"Boom", u"0", u"0", u"0"};
+    Translate({folder.Write("a.idx", Drawing()), folder.Write("b.idx", Drawing())});
+    for (const char* const log : {"a.LOG", "b.LOG"}) {
+        EXPECT_THAT(FileBytes(folder / log), ::testing::ContainsRegex("BOOM    = Boom +1 maal\r\n")) << log;
+    }
+}
+
 TEST_F(RunBatchTest, QuestionsAboutAFormatAreAskedPerFileAndNameIt) {
     screen.answers = {Answer::Yes, Answer::Cancel};
     const auto outcomes = Translate(
