@@ -58,6 +58,26 @@ std::string FollowCase(const std::string& path) {
     return resolved;
 }
 
+// With the system's separators, and the folder that stands for its drive.
+std::string SystemPath(TextView name) {
+    std::string path = ToUtf8(name);
+    std::replace(path.begin(), path.end(), '\\', '/');
+    if (BeginsWithDrive(path)) {
+        std::string folder = DriveFolder(path[0]);
+        std::string rest = path.substr(2);
+        if (!rest.starts_with('/') && !folder.ends_with('/')) rest.insert(rest.begin(), '/');
+        path = folder + rest;
+    }
+    return path;
+}
+
+// Of a file that is made new: its name stays as it is, whatever other spellings of it are there.
+std::string NewPath(TextView name) {
+    const std::string path = SystemPath(name);
+    const std::size_t folderSize = path.rfind('/') + 1;
+    return FollowCase(path.substr(0, folderSize)) + path.substr(folderSize);
+}
+
 // Gives a new file, still empty, the owner and the rights of another one. A group that it cannot have gets no more than
 // everybody.
 void TakeRights(int descriptor, const struct stat& other) {
@@ -81,17 +101,7 @@ int Synchronise(int descriptor) {
 
 }  // namespace
 
-std::string NativePath(TextView name) {
-    std::string path = ToUtf8(name);
-    std::replace(path.begin(), path.end(), '\\', '/');
-    if (BeginsWithDrive(path)) {
-        std::string folder = DriveFolder(path[0]);
-        std::string rest = path.substr(2);
-        if (!rest.starts_with('/') && !folder.ends_with('/')) rest.insert(rest.begin(), '/');
-        path = folder + rest;
-    }
-    return FollowCase(path);
-}
+std::string NativePath(TextView name) { return FollowCase(SystemPath(name)); }
 
 TextView NullDevice() noexcept { return u"/dev/null"; }
 
@@ -112,7 +122,7 @@ std::FILE* OpenNativeFile(TextView name, OpenMode mode) {
 }
 
 std::FILE* CreateNativeFile(TextView name, TextView rightsOf) {
-    const std::string path = NativePath(name);
+    const std::string path = NewPath(name);
     struct stat other {};
     const bool takesRights = ::stat(NativePath(rightsOf).c_str(), &other) == 0;
     const OwnChange change(path);

@@ -140,6 +140,15 @@ TEST_F(NativePathTest, WritingUnderANameInAnotherCaseReplacesTheFile) {
     EXPECT_EQ(FileBytes(folder / "straat.log"), "nieuwer");
 }
 
+TEST_F(NativePathTest, ANewFileKeepsItsNameBesideAnotherSpelling) {
+    MakeFolder("Map");
+    folder.Write("Map/straat.tmp", "oud");
+    std::fputs("nieuw", FileHandle(CreateNativeFile(folder / "MAP\\Straat.TMP", u"")).get());
+    EXPECT_EQ(FileBytes(folder / "Map/straat.tmp"), "oud");
+    EXPECT_EQ(FileBytes(folder / "Map/Straat.TMP"), "nieuw");
+    EXPECT_EQ(CreateNativeFile(folder / "map/Straat.TMP", u""), nullptr);
+}
+
 TEST_F(NativePathTest, TheNullDeviceTakesEverythingAndKeepsNothing) {
     std::fputs("weg", FileHandle(OpenNativeFile(NullDevice(), OpenMode::Write)).get());
     const FileHandle file(OpenNativeFile(NullDevice(), OpenMode::Read));
