@@ -12,7 +12,8 @@ namespace korvande {
 // is read again when the system says that the folder has changed, unless this program itself has changed it
 // (OwnChange), and after two seconds in any case. Two changes within a few milliseconds may look like one, so what was
 // read of a folder that another program has changed within the last second counts for a tenth of one: as long as a
-// short run takes, which so reads it once.
+// short run takes, which so reads it once. A run that asks a folder of thousands for a few names tries their spellings
+// instead of reading it.
 std::string FindWithoutCase(const std::string& folder, std::string_view wanted);
 
 // To be there while this program makes, renames or removes the file of a native path, so that what is kept of its

@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <ctime>
@@ -11,6 +12,7 @@
 #include <mutex>
 #include <vector>
 
+#include "core/CaseVariants.h"
 #include "core/CharacterSet.h"
 #include "core/Text.h"
 
@@ -26,14 +28,18 @@ struct Stamp {
     ino_t number = 0;
     std::time_t seconds = 0;  // when it was last changed
     long nanoseconds = 0;
+    off_t bytes = 0;  // that its list of names takes, of which it tells nothing else
 
-    bool operator==(const Stamp&) const = default;
+    bool operator==(const Stamp& other) const {
+        return device == other.device && number == other.number && seconds == other.seconds &&
+               nanoseconds == other.nanoseconds;
+    }
 };
 
 Stamp StampOf(const std::string& folder) {
     struct stat status {};
     if (::stat(folder.empty() ? "." : folder.c_str(), &status) != 0) return {};
-    return {status.st_dev, status.st_ino, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+    return {status.st_dev, status.st_ino, status.st_mtim.tv_sec, status.st_mtim.tv_nsec, status.st_size};
 }
 
 // Of the capitals of a name; names that differ in case only have the same one.
@@ -96,9 +102,12 @@ struct Kept {
     std::string folder;
     Stamp stamp;
     Names names;
+    std::vector<std::string> asked;  // in capitals, the names that it was asked for, each in all spellings
+    std::size_t looks = 0;           // that it was asked for them
     system_clock::time_point readAt;
     bool isOwnState = false;  // this program was the last to change it
-    bool isWhole = false;     // all of it was read
+    bool isTrue = false;      // what is kept of it
+    bool isRead = false;      // all of it was read
     bool isSettled = false;   // while its stamp is the same, so are its names
 };
 
@@ -126,17 +135,48 @@ bool IsFresh(system_clock::time_point now) {
     return age >= system_clock::duration::zero() && age <= (kept.isSettled ? longest : longestUnsettled);
 }
 
-void Read(const std::string& folder, const Stamp& stamp, system_clock::time_point now) {
+// Begins anew with a folder of which nothing is known.
+void Begin(const std::string& folder, const Stamp& stamp, system_clock::time_point now) {
     kept.isOwnState = kept.isOwnState && HasKept(folder, stamp);
-    kept.isWhole = false;
+    kept.isTrue = kept.isRead = false;
     // Of a folder that another program has changed just now a further change may not show.
     const bool isOld = stamp.seconds < system_clock::to_time_t(now) - 1;
-    kept.names = NamesIn(folder);
+    kept.names = Names();
+    kept.asked.clear();
+    kept.looks = 0;
     kept.folder = folder;
     kept.stamp = stamp;
     kept.readAt = now;
     kept.isSettled = kept.isOwnState || isOld;
-    kept.isWhole = true;
+    kept.isTrue = true;
+}
+
+void Read(const std::string& folder, const Stamp& stamp, system_clock::time_point now) {
+    Begin(folder, stamp, now);
+    kept.names = NamesIn(folder);
+    kept.isRead = true;
+}
+
+// Of a folder with very many names: asks for each spelling of the wanted one, unless all that are asked for would take
+// longer than reading it. A look takes as long as reading three or four names of some thirty bytes.
+bool AskFor(const std::string& folder, std::string_view wanted) {
+    constexpr off_t smallest = off_t{1} << 16;
+    constexpr std::size_t bytesOfLook = 128;
+    const std::size_t looks = CaseVariantCount(wanted);
+    const off_t bytes = kept.stamp.bytes;
+    if (looks == 0 || bytes < smallest || (kept.looks + looks) * bytesOfLook > static_cast<std::size_t>(bytes))
+        return false;
+    std::vector<std::string> found;
+    if (!TryCaseVariants(folder, wanted, found)) return false;
+    for (const std::string& name : found) kept.names.Add(name);
+    kept.asked.push_back(ToCapitals(std::string(wanted)));
+    kept.looks += looks;
+    return true;
+}
+
+bool Knows(std::string_view wanted) {
+    return kept.isRead ||
+           std::find(kept.asked.begin(), kept.asked.end(), ToCapitals(std::string(wanted))) != kept.asked.end();
 }
 
 }  // namespace
@@ -145,7 +185,8 @@ std::string FindWithoutCase(const std::string& folder, std::string_view wanted) 
     const std::lock_guard lock(keptLock);
     const Stamp stamp = StampOf(folder);
     const auto now = system_clock::now();
-    if (!kept.isWhole || !HasKept(folder, stamp) || !IsFresh(now)) Read(folder, stamp, now);
+    if (!kept.isTrue || !HasKept(folder, stamp) || !IsFresh(now)) Begin(folder, stamp, now);
+    if (!Knows(wanted) && !AskFor(folder, wanted)) Read(folder, stamp, now);
     return kept.names.Find(wanted);
 }
 
@@ -167,7 +208,7 @@ OwnChange::~OwnChange() {
         kept.isOwnState = true;
     } catch (const std::exception&) {
         // No memory to keep it with: it is read again.
-        kept.isWhole = kept.isOwnState = false;
+        kept.isTrue = kept.isOwnState = false;
     }
 }
 

@@ -6,8 +6,11 @@
 
 #include <chrono>
 #include <cstdio>
+#include <string>
 #include <thread>
+#include <vector>
 
+#include "core/CaseVariants.h"
 #include "tests/support/TestFiles.h"
 
 namespace korvande::testing {
@@ -127,6 +130,85 @@ TEST_F(FolderNamesTest, AFolderThatIsNotThereHoldsNothingUntilItIs) {
     ASSERT_EQ(::mkdir(later.c_str(), 0700), 0);
     folder.Write("later/KAART.idx", "");
     EXPECT_EQ(FindWithoutCase(later, "kaart.idx"), "KAART.idx");
+}
+
+// A folder whose list of names takes more than the spellings of a short name are worth.
+class FolderOfThousands : public FolderNamesTest {
+ protected:
+    FolderOfThousands() {
+        const std::string longName(200, 'x');
+        for (int i = 0; i < 1000; ++i) folder.Write(longName + std::to_string(i), "");
+        SetFolderTime(longAgo);
+    }
+};
+
+TEST_F(FolderOfThousands, ANameIsFoundInAnySpelling) {
+    for (const char* const name : {"b7.IDX", "B8.idx", "b8.idx", "b8.iDx"}) folder.Write(name, "");
+    SetFolderTime(longAgo);
+    EXPECT_EQ(Find("B7.idx"), "b7.IDX");
+    EXPECT_EQ(Find("B8.IDX"), "B8.idx");
+    EXPECT_EQ(Find("b9.idx"), "");
+    EXPECT_EQ(Find(std::string(200, 'X') + "7"), std::string(200, 'x') + "7");
+    EXPECT_EQ(Find("B8.IDX"), "B8.idx") << "after all of it was read";
+}
+
+TEST_F(FolderOfThousands, IsNotReadForAFewShortNames) {
+    struct stat status {};
+    ASSERT_EQ(::stat(folder.Path().c_str(), &status), 0);
+    if (status.st_size < 65536) GTEST_SKIP() << "a file system whose folders do not tell how large they are";
+    EXPECT_EQ(Find("a1.idx"), "");
+    folder.Write("A1.idx", "");
+    folder.Write("A2.idx", "");
+    SetFolderTime(longAgo);
+    EXPECT_EQ(Find("a2.idx"), "A2.idx") << "it was read";
+    EXPECT_EQ(Find("a1.idx"), "") << "it was asked again";
+}
+
+TEST_F(FolderOfThousands, OwnChangesAreKnownOfWhatItWasAskedFor) {
+    folder.Write("A1.IDX", "");
+    folder.Write("A1.idx", "");
+    SetFolderTime(longAgo);
+    EXPECT_EQ(Find("a1.idx"), "A1.IDX");
+    {
+        const OwnChange change(folder.Path() + "/A1.IDX");
+        ASSERT_EQ(std::remove((folder.Path() + "/A1.IDX").c_str()), 0);
+    }
+    EXPECT_EQ(Find("a1.idx"), "A1.idx");
+    {
+        const OwnChange change(folder.Path() + "/a2.idx");
+        folder.Write("a2.idx", "");
+        folder.Write("A2.idx", "");
+    }
+    EXPECT_EQ(Find("A2.IDX"), "A2.idx") << "more spellings than its own are there";
+}
+
+TEST_F(FolderOfThousands, AnswersForManyNamesAsIfItWereRead) {
+    for (int i = 0; i < 300; i += 2) folder.Write("K" + std::to_string(i) + ".Sfn", "");
+    SetFolderTime(longAgo);
+    for (int i = 0; i < 300; ++i) {
+        const std::string number = std::to_string(i);
+        EXPECT_EQ(Find("k" + number + ".sfn"), i % 2 == 0 ? "K" + number + ".Sfn" : "");
+    }
+}
+
+TEST(CaseVariants, AreCountedForShortAsciiNamesOnly) {
+    EXPECT_EQ(CaseVariantCount("1234.5"), 1U);
+    EXPECT_EQ(CaseVariantCount("f17.idx"), 16U);
+    EXPECT_EQ(CaseVariantCount("abcdefghijkl"), 4096U);
+    EXPECT_EQ(CaseVariantCount("abcdefghijklm"), 0U);
+    EXPECT_EQ(CaseVariantCount("caf\u00E9.idx"), 0U);
+    EXPECT_EQ(CaseVariantCount(std::string_view("a\0b", 3)), 0U);
+}
+
+TEST(CaseVariants, OfAFolderThatIsNotThereAreNotKnown) {
+    std::vector<std::string> found;
+    EXPECT_FALSE(TryCaseVariants("/no/such/folder/", "a.idx", found));
+}
+
+TEST(CaseVariants, OfANameTooLongAreNotKnown) {
+    const TestFolder folder;
+    std::vector<std::string> found;
+    EXPECT_FALSE(TryCaseVariants(folder.Path() + "/", "a" + std::string(300, '1'), found));
 }
 
 }  // namespace
