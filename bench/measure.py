@@ -8,6 +8,7 @@ import subprocess
 import sys
 
 sys.dont_write_bytecode = True
+from batches import of_small_files, over_copies  # noqa: E402
 from runs import (MICRO, MODES, ROOT, Drawing, floor_translation, instructions, medians,  # noqa: E402
                   peak_memory, remove_outputs, run, run_on_terminal, translation)
 
@@ -101,7 +102,8 @@ class Figures:
         slowest = max(self.start.values(), key=lambda times: times.wall)
         goal("whole process on %d objects, slowest mode" % FEW, "≤ 10 ms", "5 ms",
              "%.1f ms (processor %.1f ms)" % (slowest.wall * 1000, slowest.cpu * 1000))
-        for row in self.large_tables():
+        self.say("many small files")
+        for row in [*of_small_files(self.few), *self.large_tables()]:
             goal(*row)
         for mode in (MODES[0], MODES[2]):
             self.say("progress on a terminal, " + mode.name)
@@ -132,6 +134,10 @@ class Figures:
             yield (mode.name + ", a control table of 20,000 rows over 300", "≤ 1.2", "1.05",
                    "%.2f (all in use: %.2f)" % (large.cpu / small.cpu, used.cpu / small.cpu))
 
+    def copies_table(self):
+        self.say("copies of the same bytes")
+        return table(["mode", "wall, s", "`cp`, s", "over it"], list(over_copies(self.drawings[MIDDLE], self.runs)))
+
     def instructions_table(self):
         drawing = self.drawings[SMALL]
         rows = []
@@ -161,7 +167,8 @@ class Figures:
                  % (processor(), os.cpu_count(), os.getloadavg()[2], self.runs,
                     self.runs_of(LARGE)),
                  "\n### Goals, on %s objects\n" % count(MIDDLE), self.goals_table(),
-                 "### All modes and sizes\n", self.modes_table()]
+                 "### All modes and sizes\n", self.modes_table(),
+                 "### Beside `cp` of as many bytes, on %s objects\n" % count(MIDDLE), self.copies_table()]
         if not self.quick:
             parts += ["### Instructions on %s objects\n" % count(SMALL), self.instructions_table()]
         parts += ["### Primitives, nanoseconds of the processor a call\n", self.micro_table()]
