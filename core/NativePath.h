@@ -21,8 +21,8 @@ enum class OpenMode { Read, Write, Append };
 std::FILE* OpenNativeFile(TextView name, OpenMode mode);
 
 // Makes a file that is new, to be written in binary form, with the rights of another one when that is there; null when
-// anything has its name already. The name stays as it is; only its folder is looked for without regard to case. What the
-// system refuses is a run-time error.
+// anything has its name already. The name stays as it is; only its folder is looked for without regard to case. What
+// the system refuses is a run-time error.
 std::FILE* CreateNativeFile(TextView name, TextView rightsOf);
 
 // Has what was written to a file, or the names in a folder, reach the disk before it goes on. A disk that fails is a
