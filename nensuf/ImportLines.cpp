@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/LinePieces.h"
 #include "core/Numbers.h"
 #include "nensuf/ImportProblems.h"
 #include "nensuf/modArcFunctions.h"
@@ -11,8 +12,6 @@
 namespace korvande {
 
 namespace {
-
-constexpr std::int32_t anticlockwiseFlag = 16;
 
 // The line string of the group being imported, with its row in the table of lines.
 std::int32_t AppendLineString(ImportRun& run, std::int32_t row) {
