@@ -75,4 +75,14 @@ Controls ControlsBetween(const std::optional<Position>& before, Position from, P
     return {{from.east + first.east, from.north + first.north}, {to.east - second.east, to.north - second.north}};
 }
 
+Position PlaceOnCurve(Position from, const Controls& controls, Position to, double part) noexcept {
+    const double rest = 1 - part;
+    const auto mix = [part, rest](double a, double b, double c, double d) {
+        return rest * rest * rest * a + 3 * rest * rest * part * b + 3 * rest * part * part * c +
+               part * part * part * d;
+    };
+    return {mix(from.east, controls.first.east, controls.second.east, to.east),
+            mix(from.north, controls.first.north, controls.second.north, to.north)};
+}
+
 }  // namespace korvande

@@ -32,4 +32,7 @@ struct Controls {
 Controls ControlsBetween(const std::optional<Position>& before, Position from, Position to,
                          const std::optional<Position>& behind) noexcept;
 
+// The place on that curve at a part (0 to 1) of its way.
+Position PlaceOnCurve(Position from, const Controls& controls, Position to, double part) noexcept;
+
 }  // namespace korvande

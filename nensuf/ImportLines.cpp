@@ -14,7 +14,7 @@ namespace korvande {
 namespace {
 
 // The line string of the group being imported, with its row in the table of lines.
-std::int32_t AppendLineString(ImportRun& run, std::int32_t row) {
+std::int32_t AppendLineString(ImportRun& run, const ObjectRow& row) {
     Drawing& drawing = run.translation.drawing;
     LineRec& line = drawing.Lines.Append();
     line.InputLine = static_cast<std::int32_t>(run.group.line);
@@ -23,7 +23,7 @@ std::int32_t AppendLineString(ImportRun& run, std::int32_t row) {
 }
 
 // A point of a line string: the line's code and description, no number and no height yet.
-PointRec VertexOf(ImportRun& run, std::int32_t row) {
+PointRec VertexOf(ImportRun& run, const ObjectRow& row) {
     PointRec point{};
     point.SetPointID(std::string_view());
     run.vertexKinds.Mark(point, row);
@@ -42,11 +42,12 @@ void AppendEdge(Drawing& drawing, std::int32_t lineNo, std::int32_t start, std::
 PointRec& LastPoint(Drawing& drawing) { return drawing.Points[drawing.Points.UpperBound()]; }
 
 // Looks the group's code up: its row, or nothing when it is unknown and unknown objects are not imported.
-std::optional<std::int32_t> RowOf(ImportRun& run) {
+std::optional<ObjectRow> RowOf(ImportRun& run) {
     CodeTable& lines = run.translation.codes.lines;
-    const std::int32_t row = LookupLineCode(lines, run.unknowns, KeyOf(run.group.ObjectCode));
+    const CodeKey code = KeyOf(run.group.ObjectCode);
+    const std::int32_t row = LookupLineCode(lines, run.unknowns, code);
     if (row == 0 && (!run.withUnknowns || lines.rows.empty())) return {};
-    return row;
+    return RowFor(run, row, code);
 }
 
 // Whether the number that an I field begins with is that of an arc.
@@ -55,7 +56,7 @@ bool IsArcMark(std::string_view value) {
     return isOneDigit ? value[0] == '4' : LeadingNumber(value) == 4;
 }
 
-void ReadLineFields(ImportRun& run, std::int32_t row, std::int32_t lineNo, std::int32_t firstPoint) {
+void ReadLineFields(ImportRun& run, const ObjectRow& row, std::int32_t lineNo, std::int32_t firstPoint) {
     Drawing& drawing = run.translation.drawing;
     PointRec vertex = VertexOf(run, row);
     CoordinateWatch watch;
@@ -98,7 +99,7 @@ void ReadLineFields(ImportRun& run, std::int32_t row, std::int32_t lineNo, std::
 // The arcs of one group, each sharing its end point with the start of the next.
 class ArcChain {
  public:
-    ArcChain(ImportRun& importRun, std::int32_t row)
+    ArcChain(ImportRun& importRun, const ObjectRow& row)
         : run(importRun),
           drawing(importRun.translation.drawing),
           vertex(VertexOf(importRun, row)),
@@ -195,7 +196,7 @@ std::optional<LeftOut> ImportLineGroup(ImportRun& run) {
     const std::int32_t linesBefore = drawing.Lines.UpperBound();
     const std::int32_t edgesBefore = drawing.Edges.UpperBound();
     if (!ReadGeometryGroup(run, u"Lijn,")) return LeftOut::MissingRecord;
-    const std::optional<std::int32_t> row = RowOf(run);
+    const std::optional<ObjectRow> row = RowOf(run);
     if (!row) return LeftOut::UnknownCode;
 
     const std::int32_t firstPoint = pointsBefore + 1;
@@ -217,7 +218,7 @@ std::optional<LeftOut> ImportLineGroup(ImportRun& run) {
 
 std::optional<LeftOut> ImportArcGroup(ImportRun& run) {
     if (!ReadGeometryGroup(run, u"Boog;")) return LeftOut::MissingRecord;
-    const std::optional<std::int32_t> row = RowOf(run);
+    const std::optional<ObjectRow> row = RowOf(run);
     if (!row) return LeftOut::UnknownCode;
     return ArcChain(run, *row).Read();
 }

@@ -114,7 +114,7 @@ std::optional<LeftOut> ReasonToLeave(const ImportRun& run, const CodeTable& tabl
 }
 
 // Adds the first point of a point or symbol group, with the code and description of its row. Direction in grads.
-void AddObject(ImportRun& run, GroupPoints& points, double direction, std::int32_t row) {
+void AddObject(ImportRun& run, GroupPoints& points, double direction, const ObjectRow& row) {
     PointRec& point = points.First();
     point.SymDir = direction;
     run.pointKinds.Mark(point, row);
@@ -173,7 +173,7 @@ void TellTextCut(ImportRun& run, std::string_view record) {
 
 // A text's points go without a code of their own; two that are apart are joined by a line string of the text's code.
 // Returns the index of the first.
-std::int32_t AddTextPoints(ImportRun& run, const GroupPoints& points, bool joined, std::int32_t row) {
+std::int32_t AddTextPoints(ImportRun& run, const GroupPoints& points, bool joined, const ObjectRow& row) {
     Drawing& drawing = run.translation.drawing;
     const auto inputLine = static_cast<std::int32_t>(run.group.line);
     const std::int32_t first = drawing.Points.UpperBound() + 1;
@@ -196,23 +196,25 @@ std::int32_t AddTextPoints(ImportRun& run, const GroupPoints& points, bool joine
 std::optional<LeftOut> ImportPointGroup(ImportRun& run) {
     if (!ReadGeometryGroup(run, u"Punt,")) return LeftOut::MissingRecord;
     CodeTable& codes = run.translation.codes.points;
-    const std::int32_t row = LookupPointCode(codes, run.unknowns, KeyOf(run.group.ObjectCode));
+    const CodeKey code = KeyOf(run.group.ObjectCode);
+    const std::int32_t row = LookupPointCode(codes, run.unknowns, code);
     GroupPoints points(run);
     if (const auto reason = ReasonToLeave(run, codes, row, points, pointsOfSymbol)) return reason;
-    AddObject(run, points, points.Direction().value_or(0), row);
+    AddObject(run, points, points.Direction().value_or(0), RowFor(run, row, code));
     return {};
 }
 
 std::optional<LeftOut> ImportSymbolGroup(ImportRun& run) {
     CodeTable& codes = run.translation.codes.points;
-    const std::int32_t row = LookupPointCode(codes, run.unknowns, SymbolKey(run, codes));
+    const CodeKey code = SymbolKey(run, codes);
+    const std::int32_t row = LookupPointCode(codes, run.unknowns, code);
     GroupPoints points = ReadPlacementPoints(run);
     if (const auto reason = ReasonToLeave(run, codes, row, points, pointsOfSymbol)) return reason;
     std::optional<double> direction = points.Direction();
     // With this option P1-P2 points to the symbol's north, which is what its direction is counted from.
     const bool pointsNorth = run.translation.options.chkImportSymRotation;
     if (direction && pointsNorth) direction = NormalizeGrads(*direction - 100);
-    AddObject(run, points, direction.value_or(0), row);
+    AddObject(run, points, direction.value_or(0), RowFor(run, row, code));
     return {};
 }
 
@@ -227,13 +229,15 @@ std::optional<LeftOut> ImportTextGroup(ImportRun& run) {
     const std::string_view record = run.records.ReadRecordGroup(2);
     const GroupObjects& group = run.group;
     CodeTable& codes = translation.codes.texts;
-    const std::int32_t row = LookupTextCode(codes, run.unknowns, KeyOf(group.ObjectCode));
-    if (const auto reason = ReasonToLeave(run, codes, row, points, pointsOfText)) return reason;
+    const CodeKey code = KeyOf(group.ObjectCode);
+    const std::int32_t rowNo = LookupTextCode(codes, run.unknowns, code);
+    if (const auto reason = ReasonToLeave(run, codes, rowNo, points, pointsOfText)) return reason;
+    const ObjectRow row = RowFor(run, rowNo, code);
     const std::optional<double> direction = points.Direction();
     Drawing& drawing = translation.drawing;
     const std::int32_t anchor = AddTextPoints(run, points, direction.has_value(), row);
     TextRec& text = drawing.Texts.Append();
-    drawing.SetCode(text, codes.rows[static_cast<std::size_t>(row)].LiscadCode.View());
+    drawing.SetCode(text, LiscadCodeOf(codes, row).View());
     text.AnchorPointNo = anchor;
     text.AnchorPosition = static_cast<std::int16_t>(TransposeAnchorPosition(group.placement.substr(0, 1)) - '0');
     text.HzDirection = static_cast<float>(direction.value_or(0));

@@ -198,4 +198,9 @@ CodeKey KeyOf(std::string_view code) {
     return key;
 }
 
+ObjectRow RowFor(const ImportRun& run, std::int32_t row, const CodeKey& code) {
+    if (row != 0 || !run.translation.keepsUnknownCodes) return {.number = row, .ownCode = {}};
+    return {.number = row, .ownCode = code};
+}
+
 }  // namespace korvande

@@ -71,6 +71,17 @@ struct GroupObjects {
     std::int64_t secondCodeLine = 0;  // where it has another code of the same field; 0: it has one at most
 };
 
+// The row of a table that an object is read by, and its own code when that is unknown and kept all the same.
+struct ObjectRow {
+    std::int32_t number = 0;
+    std::optional<CodeKey> ownCode;
+};
+
+// The LISCAD code that such an object gets.
+inline const CodeKey& LiscadCodeOf(const CodeTable& table, const ObjectRow& row) {
+    return row.ownCode ? *row.ownCode : table.rows[static_cast<std::size_t>(row.number)].LiscadCode;
+}
+
 // The codes and descriptions of a table's rows as points or line strings have them: each comes into the drawing with
 // the first object of its row, and is only a number for the others.
 template <class Record>
@@ -79,15 +90,12 @@ class RowKinds {
     RowKinds(Drawing& itsDrawing, const CodeTable& itsTable)
         : drawing(itsDrawing), table(itsTable), kinds(table.rows.size(), 0) {}
 
-    void Mark(Record& record, std::int32_t row) {
-        KeptNumber& kind = kinds[static_cast<std::size_t>(row)];
-        if (kind == 0) {
-            const CodeRow& codeRow = table.rows[static_cast<std::size_t>(row)];
-            drawing.SetCode(record, codeRow.LiscadCode.View());
-            drawing.SetDescription(record, codeRow.Description.View());
-            kind = Drawing::KindOf(record);
-        }
-        Drawing::SetKind(record, kind);
+    void Mark(Record& record, const ObjectRow& row) {
+        KeptNumber& kind = kinds[static_cast<std::size_t>(row.number)];
+        if (kind != 0) return Drawing::SetKind(record, kind);
+        drawing.SetCode(record, LiscadCodeOf(table, row).View());
+        drawing.SetDescription(record, table.rows[static_cast<std::size_t>(row.number)].Description.View());
+        if (!row.ownCode) kind = Drawing::KindOf(record);
     }
 
  private:
@@ -141,5 +149,9 @@ std::int32_t AddImportedPoint(Drawing& drawing, const PointRec& point);
 bool ReadGeometryGroup(ImportRun& run, TextView kind);
 
 CodeKey KeyOf(std::string_view code);
+
+// The row that an object of this code is read by; when it is the unknown row and unknown codes are kept, with the code
+// itself.
+ObjectRow RowFor(const ImportRun& run, std::int32_t row, const CodeKey& code);
 
 }  // namespace korvande

@@ -32,9 +32,15 @@ bool RunStep(Translation& translation, void (*step)(Translation&)) {
     return isDone;
 }
 
-void RunSteps(Translation& translation) {
+bool InputIsThere(Translation& translation) {
     const Text& input = InputName(translation);
-    if (!translation.inputBytes && !FileExistsAt(input)) return ReportVanishedInput(translation, input);
+    if (translation.inputBytes || FileExistsAt(input)) return true;
+    ReportVanishedInput(translation, input);
+    return false;
+}
+
+void RunSteps(Translation& translation) {
+    if (!InputIsThere(translation)) return;
     const bool isFromIdex = translation.mode.direction == Direction::FromIdex;
     RunStep(translation, isFromIdex ? ReadIdexFile : ImportNenSuf);
     // An import that had no room to begin has opened no output.
@@ -74,6 +80,22 @@ void ReadAndWrite(Translation& translation) {
     }
     CloseOutput(translation);
     AccountForTheRest(translation);
+}
+
+void ReadDrawing(Translation& translation) {
+    translation.options.chkExportUnknowns = translation.options.chkImportUnknowns = true;
+    translation.options.chkSelectXY = false;
+    translation.keepsUnknownCodes = true;
+    translation.withDiagnosticFiles = false;
+    translation.outputTo = OutputTo::Nowhere;
+    translation.LogFileName.clear();
+    try {
+        if (!InputIsThere(translation)) return;
+        const bool isFromIdex = translation.mode.direction == Direction::FromIdex;
+        RunStep(translation, isFromIdex ? ReadIdexFile : ImportNenSuf);
+    } catch (const TranslationAborted&) {
+        translation.outcome.cancelled = true;
+    }
 }
 
 }  // namespace korvande

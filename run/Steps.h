@@ -9,4 +9,8 @@ struct Translation;
 // a person's end of the run is told in the log book and in the outcome.
 void ReadAndWrite(Translation& translation);
 
+// The first of them alone, for a drawing that is looked at: all its objects are read, unknown ones with their own
+// codes, which are tallied. Nothing is written.
+void ReadDrawing(Translation& translation);
+
 }  // namespace korvande

@@ -97,6 +97,10 @@ struct Translation {
     // Whether an IDEX file of an instrument, which has no LAYERS, is read all the same.
     bool readsWithoutLayers = false;
 
+    // Whether an object of an exchange file whose code is unknown keeps that code, in place of the unknown row's: for a
+    // drawing that is looked at and not written.
+    bool keepsUnknownCodes = false;
+
     // The line of the input that is being read, for problems; 0 when none is.
     std::int64_t inputLine = 0;
 

@@ -51,21 +51,17 @@ TEST(Arcs, AHalfCircleKeepsItsSide) {
     ExpectAt(PlaceOnArc(left, 0.5), -5, 5);
 }
 
-// The place of a cubic Bézier curve at a part of its way.
-Position At(Position from, const Controls& controls, Position to, double part) {
-    const double rest = 1 - part;
-    const auto mix = [&](double a, double b, double c, double d) {
-        return rest * rest * rest * a + 3 * rest * rest * part * b + 3 * rest * part * part * c +
-               part * part * part * d;
-    };
-    return {mix(from.east, controls.first.east, controls.second.east, to.east),
-            mix(from.north, controls.first.north, controls.second.north, to.north)};
-}
-
 TEST(Curves, PlacesOnAStraightLineGiveAStraightCurve) {
     const Controls controls = ControlsBetween(Position{0, 0}, {3, 6}, {6, 12}, Position{7, 14});
     ExpectAt(controls.first, 4, 8);
     ExpectAt(controls.second, 5, 10);
+}
+
+TEST(Curves, ACurveBeginsAndEndsAtItsPlaces) {
+    const Controls controls{{3, 9}, {8, 1}};
+    ExpectAt(PlaceOnCurve({1, 2}, controls, {9, 4}, 0), 1, 2);
+    ExpectAt(PlaceOnCurve({1, 2}, controls, {9, 4}, 1), 9, 4);
+    ExpectAt(PlaceOnCurve({1, 2}, controls, {9, 4}, 0.5), (1 + 9 + 24 + 9) / 8.0, (2 + 27 + 3 + 4) / 8.0);
 }
 
 TEST(Curves, TwoPlacesAloneAreJoinedByAStraightLine) {
@@ -94,7 +90,7 @@ TEST(Curves, PlacesOnACircleGiveNearlyThatCircle) {
     for (const bool isEnd : {false, true}) {
         const auto before = isEnd ? std::optional<Position>() : onCircle(0.05);
         const Controls controls = ControlsBetween(before, from, to, onCircle(0.2));
-        const Position middle = At(from, controls, to, 0.5);
+        const Position middle = PlaceOnCurve(from, controls, to, 0.5);
         EXPECT_NEAR(Distance(middle.east, middle.north), 100, 0.1);
     }
 }
