@@ -10,7 +10,8 @@ namespace korvande {
 // The exit statuses of the console program.
 namespace status {
 inline constexpr int done = 0;
-inline constexpr int withErrors = 1;  // translated, but with errors or a damaged input; or checked, with problems
+inline constexpr int withErrors = 1;  // translated, but with errors or a damaged input; checked, with problems;
+                                      // compared, with differences
 inline constexpr int wrongUsage = 2;
 inline constexpr int failed = 3;  // nothing was translated
 }  // namespace status
@@ -33,6 +34,14 @@ struct CheckOptions {
     ReadingOptions reading;
     bool listsAll = false;  // each problem with its line
     std::vector<std::string> files;
+};
+
+// Options of `vergelijk`.
+struct CompareOptions {
+    std::string project;
+    ReadingOptions reading;
+    std::string first;
+    std::string second;
 };
 
 // Options of `vertaal`, as given (UTF-8).

@@ -1,25 +1,18 @@
 #include "cli/Check.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
 #include <optional>
 #include <utility>
 
 #include "cli/Arguments.h"
 #include "cli/ConsoleScreen.h"
+#include "cli/Inputs.h"
 #include "cli/OptionValues.h"
 #include "cli/Print.h"
-#include "cli/Process.h"
 #include "cli/Projects.h"
-#include "core/LineReader.h"
-#include "core/NativePath.h"
 #include "core/Picture.h"
-#include "core/RuntimeError.h"
-#include "host/modFileHandling.h"
 #include "project/Grid.h"
 #include "run/Check.h"
-#include "run/Recognise.h"
 #include "translation/ProblemBlock.h"
 #include "translation/Translation.h"
 #include "translation/UnknownObjects.h"
@@ -41,57 +34,9 @@ class Findings {
     std::int64_t count = 0;
 };
 
-// A screen for checking: but for questions, its messages say what the problems say already.
-class CheckScreen : public ConsoleScreen {
- public:
-    CheckScreen() : ConsoleScreen(false) { isInterrupted = IsInterrupted; }
-    Answer ShowMessage(const MessageBox& box) override {
-        return box.buttons == Buttons::YesNoCancel ? ConsoleScreen::ShowMessage(box) : Answer::Ok;
-    }
-};
-
 Text QuestionWithLine(Text question, std::int64_t line) {
     std::replace(question.begin(), question.end(), u'\n', u' ');
     return line > 0 ? Concat(question, u" (regel ", line, u")") : question;
-}
-
-// The bytes of an input that can be read only once, such as a pipe.
-using Bytes = std::optional<std::string>;
-
-// All that such an input gives until its end.
-std::string ReadOnce(Screen& screen, const Text& name) {
-    constexpr std::size_t blockSize = std::size_t{1} << 16;
-    const FileHandle file(OpenNativeFile(name, OpenMode::Read));
-    std::setvbuf(file.get(), nullptr, _IONBF, 0);
-    std::string bytes;
-    while (true) {
-        const std::size_t before = bytes.size();
-        bytes.resize(before + blockSize);
-        const std::size_t count = std::fread(bytes.data() + before, 1, blockSize, file.get());
-        bytes.resize(before + count);
-        if (count == blockSize) continue;
-        if (std::ferror(file.get()) == 0) return bytes;
-        // A signal may end the wait for more.
-        if (errno != EINTR) throw RuntimeError(ErrorNumberOf(errno));
-        std::clearerr(file.get());
-        screen.PumpEvents();
-    }
-}
-
-// The format of an input, or a message why there is none.
-std::optional<Format> FormatOf(Screen& screen, const Text& name, const Bytes& bytes) {
-    LineReader file;
-    if (bytes) {
-        file.OpenBytes(*bytes);
-    } else {
-        file.Open(name, &screen);
-    }
-    const std::optional<Format> format = file.IsUtf16() ? std::nullopt : Recognise(file);
-    if (format) return format;
-    const Text reason =
-        file.IsUtf16() ? Sentence({.kind = ProblemKind::InputIsUtf16}) : Text(u"geen IDEX, NEN1878 of SUF2 bestand");
-    PrintErrorLine(Concat(name, u": ", reason, u"."));
-    return {};
 }
 
 void PrintCounts(const Drawing& drawing) {
@@ -134,14 +79,11 @@ void AddUnknownCodes(UnknownCodeTally& unknowns, Findings& findings) {
 }
 
 // Goes through the drawing and tells all there is to tell of it; the exit status. The code tables are handed on.
-int CheckFile(CheckScreen& screen, const Project& project, CodeTables& codes, const CheckOptions& options,
-              const Text& name, const Bytes& bytes, Format format) {
+int CheckFile(ReadingScreen& screen, const Project& project, CodeTables& codes, const CheckOptions& options,
+              const Text& name, const InputDrawing& input) {
     Findings findings;
     Translation translation(screen, project, std::move(codes));
-    translation.mode = ModeReading(format);
-    (format == Format::Idex ? translation.IdexFileName : translation.SufNenFileName) = name;
-    translation.inputBytes = bytes;
-    translation.readsWithoutLayers = options.reading.fromInstrument;
+    TakeInput(input, name, options.reading, translation);
     // What is told at the end is told one by one as well when that is asked for.
     auto& listener = options.listsAll ? translation.problems.onProblem : translation.problems.onError;
     listener = [&findings](const Problem& problem) { findings.Add(SentenceWithLine(problem)); };
@@ -150,7 +92,7 @@ int CheckFile(CheckScreen& screen, const Project& project, CodeTables& codes, co
         findings.Add(QuestionWithLine(box.text, translation.inputLine));
         return Answer::Yes;
     };
-    PrintLine(Concat(u"Bestand: ", name, u" (", NameOf(format), u")"));
+    PrintLine(Concat(u"Bestand: ", name, u" (", NameOf(input.format), u")"));
     PrintLine(u"Problemen:");
     CheckDrawing(translation);
     if (translation.outcome.cancelled) throw TranslationAborted();
@@ -170,19 +112,10 @@ int CheckFile(CheckScreen& screen, const Project& project, CodeTables& codes, co
 }
 
 int CheckOne(const Project& project, CodeTables& codes, const CheckOptions& options, const Text& name) {
-    CheckScreen screen;
-    Bytes bytes;
-    std::optional<Format> format;
-    try {
-        if (!IsRegularFileOrMissing(name)) bytes = ReadOnce(screen, name);
-        format = FormatOf(screen, name, bytes);
-    } catch (const RuntimeError& error) {
-        PrintErrorLine(
-            Concat(u"Kon bestand: '", name, u"' niet openen;\nFoutcode: ", error.Number(), u"\n", error.Description()));
-        return status::failed;
-    }
-    if (!format) return status::failed;
-    return CheckFile(screen, project, codes, options, name, bytes, *format);
+    ReadingScreen screen;
+    const std::optional<InputDrawing> input = FindInput(screen, name);
+    if (!input) return status::failed;
+    return CheckFile(screen, project, codes, options, name, *input);
 }
 
 }  // namespace

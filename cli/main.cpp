@@ -6,6 +6,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/Check.h"
+#include "cli/Compare.h"
 #include "cli/Patterns.h"
 #include "cli/Print.h"
 #include "cli/Process.h"
@@ -57,6 +58,21 @@ void DescribeTranslate(CLI::App& command, TranslateOptions& options) {
         ->option_text("INVOER [UITVOER]");
 }
 
+void DescribeCompare(CLI::App& command, CompareOptions& options) {
+    command.footer(
+        "Objecten horen bij elkaar naar soort, code en plaats op de millimeter. Omschrijvingen,\n"
+        "vlaggen en ankerposities tellen tussen twee IDEX bestanden; puntnummers van IDEX\n"
+        "(PointNo) en de volgorde tellen niet.\n\n"
+        "Afsluitstatus: 0 gelijk; 1 verschillend; 2 verkeerd gebruik; 3 niet leesbaar.");
+    command
+        .add_option("--project", options.project,
+                    "controletabel, waarmee codes van IDEX en van NEN1878 of SUF2 te vergelijken zijn")
+        ->option_text("P.nst");
+    DescribeReading(command, options.reading);
+    command.add_option("eerste", options.first, "IDEX, NEN1878 of SUF2 bestand")->required()->option_text("A");
+    command.add_option("tweede", options.second, "IDEX, NEN1878 of SUF2 bestand")->required()->option_text("B");
+}
+
 // The library would take a list in brackets apart, and take some names for marks of its own. An argument that it could
 // take so goes through it behind a character that it knows nothing of.
 constexpr char guard = '\x01';
@@ -75,6 +91,12 @@ void TakeGuardsAway(CheckOptions& options) {
     TakeGuardAway(options.project);
     TakeGuardAway(options.reading.characterSet);
     for (std::string& file : options.files) TakeGuardAway(file);
+}
+
+void TakeGuardsAway(CompareOptions& options) {
+    for (std::string* value : {&options.project, &options.reading.characterSet, &options.first, &options.second}) {
+        TakeGuardAway(*value);
+    }
 }
 
 void TakeGuardsAway(TranslateOptions& options) {
@@ -182,6 +204,11 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
         ->required()
         ->option_text("INVOER...");
 
+    CompareOptions compareOptions;
+    CLI::App& compare =
+        *app.add_subcommand("vergelijk", "noem de verschillen tussen twee tekeningen")->group("Opdrachten");
+    DescribeCompare(compare, compareOptions);
+
     std::string projectFile;
     CLI::App& project = *app.add_subcommand("project", "maak of toon een controletabel")->group("Opdrachten");
     project.require_subcommand(1);
@@ -191,7 +218,8 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     CLI::App& show = *project.add_subcommand("toon", "toon de instellingen en codetabellen")->group("Opdrachten");
     show.add_option("bestand", projectFile, "de controletabel")->required()->option_text("P.nst");
 
-    for (CLI::App* command : {&translate, &check, &project, &make, &show}) command->get_help_ptr()->group("Opties");
+    for (CLI::App* command : {&translate, &check, &compare, &project, &make, &show})
+        command->get_help_ptr()->group("Opties");
     std::vector<std::string> guarded;
     guarded.reserve(arguments.size());
     for (const std::string& argument : arguments) guarded.push_back(Guarded(argument));
@@ -211,6 +239,7 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     RefuseEmptyValues(app);
     TakeGuardsAway(options);
     TakeGuardsAway(checkOptions);
+    TakeGuardsAway(compareOptions);
     TakeGuardAway(projectFile);
     if (ShellsLeavePatterns()) ExpandPatterns(options, checkOptions);
     if (wantsVersion) {
@@ -219,6 +248,7 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     }
     if (translate.parsed()) return Shown(Translate(options));
     if (check.parsed()) return Shown(Check(checkOptions));
+    if (compare.parsed()) return Shown(CompareDrawings(compareOptions));
     if (make.parsed()) return MakeProject(projectFile);
     if (show.parsed()) return Shown(ShowProject(projectFile));
     throw UsageError{u"Er ontbreekt een opdracht; zie korvande-cli --help"};

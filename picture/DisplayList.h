@@ -28,6 +28,7 @@ struct PictureCode {
     Text code;              // trimmed, as the next ones
     Text lkiCode;           // that of the unknown row when the code is unknown
     Text description;       // of its row; empty when it is unknown
+    Text type;              // of its row, or of the unknown row
     bool isKnown = false;
     bool isWritten = false;  // its type is one that an export writes
     PointShape shape = PointShape::Plain;

@@ -59,7 +59,7 @@ std::uint32_t PictureCodes::CodeOf(Table& table, const CodeKey& code) {
 PictureCode PictureCodes::Describe(const Table& table, const CodeKey& code) const {
     PictureCode described;
     described.table = table.table->letter;
-    described.code = Text(code.TrimmedRight());
+    if (!code.NeverFilled()) described.code = Text(code.TrimmedRight());
     if (described.table == u'T' && code.View().front() == lkiCodeMark) {
         described.lkiCode = Text(TrimRight(code.View().substr(1)));
         described.description = u"Tekst uit de punten";
@@ -74,6 +74,7 @@ PictureCode PictureCodes::Describe(const Table& table, const CodeKey& code) cons
     if (row > 0 || !described.isKnown) described.lkiCode = Text(entry.LkiCode.TrimmedRight());
     if (row > 0 && described.isKnown) described.description = Text(entry.Description.Trimmed());
     const TextView type = entry.Type.TrimmedRight();
+    described.type = Text(type);
     described.isWritten = IsWritten(described.table, type);
     described.shape = ShapeOf(type);
     return described;

@@ -103,9 +103,8 @@ std::string PictureTest::LinesOf(const DisplayList& list) {
 std::string PictureTest::TextsOf(const DisplayList& list) {
     std::string all;
     for (const PictureText& text : list.texts) {
-        all += ToUtf8(list.codes[text.code].code) + " " + Metres(list, text.at) + " " +
-               Grads(text.direction) + " " + std::to_string(text.position) + " " +
-               std::to_string(text.length) + "\n";
+        all += ToUtf8(list.codes[text.code].code) + " " + Metres(list, text.at) + " " + Grads(text.direction) + " " +
+               std::to_string(text.position) + " " + std::to_string(text.length) + "\n";
     }
     return all;
 }

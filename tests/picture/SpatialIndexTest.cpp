@@ -28,7 +28,8 @@ DisplayList RandomList(unsigned seed, std::size_t count) {
         list.places.push_back({at.east / 2 + below(3000), at.north - below(3000)});
         list.steps.insert(list.steps.end(), {PictureStep::Begin, PictureStep::Straight});
         list.extent.Add(at);
-        for (const PictureBox& box : {BoxOf(list.texts.back()), BoxOf(list, list.lines.back())}) list.extent.AddBox(box);
+        for (const PictureBox& box : {BoxOf(list.texts.back()), BoxOf(list, list.lines.back())})
+            list.extent.AddBox(box);
     }
     return list;
 }

@@ -1,0 +1,207 @@
+#include "picture/ComparedObjects.h"
+
+#include <bit>
+#include <functional>
+#include <utility>
+
+#include "core/LinePieces.h"
+#include "picture/PictureCodes.h"
+#include "translation/Translation.h"
+
+namespace korvande {
+
+namespace {
+
+// A coordinate that no millimetres can tell is compared by its bits.
+std::int64_t Compared(double metres) noexcept {
+    return MillimetresOf(metres).value_or(std::bit_cast<std::int64_t>(metres));
+}
+
+std::uint64_t HashOf(TextView text) { return std::hash<TextView>()(text); }
+
+std::uint64_t Mixed(std::uint64_t hash, std::uint64_t other) {
+    constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;
+    return (hash ^ (other + odd + (hash << 6) + (hash >> 2))) * odd;
+}
+
+class Collector {
+ public:
+    explicit Collector(Translation& itsTranslation)
+        : drawing(itsTranslation.drawing),
+          codes(itsTranslation, objects.codes),
+          isFromIdex(itsTranslation.mode.direction == Direction::FromIdex),
+          isUsed(static_cast<std::size_t>(drawing.Points.UpperBound()) + 1),
+          isCentre(isUsed.size()) {}
+
+    ComparedObjects Collect() {
+        AddTexts();
+        AddLines();
+        AddStraySegments();
+        AddPoints();
+        return std::move(objects);
+    }
+
+ private:
+    bool IsPoint(std::int32_t index) const { return index >= 1 && index <= drawing.Points.UpperBound(); }
+
+    void Use(std::int32_t point) {
+        if (IsPoint(point)) isUsed[static_cast<std::size_t>(point)] = true;
+    }
+
+    ComparedPlace PlaceOf(std::int32_t point) const {
+        const PointRec& record = drawing.Points[point];
+        return {.east = Compared(record.East), .north = Compared(record.North)};
+    }
+
+    // Two ends in their order; true when they were exchanged.
+    bool PlaceBetween(std::int32_t start, std::int32_t end, ComparedPlace& place) const {
+        const ComparedPlace from = PlaceOf(start);
+        const ComparedPlace to = PlaceOf(end);
+        const bool isReversed = to < from;
+        const ComparedPlace& first = isReversed ? to : from;
+        const ComparedPlace& second = isReversed ? from : to;
+        place = {first.east, first.north, second.east, second.north};
+        return isReversed;
+    }
+
+    void AddTexts() {
+        for (std::int32_t index = 1; index <= drawing.Texts.UpperBound(); ++index) {
+            const TextRec& text = drawing.Texts[index];
+            const std::int32_t anchor = drawing.PointIndex.Find(text.AnchorPointNo);
+            const auto& characters = text.Characters();
+            ComparedObject object{.code = codes.TextCode(drawing.Code(text)),
+                                  .index = index,
+                                  .content = HashOf(Text(characters.Trimmed())),
+                                  .direction = text.HzDirection};
+            object.refersToNothing = anchor == 0;
+            if (anchor != 0) {
+                object.place = PlaceOf(anchor);
+                Use(anchor);
+                textAt.resize(isUsed.size());
+                textAt[static_cast<std::size_t>(anchor)] = index;
+            }
+            objects[ComparedKind::TextObject].push_back(object);
+        }
+    }
+
+    // The reader of an exchange file lays a line string from the first place of a text to the second.
+    bool IsPlacement(std::span<const std::int32_t> segments, std::int32_t lineNo) const {
+        if (isFromIdex || textAt.empty() || segments.size() != 1) return false;
+        const std::int32_t start = drawing.Edges[segments.front()].StartPt;
+        const std::int32_t text = IsPoint(start) ? textAt[static_cast<std::size_t>(start)] : 0;
+        return text != 0 && drawing.Code(drawing.Texts[text]) == drawing.Code(drawing.Lines[lineNo]);
+    }
+
+    void AddLines() {
+        const SegmentsOfLines all(drawing);
+        objects.codeOfLine.resize(static_cast<std::size_t>(drawing.Lines.UpperBound()) + 1);
+        for (std::int32_t lineNo = 1; lineNo <= drawing.Lines.UpperBound(); ++lineNo) {
+            const auto segments = all.Of(lineNo);
+            const auto& code = drawing.Code(drawing.Lines[lineNo]);
+            // Numbers that never occurred are blank records.
+            if (segments.empty() && (code.NeverFilled() || code.IsBlank())) continue;
+            const std::uint32_t shared = objects.codeOfLine[static_cast<std::size_t>(lineNo)] = codes.LineCode(code);
+            if (segments.empty()) {
+                objects[ComparedKind::LineString].push_back({.code = shared, .index = lineNo});
+                continue;
+            }
+            for (const std::int32_t segment : segments) {
+                Use(drawing.Edges[segment].StartPt);
+                Use(drawing.Edges[segment].EndPt);
+            }
+            if (IsPlacement(segments, lineNo)) continue;
+            ++objects.lineStrings;
+            AddPieces(segments, shared);
+        }
+    }
+
+    void AddPieces(std::span<const std::int32_t> segments, std::uint32_t code) {
+        for (auto rest = segments; !rest.empty();) {
+            const LinePiece piece = FirstPiece(drawing, rest);
+            const auto own = rest.first(piece.segments);
+            if (piece.kind == LinePieceKind::Arc || piece.kind == LinePieceKind::Circle) {
+                AddArc(piece, own.front(), code);
+            } else {
+                for (const std::int32_t segment : own) AddSegment(segment, code);
+            }
+            rest = rest.subspan(piece.segments);
+        }
+    }
+
+    void AddSegment(std::int32_t index, std::uint32_t code) {
+        const EdgeRec& edge = drawing.Edges[index];
+        const auto& lineType = drawing.LineType(edge);
+        ComparedObject object{.code = code, .index = index, .content = HashOf(Text(lineType.Trimmed()))};
+        object.refersToNothing = !IsPoint(edge.StartPt) || !IsPoint(edge.EndPt);
+        if (!object.refersToNothing) object.isReversed = PlaceBetween(edge.StartPt, edge.EndPt, object.place);
+        objects[ComparedKind::Segment].push_back(object);
+    }
+
+    void AddArc(const LinePiece& piece, std::int32_t index, std::uint32_t code) {
+        ComparedObject object{.code = code, .index = index};
+        const ComparedPlace centre = PlaceOf(piece.centre);
+        const bool isCircle = piece.kind == LinePieceKind::Circle;
+        isCentre[static_cast<std::size_t>(piece.centre)] = true;
+        if (isCircle) {
+            object.place = PlaceOf(piece.start);
+        } else {
+            object.isReversed = PlaceBetween(piece.start, piece.end, object.place);
+        }
+        object.place.centreEast = centre.east;
+        object.place.centreNorth = centre.north;
+        object.content = piece.isAnticlockwise != object.isReversed ? 1 : 0;
+        objects[isCircle ? ComparedKind::Circle : ComparedKind::Arc].push_back(object);
+    }
+
+    // Segments of no line string.
+    void AddStraySegments() {
+        for (std::int32_t index = 1; index <= drawing.Edges.UpperBound(); ++index) {
+            const std::int32_t line = drawing.Edges[index].LineNo;
+            if (line >= 1 && line <= drawing.Lines.UpperBound()) continue;
+            AddSegment(index, codes.LineCode(MakeFixedText<CodeKey::width>(u"")));
+            objects[ComparedKind::Segment].back().refersToNothing = true;
+        }
+    }
+
+    void AddPoints() {
+        const std::int32_t count = drawing.Points.UpperBound();
+        objects.vertices.reserve(static_cast<std::size_t>(count));
+        for (std::int32_t index = 1; index <= count; ++index) {
+            const PointRec& point = drawing.Points[index];
+            const bool isPartOfOther = isUsed[static_cast<std::size_t>(index)];
+            bool isObject = !isPartOfOther;
+            std::uint32_t code = 0;
+            if (isObject || isFromIdex) {
+                code = codes.PointCode(drawing.Code(point));
+                isObject = isObject || objects.codes[code].isWritten;
+            }
+            const ComparedPlace place = PlaceOf(index);
+            const bool isPlace = isPartOfOther && !isObject && !isCentre[static_cast<std::size_t>(index)];
+            objects.vertices.push_back({place.east, place.north, isPlace, index});
+            if (!isObject) continue;
+            const auto& name = point.PointID();
+            objects[ComparedKind::Point].push_back(
+                {.place = place,
+                 .code = code,
+                 .index = index,
+                 .content = Mixed(HashOf(Text(name.Trimmed())), static_cast<std::uint64_t>(HeightOf(point))),
+                 .direction = static_cast<float>(point.SymDir)});
+        }
+    }
+
+    const Drawing& drawing;
+    ComparedObjects objects;
+    PictureCodes codes;
+    bool isFromIdex;
+    std::vector<bool> isUsed;          // by point: a line string or a text refers to it
+    std::vector<bool> isCentre;        // of an arc or circle, whose name and height belong to no place of it
+    std::vector<std::int32_t> textAt;  // by point: the text that hangs on it
+};
+
+}  // namespace
+
+std::int64_t HeightOf(const PointRec& point) noexcept { return Compared(point.Elevation); }
+
+ComparedObjects ObjectsToCompare(Translation& translation) { return Collector(translation).Collect(); }
+
+}  // namespace korvande

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <array>
+#include <compare>
+#include <cstdint>
+#include <vector>
+
+#include "picture/DisplayList.h"
+
+// The objects of a drawing as they are compared with those of another one, whatever the format each was read from.
+namespace korvande {
+
+struct PointRec;
+struct Translation;
+
+enum class ComparedKind : std::uint8_t { Point, Segment, Arc, Circle, TextObject, LineString, Vertex };
+inline constexpr std::size_t comparedKinds = 7;
+
+// Where an object is, in whole millimetres. Of a segment or an arc the two ends, the western one (or of those the
+// southern one) first, so that it does not matter which way it was drawn; of a circle its start.
+struct ComparedPlace {
+    std::int64_t east = 0;
+    std::int64_t north = 0;
+    std::int64_t otherEast = 0;
+    std::int64_t otherNorth = 0;
+    std::int64_t centreEast = 0;  // of an arc or circle
+    std::int64_t centreNorth = 0;
+
+    auto operator<=>(const ComparedPlace&) const = default;
+};
+
+struct ComparedObject {
+    ComparedPlace place{};      // all 0 for one that refers to nothing
+    std::uint32_t code = 0;     // in the codes of its drawing
+    std::uint32_t shared = 0;   // the same for objects of one code in both drawings; set when they are compared
+    std::int32_t index = 0;     // in the drawing's points, segments (the first one), texts or line strings
+    std::uint64_t content = 0;  // a hash of what it says: characters, name and height, line type, turning direction
+    float direction = 0;        // grads, of a point or text
+    bool isReversed = false;    // its ends were exchanged
+    bool refersToNothing = false;
+};
+
+// A point at a place where line strings may end or meet.
+struct ComparedVertex {
+    std::int64_t east = 0;
+    std::int64_t north = 0;
+    bool isPlace = false;    // a line string or a text refers to it, and it is no object of its own
+    std::int32_t point = 0;  // index
+
+    auto operator<=>(const ComparedVertex&) const = default;
+};
+
+struct ComparedObjects {
+    std::vector<PictureCode> codes;
+    std::array<std::vector<ComparedObject>, comparedKinds> kinds;  // line strings: those without segments
+    std::vector<ComparedVertex> vertices;                          // all points
+    std::vector<std::uint32_t> codeOfLine;                         // by line number
+    std::int64_t lineStrings = 0;                                  // with segments
+
+    std::vector<ComparedObject>& operator[](ComparedKind kind) noexcept {
+        return kinds[static_cast<std::size_t>(kind)];
+    }
+    const std::vector<ComparedObject>& operator[](ComparedKind kind) const noexcept {
+        return kinds[static_cast<std::size_t>(kind)];
+    }
+};
+
+// The objects of the drawing that a translation has read. Its points are those that its picture shows; the others are
+// the places of line strings and texts. The two places of a text in an exchange file are no objects of their own.
+ComparedObjects ObjectsToCompare(Translation& translation);
+
+// What a height is compared by: whole millimetres, 0 for none.
+std::int64_t HeightOf(const PointRec& point) noexcept;
+
+}  // namespace korvande

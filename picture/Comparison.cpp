@@ -1,0 +1,334 @@
+#include "picture/Comparison.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "core/Picture.h"
+#include "picture/DifferenceReasons.h"
+#include "picture/DifferenceTexts.h"
+#include "picture/ObjectMatching.h"
+#include "translation/Translation.h"
+
+namespace korvande {
+
+namespace {
+
+using Record = std::vector<ComparedObject>;
+
+// Gives the same number to a code in both drawings. A text made of a point has the LKI code itself, by which it comes
+// back with the code of that row.
+class SharedCodes {
+ public:
+    void Share(Translation& translation, ComparedObjects& objects) {
+        std::vector<std::uint32_t> numbers;
+        for (const PictureCode& code : objects.codes) {
+            const auto next = static_cast<std::uint32_t>(all.size());
+            numbers.push_back(all.try_emplace({code.table, NameOf(translation, code)}, next).first->second);
+        }
+        for (Record& kind : objects.kinds) {
+            for (ComparedObject& object : kind) object.shared = numbers[object.code];
+        }
+    }
+
+ private:
+    static Text NameOf(Translation& translation, const PictureCode& code) {
+        if (code.code.empty() || code.table != u'T' || code.code.front() != lkiCodeMark) return code.code;
+        CodeTable& texts = translation.codes.texts;
+        const std::int32_t row = FindLkiCode(texts, MakeFixedText<CodeKey::width>(code.lkiCode));
+        if (row == 0) return code.lkiCode;
+        return Text(texts.rows[static_cast<std::size_t>(row)].LiscadCode.TrimmedRight());
+    }
+
+    std::map<std::pair<char16_t, Text>, std::uint32_t> all;
+};
+
+std::int32_t InputLineOf(const Drawing& drawing, ComparedKind kind, std::int32_t index) {
+    switch (kind) {
+        case ComparedKind::Point:
+        case ComparedKind::Vertex:
+            return drawing.Points[index].InputLine;
+        case ComparedKind::TextObject:
+            return drawing.Texts[index].InputLine;
+        case ComparedKind::LineString:
+            return drawing.Lines[index].InputLine;
+        default:
+            return drawing.Edges[index].InputLine;
+    }
+}
+
+Position MetresOf(const Drawing& drawing, std::int32_t point) {
+    if (point < 1 || point > drawing.Points.UpperBound()) return {};
+    return {drawing.Points[point].East, drawing.Points[point].North};
+}
+
+class Comparer {
+ public:
+    Comparer(Translation& itsFirst, Translation& itsSecond)
+        : objects1(ObjectsToCompare(itsFirst)),
+          objects2(ObjectsToCompare(itsSecond)),
+          first{itsFirst, objects1},
+          second{itsSecond, objects2} {
+        SharedCodes codes;
+        codes.Share(itsFirst, objects1);
+        codes.Share(itsSecond, objects2);
+    }
+
+    Comparison Compare() {
+        CompareKind(ComparedKind::Point, OtherCode::Any);
+        CompareKind(ComparedKind::Segment, OtherCode::Any);
+        CompareKind(ComparedKind::Arc, OtherCode::Any);
+        CompareKind(ComparedKind::Circle, OtherCode::Any);
+        CompareKind(ComparedKind::TextObject, OtherCode::SameContent);
+        CompareKind(ComparedKind::LineString, OtherCode::Never);
+        CompareLineStrings();
+        CompareVertices();
+        return std::move(result);
+    }
+
+ private:
+    const Drawing& Drawing1() const { return first.translation.drawing; }
+    const Drawing& Drawing2() const { return second.translation.drawing; }
+
+    ComparisonCount& CountOf(ComparedKind kind) { return result.counts[static_cast<std::size_t>(kind)]; }
+
+    // Those of the first drawing in its order, with what became of them, then those added in theirs.
+    void CompareKind(ComparedKind kind, OtherCode otherCode) {
+        auto matches = MatchObjects(objects1[kind], objects2[kind], otherCode);
+        std::sort(matches.begin(), matches.end(), [](const ObjectMatch& a, const ObjectMatch& b) {
+            return a.first != b.first ? a.first < b.first : a.second < b.second;
+        });
+        const bool areLines =
+            kind == ComparedKind::Segment || kind == ComparedKind::Arc || kind == ComparedKind::Circle;
+        for (const ObjectMatch& match : matches) {
+            const ComparedObject* const one = match.first == noObject ? nullptr : &objects1[kind][match.first];
+            const ComparedObject* const other = match.second == noObject ? nullptr : &objects2[kind][match.second];
+            CompareOne(kind, one, other);
+            if (areLines && one != nullptr && other != nullptr) {
+                linePairs.emplace_back(Drawing1().Edges[one->index].LineNo, Drawing2().Edges[other->index].LineNo);
+            }
+        }
+    }
+
+    void CompareOne(ComparedKind kind, const ComparedObject* one, const ComparedObject* other) {
+        Difference difference{.object = kind};
+        ComparisonCount& count = CountOf(kind);
+        if (one != nullptr && other != nullptr) {
+            difference.what = Changes(first, *one, second, *other, kind);
+            if (difference.what.empty()) {
+                ++count.equal;
+                return;
+            }
+            ++count.changed;
+            difference.reason = WhyChanged(first, *one, second, *other, kind);
+        } else if (one != nullptr) {
+            ++count.missing;
+            difference.kind = DifferenceKind::Missing;
+            difference.reason = WhyMissing(first, *one, kind);
+        } else {
+            ++count.added;
+            difference.kind = DifferenceKind::Added;
+            difference.reason = WhyAdded(second, *other, kind);
+        }
+        Locate(one != nullptr ? first : second, one != nullptr ? *one : *other, difference);
+        if (one != nullptr) {
+            difference.firstIndex = one->index;
+            difference.firstLine = InputLineOf(Drawing1(), kind, one->index);
+        }
+        if (other != nullptr) {
+            difference.secondIndex = other->index;
+            difference.secondLine = InputLineOf(Drawing2(), kind, other->index);
+        }
+        result.differences.push_back(std::move(difference));
+    }
+
+    // What and where an object is, for a person.
+    static void Locate(const ComparedDrawing& where, const ComparedObject& object, Difference& difference) {
+        const Drawing& drawing = where.translation.drawing;
+        difference.code = where.objects.codes[object.code].code;
+        switch (difference.object) {
+            case ComparedKind::Point:
+                difference.place = MetresOf(drawing, object.index);
+                break;
+            case ComparedKind::TextObject: {
+                const TextRec& text = drawing.Texts[object.index];
+                const auto& characters = text.Characters();
+                difference.place = MetresOf(drawing, drawing.PointIndex.Find(text.AnchorPointNo));
+                if (difference.what.empty()) difference.what = Concat(u"\"", characters.Trimmed(), u"\"");
+                break;
+            }
+            case ComparedKind::Segment:
+                difference.place = MetresOf(drawing, drawing.Edges[object.index].StartPt);
+                difference.end = MetresOf(drawing, drawing.Edges[object.index].EndPt);
+                break;
+            case ComparedKind::Arc:
+            case ComparedKind::Circle: {
+                const auto metres = [](std::int64_t millimetres) { return static_cast<double>(millimetres) / 1000; };
+                const ComparedPlace& place = object.place;
+                difference.place = {metres(place.east), metres(place.north)};
+                difference.end = {metres(place.otherEast), metres(place.otherNorth)};
+                if (difference.object == ComparedKind::Circle) difference.end = difference.place;
+                if (object.isReversed) std::swap(difference.place, difference.end);
+                break;
+            }
+            default:
+                break;
+        }
+    }
+
+    // Line strings whose segments both drawings have: whether they are one line string in both.
+    void CompareLineStrings() {
+        std::sort(linePairs.begin(), linePairs.end());
+        linePairs.erase(std::unique(linePairs.begin(), linePairs.end()), linePairs.end());
+        std::map<std::int32_t, std::int32_t> parts2;
+        for (const auto& pair : linePairs) ++parts2[pair.second];
+        for (std::size_t at = 0; at < linePairs.size();) {
+            const auto [line1, line2] = linePairs[at];
+            std::size_t end = at;
+            while (end < linePairs.size() && linePairs[end].first == line1) ++end;
+            CompareLineString(line1, line2, end - at, parts2[line2] > 1);
+            at = end;
+        }
+    }
+
+    void CompareLineString(std::int32_t line1, std::int32_t line2, std::size_t parts, bool isJoined) {
+        Difference difference{.object = ComparedKind::LineString, .firstIndex = line1, .secondIndex = line2};
+        if (line1 < 1 || line1 > Drawing1().Lines.UpperBound() || line2 < 1 || line2 > Drawing2().Lines.UpperBound()) {
+            return;
+        }
+        if (parts > 1) {
+            difference.what = Concat(u"in ", parts, u" lijnstrings");
+            difference.reason = u"elk segment wordt een eigen object";
+        } else if (isJoined) {
+            difference.what = u"samengevoegd met een andere lijnstring";
+        } else if (AreBothFromIdex()) {
+            difference.what = ChangesOfLine(Drawing1(), Drawing1().Lines[line1], Drawing2(), Drawing2().Lines[line2]);
+        }
+        if (difference.what.empty()) {
+            ++CountOf(ComparedKind::LineString).equal;
+            return;
+        }
+        ++CountOf(ComparedKind::LineString).changed;
+        difference.code = objects1.codes[objects1.codeOfLine[static_cast<std::size_t>(line1)]].code;
+        difference.firstLine = Drawing1().Lines[line1].InputLine;
+        difference.secondLine = Drawing2().Lines[line2].InputLine;
+        result.differences.push_back(std::move(difference));
+    }
+
+    bool AreBothFromIdex() const {
+        return first.translation.mode.direction == Direction::FromIdex &&
+               second.translation.mode.direction == Direction::FromIdex;
+    }
+
+    // The names and heights that a place of line strings or texts has, of one drawing.
+    struct PlaceTexts {
+        std::vector<Text> own;  // of the points that are only that
+        std::vector<Text> all;  // of objects there too
+    };
+
+    // Places of line strings and texts that both drawings have: their points' names and heights.
+    void CompareVertices() {
+        auto& points1 = objects1.vertices;
+        auto& points2 = objects2.vertices;
+        std::sort(points1.begin(), points1.end());
+        std::sort(points2.begin(), points2.end());
+        const auto endOf = [](const std::vector<ComparedVertex>& points, std::size_t at) {
+            std::size_t end = at;
+            while (end < points.size() && points[end].east == points[at].east &&
+                   points[end].north == points[at].north) {
+                ++end;
+            }
+            return end;
+        };
+        std::size_t at1 = 0;
+        std::size_t at2 = 0;
+        while (at1 < points1.size() && at2 < points2.size()) {
+            const auto place1 = std::pair(points1[at1].east, points1[at1].north);
+            const auto place2 = std::pair(points2[at2].east, points2[at2].north);
+            const std::size_t end1 = place2 < place1 ? at1 : endOf(points1, at1);
+            const std::size_t end2 = place1 < place2 ? at2 : endOf(points2, at2);
+            if (place1 == place2) {
+                CompareVertex(std::span(points1).subspan(at1, end1 - at1), std::span(points2).subspan(at2, end2 - at2));
+            }
+            at1 = end1;
+            at2 = end2;
+        }
+    }
+
+    using Vertices = std::span<const ComparedVertex>;
+
+    void CompareVertex(Vertices points1, Vertices points2) {
+        const auto isPlace = [](const ComparedVertex& point) { return point.isPlace; };
+        const bool is1 = std::any_of(points1.begin(), points1.end(), isPlace);
+        const bool is2 = std::any_of(points2.begin(), points2.end(), isPlace);
+        if (!is1 && !is2) return;
+        Text what =
+            ChangesOf(TextsAt(Drawing1(), points1, NameText), TextsAt(Drawing2(), points2, NameText), u"puntnummer");
+        const Text heights =
+            ChangesOf(TextsAt(Drawing1(), points1, HeightText), TextsAt(Drawing2(), points2, HeightText), u"hoogte");
+        if (!heights.empty()) what = what.empty() ? heights : Concat(what, u"; ", heights);
+        ComparisonCount& count = CountOf(ComparedKind::Vertex);
+        if (what.empty()) {
+            ++count.equal;
+            return;
+        }
+        ++count.changed;
+        const std::int32_t point1 = points1.front().point;
+        const std::int32_t point2 = points2.front().point;
+        result.differences.push_back({.object = ComparedKind::Vertex,
+                                      .place = MetresOf(Drawing1(), point1),
+                                      .firstIndex = point1,
+                                      .secondIndex = point2,
+                                      .firstLine = Drawing1().Points[point1].InputLine,
+                                      .secondLine = Drawing2().Points[point2].InputLine,
+                                      .what = std::move(what)});
+    }
+
+    static Text NameText(const PointRec& point) {
+        const auto& name = point.PointID();
+        return name.NeverFilled() ? Text() : Text(name.Trimmed());
+    }
+
+    static Text HeightText(const PointRec& point) {
+        return HeightOf(point) == 0 ? Text() : FromUtf8(FormatPicture(point.Elevation, "0.000"));
+    }
+
+    static PlaceTexts TextsAt(const Drawing& drawing, Vertices points, Text (*textOf)(const PointRec&)) {
+        PlaceTexts texts;
+        for (const ComparedVertex& point : points) {
+            const Text text = textOf(drawing.Points[point.point]);
+            if (text.empty()) continue;
+            texts.all.push_back(text);
+            if (point.isPlace) texts.own.push_back(text);
+        }
+        return texts;
+    }
+
+    // What of each the other one has not, at an object there either.
+    static Text ChangesOf(const PlaceTexts& texts1, const PlaceTexts& texts2, TextView what) {
+        const auto without = [](const std::vector<Text>& texts, const std::vector<Text>& others) {
+            std::vector<Text> rest;
+            for (const Text& text : texts) {
+                const bool isThere = std::find(others.begin(), others.end(), text) != others.end();
+                if (!isThere && std::find(rest.begin(), rest.end(), text) == rest.end()) rest.push_back(text);
+            }
+            return rest;
+        };
+        const std::vector<Text> gone = without(texts1.own, texts2.all);
+        const std::vector<Text> come = without(texts2.own, texts1.all);
+        return gone.empty() && come.empty() ? Text() : ChangesOfVertex(gone, come, what);
+    }
+
+    ComparedObjects objects1;
+    ComparedObjects objects2;
+    ComparedDrawing first;
+    ComparedDrawing second;
+    std::vector<std::pair<std::int32_t, std::int32_t>> linePairs;  // of matched segments
+    Comparison result;
+};
+
+}  // namespace
+
+Comparison Compare(Translation& first, Translation& second) { return Comparer(first, second).Compare(); }
+
+}  // namespace korvande
