@@ -44,6 +44,16 @@ struct CompareOptions {
     std::string second;
 };
 
+// Options of `teken`.
+struct DrawOptions {
+    std::string project;
+    ReadingOptions reading;
+    std::string frame;  // empty: everything
+    std::string width;  // of a PNG, in pixels; empty: the usual
+    std::string input;
+    std::string output;
+};
+
 // Options of `vertaal`, as given (UTF-8).
 struct TranslateOptions {
     std::string mode;

@@ -17,21 +17,33 @@ namespace {
     throw UsageError{Concat(u"Ongeldige waarde bij ", option, u": ", FromUtf8(value), u" (", wanted, u")")};
 }
 
-// Takes four numbers separated by commas, in the order of the option: the minima, then the maxima. False when they are
-// no rectangle.
-bool TakeRectangle(std::string_view value, Options& options) {
-    const std::array<Text*, 4> boxes = {&options.txtMinX, &options.txtMinY, &options.txtMaxX, &options.txtMaxY};
+// Four numbers separated by commas, in the order of the option: the minima, then the maxima. False when they are no
+// rectangle.
+bool TakeRectangle(std::string_view value, std::array<std::string_view, 4>& numbers, Rectangle& rectangle) {
     std::array<double, 4> metres{};
-    for (std::size_t i = 0; i < boxes.size(); ++i) {
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
         const std::size_t end = std::min(value.find(','), value.size());
-        const bool isLast = i + 1 == boxes.size();
-        const std::string_view number = value.substr(0, end);
-        if (!IsNumber(number) || (end == value.size()) != isLast) return false;
-        metres[i] = LeadingNumber(number);
-        *boxes[i] = FromUtf8(number);
+        const bool isLast = i + 1 == numbers.size();
+        numbers[i] = value.substr(0, end);
+        if (!IsNumber(numbers[i]) || (end == value.size()) != isLast) return false;
+        metres[i] = LeadingNumber(numbers[i]);
         value.remove_prefix(std::min(end + 1, value.size()));
     }
+    rectangle = {metres[0], metres[1], metres[2], metres[3]};
     return metres[0] <= metres[2] && metres[1] <= metres[3];
+}
+
+// The same, with the numbers as they were written; a UsageError when they are none.
+Rectangle TakeRectangleOf(TextView option, const std::string& value, std::array<std::string_view, 4>& numbers) {
+    Rectangle rectangle;
+    bool isRectangle = false;
+    try {
+        isRectangle = TakeRectangle(value, numbers, rectangle);
+    } catch (const RuntimeError&) {  // a number beyond all bounds
+        isRectangle = false;
+    }
+    if (!isRectangle) RefuseValue(option, value, u"MINX,MINY,MAXX,MAXY in meters");
+    return rectangle;
 }
 
 }  // namespace
@@ -60,14 +72,16 @@ std::optional<Answer> FixedAnswer(const std::string& value) {
     RefuseValue(u"--antwoord", value, u"ja, nee of annuleren");
 }
 
+Rectangle RectangleOf(TextView option, const std::string& value) {
+    std::array<std::string_view, 4> numbers;
+    return TakeRectangleOf(option, value, numbers);
+}
+
 void TakeSelection(const std::string& value, Options& options) {
-    bool isRectangle = false;
-    try {
-        isRectangle = TakeRectangle(value, options);
-    } catch (const RuntimeError&) {  // a number beyond all bounds
-        isRectangle = false;
-    }
-    if (!isRectangle) RefuseValue(u"--selectie", value, u"MINX,MINY,MAXX,MAXY in meters");
+    std::array<std::string_view, 4> numbers;
+    TakeRectangleOf(u"--selectie", value, numbers);
+    const std::array<Text*, 4> boxes = {&options.txtMinX, &options.txtMinY, &options.txtMaxX, &options.txtMaxY};
+    for (std::size_t i = 0; i < boxes.size(); ++i) *boxes[i] = FromUtf8(numbers[i]);
     options.chkSelectXY = true;
 }
 

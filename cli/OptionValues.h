@@ -25,6 +25,15 @@ std::optional<Answer> FixedAnswer(const std::string& value);
 // What the bytes of a drawing stand for, and what of it is left out.
 void TakeReading(const ReadingOptions& reading, Options& options);
 
+// Four numbers (metres) behind this option, of which the minima are not above the maxima.
+struct Rectangle {
+    double minX = 0;
+    double minY = 0;
+    double maxX = 0;
+    double maxY = 0;
+};
+Rectangle RectangleOf(TextView option, const std::string& value);
+
 // The rectangle that limits an import, and the source kind of the G field.
 void TakeSelection(const std::string& value, Options& options);
 void TakeSource(const std::string& value, Options& options);

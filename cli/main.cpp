@@ -7,6 +7,7 @@
 #include "cli/Arguments.h"
 #include "cli/Check.h"
 #include "cli/Compare.h"
+#include "cli/Draw.h"
 #include "cli/Patterns.h"
 #include "cli/Print.h"
 #include "cli/Process.h"
@@ -73,6 +74,22 @@ void DescribeCompare(CLI::App& command, CompareOptions& options) {
     command.add_option("tweede", options.second, "IDEX, NEN1878 of SUF2 bestand")->required()->option_text("B");
 }
 
+void DescribeDraw(CLI::App& command, DrawOptions& options) {
+    command.footer(
+        "Een .svg is in meters, met een groep per code; wat de controletabel niet kent is rood.\n\n"
+        "Afsluitstatus: 0 getekend; 1 getekend, maar met fouten of uit een beschadigd bestand;\n"
+        "2 verkeerd gebruik; 3 niet getekend.");
+    command.add_option("--project", options.project, "controletabel; zonder: alle codes zijn onbekend")
+        ->option_text("P.nst");
+    command.add_option("--kader", options.frame, "wat ervan getekend wordt (meters); zonder: alles")
+        ->option_text("MINX,MINY,MAXX,MAXY");
+    command.add_option("--breedte", options.width, "breedte van een .png in pixels; zonder: 1600")
+        ->option_text("PIXELS");
+    DescribeReading(command, options.reading);
+    command.add_option("invoer", options.input, "IDEX, NEN1878 of SUF2 bestand")->required()->option_text("INVOER");
+    command.add_option("uitvoer", options.output, "de afbeelding, .svg of .png")->required()->option_text("UITVOER");
+}
+
 // The library would take a list in brackets apart, and take some names for marks of its own. An argument that it could
 // take so goes through it behind a character that it knows nothing of.
 constexpr char guard = '\x01';
@@ -95,6 +112,13 @@ void TakeGuardsAway(CheckOptions& options) {
 
 void TakeGuardsAway(CompareOptions& options) {
     for (std::string* value : {&options.project, &options.reading.characterSet, &options.first, &options.second}) {
+        TakeGuardAway(*value);
+    }
+}
+
+void TakeGuardsAway(DrawOptions& options) {
+    for (std::string* value : {&options.project, &options.reading.characterSet, &options.frame, &options.width,
+                               &options.input, &options.output}) {
         TakeGuardAway(*value);
     }
 }
@@ -209,6 +233,10 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
         *app.add_subcommand("vergelijk", "noem de verschillen tussen twee tekeningen")->group("Opdrachten");
     DescribeCompare(compare, compareOptions);
 
+    DrawOptions drawOptions;
+    CLI::App& draw = *app.add_subcommand("teken", "maak een afbeelding van een tekening")->group("Opdrachten");
+    DescribeDraw(draw, drawOptions);
+
     std::string projectFile;
     CLI::App& project = *app.add_subcommand("project", "maak of toon een controletabel")->group("Opdrachten");
     project.require_subcommand(1);
@@ -218,7 +246,7 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     CLI::App& show = *project.add_subcommand("toon", "toon de instellingen en codetabellen")->group("Opdrachten");
     show.add_option("bestand", projectFile, "de controletabel")->required()->option_text("P.nst");
 
-    for (CLI::App* command : {&translate, &check, &compare, &project, &make, &show})
+    for (CLI::App* command : {&translate, &check, &compare, &draw, &project, &make, &show})
         command->get_help_ptr()->group("Opties");
     std::vector<std::string> guarded;
     guarded.reserve(arguments.size());
@@ -240,6 +268,7 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     TakeGuardsAway(options);
     TakeGuardsAway(checkOptions);
     TakeGuardsAway(compareOptions);
+    TakeGuardsAway(drawOptions);
     TakeGuardAway(projectFile);
     if (ShellsLeavePatterns()) ExpandPatterns(options, checkOptions);
     if (wantsVersion) {
@@ -249,6 +278,7 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     if (translate.parsed()) return Shown(Translate(options));
     if (check.parsed()) return Shown(Check(checkOptions));
     if (compare.parsed()) return Shown(CompareDrawings(compareOptions));
+    if (draw.parsed()) return Shown(DrawDrawing(drawOptions));
     if (make.parsed()) return MakeProject(projectFile);
     if (show.parsed()) return Shown(ShowProject(projectFile));
     throw UsageError{u"Er ontbreekt een opdracht; zie korvande-cli --help"};

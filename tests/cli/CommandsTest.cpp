@@ -21,12 +21,13 @@ TEST_F(Commands, EveryCommandHasHelpInDutch) {
         std::vector<std::string> words;
     };
     const std::vector<Case> cases = {
-        {{}, {"Gebruik: korvande-cli", "vertaal", "controleer", "vergelijk", "project", "--version"}},
+        {{}, {"Gebruik: korvande-cli", "vertaal", "controleer", "vergelijk", "teken", "project", "--version"}},
         {{"vertaal"},
          {"Gebruik: korvande-cli vertaal", "--modus", "--project", "--logboek", "--geen-logboek", "--antwoord",
           "--selectie", "--bronvermelding", "--onbekend", "--uitvoermap", "--stil", "Afsluitstatus"}},
         {{"controleer"}, {"Gebruik: korvande-cli controleer", "--project"}},
         {{"vergelijk"}, {"Gebruik: korvande-cli vergelijk", "--project", "--tekenset", "Afsluitstatus"}},
+        {{"teken"}, {"Gebruik: korvande-cli teken", "--project", "--kader", "--breedte", "Afsluitstatus"}},
         {{"project"}, {"Gebruik: korvande-cli project", "maak", "toon"}},
         {{"project", "maak"}, {"Gebruik: korvande-cli project maak", "P.nst"}},
         {{"project", "toon"}, {"Gebruik: korvande-cli project toon", "P.nst"}}};

@@ -1,0 +1,226 @@
+#include "picture/DrawPicture.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numeric>
+#include <vector>
+
+#include "core/modAzimuth.h"
+#include "core/modKORVANDE.h"
+
+namespace korvande {
+
+namespace {
+
+constexpr Colour unknownColour = 0xD00000;
+constexpr Colour notWrittenColour = 0x8C8C8C;
+constexpr Colour textColour = 0x202020;
+
+// Dark enough for white paper, far from the red of unknown codes.
+constexpr std::array<Colour, 9> colours = {0x1F4E9E, 0x2E6B2E, 0x7A4A00, 0x5B2A86, 0x00616B,
+                                           0x404040, 0x6B6B00, 0x0B6E99, 0x3B3B8A};
+
+// Of symbols, millimetres.
+constexpr double plainRadius = 150;
+constexpr double unknownRadius = 300;
+constexpr double smallRadius = 80;
+constexpr double symbolRadius = 400;
+constexpr double tickLength = 900;
+constexpr double triangleReach = 600;
+
+// The same for a code in every drawing and on every machine.
+Colour ColourOf(const PictureCode& code) {
+    constexpr std::uint32_t prime = 16777619;
+    std::uint32_t hash = 2166136261;
+    for (const char16_t character : code.code) hash = (hash ^ character) * prime;
+    return colours[(hash ^ hash >> 16) % colours.size()];
+}
+
+class Artist {
+ public:
+    Artist(const Drawing& itsDrawing, const DisplayList& itsList, const PictureFrame& itsFrame, Canvas& itsCanvas)
+        : drawing(itsDrawing), list(itsList), frame(itsFrame), canvas(itsCanvas) {}
+
+    void Draw() {
+        DrawTable(u'L', list.lines, [this](const PictureLine& line) { DrawLine(line); });
+        DrawTable(u'P', list.points, [this](const PicturePoint& point) { DrawPoint(point); });
+        DrawTable(u'T', list.texts, [this](const PictureText& text) { DrawText(text); });
+    }
+
+ private:
+    bool IsSeen(const PictureLine& line) const {
+        return list.steps[line.firstPlace] == PictureStep::Resume || BoxOf(list, line).Overlaps(frame.box);
+    }
+    bool IsSeen(const PicturePoint& point) const { return BoxAbout(point.at, tickLength).Overlaps(frame.box); }
+    bool IsSeen(const PictureText& text) const { return BoxOf(text).Overlaps(frame.box); }
+
+    // Draws the objects of a table, those of one code together and in their order.
+    template <class Object, class DrawOne>
+    void DrawTable(char16_t table, const std::vector<Object>& objects, DrawOne draw) {
+        std::vector<std::uint32_t> begins(list.codes.size() + 1);
+        for (const Object& object : objects) ++begins[object.code + 1];
+        std::partial_sum(begins.begin(), begins.end(), begins.begin());
+        std::vector<std::uint32_t> order(objects.size());
+        std::vector<std::uint32_t> next(begins.begin(), begins.end() - 1);
+        for (std::uint32_t place = 0; place < objects.size(); ++place) order[next[objects[place].code]++] = place;
+        // Those that are not written, the known ones, the unknown ones.
+        for (int layer = 0; layer < 3; ++layer) {
+            for (std::size_t code = 0; code < list.codes.size(); ++code) {
+                if (list.codes[code].table != table || LayerOf(list.codes[code]) != layer) continue;
+                DrawCode(list.codes[code], objects, {order.data() + begins[code], begins[code + 1] - begins[code]},
+                         draw);
+            }
+        }
+    }
+
+    struct Places {
+        const std::uint32_t* first;
+        std::size_t count;
+    };
+
+    template <class Object, class DrawOne>
+    void DrawCode(const PictureCode& code, const std::vector<Object>& objects, Places places, DrawOne draw) {
+        bool isBegun = false;
+        for (std::size_t i = 0; i < places.count; ++i) {
+            const Object& object = objects[places.first[i]];
+            if (!IsSeen(object)) continue;
+            if (!isBegun) canvas.BeginCode(code, StyleOf(code, frame));
+            isBegun = true;
+            draw(object);
+        }
+        FinishLine();
+        if (isBegun) canvas.EndCode();
+    }
+
+    static int LayerOf(const PictureCode& code) { return !code.isKnown ? 2 : code.isWritten ? 1 : 0; }
+
+    struct LineDrawer {
+        Artist& artist;
+
+        void Begin(PicturePlace place, bool isResumed) {
+            // A part goes on where the one before ended, when that was drawn.
+            if (isResumed && artist.hasLine && place == artist.last) return;
+            artist.canvas.MoveTo(place);
+        }
+        void Straight(PicturePlace to) { artist.canvas.LineTo(to); }
+        void ArcTo(PicturePlace centre, PicturePlace to, bool isAnticlockwise) {
+            artist.canvas.ArcTo(centre, to, isAnticlockwise);
+        }
+        void CurveTo(PicturePlace first, PicturePlace second, PicturePlace to) {
+            artist.canvas.CurveTo(first, second, to);
+        }
+    };
+
+    void DrawLine(const PictureLine& line) {
+        if (list.steps[line.firstPlace] != PictureStep::Resume) FinishLine();
+        WalkLine(list, line, LineDrawer{*this});
+        last = list.places[line.firstPlace + line.placeCount - 1];
+        hasLine = true;
+    }
+
+    void FinishLine() {
+        if (hasLine) canvas.Stroke();
+        hasLine = false;
+    }
+
+    static PicturePlace Beside(PicturePlace at, double grads, double distance) {
+        const double turn = GradsToRadians(grads);
+        const Position from = PositionOf(at);
+        return PlaceAt({from.east + std::cos(turn) * distance, from.north + std::sin(turn) * distance});
+    }
+
+    void Circle(PicturePlace at, double direction) {
+        const PicturePlace start = Beside(at, direction, symbolRadius);
+        canvas.MoveTo(start);
+        canvas.ArcTo(at, Beside(at, direction + 200, symbolRadius), true);
+        canvas.ArcTo(at, start, true);
+    }
+
+    void Line(PicturePlace from, PicturePlace to) {
+        canvas.MoveTo(from);
+        canvas.LineTo(to);
+    }
+
+    void DrawPoint(const PicturePoint& point) {
+        const PictureCode& code = list.codes[point.code];
+        switch (code.shape) {
+            case PointShape::Plain:
+                return canvas.Dot(point.at, code.isKnown ? plainRadius : unknownRadius);
+            case PointShape::NotWritten:
+                return canvas.Dot(point.at, smallRadius);
+            case PointShape::Rotated:
+                Circle(point.at, point.direction);
+                Line(point.at, Beside(point.at, point.direction, tickLength));
+                break;
+            case PointShape::Symbol:
+                Circle(point.at, point.direction);
+                Line(Beside(point.at, point.direction + 200, symbolRadius),
+                     Beside(point.at, point.direction, symbolRadius));
+                Line(Beside(point.at, point.direction + 300, symbolRadius),
+                     Beside(point.at, point.direction + 100, symbolRadius));
+                break;
+            case PointShape::ControlPoint:
+                DrawTriangle(point.at);
+                break;
+        }
+        canvas.Stroke();
+    }
+
+    void DrawTriangle(PicturePlace at) {
+        constexpr double third = 400.0 / 3;
+        canvas.MoveTo(Beside(at, 100, triangleReach));
+        for (int corner = 1; corner <= 3; ++corner) {
+            canvas.LineTo(Beside(at, 100 + corner * third, triangleReach));
+        }
+        Line(at, at);
+    }
+
+    void DrawText(const PictureText& text) {
+        const auto& characters = drawing.Texts[text.index].Characters();
+        canvas.Write(text, characters.Trimmed());
+    }
+
+    const Drawing& drawing;
+    const DisplayList& list;
+    const PictureFrame& frame;
+    Canvas& canvas;
+    bool hasLine = false;  // a line was begun and not yet drawn
+    PicturePlace last;     // where it is
+};
+
+}  // namespace
+
+PictureFrame WholeFrame(const DisplayList& list) noexcept {
+    PictureFrame frame;
+    if (list.extent.IsEmpty()) return frame;
+    const double width = static_cast<double>(list.extent.maxEast) - list.extent.minEast;
+    const double height = static_cast<double>(list.extent.maxNorth) - list.extent.minNorth;
+    constexpr double least = 2000;
+    const double room = std::max(least, std::max(width, height) / 50);
+    frame.box = list.extent;
+    frame.box.AddBox(BoxAbout({list.extent.minEast, list.extent.minNorth}, room));
+    frame.box.AddBox(BoxAbout({list.extent.maxEast, list.extent.maxNorth}, room));
+    return frame;
+}
+
+CodeStyle StyleOf(const PictureCode& code, const PictureFrame& frame) {
+    constexpr double least = 60;
+    CodeStyle style;
+    const double pixel = (static_cast<double>(frame.box.maxEast) - frame.box.minEast) / frame.pixels;
+    style.lineWidth = std::max(least, pixel);
+    style.isFilled = code.table == u'T' ||
+                     (code.table == u'P' && (code.shape == PointShape::Plain || code.shape == PointShape::NotWritten));
+    style.isDashed = code.table == u'L' && code.isKnown && !code.isWritten;
+    style.colour = !code.isKnown        ? unknownColour
+                   : !code.isWritten    ? notWrittenColour
+                   : code.table == u'T' ? textColour
+                                        : ColourOf(code);
+    return style;
+}
+
+void DrawPicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, Canvas& canvas) {
+    Artist(drawing, list, frame, canvas).Draw();
+}
+
+}  // namespace korvande

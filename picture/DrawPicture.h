@@ -1,0 +1,27 @@
+#pragma once
+
+#include "picture/Canvas.h"
+
+namespace korvande {
+
+struct Drawing;
+
+// What of a picture is drawn, and on how many pixels.
+struct PictureFrame {
+    PictureBox box;
+    int pixels = 1500;  // of its width; lines are at least one wide
+};
+
+// The frame that holds everything with some room around it; empty when there is nothing.
+PictureFrame WholeFrame(const DisplayList& list) noexcept;
+
+// How the objects of a code are drawn: unknown ones red, what is not written grey, a line dashed; the others in a
+// colour of their own that can be read on white paper.
+CodeStyle StyleOf(const PictureCode& code, const PictureFrame& frame);
+
+// Draws what of a picture a frame shows, code by code: line strings, then points, then texts; of each those that are
+// not written first and the unknown ones last, so that they lie over the others. The drawing is the one that the list
+// was made of.
+void DrawPicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, Canvas& canvas);
+
+}  // namespace korvande
