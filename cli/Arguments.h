@@ -65,6 +65,7 @@ struct TranslateOptions {
     std::string source;
     std::string unknowns;
     std::string outputFolder;
+    bool threePointArcs = false;
     ReadingOptions reading;
     bool quiet = false;
     std::vector<std::string> files;

@@ -50,11 +50,16 @@ Text ValueText(const Options& options, const Option& option) {
     return options.*std::get<bool Options::*>(option.member) ? u"ja" : u"nee";
 }
 
+// What a control table has no line for is not shown either.
+bool IsLeftOut(const Options& options, const Option& option) {
+    return option.kind == OptionKind::SetCheckBox && !(options.*std::get<bool Options::*>(option.member));
+}
+
 void PrintSettings(const Options& options) {
     constexpr std::string_view generalSection = "NEN1878";
     std::string_view section;
     for (const Option& option : AllOptions()) {
-        if (option.label.empty()) continue;
+        if (option.label.empty() || IsLeftOut(options, option)) continue;
         if (option.section != section) {
             if (!section.empty()) PrintLine(u"");
             section = option.section;

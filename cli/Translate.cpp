@@ -160,6 +160,12 @@ int Translate(const TranslateOptions& options) {
     RefuseClashes(jobs, options.project);
     if (!LoadControlTable(screen, project, options.project)) return status::failed;
     if (choosesUnknowns) project.options.chkExportUnknowns = project.options.chkImportUnknowns = withUnknowns;
+    if (options.threePointArcs) {
+        project.options.chkThreePointArcs = true;
+        if (mode.direction == Direction::ToIdex) {
+            PrintErrorLine(u"--driepuntsbogen geldt alleen voor een vertaling uit IDEX.");
+        }
+    }
     return TranslateAll(screen, project, jobs, mode, options);
 }
 

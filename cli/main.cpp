@@ -51,6 +51,8 @@ void DescribeTranslate(CLI::App& command, TranslateOptions& options) {
     command.add_option("--bronvermelding", options.source, "bronvermelding van het G-veld")->option_text("0..5");
     command.add_option("--onbekend", options.unknowns, "onbekende objecten wel of niet overnemen")
         ->option_text("ja|nee");
+    command.add_flag("--driepuntsbogen", options.threePointArcs,
+                     "schrijf bogen en cirkels als bogen van drie punten, die andere programma's kunnen lezen");
     command.add_option("--uitvoermap", options.outputFolder, "vertaal elk invoerbestand naar deze map")
         ->option_text("MAP");
     DescribeReading(command, options.reading);

@@ -4,6 +4,7 @@
 
 #include "nensuf/ExportCodes.h"
 #include "nensuf/RecordLayout.h"
+#include "nensuf/ThreePointArcs.h"
 #include "translation/Translation.h"
 
 namespace korvande {
@@ -56,6 +57,19 @@ void TellPointWritten(Translation& translation, const PointRec& point, const Exp
     if (code.isSymbol && IsNearLimit(point)) cut += CutCoordinates(options, ReferencePlaceOf(options, point));
     TellCutCoordinates(translation, ObjectKind::Point, point.InputLine, cut);
     TellRow(translation, ObjectKind::Point, point.InputLine, code);
+}
+
+void TellArcWritten(Translation& translation, const ThreePointArc& arc, const EdgeRec& edge, const ExportCode& code) {
+    const Drawing& drawing = translation.drawing;
+    const Options& options = translation.options;
+    constexpr ObjectKind kind = ObjectKind::LineSegment;
+    std::int64_t cut = CutCoordinates(options, drawing.Points[arc.start]) + CutCoordinates(options, arc.middle) +
+                       CutCoordinates(options, drawing.Points[arc.end]);
+    if (arc.isCircle) cut += 2 * CutCoordinates(options, arc.opposite) + CutCoordinates(options, arc.otherMiddle);
+    TellCutCoordinates(translation, kind, edge.InputLine, cut);
+    TellRow(translation, kind, edge.InputLine, code);
+    if (!arc.keepsCentre)
+        Tell(translation, {.kind = ProblemKind::ArcCentreMoved, .object = kind, .line = edge.InputLine});
 }
 
 void TellSegmentWritten(Translation& translation, const EdgeRec& edge, std::string_view lineType,

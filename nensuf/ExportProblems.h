@@ -13,9 +13,11 @@ struct EdgeRec;
 struct ExportCode;
 struct PointRec;
 struct TextRec;
+struct ThreePointArc;
 struct Translation;
 
 void TellPointWritten(Translation& translation, const PointRec& point, const ExportCode& code);
+void TellArcWritten(Translation& translation, const ThreePointArc& arc, const EdgeRec& edge, const ExportCode& code);
 void TellSegmentWritten(Translation& translation, const EdgeRec& edge, std::string_view lineType,
                         const ExportCode& code);
 

@@ -128,6 +128,17 @@ void WriteSegment(LineWriter& output, const RecordStyle& style, const PointRec& 
     lines.Finish();
 }
 
+void WriteArc(LineWriter& output, const RecordStyle& style, const PointRec& start, const PointRec& middle,
+              const PointRec& end, const ExportCode& code) {
+    RecordText record;
+    record.Put("03M", code.lkiCode, style.tails.arc);
+    Write(output, style.variant, record, goesOn);
+    record.Put("04I1        ", FormatCoordinates(style.options, start).View(), "I4        ",
+               FormatCoordinates(style.options, middle).View(), "I4        ",
+               FormatCoordinates(style.options, end).View());
+    Write(output, style.variant, record, closesGroup, code.quality);
+}
+
 void WriteText(LineWriter& output, const RecordStyle& style, const PointRec& anchor, const TextRec& text,
                const ExportCode& code) {
     const std::string_view characters = WrittenOf(text);

@@ -51,6 +51,10 @@ enum class SegmentShape { Straight, Arc };
 void WriteSegment(LineWriter& output, const RecordStyle& style, const PointRec& start, const PointRec& end,
                   SegmentShape shape, const ExportCode& code);
 
+// An arc of three points: its start, a place on it, which has no name, and its end.
+void WriteArc(LineWriter& output, const RecordStyle& style, const PointRec& start, const PointRec& middle,
+              const PointRec& end, const ExportCode& code);
+
 void WriteText(LineWriter& output, const RecordStyle& style, const PointRec& anchor, const TextRec& text,
                const ExportCode& code);
 

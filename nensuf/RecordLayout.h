@@ -23,8 +23,8 @@ struct Options;
 struct OwnerRec;
 struct PointRec;
 
-// A logical record, or a field of one, while it is built: Windows-1252 bytes kept in place. The longest record, a line
-// segment with all its fields, has 112.
+// A logical record, or a field of one, while it is built: Windows-1252 bytes kept in place. The longest record, an
+// arc of three points with all its fields, has 152.
 class RecordText {
  public:
     static constexpr std::size_t capacity = 160;

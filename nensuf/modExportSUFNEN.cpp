@@ -11,6 +11,7 @@
 #include "nensuf/ExportRecords.h"
 #include "nensuf/ExportStatistics.h"
 #include "nensuf/RecordLayout.h"
+#include "nensuf/ThreePointArcs.h"
 #include "translation/CodeLookups.h"
 #include "translation/Files.h"
 #include "translation/Translation.h"
@@ -69,12 +70,15 @@ struct ExportRun {
         : translation(itsTranslation),
           unknowns(TallyOf(itsTranslation)),
           style(PrepareRecordStyle(itsTranslation)),
-          shapes(ShapesOf(itsTranslation.drawing)) {}
+          shapes(ShapesOf(itsTranslation.drawing)) {
+        if (translation.options.chkThreePointArcs) arcs = ThreePointArcs(translation.drawing);
+    }
 
     Translation& translation;
     UnknownCodeTally* unknowns;  // null: none are tallied
     RecordStyle style;
     SegmentShapes shapes;
+    ThreePointArcs arcs;  // those to be written as such
 };
 
 // Exporting an object answers with the reason why it was left out, or with nothing when it was written.
@@ -101,6 +105,16 @@ LeftOut ReportNoReference(Translation& translation, ProblemKind kind, TextView o
     return LeftOut::NoReference;
 }
 
+// Writes an arc or a circle, of which the segment is the first half, instead of it.
+void ExportArc(ExportRun& run, const ThreePointArc& arc, const EdgeRec& edge, const ExportCode& code) {
+    Translation& translation = run.translation;
+    const PointRec& start = translation.drawing.Points[arc.start];
+    const PointRec& end = translation.drawing.Points[arc.end];
+    WriteArc(translation.output, run.style, start, arc.middle, arc.isCircle ? arc.opposite : end, code);
+    if (arc.isCircle) WriteArc(translation.output, run.style, arc.opposite, arc.otherMiddle, end, code);
+    TellArcWritten(translation, arc, edge, code);
+}
+
 WhyLeftOut ExportSegment(ExportRun& run, std::int32_t index, CodesOfObjects& codes) {
     Translation& translation = run.translation;
     const Drawing& drawing = translation.drawing;
@@ -115,6 +129,11 @@ WhyLeftOut ExportSegment(ExportRun& run, std::int32_t index, CodesOfObjects& cod
     const LineRec& line = drawing.Lines[edge.LineNo];
     const ExportCode& code = codes.Look(Drawing::KindOf(line), drawing.CodeBytes(line));
     if (!code.isWritten) return code.reason;
+    if (run.arcs.IsSecondHalf(index)) return {};
+    if (const ThreePointArc* const arc = run.arcs.BeginningAt(index)) {
+        ExportArc(run, *arc, edge, code);
+        return {};
+    }
     const auto shape = run.shapes[Drawing::LineTypeNumber(edge)];
     if (!shape) return LeftOut::LineType;
     WriteSegment(translation.output, run.style, drawing.Points[edge.StartPt], drawing.Points[edge.EndPt], *shape, code);

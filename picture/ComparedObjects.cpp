@@ -147,8 +147,8 @@ class Collector {
         } else {
             object.isReversed = PlaceBetween(piece.start, piece.end, object.place);
         }
-        object.place.centreEast = centre.east;
-        object.place.centreNorth = centre.north;
+        object.centreEast = centre.east;
+        object.centreNorth = centre.north;
         object.content = piece.isAnticlockwise != object.isReversed ? 1 : 0;
         objects[isCircle ? ComparedKind::Circle : ComparedKind::Arc].push_back(object);
     }

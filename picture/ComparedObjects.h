@@ -23,17 +23,17 @@ struct ComparedPlace {
     std::int64_t north = 0;
     std::int64_t otherEast = 0;
     std::int64_t otherNorth = 0;
-    std::int64_t centreEast = 0;  // of an arc or circle
-    std::int64_t centreNorth = 0;
 
     auto operator<=>(const ComparedPlace&) const = default;
 };
 
 struct ComparedObject {
-    ComparedPlace place{};      // all 0 for one that refers to nothing
-    std::uint32_t code = 0;     // in the codes of its drawing
-    std::uint32_t shared = 0;   // the same for objects of one code in both drawings; set when they are compared
-    std::int32_t index = 0;     // in the drawing's points, segments (the first one), texts or line strings
+    ComparedPlace place{};        // all 0 for one that refers to nothing
+    std::uint32_t code = 0;       // in the codes of its drawing
+    std::uint32_t shared = 0;     // the same for objects of one code in both drawings; set when they are compared
+    std::int32_t index = 0;       // in the drawing's points, segments (the first one), texts or line strings
+    std::int64_t centreEast = 0;  // of an arc or circle, millimetres
+    std::int64_t centreNorth = 0;
     std::uint64_t content = 0;  // a hash of what it says: characters, name and height, line type, turning direction
     float direction = 0;        // grads, of a point or text
     bool isReversed = false;    // its ends were exchanged

@@ -47,7 +47,8 @@ Text WhyMissing(const ComparedDrawing& first, const ComparedObject& object, Comp
     }
     if (!FitsColumns(object.place)) return u"de coördinaat past niet in negen posities";
     if (kind == ComparedKind::Arc || kind == ComparedKind::Circle) {
-        return u"een boog wordt segment voor segment geschreven";
+        if (!first.translation.options.chkThreePointArcs) return u"een boog wordt segment voor segment geschreven";
+        if (kind == ComparedKind::Circle) return u"een cirkel wordt als twee halve cirkels geschreven";
     }
     if (kind == ComparedKind::Segment) {
         const Text lineType = TypeOfSegment(first, object);
@@ -83,6 +84,10 @@ Text WhyChanged(const ComparedDrawing& first, const ComparedObject& one, const C
     }
     if (kind == ComparedKind::Segment && one.content != other.content) {
         if (TypeOfSegment(first, one).starts_with(u"CURVE_")) return u"een kromme wordt recht geschreven";
+    }
+    const bool isComputed = second.translation.mode.direction == Direction::ToIdex;
+    if (kind == ComparedKind::Arc && isComputed && one.content == other.content) {
+        return u"drie punten op de millimeter geven een ander middelpunt";
     }
     const bool isTurned = one.direction != 0 && other.direction == 0;
     if (kind == ComparedKind::Point && isTurned) return u"een 03-groep heeft geen richting";

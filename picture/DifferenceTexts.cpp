@@ -82,6 +82,18 @@ void CompareSegments(const ComparedDrawing& first, const ComparedObject& one, co
     if (one.isReversed != other.isReversed) changes.Add(u"in omgekeerde volgorde");
 }
 
+// A centre that was computed from three places may be rounded to the next millimetre.
+void CompareCentres(const ComparedObject& one, const ComparedObject& other, ChangeList& changes) {
+    const auto isNear = [](std::int64_t a, std::int64_t b) { return a - b <= 1 && b - a <= 1; };
+    if (isNear(one.centreEast, other.centreEast) && isNear(one.centreNorth, other.centreNorth)) return;
+    const auto text = [](const ComparedObject& object) {
+        const auto metres = [](std::int64_t millimetres) { return static_cast<double>(millimetres) / 1000; };
+        return Concat(FormatPicture(metres(object.centreEast), "0.000"), u" ",
+                      FormatPicture(metres(object.centreNorth), "0.000"));
+    };
+    changes.Add(u"middelpunt", text(one), text(other));
+}
+
 void CompareTexts(const ComparedDrawing& first, const ComparedObject& one, const ComparedDrawing& second,
                   const ComparedObject& other, ChangeList& changes) {
     const TextRec& text1 = DrawingOf(first).Texts[one.index];
@@ -112,7 +124,11 @@ Text Changes(const ComparedDrawing& first, const ComparedObject& one, const Comp
         case ComparedKind::TextObject:
             CompareTexts(first, one, second, other, changes);
             break;
+        case ComparedKind::Circle:
+            CompareCentres(one, other, changes);
+            break;
         case ComparedKind::Arc:
+            CompareCentres(one, other, changes);
             if (one.content != other.content) changes.Add(u"draairichting");
             if (one.isReversed != other.isReversed) changes.Add(u"in omgekeerde volgorde");
             break;

@@ -51,6 +51,7 @@ void TakeOption(Project& project, const Option& option, std::string_view value) 
             TakeReport(options, value);
             break;
         case OptionKind::CheckBox:
+        case OptionKind::SetCheckBox:
             TakeCheckBox(options.*std::get<bool Options::*>(option.member), value);
             break;
         case OptionKind::DateOption:

@@ -42,6 +42,9 @@ void PutOption(std::string& out, const Options& options, const Option& option) {
             return PutLine(out, {option.key, " = ", ReportWord(options)});
         case OptionKind::CheckBox:
             return PutLine(out, {option.key, isSet() ? " = 1" : " = 0"});
+        case OptionKind::SetCheckBox:
+            if (isSet()) PutLine(out, {option.key, " = 1"});
+            return;
         case OptionKind::DateText:
             return PutLine(out, {option.key, " =", text()});
         case OptionKind::DateOption:

@@ -43,6 +43,8 @@ constexpr Option optionTable[] = {
            u"LKI-code hoogtetekst"},
     Option{"Export", "SymRotation", OptionKind::CheckBox, &Options::chkExportSymRotation, u"", false,
            u"Symboolrotatie aanpassen"},
+    Option{"Export", "ThreePointArcs", OptionKind::SetCheckBox, &Options::chkThreePointArcs, u"", true,
+           u"Bogen als driepuntsboog wegschrijven"},
     Option{"Export", "AltDate", OptionKind::DateText, &Options::txtAltDatum, u"", false, u"Veldwerkdatum"},
     Option{"Export", "UseDateAlt", OptionKind::DateOption, &Options::optDateAlt, u"", false, u""},
     Option{"Export", "UseDateSEE", OptionKind::DateOption, &Options::optDateSEE, u"1", false, u""},

@@ -64,8 +64,9 @@ struct Options {
     bool chkExportHeightAsText = false;
     Text txtEleTxtLKI;
     bool chkExportSymRotation = false;
-    Text txtAltDatum;         // may be edited when optDateAlt is selected
-    bool optDateAlt = false;  // the three date options exclude each other
+    bool chkThreePointArcs = false;  // arcs and circles as arcs of three points
+    Text txtAltDatum;                // may be edited when optDateAlt is selected
+    bool optDateAlt = false;         // the three date options exclude each other
     bool optDateSEE = false;
     bool optDateNow = false;
     std::int32_t lstSource = 0;  // the G field's source kind, from 0; see sourceKinds
@@ -87,12 +88,13 @@ CharacterSet CharacterSetOf(const Options& options) noexcept;
 // How an option's value stands in a control table.
 enum class OptionKind {
     PlainText,
-    Owner,       // a text that the reader puts into the owner record
-    Report,      // one of the four listing destinations; its member is the one selected to begin with
-    CheckBox,    // 0 or 1
-    DateText,    // a text with no blank before it
-    DateOption,  // True or False
-    PerUser      // not in the control table but with the user's own settings
+    Owner,        // a text that the reader puts into the owner record
+    Report,       // one of the four listing destinations; its member is the one selected to begin with
+    CheckBox,     // 0 or 1
+    SetCheckBox,  // 1; it has no line when it is not set
+    DateText,     // a text with no blank before it
+    DateOption,   // True or False
+    PerUser       // not in the control table but with the user's own settings
 };
 
 using OptionMember = std::variant<Text Options::*, bool Options::*>;

@@ -87,6 +87,7 @@ enum class ProblemKind {
     CoordinateCut,
     NumberCut,  // that the columns of an IDEX row cannot hold
     QualityCut,
+    ArcCentreMoved,    // read back, an arc of three points has another centre
     PointsPassedOver,  // of a group that has more than its object takes
     NumberWithoutPoint,
     CharacterNotWritten,  // of a row of the control table: it has no Windows-1252 byte

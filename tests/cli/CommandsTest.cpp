@@ -24,7 +24,7 @@ TEST_F(Commands, EveryCommandHasHelpInDutch) {
         {{}, {"Gebruik: korvande-cli", "vertaal", "controleer", "vergelijk", "teken", "project", "--version"}},
         {{"vertaal"},
          {"Gebruik: korvande-cli vertaal", "--modus", "--project", "--logboek", "--geen-logboek", "--antwoord",
-          "--selectie", "--bronvermelding", "--onbekend", "--uitvoermap", "--stil", "Afsluitstatus"}},
+          "--selectie", "--bronvermelding", "--onbekend", "--driepuntsbogen", "--uitvoermap", "--stil", "Afsluitstatus"}},
         {{"controleer"}, {"Gebruik: korvande-cli controleer", "--project"}},
         {{"vergelijk"}, {"Gebruik: korvande-cli vergelijk", "--project", "--tekenset", "Afsluitstatus"}},
         {{"teken"}, {"Gebruik: korvande-cli teken", "--project", "--kader", "--breedte", "Afsluitstatus"}},

@@ -150,6 +150,18 @@ TEST_F(Comparisons, LinesAreComparedWhicheverWayTheyWereDrawn) {
               "changed arc GEVEL 10.000 0.000: draairichting\nchanged line GEVEL: vlaggen 1 0 > 16\n");
 }
 
+TEST_F(Comparisons, AnArcAboutAnotherCentreIsAChange) {
+    Rows other = drawing;
+    other.points =
+        "1,\"101\",0,0,\"BOOM\",10,\"\"\n2,\"102\",10,0,\"HULP\",0,\"\"\n3,\"\",10.001,4.999,\"HULP\",0,\"\"\n"
+        "4,\"104\",15,5,\"HULP\",0,\"\"\n5,\"105\",50,50,\"HULP\",0,\"\"\n";
+    EXPECT_EQ(Differences(drawing, other), "");
+    other.points.replace(other.points.find("10.001"), 6, "10.002");
+    EXPECT_EQ(Differences(drawing, other),
+              "changed arc GEVEL 10.000 0.000: middelpunt 10.000 5.000 > 10.002 4.999\n"
+              "changed circle GEVEL 10.000 0.000: middelpunt 10.000 5.000 > 10.002 4.999\n");
+}
+
 TEST_F(Comparisons, AnotherCodeAtTheSamePlaceIsAChange) {
     Rows other = drawing;
     other.lines = "1,\"GEVEL\",0\n2,\"GEVEL\",0\n";
@@ -275,6 +287,20 @@ TEST_F(Comparisons, TheSampleLosesInAnExchangeFileWhatTheFormatsDoNotKeep) {
         EXPECT_EQ(Losses(comparison), expected);
         EXPECT_EQ(CountsOf(comparison, ComparedKind::Point), "130 47 0 48");
     }
+}
+
+TEST_F(Comparisons, ArcsOfThreePointsComeBackAsArcs) {
+    ASSERT_TRUE(LoadProjectFile(screen, project, FromUtf8(KORVANDE_SOURCE_DIR "/samples/voorbeeld.nst")));
+    options.chkThreePointArcs = true;
+    const std::string idex = SampleBytes("straat.idx");
+    const Comparison comparison = Compared(idexToNen, idex, nenToIdex, Translated(idexToNen, idex));
+    // Of six the ends were not measured equally far from the centre.
+    EXPECT_EQ(CountsOf(comparison, ComparedKind::Arc), "1 6 0 10");
+    EXPECT_EQ(CountsOf(comparison, ComparedKind::Circle), "0 0 5 0");
+    const auto losses = Losses(comparison);
+    EXPECT_EQ(losses.at("changed arc: drie punten op de millimeter geven een ander middelpunt"), 6);
+    EXPECT_EQ(losses.at("missing circle: een cirkel wordt als twee halve cirkels geschreven"), 5);
+    EXPECT_FALSE(losses.contains("added point: punt van een lijn of boog"));
 }
 
 TEST_F(Comparisons, TheSampleThereAndBackLosesAlsoWhatOnlyIdexKnows) {

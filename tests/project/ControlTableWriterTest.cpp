@@ -177,6 +177,19 @@ TEST_F(SavedControlTable, EachCheckBoxHasItsLine) {
     }
 }
 
+TEST_F(SavedControlTable, ThreePointArcsHaveALineOnlyWhenTheyAreWanted) {
+    const std::string without = ControlTableText(options, project.codes);
+    EXPECT_EQ(without.find("ThreePointArcs"), std::string::npos);
+    options.chkThreePointArcs = true;
+    const std::string with = ControlTableText(options, project.codes);
+    EXPECT_NE(with.find("SymRotation = 0\r\nThreePointArcs = 1\r\nAltDate ="), std::string::npos) << with;
+    LoadProjectBytes(screen, project, with);
+    EXPECT_TRUE(project.options.chkThreePointArcs);
+    // A table without the line does not want them, whatever the one before did.
+    LoadProjectBytes(screen, project, without);
+    EXPECT_FALSE(project.options.chkThreePointArcs);
+}
+
 TEST_F(SavedControlTable, TheListingDestinationIsOneOfFourWords) {
     const auto line = [&](bool Options::*option) {
         SelectReport(options, option);

@@ -203,7 +203,7 @@ TEST_F(OptionsTest, AResetPutsBackExactlyTheOptionsThatSaySo) {
     }
     EXPECT_EQ(reset,
               "SUFNENFile IDEXFile Reporting AcceptUnknown IncludeUnknown IncludeNrAsField IncludeNrAsText "
-              "IncludeZAsText");
+              "IncludeZAsText ThreePointArcs");
 }
 
 TEST_F(OptionsTest, AResetLeavesWhatIsInNoTable) {
