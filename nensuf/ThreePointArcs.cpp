@@ -30,20 +30,22 @@ double RadiusAt(const Arc& arc, Position place) {
 // A place near the middle of an arc that is as good as on it when it is rounded to whole millimetres. Rounding the very
 // middle would move the centre of a quarter circle by some millimetres.
 Position MiddleOf(const Arc& arc) {
-    constexpr int tries = 400;
+    constexpr int steps = 200;       // to each side of the middle
     constexpr double enough = 5e-6;  // metres off the arc
     // Each half of the arc stays below half a turn, by which its direction is known.
     const double sweep = std::fabs(arc.sweep);
     const double reach = std::clamp((pi - 0.01) / sweep - 0.5, 0.0, 0.1);
     Position best = Written(PlaceOnArc(arc, 0.5));
     double off = std::fabs(RadiusAt(arc, best) - arc.radius);
-    for (int i = 1; i <= tries && off > enough; ++i) {
-        const double away = reach * ((i + 1) / 2) / (tries / 2);
-        const Position place = Written(PlaceOnArc(arc, i % 2 == 0 ? 0.5 + away : 0.5 - away));
-        const double placeOff = std::fabs(RadiusAt(arc, place) - arc.radius);
-        if (placeOff >= off) continue;
-        best = place;
-        off = placeOff;
+    for (int step = 1; step <= steps && off > enough; ++step) {
+        const double away = reach * step / steps;
+        for (const double part : {0.5 - away, 0.5 + away}) {
+            const Position place = Written(PlaceOnArc(arc, part));
+            const double placeOff = std::fabs(RadiusAt(arc, place) - arc.radius);
+            if (placeOff >= off) continue;
+            best = place;
+            off = placeOff;
+        }
     }
     return best;
 }

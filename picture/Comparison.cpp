@@ -101,44 +101,62 @@ class Comparer {
         const bool areLines =
             kind == ComparedKind::Segment || kind == ComparedKind::Arc || kind == ComparedKind::Circle;
         for (const ObjectMatch& match : matches) {
-            const ComparedObject* const one = match.first == noObject ? nullptr : &objects1[kind][match.first];
-            const ComparedObject* const other = match.second == noObject ? nullptr : &objects2[kind][match.second];
-            CompareOne(kind, one, other);
-            if (areLines && one != nullptr && other != nullptr) {
-                linePairs.emplace_back(Drawing1().Edges[one->index].LineNo, Drawing2().Edges[other->index].LineNo);
+            if (match.first == noObject) {
+                TellAdded(kind, objects2[kind][match.second]);
+            } else if (match.second == noObject) {
+                TellMissing(kind, objects1[kind][match.first]);
+            } else {
+                const ComparedObject& one = objects1[kind][match.first];
+                const ComparedObject& other = objects2[kind][match.second];
+                CompareMatched(kind, one, other);
+                if (!areLines) continue;
+                linePairs.emplace_back(Drawing1().Edges[one.index].LineNo, Drawing2().Edges[other.index].LineNo);
             }
         }
     }
 
-    void CompareOne(ComparedKind kind, const ComparedObject* one, const ComparedObject* other) {
-        Difference difference{.object = kind};
-        ComparisonCount& count = CountOf(kind);
-        if (one != nullptr && other != nullptr) {
-            difference.what = Changes(first, *one, second, *other, kind);
-            if (difference.what.empty()) {
-                ++count.equal;
-                return;
-            }
-            ++count.changed;
-            difference.reason = WhyChanged(first, *one, second, *other, kind);
-        } else if (one != nullptr) {
-            ++count.missing;
-            difference.kind = DifferenceKind::Missing;
-            difference.reason = WhyMissing(first, *one, kind);
-        } else {
-            ++count.added;
-            difference.kind = DifferenceKind::Added;
-            difference.reason = WhyAdded(second, *other, kind);
+    void CompareMatched(ComparedKind kind, const ComparedObject& one, const ComparedObject& other) {
+        Difference difference{.object = kind, .kind = DifferenceKind::Changed};
+        difference.what = Changes(first, one, second, other, kind);
+        if (difference.what.empty()) {
+            ++CountOf(kind).equal;
+            return;
         }
-        Locate(one != nullptr ? first : second, one != nullptr ? *one : *other, difference);
-        if (one != nullptr) {
-            difference.firstIndex = one->index;
-            difference.firstLine = InputLineOf(Drawing1(), kind, one->index);
-        }
-        if (other != nullptr) {
-            difference.secondIndex = other->index;
-            difference.secondLine = InputLineOf(Drawing2(), kind, other->index);
-        }
+        ++CountOf(kind).changed;
+        difference.reason = WhyChanged(first, one, second, other, kind);
+        TakeFirst(one, difference);
+        TakeSecond(other, difference);
+        Add(first, one, std::move(difference));
+    }
+
+    void TellMissing(ComparedKind kind, const ComparedObject& one) {
+        ++CountOf(kind).missing;
+        Difference difference{.object = kind, .kind = DifferenceKind::Missing};
+        difference.reason = WhyMissing(first, one, kind);
+        TakeFirst(one, difference);
+        Add(first, one, std::move(difference));
+    }
+
+    void TellAdded(ComparedKind kind, const ComparedObject& other) {
+        ++CountOf(kind).added;
+        Difference difference{.object = kind, .kind = DifferenceKind::Added};
+        difference.reason = WhyAdded(second, other, kind);
+        TakeSecond(other, difference);
+        Add(second, other, std::move(difference));
+    }
+
+    void TakeFirst(const ComparedObject& one, Difference& difference) const {
+        difference.firstIndex = one.index;
+        difference.firstLine = InputLineOf(Drawing1(), difference.object, one.index);
+    }
+
+    void TakeSecond(const ComparedObject& other, Difference& difference) const {
+        difference.secondIndex = other.index;
+        difference.secondLine = InputLineOf(Drawing2(), difference.object, other.index);
+    }
+
+    void Add(const ComparedDrawing& where, const ComparedObject& object, Difference difference) {
+        Locate(where, object, difference);
         result.differences.push_back(std::move(difference));
     }
 
