@@ -104,7 +104,7 @@ SvgCanvas::SvgCanvas(LineWriter& itsOutput, const DisplayList& list, const Pictu
     const double width = static_cast<double>(box.maxEast) - box.minEast;
     const double height = static_cast<double>(box.maxNorth) - box.minNorth;
     output.Put("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
-    output.Put("<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\" viewBox=\"0 0 " + Metres(width) + " " +
+    output.Put(R"(<svg xmlns="http://www.w3.org/2000/svg" version="1.1" viewBox="0 0 )" + Metres(width) + " " +
                Metres(height) + "\" data-east=\"" + Decimal(corner.east, 3) + "\" data-north=\"" +
                Decimal(corner.north, 3) + "\">\n");
     output.Put("<title>" + XmlText(title) + "</title>\n");
