@@ -52,6 +52,7 @@ constexpr Bound<bool> checks[] = {
     {"chkExport3D", &Options::chkExport3D},
     {"chkExportHeightAsText", &Options::chkExportHeightAsText},
     {"chkExportSymRotation", &Options::chkExportSymRotation},
+    {"chkThreePointArcs", &Options::chkThreePointArcs},
 };
 
 // The boxes that count only while an option is set.

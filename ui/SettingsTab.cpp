@@ -108,6 +108,9 @@ wxSizer* MakeExport(wxWindow* page) {
     group.Add(texts);
     group.Add(MakeCheckBox(box, "chkExportSymRotation", u"Symboolrotatie &aanpassen op IGOS (P1--P2 = Noord)",
                            symRotationTip));
+    group.Add(MakeCheckBox(box, "chkThreePointArcs", u"Bogen als d&riepuntsboog wegschrijven",
+                           u"Schrijft een boog met begin, een punt op de boog en einde, zoals andere programma's hem "
+                           u"lezen; anders met zijn middelpunt"));
     return group.frame;
 }
 

@@ -27,6 +27,16 @@ TEST_F(BindingTest, AClickOnACheckBoxIsInTheFormAtOnce) {
     EXPECT_EQ(form.project.options.chkExport3D, !before);
 }
 
+TEST_F(BindingTest, ArcsOfThreePointsAreWantedByAClickOrByTheLetterOfTheirBox) {
+    SelectTab(1);
+    EXPECT_FALSE(Find<wxCheckBox>("chkThreePointArcs").GetValue());
+    Click("chkThreePointArcs");
+    EXPECT_TRUE(form.project.options.chkThreePointArcs);
+    simulator.Char('R', wxMOD_ALT);
+    LetEventsRun();
+    EXPECT_FALSE(form.project.options.chkThreePointArcs);
+}
+
 TEST_F(BindingTest, TheOtherDateCanBeTypedOnlyWhileItIsChosen) {
     SelectTab(1);
     const auto& date = Find<wxTextCtrl>("txtAltDatum");
