@@ -7,26 +7,20 @@
 #include "cli/OptionValues.h"
 #include "cli/Print.h"
 #include "cli/Projects.h"
-#include "core/LineWriter.h"
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
-#include "host/FileReplacement.h"
 #include "host/modFileHandling.h"
+#include "picture/PictureFile.h"
 #include "picture/PixelView.h"
 #include "picture/PngPicture.h"
-#include "picture/SvgCanvas.h"
 #include "translation/Translation.h"
 
 namespace korvande {
 
 namespace {
 
-enum class PictureFormat { Svg, Png };
-
 PictureFormat FormatOf(const Text& output) {
-    const Text name = ToCapitals(output);
-    if (name.ends_with(u".SVG")) return PictureFormat::Svg;
-    if (name.ends_with(u".PNG")) return PictureFormat::Png;
+    if (const std::optional<PictureFormat> format = PictureFormatOf(output)) return *format;
     throw UsageError{Concat(u"De uitvoer moet op .svg of .png eindigen: ", output)};
 }
 
@@ -64,28 +58,6 @@ std::optional<PictureFrame> FrameFor(const DisplayList& list, const std::optiona
     const bool isFlat =
         frame.box.IsEmpty() || frame.box.minEast == frame.box.maxEast || frame.box.minNorth == frame.box.maxNorth;
     return isFlat ? std::nullopt : std::optional(frame);
-}
-
-void WriteSvg(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, TextView title,
-              LineWriter& output) {
-    SvgCanvas canvas(output, list, frame, title);
-    DrawPicture(drawing, list, frame, canvas);
-    canvas.Finish();
-}
-
-// Beside its place, which it takes when it is whole.
-void WritePicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, const Text& input,
-                  const Text& name) {
-    FileReplacement replacement(name);
-    LineWriter output;
-    replacement.Open(output);
-    if (FormatOf(name) == PictureFormat::Svg) {
-        WriteSvg(drawing, list, frame, FileNameOf(input), output);
-    } else {
-        output.Put(PngBytes(frame, [&](Canvas& canvas) { DrawPicture(drawing, list, frame, canvas); }));
-    }
-    output.Close();
-    replacement.PutInPlace();
 }
 
 void PrintPicture(const DisplayList& list, const Text& output) {
@@ -135,7 +107,7 @@ int DrawDrawing(const DrawOptions& options) {
                                 u"--breedte of een --kader.")};
     }
     try {
-        WritePicture(translation.drawing, list, *frame, input, output);
+        WritePictureFile(translation.drawing, list, *frame, {FileNameOf(input), output});
     } catch (const RuntimeError& error) {
         PrintErrorLine(Concat(u"Kon bestand: '", output, u"' niet opslaan;\nFoutcode: ", error.Number(), u"\n",
                               error.Description()));

@@ -8,6 +8,7 @@
 
 #include "core/modAzimuth.h"
 #include "core/modKORVANDE.h"
+#include "picture/SpatialIndex.h"
 
 namespace korvande {
 
@@ -39,16 +40,56 @@ Colour ColourOf(const PictureCode& code) {
 
 class Artist {
  public:
-    Artist(const Drawing& itsDrawing, const DisplayList& itsList, const PictureFrame& itsFrame, Canvas& itsCanvas)
-        : drawing(itsDrawing), list(itsList), frame(itsFrame), canvas(itsCanvas) {}
+    Artist(const Drawing& itsDrawing, const DisplayList& itsList, const PictureFrame& itsFrame, Canvas& itsCanvas,
+           const PictureChoice& itsChoice)
+        : drawing(itsDrawing), list(itsList), frame(itsFrame), canvas(itsCanvas), choice(itsChoice) {}
 
     void Draw() {
-        DrawTable(u'L', list.lines, [this](const PictureLine& line) { DrawLine(line); });
-        DrawTable(u'P', list.points, [this](const PicturePoint& point) { DrawPoint(point); });
-        DrawTable(u'T', list.texts, [this](const PictureText& text) { DrawText(text); });
+        const Seen seen = FindSeen();
+        DrawTable(u'L', list.lines, seen[PictureKind::LineString], [this](const PictureLine& line) { DrawLine(line); });
+        DrawTable(u'P', list.points, seen[PictureKind::Point], [this](const PicturePoint& point) { DrawPoint(point); });
+        DrawTable(u'T', list.texts, seen[PictureKind::TextObject], [this](const PictureText& text) { DrawText(text); });
     }
 
  private:
+    // The places of what may be seen, in their order: those of each kind.
+    struct Seen {
+        std::array<std::vector<std::uint32_t>, 3> places;
+
+        const std::vector<std::uint32_t>& operator[](PictureKind kind) const noexcept {
+            return places[static_cast<std::size_t>(kind)];
+        }
+    };
+
+    Seen FindSeen() const {
+        Seen seen;
+        const PictureBox& box = frame.box;
+        const PictureBox& extent = list.extent;
+        const bool isAllSeen = box.minEast <= extent.minEast && box.minNorth <= extent.minNorth &&
+                               box.maxEast >= extent.maxEast && box.maxNorth >= extent.maxNorth;
+        if (choice.index == nullptr || isAllSeen) {
+            const std::size_t counts[] = {list.points.size(), list.lines.size(), list.texts.size()};
+            for (std::size_t kind = 0; kind < seen.places.size(); ++kind) {
+                seen.places[kind].resize(counts[kind]);
+                std::iota(seen.places[kind].begin(), seen.places[kind].end(), 0);
+            }
+            return seen;
+        }
+        // Symbols reach beyond their points.
+        PictureBox grown = box;
+        grown.AddBox(BoxAbout({box.minEast, box.minNorth}, tickLength));
+        grown.AddBox(BoxAbout({box.maxEast, box.maxNorth}, tickLength));
+        choice.index->Find(list, grown, [&seen](PictureRef ref) {
+            seen.places[static_cast<std::size_t>(ref.kind)].push_back(ref.place);
+        });
+        for (std::vector<std::uint32_t>& places : seen.places) std::sort(places.begin(), places.end());
+        return seen;
+    }
+
+    bool IsHidden(std::size_t code) const {
+        return choice.isHidden != nullptr && code < choice.isHidden->size() && (*choice.isHidden)[code];
+    }
+
     bool IsSeen(const PictureLine& line) const {
         return list.steps[line.firstPlace] == PictureStep::Resume || BoxOf(list, line).Overlaps(frame.box);
     }
@@ -57,17 +98,20 @@ class Artist {
 
     // Draws the objects of a table, those of one code together and in their order.
     template <class Object, class DrawOne>
-    void DrawTable(char16_t table, const std::vector<Object>& objects, DrawOne draw) {
+    void DrawTable(char16_t table, const std::vector<Object>& objects, const std::vector<std::uint32_t>& seen,
+                   DrawOne draw) {
         std::vector<std::uint32_t> begins(list.codes.size() + 1);
-        for (const Object& object : objects) ++begins[object.code + 1];
+        for (const std::uint32_t place : seen) ++begins[objects[place].code + 1];
         std::partial_sum(begins.begin(), begins.end(), begins.begin());
-        std::vector<std::uint32_t> order(objects.size());
+        std::vector<std::uint32_t> order(seen.size());
         std::vector<std::uint32_t> next(begins.begin(), begins.end() - 1);
-        for (std::uint32_t place = 0; place < objects.size(); ++place) order[next[objects[place].code]++] = place;
+        for (const std::uint32_t place : seen) order[next[objects[place].code]++] = place;
         // Those that are not written, the known ones, the unknown ones.
         for (int layer = 0; layer < 3; ++layer) {
             for (std::size_t code = 0; code < list.codes.size(); ++code) {
-                if (list.codes[code].table != table || LayerOf(list.codes[code]) != layer) continue;
+                if (list.codes[code].table != table || LayerOf(list.codes[code]) != layer || IsHidden(code)) {
+                    continue;
+                }
                 DrawCode(list.codes[code], objects, {order.data() + begins[code], begins[code + 1] - begins[code]},
                          draw);
             }
@@ -185,6 +229,7 @@ class Artist {
     const DisplayList& list;
     const PictureFrame& frame;
     Canvas& canvas;
+    const PictureChoice& choice;
     bool hasLine = false;  // a line was begun and not yet drawn
     PicturePlace last;     // where it is
 };
@@ -219,8 +264,9 @@ CodeStyle StyleOf(const PictureCode& code, const PictureFrame& frame) {
     return style;
 }
 
-void DrawPicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, Canvas& canvas) {
-    Artist(drawing, list, frame, canvas).Draw();
+void DrawPicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, Canvas& canvas,
+                 const PictureChoice& choice) {
+    Artist(drawing, list, frame, canvas, choice).Draw();
 }
 
 }  // namespace korvande

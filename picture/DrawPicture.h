@@ -1,10 +1,13 @@
 #pragma once
 
+#include <vector>
+
 #include "picture/Canvas.h"
 
 namespace korvande {
 
 struct Drawing;
+class SpatialIndex;
 
 // What of a picture is drawn, and on how many pixels.
 struct PictureFrame {
@@ -19,9 +22,16 @@ PictureFrame WholeFrame(const DisplayList& list) noexcept;
 // colour of their own that can be read on white paper.
 CodeStyle StyleOf(const PictureCode& code, const PictureFrame& frame);
 
+// What of a picture is drawn, and how that is found.
+struct PictureChoice {
+    const SpatialIndex* index = nullptr;          // of the list; without one, everything is looked at
+    const std::vector<bool>* isHidden = nullptr;  // an entry for each code whose objects are not drawn; null: none
+};
+
 // Draws what of a picture a frame shows, code by code: line strings, then points, then texts; of each those that are
 // not written first and the unknown ones last, so that they lie over the others. The drawing is the one that the list
-// was made of.
-void DrawPicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, Canvas& canvas);
+// was made of. With an index, a line string is drawn in the parts that the frame shows.
+void DrawPicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, Canvas& canvas,
+                 const PictureChoice& choice = {});
 
 }  // namespace korvande

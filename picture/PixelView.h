@@ -17,6 +17,7 @@ inline std::int64_t HeightInPixels(const PictureFrame& frame) noexcept {
 
 // Where places of a frame come to lie on its pixels.
 struct PixelView {
+    PixelView(double itsLeft, double itsTop, double itsScale) noexcept : left(itsLeft), top(itsTop), scale(itsScale) {}
     explicit PixelView(const PictureFrame& frame) noexcept
         : left(frame.box.minEast),
           top(frame.box.maxNorth),

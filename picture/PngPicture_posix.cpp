@@ -1,45 +1,23 @@
-#include <cairo.h>
-
 #include <algorithm>
 #include <cmath>
 #include <memory>
 
 #include "core/RuntimeError.h"
-#include "picture/PixelView.h"
+#include "picture/CairoText_posix.h"
 #include "picture/PngPicture.h"
-#include "picture/TextLayout.h"
 
 namespace korvande {
 
 namespace {
 
 constexpr double halfTurn = 3.14159265358979;
-constexpr double degreesPerGrad = 0.9;
-
-struct Destroy {
-    void operator()(cairo_surface_t* surface) const noexcept { cairo_surface_destroy(surface); }
-    void operator()(cairo_font_options_t* options) const noexcept { cairo_font_options_destroy(options); }
-    void operator()(cairo_t* context) const noexcept { cairo_destroy(context); }
-};
-
-void SetColour(cairo_t* context, Colour colour) {
-    const auto part = [colour](int shift) { return (colour >> shift & 0xFF) / 255.0; };
-    cairo_set_source_rgb(context, part(16), part(8), part(0));
-}
 
 class CairoCanvas : public Canvas {
  public:
     CairoCanvas(cairo_t* itsContext, const PictureFrame& frame) : context(itsContext), view(frame) {
         cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
         cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
-        cairo_select_font_face(context, "Liberation Sans", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
-        // Letters may lie at any angle and be a few pixels high, where hints would cost them their accents.
-        const std::unique_ptr<cairo_font_options_t, Destroy> options(cairo_font_options_create());
-        cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
-        cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_OFF);
-        cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_GRAY);
-        cairo_set_font_options(context, options.get());
-        cairo_set_font_size(context, textHeight * 1000 * view.scale);
+        PrepareTexts(context, view);
     }
 
     void BeginCode(const PictureCode&, const CodeStyle& style) override {
@@ -86,16 +64,7 @@ class CairoCanvas : public Canvas {
     void Write(const PictureText& text, TextView characters) override {
         constexpr double leastPixels = 1.5;  // smaller ones are only grey, and cost most
         if (textHeight * 1000 * view.scale < leastPixels) return;
-        const std::string utf8 = ToUtf8(characters);
-        cairo_text_extents_t extents;
-        cairo_text_extents(context, utf8.c_str(), &extents);
-        cairo_save(context);
-        cairo_translate(context, view.X(text.at.east), view.Y(text.at.north));
-        cairo_rotate(context, -text.direction * degreesPerGrad * halfTurn / 180);
-        cairo_move_to(context, -PartLeftOf(text) * extents.x_advance, -FrameOf(text).bottom * view.scale);
-        cairo_show_text(context, utf8.c_str());
-        cairo_restore(context);
-        cairo_new_path(context);
+        WriteText(context, view, text, characters);
     }
 
  private:
@@ -114,9 +83,9 @@ cairo_status_t Take(void* bytes, const unsigned char* data, unsigned int length)
 std::string PngBytes(const PictureFrame& frame, const std::function<void(Canvas&)>& draw) {
     const std::int64_t height = HeightInPixels(frame);
     if (height > mostPixels || frame.pixels > mostPixels) throw RuntimeError(errors::outOfMemory);
-    const std::unique_ptr<cairo_surface_t, Destroy> surface(
+    const std::unique_ptr<cairo_surface_t, DestroyCairo> surface(
         cairo_image_surface_create(CAIRO_FORMAT_RGB24, frame.pixels, static_cast<int>(height)));
-    const std::unique_ptr<cairo_t, Destroy> context(cairo_create(surface.get()));
+    const std::unique_ptr<cairo_t, DestroyCairo> context(cairo_create(surface.get()));
     SetColour(context.get(), 0xFFFFFF);
     cairo_paint(context.get());
     CairoCanvas canvas(context.get(), frame);

@@ -1,70 +1,30 @@
-// GDI+ needs these before its own header.
-#include <algorithm>
-#include <cmath>
-
-#include <windows.h>
-
-#include <objidl.h>
-
-namespace Gdiplus {
-using std::max;
-using std::min;
-}  // namespace Gdiplus
-#include <gdiplus.h>
-
 #include <memory>
 
 #include "core/RuntimeError.h"
-#include "core/WideText_windows.h"
-#include "picture/PixelView.h"
+#include "picture/GdiPlusText_windows.h"
 #include "picture/PngPicture.h"
-#include "picture/TextLayout.h"
 
 namespace korvande {
 
 namespace {
 
-constexpr double degreesPerGrad = 0.9;
 constexpr double degreesPerRadian = 180 / 3.14159265358979;
-
-Gdiplus::Color ColourOf(Colour colour) {
-    return {static_cast<BYTE>(colour >> 16), static_cast<BYTE>(colour >> 8), static_cast<BYTE>(colour)};
-}
-
-// The library, as long as it is used.
-class Library {
- public:
-    Library() {
-        const Gdiplus::GdiplusStartupInput input;
-        if (Gdiplus::GdiplusStartup(&token, &input, nullptr) != Gdiplus::Ok) throw RuntimeError(errors::outOfMemory);
-    }
-    Library(const Library&) = delete;
-    Library& operator=(const Library&) = delete;
-    ~Library() { Gdiplus::GdiplusShutdown(token); }
-
- private:
-    ULONG_PTR token = 0;
-};
 
 class GdiPlusCanvas : public Canvas {
  public:
     GdiPlusCanvas(Gdiplus::Graphics& itsGraphics, const PictureFrame& frame)
-        : graphics(itsGraphics),
-          view(frame),
-          font(L"Arial", static_cast<float>(textHeight * 1000 * view.scale), Gdiplus::FontStyleRegular,
-               Gdiplus::UnitPixel) {
+        : graphics(itsGraphics), view(frame), letters(graphics, view) {
         graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
-        graphics.SetTextRenderingHint(Gdiplus::TextRenderingHintAntiAlias);
     }
 
     void BeginCode(const PictureCode&, const CodeStyle& style) override {
         const auto width = static_cast<float>(style.lineWidth * view.scale);
-        pen = std::make_unique<Gdiplus::Pen>(ColourOf(style.colour), width);
+        pen = std::make_unique<Gdiplus::Pen>(GdiPlusColour(style.colour), width);
         pen->SetLineCap(Gdiplus::LineCapRound, Gdiplus::LineCapRound, Gdiplus::DashCapRound);
         pen->SetLineJoin(Gdiplus::LineJoinRound);
         const float dashes[] = {8, 4};
         if (style.isDashed) pen->SetDashPattern(dashes, 2);
-        brush = std::make_unique<Gdiplus::SolidBrush>(ColourOf(style.colour));
+        brush = std::make_unique<Gdiplus::SolidBrush>(GdiPlusColour(style.colour));
     }
     void EndCode() override {}
 
@@ -109,22 +69,7 @@ class GdiPlusCanvas : public Canvas {
     void Write(const PictureText& text, TextView characters) override {
         constexpr double leastPixels = 1.5;
         if (textHeight * 1000 * view.scale < leastPixels) return;
-        const std::wstring wide = ToWide(characters);
-        const Gdiplus::StringFormat* const format = Gdiplus::StringFormat::GenericTypographic();
-        const int length = static_cast<int>(wide.size());
-        Gdiplus::RectF box;
-        graphics.MeasureString(wide.c_str(), length, &font, Gdiplus::PointF(), format, &box);
-        const Gdiplus::GraphicsState state = graphics.Save();
-        const Gdiplus::PointF anchor = PointAt(text.at);
-        graphics.TranslateTransform(anchor.X, anchor.Y);
-        graphics.RotateTransform(static_cast<float>(-text.direction * degreesPerGrad));
-        // A string is placed by its top left corner, from which its baseline lies nine tenths of its size.
-        constexpr double toBaseline = 0.905;
-        const double baseline = -FrameOf(text).bottom * view.scale;
-        const Gdiplus::PointF corner(static_cast<float>(-PartLeftOf(text) * box.Width),
-                                     static_cast<float>(baseline - toBaseline * textHeight * 1000 * view.scale));
-        graphics.DrawString(wide.c_str(), length, &font, corner, format, brush.get());
-        graphics.Restore(state);
+        letters.Write(text, characters, *brush);
     }
 
  private:
@@ -134,7 +79,7 @@ class GdiPlusCanvas : public Canvas {
 
     Gdiplus::Graphics& graphics;
     PixelView view;
-    Gdiplus::Font font;
+    GdiPlusText letters;
     Gdiplus::GraphicsPath path;
     std::unique_ptr<Gdiplus::Pen> pen;
     std::unique_ptr<Gdiplus::SolidBrush> brush;
@@ -163,11 +108,11 @@ std::string BytesOf(IStream& stream) {
 std::string PngBytes(const PictureFrame& frame, const std::function<void(Canvas&)>& draw) {
     const std::int64_t height = HeightInPixels(frame);
     if (height > mostPixels || frame.pixels > mostPixels) throw RuntimeError(errors::outOfMemory);
-    const Library library;
+    const GdiPlusLibrary library;
     Gdiplus::Bitmap bitmap(frame.pixels, static_cast<INT>(height), PixelFormat24bppRGB);
     {
         Gdiplus::Graphics graphics(&bitmap);
-        graphics.Clear(ColourOf(0xFFFFFF));
+        graphics.Clear(GdiPlusColour(0xFFFFFF));
         GdiPlusCanvas canvas(graphics, frame);
         draw(canvas);
     }
