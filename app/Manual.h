@@ -11,6 +11,7 @@ namespace korvande {
 
 // The chapters, by the names that the page has for them.
 inline constexpr TextView logBookChapter = u"logboek";
+inline constexpr TextView previewChapter = u"voorbeeld";
 
 // The chapter about one of the window's tabs; empty for the page's beginning.
 TextView ManualChapter(int tab) noexcept;

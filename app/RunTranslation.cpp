@@ -72,6 +72,8 @@ bool TranslateProject(FormKORVANDE& form) {
                     .wentWell = WentWell(translation),
                     .wroteOutput = isFinished && !translation.outcome.Failed(),
                     .outcome = OutcomeLine(translation),
+                    .input = InputName(translation),
+                    .mode = translation.mode,
                     .output = OutputName(translation),
                     .logBook = translation.LogFileName,
                     .sentence = ClosingSentence(translation),

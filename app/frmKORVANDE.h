@@ -50,6 +50,8 @@ struct RunReport {
     bool wentWell = true;
     bool wroteOutput = false;
     Text outcome;  // in a line; empty: nothing was translated yet
+    Text input;
+    Mode mode;
     Text output;
     Text logBook;
     Text sentence;              // what a person is told of it

@@ -111,6 +111,7 @@ void MainWindow::MakeTabs() {
     column->Add(tabs, wxSizerFlags(1).Expand());
     outcome = new OutcomeLine(content, form);
     outcome->onUnknownCodes = [this] { AddUnknownCodes(); };
+    outcome->onCompare = [this] { Work([this] { runWindows->ShowComparison(); }); };
     column->Add(outcome, wxSizerFlags().Expand());
     content->SetSizer(column);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
@@ -192,6 +193,7 @@ void MainWindow::BindControls() {
     const AskFileName ask = [this](const FileDialog& dialog) { return ShowFileDialog(this, dialog); };
     WorkOn("cmdStart", [this] { RunTranslation(form); });
     WorkOn("cmdCheck", [this] { runWindows->Check(); });
+    WorkOn("cmdPreview", [this] { runWindows->ShowPreview(); });
     WorkOn("cmdNewJob", [this] { NewProject(form); });
     WorkOn("cmdCopyJob", [this] { CopyProject(form); });
     WorkOn("cmdDelJob", [this] { DeleteProject(form); });

@@ -40,6 +40,8 @@ OutcomeLine::OutcomeLine(wxWindow* parent, const FormKORVANDE& itsForm)
       logBook(MakeButton(this, "cmdShowLogBook", u"Logboek", u"Opent het logboek van deze vertaling")),
       unknownCodes(MakeButton(this, "cmdUnknownCodes", u"Onbekende codes...",
                               u"Toont de codes die niet in de codetabellen staan, om ze toe te voegen")),
+      compare(MakeButton(this, "cmdCompare", u"Vergelijken...",
+                         u"Toont de uitvoer over de invoer: wat is weggelaten of veranderd, en waarom")),
       buttons(new wxBoxSizer(wxHORIZONTAL)),
       parts(new wxBoxSizer(wxHORIZONTAL)) {
     SetName("framOutcome");
@@ -47,7 +49,7 @@ OutcomeLine::OutcomeLine(wxWindow* parent, const FormKORVANDE& itsForm)
                                           u"Wat niet of anders is overgekomen, wat is weggelaten en de objectbalans");
     wxButton* const folder = MakeButton(this, "cmdOpenFolder", u"Map openen", u"Opent de map van het uitvoerbestand");
     overview->MoveBeforeInTabOrder(logBook);
-    for (wxButton* const button : {overview, logBook, folder, unknownCodes}) {
+    for (wxButton* const button : {overview, logBook, folder, unknownCodes, compare}) {
         buttons->Add(button, InRow().Border(wxTOP | wxBOTTOM | wxRIGHT, FromDIP(narrowSpace)));
     }
     parts->Add(line, wxSizerFlags(1).Border(wxALL, FromDIP(narrowSpace)).CenterVertical());
@@ -60,6 +62,7 @@ OutcomeLine::OutcomeLine(wxWindow* parent, const FormKORVANDE& itsForm)
     });
     overview->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ShowOverview(); });
     unknownCodes->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { onUnknownCodes(); });
+    compare->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { onCompare(); });
     logBook->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ViewLogBook(form.screen, form.lastRun.logBook); });
     folder->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OpenFolder(form.screen, FolderOf(form.lastRun.output)); });
 }
@@ -72,6 +75,7 @@ void OutcomeLine::ShowForm() {
     line->Refresh();
     logBook->Enable(FileExistsAt(run.logBook));
     unknownCodes->Enable(!IsBusy(form) && !StillUnknown(form, run.unknownCodes).codes.empty());
+    compare->Enable(!IsBusy(form) && run.wroteOutput);
     PlaceParts();
     if (IsShown()) return;
     Show();

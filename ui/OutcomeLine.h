@@ -21,6 +21,9 @@ class OutcomeLine : public wxPanel {
     // Called when a person wants to add the codes that the last run did not know.
     std::function<void()> onUnknownCodes = [] {};
 
+    // Called when a person wants to see what became of the drawing.
+    std::function<void()> onCompare = [] {};
+
     // Takes the last run from the form. Before the first run the line is not there.
     void ShowForm();
 
@@ -34,6 +37,7 @@ class OutcomeLine : public wxPanel {
     wxTextCtrl* line;
     wxButton* logBook;
     wxButton* unknownCodes;
+    wxButton* compare;
     wxBoxSizer* buttons;
     wxBoxSizer* parts;
 };

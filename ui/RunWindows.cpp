@@ -15,6 +15,7 @@
 #include "ui/BatchWindow.h"
 #include "ui/CheckWindow.h"
 #include "ui/DropTarget.h"
+#include "ui/PreviewWindow.h"
 
 namespace korvande {
 
@@ -46,18 +47,25 @@ RunWindows::RunWindows(wxFrame& itsFrame, FormKORVANDE& itsForm, Work itsWork)
     };
     TakeDroppedFiles(frame, {[this] { return MayBegin(); }, take});
     frame.Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-        const bool checks = event.GetKeyCode() == WXK_F7 && !event.HasAnyModifiers() && MayBegin();
-        if (checks) {
-            work([this] { Check(); });
-        } else {
-            event.Skip();
-        }
+        const int key = event.GetKeyCode();
+        if ((key != WXK_F7 && key != WXK_F8) || event.HasAnyModifiers() || !MayBegin()) return event.Skip();
+        work([this, key] { key == WXK_F7 ? Check() : ShowPreview(); });
     });
 }
 
 void RunWindows::Check() {
     std::optional<CheckReport> report = CheckInput(form);
     if (report) Replace(check, new CheckWindow(&frame, std::move(*report)));
+}
+
+void RunWindows::ShowPreview() {
+    std::optional<PreviewOrder> order = PreviewOfInput(form);
+    if (order) Replace(preview, new PreviewWindow(&frame, form, std::move(*order)));
+}
+
+void RunWindows::ShowComparison() {
+    std::optional<PreviewOrder> order = PreviewOfRun(form);
+    if (order) Replace(preview, new PreviewWindow(&frame, form, std::move(*order)));
 }
 
 // Nothing is going on, and the names in the window count.

@@ -12,10 +12,11 @@ namespace korvande {
 
 class BatchWindow;
 class CheckWindow;
+class PreviewWindow;
 struct FormKORVANDE;
 
 // Runs that end in a window of their own, which the next one of its kind replaces: the check, also by F7, and the
-// translation of several files that are dropped on the window.
+// translation of several files that are dropped on the window, and what a drawing looks like, also by F8.
 class RunWindows {
  public:
     // Runs an action as the window runs whatever a person asks for.
@@ -27,6 +28,10 @@ class RunWindows {
     // Checks the input and shows what was found.
     void Check();
 
+    // Shows the input, or what became of it in the last run.
+    void ShowPreview();
+    void ShowComparison();
+
  private:
     bool MayBegin() const;
     void TakeFiles(const std::vector<Text>& names);
@@ -37,6 +42,7 @@ class RunWindows {
     Work work;
     wxWeakRef<CheckWindow> check;
     wxWeakRef<BatchWindow> batch;
+    wxWeakRef<PreviewWindow> preview;
 };
 
 }  // namespace korvande

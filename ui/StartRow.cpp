@@ -46,7 +46,9 @@ StartRow::StartRow(wxScrolledWindow* general, wxScrolledWindow* settings)
                        u"Bewaart het project en vertaalt het invoerbestand met de instellingen van dit project")),
       check(MakeButton(FrameOn(general), "cmdCheck", u"Controleer",
                        u"Gaat het invoerbestand na en laat zien wat er bij een vertaling mis zou gaan; er wordt niets "
-                       u"geschreven (F7)")) {
+                       u"geschreven (F7)")),
+      preview(MakeButton(FrameOn(general), "cmdPreview", u"Voorbeeld",
+                         u"Toont de tekening in het invoerbestand, met de codes die erin voorkomen (F8)")) {
     modes->SetName("cboXlateMode");
     modes->SetToolTip(ToWx(u"Van welk formaat naar welk formaat wordt vertaald"));
     PassWheelOn(*modes);
@@ -76,6 +78,7 @@ void StartRow::PlaceOn(int tab, bool startedInteractively) {
     if (isInSight) MoveTo(tab == tabGeneral ? generalPage : settingsPage);
     FrameOn(settingsPage)->Show(startedInteractively);
     check->Show(startedInteractively);
+    preview->Show(startedInteractively);
     Place();
 }
 
@@ -102,7 +105,11 @@ StartRow::Parts StartRow::Arranged(wxPoint listAt, wxPoint startAt) const {
     parts.list.y += below;
     parts.start.y += below;
     parts.label = wxRect(parts.list.x - text.x - wide, parts.list.y + (list.y - text.y) / 2, text.x, text.y);
-    parts.check = wxRect(parts.start.GetRight() + wide, parts.list.y, check->GetBestSize().x, list.y);
+    // One above the other, beside the middle of the start button.
+    const wxSize small(std::max(check->GetBestSize().x, preview->GetBestSize().x), list.y);
+    const int middle = parts.start.y + parts.start.height / 2;
+    parts.check = wxRect(wxPoint(parts.start.GetRight() + wide, middle - small.y), small);
+    parts.preview = wxRect(wxPoint(parts.check.x, middle), small);
     return parts;
 }
 
@@ -117,12 +124,13 @@ void StartRow::Place() {
         parts.list.SetPosition(listAt);
         parts.start.SetPosition(startAt);
         parts.label.x = listAt.x;
-        parts.check.x = startAt.x;
+        parts.check.x = parts.preview.x = startAt.x;
     }
     if (modes->GetRect() == parts.list && start->GetRect() == parts.start) return;
     modes->SetSize(parts.list);
     start->SetSize(parts.start);
     check->SetSize(parts.check);
+    preview->SetSize(parts.preview);
     label->SetSize(parts.label);
 }
 
@@ -130,7 +138,7 @@ void StartRow::Place() {
 void StartRow::MoveTo(wxScrolledWindow* page) {
     if (ownPage == page) return;
     ownPage = page;
-    for (wxWindow* const control : std::initializer_list<wxWindow*>{label, modes, start, check}) {
+    for (wxWindow* const control : std::initializer_list<wxWindow*>{label, modes, start, check, preview}) {
         control->Reparent(FrameOn(page));
     }
 }

@@ -10,8 +10,8 @@
 
 namespace korvande {
 
-// The start button, the mode list with its label, and beside them the button that only checks. There is one of each;
-// they move between the general page and the settings page, to fixed places, and out of sight.
+// The start button, the mode list with its label, and beside them the buttons that only check or show. There is one of
+// each; they move between the general page and the settings page, to fixed places, and out of sight.
 class StartRow {
  public:
     StartRow(wxScrolledWindow* generalPage, wxScrolledWindow* settingsPage);
@@ -28,6 +28,7 @@ class StartRow {
         wxRect list;
         wxRect start;
         wxRect check;
+        wxRect preview;
     };
 
     void MoveTo(wxScrolledWindow* page);
@@ -43,6 +44,7 @@ class StartRow {
     wxChoice* modes;
     wxButton* start;
     wxButton* check;  // for starts without a command line
+    wxButton* preview;
 };
 
 // Adds to the column of a page that the row comes to: the room above the row, which `upper` (or nothing) takes, and the

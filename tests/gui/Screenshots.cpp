@@ -10,6 +10,7 @@
 
 #include "app/TabPlacement.h"
 #include "tests/gui/WindowTest.h"
+#include "ui/PreviewWindow.h"
 
 // Makes the pictures of the documents, in the folder that KORVANDE_SCREENSHOTS names: the window as a surveyor sees it,
 // on the sample project and the sample drawing.
@@ -64,6 +65,15 @@ class Screenshots : public WindowTest {
         Press("cmdStart");
     }
 
+    // The preview, with an exact picture of its drawing.
+    static PreviewWindow& Preview() {
+        auto* const preview = dynamic_cast<PreviewWindow*>(wxWindow::FindWindowByName("frmPreview"));
+        WaitUntil("the drawing", [preview] {
+            return preview->IsShownOnScreen() && !preview->IsReading() && preview->View().IsExact();
+        });
+        return *preview;
+    }
+
     // A drawing of as many points as take a while.
     Text LargeDrawing() const {
         std::string text =
@@ -104,6 +114,31 @@ TEST_F(Screenshots, ProjectDialog) {
         Key(WXK_ESCAPE);
     };
     Press("cmdNewJob");
+}
+
+TEST_F(Screenshots, Preview) {
+    Press("cmdPreview");
+    Take(Preview(), "voorbeeld");
+}
+
+TEST_F(Screenshots, PreviewOfACrossing) {
+    std::filesystem::copy(KORVANDE_SOURCE_DIR "/samples/kruispunt.sfn", folder.Path() + "/Molveren/Kruispunt.sfn");
+    Type("txtFileSUFNEN", "C:\\Molveren\\Kruispunt.sfn");
+    Choose("cboXlateMode", 2);
+    Press("cmdPreview");
+    Take(Preview(), "voorbeeld-kruispunt");
+}
+
+TEST_F(Screenshots, Comparison) {
+    SelectReport(form.project.options, &Options::optReportNone);
+    window->ShowForm();
+    dialogs.buttons = {wxID_OK, wxID_OK};
+    Press("cmdStart");
+    Press("cmdCompare");
+    PreviewWindow& preview = Preview();
+    wxCommandEvent event(wxEVT_BUTTON, preview.FindWindow("cmdNextDifference")->GetId());
+    preview.FindWindow("cmdNextDifference")->ProcessWindowEvent(event);
+    Take(Preview(), "vergelijken");
 }
 
 TEST_F(Screenshots, RunningAndFinished) {

@@ -1,0 +1,117 @@
+#include "app/PreviewDifferences.h"
+
+#include <array>
+#include <unordered_map>
+
+#include "picture/DifferenceSentence.h"
+
+namespace korvande {
+
+namespace {
+
+constexpr double beside = 20;  // millimetres, of the straight lines that stand for a curve
+
+// The places of line strings among the parts of a picture, by their numbers.
+using LineParts = std::unordered_map<std::int32_t, std::uint32_t>;
+
+LineParts PartsOf(const DisplayList& list) {
+    LineParts parts;
+    for (std::uint32_t part = 0; part < list.lines.size(); ++part) parts.try_emplace(list.lines[part].lineNo, part);
+    return parts;
+}
+
+class Marker {
+ public:
+    explicit Marker(const ShownDrawing& itsDrawing) : drawing(itsDrawing) {}
+
+    Outline OutlineOf(const Difference& difference, std::int32_t index) {
+        const DisplayList& list = drawing.list;
+        if (difference.object == ComparedKind::LineString) return OutlineOfLine(index);
+        const auto from = list.origin.From(difference.place.east, difference.place.north);
+        if (!from) return {};
+        const bool hasEnd = difference.object == ComparedKind::Segment || difference.object == ComparedKind::Arc;
+        const auto to = hasEnd ? list.origin.From(difference.end.east, difference.end.north) : std::nullopt;
+        if (!to) return {{PositionOf(*from)}};
+        return OutlineBetween(list, drawing.index, *from, *to, beside);
+    }
+
+ private:
+    Outline OutlineOfLine(std::int32_t lineNo) {
+        if (!areKnown) parts = PartsOf(drawing.list);
+        areKnown = true;
+        const auto found = parts.find(lineNo);
+        if (found == parts.end()) return {};
+        return korvande::OutlineOf(drawing.list, {PictureKind::LineString, found->second}, beside);
+    }
+
+    const ShownDrawing& drawing;
+    LineParts parts;
+    bool areKnown = false;
+};
+
+void MoveTo(const PictureOrigin& target, const PictureOrigin& origin, Outline& outline) {
+    for (std::vector<Position>& line : outline) {
+        for (Position& place : line) {
+            place.east += static_cast<double>(origin.east - target.east);
+            place.north += static_cast<double>(origin.north - target.north);
+        }
+    }
+}
+
+}  // namespace
+
+std::shared_ptr<const FrameMarks> MarksOf(const Preview& preview) {
+    auto marks = std::make_shared<FrameMarks>();
+    if (!preview.output) return marks;
+    marks->reserve(preview.comparison.differences.size());
+    Marker input(preview.drawing);
+    Marker output(*preview.output);
+    for (const Difference& difference : preview.comparison.differences) {
+        const bool isAdded = difference.kind == DifferenceKind::Added;
+        FrameMark mark;
+        mark.outline = isAdded ? output.OutlineOf(difference, difference.secondIndex)
+                               : input.OutlineOf(difference, difference.firstIndex);
+        if (isAdded) MoveTo(preview.drawing.list.origin, preview.output->list.origin, mark.outline);
+        mark.box = BoxOf(mark.outline);
+        mark.colour = ColourOf(difference.kind);
+        marks->push_back(std::move(mark));
+    }
+    return marks;
+}
+
+Colour ColourOf(DifferenceKind kind) noexcept {
+    constexpr std::array<Colour, 3> colours = {0xB85C00, 0xD00000, 0x0050C8};
+    return colours[static_cast<std::size_t>(kind)];
+}
+
+Text SummaryOf(const Comparison& comparison) {
+    ComparisonCount all;
+    for (const ComparisonCount& count : comparison.counts) {
+        all.equal += count.equal;
+        all.changed += count.changed;
+        all.missing += count.missing;
+        all.added += count.added;
+    }
+    if (comparison.AreEqual()) return Concat(u"Alles is overgekomen: ", all.equal, u" gelijk");
+    return Concat(all.missing, u" weggelaten, ", all.changed, u" gewijzigd, ", all.added, u" toegevoegd, ", all.equal,
+                  u" gelijk");
+}
+
+Text TextOf(const Difference& difference) {
+    Difference withoutReason = difference;
+    withoutReason.reason.clear();
+    Text text = Concat(NameOf(difference.kind), u": ", SentenceOf(withoutReason));
+    text.front() = ToCapitals(text.substr(0, 1)).front();
+    if (!difference.reason.empty()) AppendTo(text, Concat(u"\nReden: ", difference.reason));
+    return text;
+}
+
+std::optional<std::size_t> NextDifference(const Comparison& comparison, const std::optional<std::size_t>& current,
+                                          bool isForward) noexcept {
+    const std::size_t count = comparison.differences.size();
+    if (count == 0) return {};
+    if (!current) return isForward ? 0 : count - 1;
+    return (*current + (isForward ? 1 : count - 1)) % count;
+}
+
+}  // namespace korvande

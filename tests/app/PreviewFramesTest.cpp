@@ -1,0 +1,171 @@
+#include "app/PreviewFrames.h"
+
+#include <algorithm>
+
+#include "app/PreviewDifferences.h"
+#include "tests/app/PreviewTest.h"
+
+namespace korvande::testing {
+
+namespace {
+
+class PreviewFramesTest : public PreviewTest {
+ protected:
+    std::vector<FrameSource> Sources() const {
+        const ShownDrawing& drawing = preview->drawing;
+        return {{&drawing.translation.drawing, &drawing.list, &drawing.index}};
+    }
+    PictureView All(int width, int height) const {
+        return Fitting(Resized({}, width, height), preview->drawing.list.extent, 1000);
+    }
+    static bool Has(const Pixels& pixels, Colour colour) {
+        return std::find(pixels.values.begin(), pixels.values.end(), colour) != pixels.values.end();
+    }
+    static FramePixels Await(PreviewFrames& frames) {
+        while (true) {
+            if (std::optional<FramePixels> frame = frames.Take()) return std::move(*frame);
+            std::this_thread::yield();
+        }
+    }
+
+    std::unique_ptr<Preview> preview = ReadStreet();
+};
+
+TEST_F(PreviewFramesTest, WhatIsAskedForIsDrawnElsewhereAndTold) {
+    std::atomic<int> told = 0;
+    PreviewFrames frames(Sources(), [&told] { ++told; });
+    EXPECT_TRUE(frames.IsIdle());
+    frames.Ask({All(200, 100)});
+    const FramePixels frame = Await(frames);
+    EXPECT_EQ(frame.pixels.width, 200);
+    EXPECT_EQ(frame.pixels.height, 100);
+    EXPECT_EQ(frame.view, All(200, 100));
+    EXPECT_TRUE(Has(frame.pixels, 0xD00000));
+    while (told == 0) std::this_thread::yield();
+    EXPECT_TRUE(frames.IsIdle());
+    EXPECT_FALSE(frames.Take());
+}
+
+TEST_F(PreviewFramesTest, OfManyOrdersTheNewestIsDrawnInTheEnd) {
+    PreviewFrames frames(Sources(), [] {});
+    for (int width = 50; width <= 150; ++width) frames.Ask({All(width, 60)});
+    FramePixels frame = Await(frames);
+    while (frame.view.width != 150) frame = Await(frames);
+    EXPECT_TRUE(frames.IsIdle());
+}
+
+TEST_F(PreviewFramesTest, HiddenCodesAreLeftOut) {
+    const std::atomic<bool> isStopped = false;
+    std::vector<bool> isHidden;
+    for (const PictureCode& code : preview->drawing.list.codes) isHidden.push_back(!code.isKnown);
+    EXPECT_FALSE(Has(MakeFrame(Sources(), {All(200, 100), {}, isHidden}, isStopped).pixels, 0xD00000));
+}
+
+TEST_F(PreviewFramesTest, MarksLieOverTheDrawingWhereTheyAre) {
+    const std::atomic<bool> isStopped = false;
+    const PictureView view = All(200, 100);
+    const auto marks = std::make_shared<FrameMarks>();
+    const Position place = view.At(50, 25);
+    FrameMark mark;
+    mark.outline = {{place}};
+    mark.box = BoxOf(mark.outline);
+    mark.colour = 0x00C000;
+    marks->push_back(mark);
+    const FramePixels frame = MakeFrame(Sources(), {view, {}, {}, marks}, isStopped);
+    EXPECT_EQ(frame.pixels.At(50, 25), 0x00C000U);
+    EXPECT_NE(frame.pixels.At(90, 25), 0x00C000U);
+}
+
+TEST_F(PreviewFramesTest, AnotherDrawingIsDrawnWhereItsCoordinatesAre) {
+    const std::atomic<bool> isStopped = false;
+    const std::unique_ptr<Preview> same = ReadStreet();
+    // The same places from another origin.
+    DisplayList moved = same->drawing.list;
+    moved.origin.east -= 5000;
+    for (PicturePlace& place : moved.places) place.east += 5000;
+    for (PicturePoint& point : moved.points) point.at.east += 5000;
+    moved.extent.minEast += 5000;
+    moved.extent.maxEast += 5000;
+    const SpatialIndex index(moved);
+    std::vector<FrameSource> sources = Sources();
+    const PictureView view = All(200, 100);
+    const FramePixels one = MakeFrame(sources, {view}, isStopped);
+    sources.push_back({&same->drawing.translation.drawing, &moved, &index});
+    EXPECT_EQ(ExtentOf(sources), preview->drawing.list.extent);
+    const FramePixels both = MakeFrame(sources, {view}, isStopped);
+    // Smooth edges become somewhat darker; nothing new appears.
+    for (int y = 0; y < 100; ++y) {
+        for (int x = 0; x < 200; ++x) {
+            EXPECT_EQ(one.pixels.At(x, y) == 0xFFFFFF, both.pixels.At(x, y) == 0xFFFFFF) << x << " " << y;
+        }
+    }
+}
+
+class PreviewDifferencesTest : public PreviewFramesTest {
+ protected:
+    // The street and one with other points, as if that were the output.
+    void CompareWith(const std::string& more, const std::string& otherMore) {
+        preview = ReadStreet(more);
+        other = ReadStreet(otherMore);
+        preview->comparison = Compare(preview->drawing.translation, other->drawing.translation);
+        preview->output = std::make_unique<ShownDrawing>(preview->screen);
+        preview->output->list = other->drawing.list;
+        preview->output->index = SpatialIndex(preview->output->list);
+    }
+
+    std::unique_ptr<Preview> other;
+};
+
+TEST_F(PreviewDifferencesTest, EachDifferenceHasAMarkInTheColourOfItsKindWhereItIs) {
+    CompareWith("5,\"P5\",30,10,1.5,\"MV\",\"\",0;\n6,\"P6\",5,5,1.5,\"MV\",\"\",0;\n",
+                "6,\"P6\",5,5,2.5,\"MV\",\"\",0;\n7,\"P7\",8,8,1.5,\"MV\",\"\",0;\n");
+    const auto& differences = preview->comparison.differences;
+    ASSERT_EQ(differences.size(), 3U);
+    const std::shared_ptr<const FrameMarks> marks = MarksOf(*preview);
+    ASSERT_EQ(marks->size(), 3U);
+    for (std::size_t i = 0; i < 3; ++i) {
+        const FrameMark& mark = (*marks)[i];
+        EXPECT_EQ(mark.colour, ColourOf(differences[i].kind));
+        ASSERT_EQ(mark.outline.size(), 1U);
+        const Position metres = preview->drawing.list.origin.Metres(PlaceAt(mark.outline.front().front()));
+        EXPECT_NEAR(metres.east, differences[i].place.east, 0.001);
+        EXPECT_NEAR(metres.north, differences[i].place.north, 0.001);
+        EXPECT_FALSE(mark.box.IsEmpty());
+    }
+    EXPECT_EQ(ToUtf8(SummaryOf(preview->comparison)), "1 weggelaten, 1 gewijzigd, 1 toegevoegd, 6 gelijk");
+}
+
+TEST_F(PreviewDifferencesTest, WithoutDifferencesThereAreNoMarks) {
+    CompareWith("", "");
+    EXPECT_TRUE(MarksOf(*preview)->empty());
+    EXPECT_EQ(ToUtf8(SummaryOf(preview->comparison)).substr(0, 21), "Alles is overgekomen:");
+    EXPECT_FALSE(NextDifference(preview->comparison, {}, true));
+}
+
+TEST_F(PreviewDifferencesTest, TheyFollowEachOtherBothWaysAndBeginAnew) {
+    CompareWith("5,\"P5\",30,10,1.5,\"MV\",\"\",0;\n", "7,\"P7\",8,8,1.5,\"MV\",\"\",0;\n");
+    const Comparison& comparison = preview->comparison;
+    EXPECT_EQ(NextDifference(comparison, {}, true), 0U);
+    EXPECT_EQ(NextDifference(comparison, {}, false), 1U);
+    EXPECT_EQ(NextDifference(comparison, 0, true), 1U);
+    EXPECT_EQ(NextDifference(comparison, 1, true), 0U);
+    EXPECT_EQ(NextDifference(comparison, 0, false), 1U);
+}
+
+TEST_F(PreviewDifferencesTest, ADifferenceIsToldWithItsReason) {
+    Difference difference;
+    difference.kind = DifferenceKind::Missing;
+    difference.code = u"BOOM";
+    difference.place = {1, 2};
+    difference.firstLine = 7;
+    difference.reason = u"omdat";
+    EXPECT_EQ(ToUtf8(TextOf(difference)), "Ontbreekt: punt 'BOOM' op 1.000 2.000 (regel 7)\nReden: omdat");
+    difference.reason.clear();
+    difference.what = u"hoogte 1 > 2";
+    difference.kind = DifferenceKind::Changed;
+    EXPECT_EQ(ToUtf8(TextOf(difference)), "Gewijzigd: punt 'BOOM' op 1.000 2.000 (regel 7): hoogte 1 > 2");
+}
+
+}  // namespace
+
+}  // namespace korvande::testing

@@ -1,0 +1,71 @@
+#include "ui/DifferenceList.h"
+
+#include <wx/settings.h>
+
+#include "app/PreviewDifferences.h"
+#include "picture/DifferenceSentence.h"
+#include "ui/WxText.h"
+
+namespace korvande {
+
+namespace {
+
+enum Column { kindColumn, objectColumn, codeColumn, whatColumn };
+
+constexpr Colour byte = 0xFF;
+
+wxColour ShownOnThisScreen(Colour colour) {
+    const Colour shown = ShownColour(colour, {wxSystemSettings::GetAppearance().IsDark()});
+    return {static_cast<unsigned char>(shown >> 16 & byte), static_cast<unsigned char>(shown >> 8 & byte),
+            static_cast<unsigned char>(shown & byte)};
+}
+
+}  // namespace
+
+DifferenceList::DifferenceList(wxWindow* parent)
+    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL) {
+    SetName("lstDifferences");
+    AppendColumn(ToWx(u"Verschil"), wxLIST_FORMAT_LEFT, FromDIP(90));
+    AppendColumn(ToWx(u"Object"), wxLIST_FORMAT_LEFT, FromDIP(95));
+    AppendColumn(ToWx(u"Code"), wxLIST_FORMAT_LEFT, FromDIP(90));
+    AppendColumn(ToWx(u"Wat"), wxLIST_FORMAT_LEFT, FromDIP(220));
+    for (std::size_t kind = 0; kind < looks.size(); ++kind) {
+        looks[kind].SetTextColour(ShownOnThisScreen(ColourOf(static_cast<DifferenceKind>(kind))));
+    }
+    Bind(wxEVT_LIST_ITEM_SELECTED,
+         [this](wxListEvent& event) { onSelect(static_cast<std::size_t>(event.GetIndex())); });
+}
+
+void DifferenceList::ShowDifferences(const Comparison* itsComparison) {
+    comparison = itsComparison;
+    SetItemCount(static_cast<long>(comparison->differences.size()));
+    Refresh();
+}
+
+void DifferenceList::Select(std::size_t row) {
+    const auto item = static_cast<long>(row);
+    constexpr long states = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
+    SetItemState(item, states, states);
+    EnsureVisible(item);
+}
+
+wxString DifferenceList::OnGetItemText(long item, long column) const {
+    const Difference& difference = comparison->differences[static_cast<std::size_t>(item)];
+    switch (column) {
+        case kindColumn:
+            return ToWx(NameOf(difference.kind));
+        case objectColumn:
+            return ToWx(NameOf(difference.object));
+        case codeColumn:
+            return ToWx(difference.code);
+        default:
+            return ToWx(difference.reason.empty() ? difference.what : difference.reason);
+    }
+}
+
+wxListItemAttr* DifferenceList::OnGetItemAttr(long item) const {
+    const Difference& difference = comparison->differences[static_cast<std::size_t>(item)];
+    return &looks[static_cast<std::size_t>(difference.kind)];
+}
+
+}  // namespace korvande

@@ -1,0 +1,290 @@
+#include "ui/PreviewWindow.h"
+
+#include <wx/button.h>
+#include <wx/sizer.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "app/Manual.h"
+#include "app/PreviewDifferences.h"
+#include "app/frmKORVANDE.h"
+#include "host/modFileHandling.h"
+#include "picture/HitTest.h"
+#include "ui/Controls.h"
+#include "ui/Icons.h"
+#include "ui/Manual.h"
+#include "ui/WxText.h"
+
+namespace korvande {
+
+namespace {
+
+constexpr int looksEvery = 50;  // milliseconds, at the reading
+constexpr int gaugeRange = 1000;
+constexpr int placeField = 1;
+
+Text TitleOf(const PreviewOrder& order) {
+    if (order.output.empty()) return Concat(u"Voorbeeld van ", FileNameOf(order.input));
+    return Concat(FileNameOf(order.output), u" over ", FileNameOf(order.input));
+}
+
+}  // namespace
+
+PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrder itsOrder)
+    : wxFrame(parent, wxID_ANY, ToWx(TitleOf(itsOrder))),
+      form(itsForm),
+      order(std::move(itsOrder)),
+      content(new wxPanel(this)),
+      timer(this) {
+    SetName("frmPreview");
+    SetIcons(ProgramIcons());
+    // Its keys are not the main window's.
+    SetExtraStyle(GetExtraStyle() | wxWS_EX_BLOCK_EVENTS);
+    const int narrow = FromDIP(narrowSpace);
+    auto* const column = new wxBoxSizer(wxVERTICAL);
+    column->Add(MakeReading(), wxSizerFlags().Expand());
+    splitter = new wxSplitterWindow(content, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
+    view = new DrawingView(splitter);
+    MakeSide();
+    splitter->SetMinimumPaneSize(FromDIP(150));
+    splitter->SetSashGravity(1);
+    splitter->SplitVertically(view, side, -FromDIP(380));
+    column->Add(splitter, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP, narrow));
+    column->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxALL, narrow));
+    content->SetSizer(column);
+    wxStatusBar* const bar = CreateStatusBar(2);
+    const std::array<int, 2> widths = {-3, -2};
+    bar->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
+    auto* const whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(content, wxSizerFlags(1).Expand());
+    SetSizer(whole);
+    SetMinClientSize(FromDIP(wxSize(480, 320)));
+    SetClientSize(FromDIP(wxSize(1100, 700)));
+    CentreOnParent();
+    place = std::make_unique<KeptPlace>(*this, u"PreviewPlace");
+    BindEvents();
+    BeginReading();
+}
+
+// The view is made of what was read: it goes before that.
+PreviewWindow::~PreviewWindow() {
+    place->Keep();
+    timer.Stop();
+    DestroyChildren();
+}
+
+wxSizer* PreviewWindow::MakeReading() {
+    progress = new wxPanel(content);
+    progress->SetName("framReading");
+    status = MakeLabel(progress, u"Bezig met lezen...", "lblReading");
+    gauge = new wxGauge(progress, wxID_ANY, gaugeRange);
+    gauge->SetName("gaugeReading");
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    const auto around = InRow().Border(wxALL, FromDIP(narrowSpace));
+    row->Add(status, InRow(1).Border(wxALL, FromDIP(narrowSpace)));
+    row->Add(gauge, InRow(1).Border(wxALL, FromDIP(narrowSpace)));
+    wxButton* const stop = MakeButton(progress, "cmdStopReading", u"Stop", u"Breekt het lezen af (Esc)");
+    stop->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
+    row->Add(stop, around);
+    progress->SetSizer(row);
+    auto* const whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(progress, wxSizerFlags().Expand());
+    return whole;
+}
+
+void PreviewWindow::MakeSide() {
+    side = new wxPanel(splitter);
+    codeList = new CodeList(side);
+    differenceList = new DifferenceList(side);
+    info = new wxTextCtrl(side, wxID_ANY, wxEmptyString, wxDefaultPosition, FromDIP(wxSize(-1, 110)),
+                          wxTE_MULTILINE | wxTE_READONLY | wxBORDER_THEME);
+    info->SetName("txtObject");
+    const bool compares = !order.output.empty();
+    codeList->Show(!compares);
+    differenceList->Show(compares);
+    auto* const column = new wxBoxSizer(wxVERTICAL);
+    column->Add(compares ? static_cast<wxWindow*>(differenceList) : codeList, wxSizerFlags(1).Expand());
+    column->Add(MakeChoice(), wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, FromDIP(narrowSpace)));
+    column->Add(info, wxSizerFlags().Expand());
+    side->SetSizer(column);
+}
+
+void PreviewWindow::Add(wxSizer* row, wxWindow* parent, const char* name, TextView caption, TextView tip,
+                        std::function<void()> action) {
+    wxButton* const button = MakeButton(parent, name, caption, tip);
+    button->Bind(wxEVT_BUTTON, [action = std::move(action)](wxCommandEvent&) { action(); });
+    row->Add(button, InRow().Border(wxRIGHT, FromDIP(narrowSpace)));
+}
+
+wxSizer* PreviewWindow::MakeChoice() {
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    if (order.output.empty()) {
+        Add(row, side, "cmdShowCodes", u"Alles &tonen", u"Toont de objecten van alle codes",
+            [this] { codeList->ShowAllCodes(true); });
+        Add(row, side, "cmdHideCodes", u"&Niets tonen", u"Verbergt de objecten van alle codes",
+            [this] { codeList->ShowAllCodes(false); });
+    } else {
+        Add(row, side, "cmdPreviousDifference", u"&Vorige", u"Het vorige verschil (Shift+F8)",
+            [this] { GoToNext(false); });
+        Add(row, side, "cmdNextDifference", u"V&olgende", u"Het volgende verschil (F8)", [this] { GoToNext(true); });
+    }
+    return row;
+}
+
+wxSizer* PreviewWindow::MakeButtons() {
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    Add(row, content, "cmdFit", u"A&lles", u"Toont de hele tekening (Home)", [this] { view->ShowAll(); });
+    Add(row, content, "cmdCloser", u"&Dichterbij", u"Vergroot (+, of het muiswiel)", [this] { view->Zoom(1.5); });
+    Add(row, content, "cmdFarther", u"V&erder weg", u"Verkleint (-, of het muiswiel)", [this] { view->Zoom(1 / 1.5); });
+    row->AddStretchSpacer();
+    Add(row, content, "cmdClosePreview", u"&Sluiten", u"Sluit dit venster (Esc)", [this] { Close(); });
+    return row;
+}
+
+void PreviewWindow::BindEvents() {
+    view->onPick = [this](PicturePlace at, double reach) { Pick(at, reach); };
+    view->onGoTo = [this] { GoToSelection(); };
+    view->onPointer = [this](const std::optional<Position>& at) {
+        SetStatusText(at && preview ? ToWx(TextOfPlace(preview->drawing.list, *at)) : wxString(), placeField);
+    };
+    codeList->onShown = [this] { view->Hide(codes.Hidden()); };
+    codeList->onGoTo = [this](std::size_t row) {
+        Select(codes.NextOf(row, selected));
+        GoToSelection();
+    };
+    differenceList->onSelect = [this](std::size_t row) { SelectDifference(row); };
+    Bind(wxEVT_TIMER, [this](wxTimerEvent&) { LookAtReading(); });
+    Bind(wxEVT_CHAR_HOOK, &PreviewWindow::OnKey, this);
+    BindManual(*this, form.screen, [] { return previewChapter; });
+}
+
+void PreviewWindow::BeginReading() {
+    reading = std::make_unique<PreviewReading>(order);
+    timer.Start(looksEvery);
+}
+
+void PreviewWindow::LookAtReading() {
+    if (reading == nullptr) return;
+    if (!reading->IsOver()) {
+        status->SetLabelText(ToWx(reading->Status()));
+        gauge->SetValue(static_cast<int>(reading->Part() * gaugeRange));
+        return;
+    }
+    timer.Stop();
+    const PreviewEnd end = reading->End();
+    const Text failure = reading->Failure();
+    std::unique_ptr<Preview> read = reading->Take();
+    reading.reset();
+    if (end == PreviewEnd::Failed) return ShowFailure(failure);
+    if (end == PreviewEnd::Stopped) return;
+    preview = std::move(read);
+    ShowRead();
+}
+
+void PreviewWindow::ShowRead() {
+    progress->Hide();
+    content->Layout();
+    const auto sourceOf = [](const ShownDrawing& drawing) {
+        return FrameSource{&drawing.translation.drawing, &drawing.list, &drawing.index};
+    };
+    std::vector<FrameSource> sources = {sourceOf(preview->drawing)};
+    codes = PreviewCodes(preview->drawing.list);
+    codeList->ShowCodes(&codes);
+    if (preview->output) {
+        sources.push_back(sourceOf(*preview->output));
+        marks = MarksOf(*preview);
+        differenceList->ShowDifferences(&preview->comparison);
+    }
+    view->Show(std::move(sources), marks);
+    view->SetFocus();
+    SetStatusText(ToWx(preview->output ? SummaryOf(preview->comparison) : SummaryOf(preview->drawing.list)));
+}
+
+void PreviewWindow::ShowFailure(const Text& failure) {
+    gauge->Hide();
+    status->SetLabelText(ToWx(failure));
+    status->SetForegroundColour(WarningColour());
+    FindWindow("cmdStopReading")->Hide();
+    content->Layout();
+}
+
+void PreviewWindow::Pick(PicturePlace at, double reach) {
+    if (!preview) return;
+    const ShownDrawing& drawing = preview->drawing;
+    Select(ObjectAt(drawing.list, drawing.index, at, reach, codes.Hidden()));
+}
+
+void PreviewWindow::Select(const std::optional<PictureRef>& ref) {
+    constexpr double beside = 20;  // millimetres, of the straight lines that stand for a curve
+    selected = ref;
+    selectedDifference.reset();
+    if (!ref) {
+        view->Highlight({});
+        return info->ChangeValue(wxEmptyString);
+    }
+    const ShownDrawing& drawing = preview->drawing;
+    view->Highlight(OutlineOf(drawing.list, *ref, beside));
+    const ObjectInfo object = Describe(drawing.translation.drawing, drawing.list, *ref);
+    info->ChangeValue(ToWx(TextOf(object)));
+}
+
+void PreviewWindow::SelectDifference(std::size_t row) {
+    selected.reset();
+    selectedDifference = row;
+    const FrameMark& mark = (*marks)[row];
+    view->Highlight(mark.outline);
+    if (!mark.box.IsEmpty()) view->BringIntoView(mark.box);
+    info->ChangeValue(ToWx(TextOf(preview->comparison.differences[row])));
+}
+
+void PreviewWindow::GoToSelection() {
+    constexpr double beside = 20;
+    PictureBox box;
+    if (selected) box = BoxOf(OutlineOf(preview->drawing.list, *selected, beside));
+    if (selectedDifference) box = (*marks)[*selectedDifference].box;
+    if (!box.IsEmpty()) view->GoTo(box);
+}
+
+void PreviewWindow::GoToNext(bool isForward) {
+    if (!preview) return;
+    const std::optional<std::size_t> next = NextDifference(preview->comparison, selectedDifference, isForward);
+    if (!next) return;
+    differenceList->Select(*next);
+    SelectDifference(*next);
+}
+
+void PreviewWindow::OnKey(wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    if (event.GetModifiers() == wxMOD_CONTROL && OnCommandKey(key)) return;
+    const bool isShift = event.GetModifiers() == wxMOD_SHIFT;
+    if (event.GetModifiers() == wxMOD_NONE && key == WXK_ESCAPE) {
+        Close();
+    } else if (key == WXK_F8 && (isShift || !event.HasAnyModifiers())) {
+        GoToNext(!isShift);
+    } else {
+        event.Skip();
+    }
+}
+
+bool PreviewWindow::OnCommandKey(int key) {
+    switch (key) {
+        case '0':
+            view->ShowAll();
+            return true;
+        case '+':
+        case '=':
+        case WXK_NUMPAD_ADD:
+            view->Zoom(1.5);
+            return true;
+        case '-':
+        case WXK_NUMPAD_SUBTRACT:
+            view->Zoom(1 / 1.5);
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace korvande

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/gauge.h>
+#include <wx/panel.h>
+#include <wx/splitter.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+#include <wx/timer.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "app/PreviewCodes.h"
+#include "app/ReadPreview.h"
+#include "ui/CodeList.h"
+#include "ui/DifferenceList.h"
+#include "ui/DrawingView.h"
+#include "ui/KeptPlace.h"
+
+namespace korvande {
+
+// Shows a drawing with its codes, or the output of a translation over its input with what differs. It can stay open
+// beside the main window; the drawing is read on a thread of its own.
+class PreviewWindow : public wxFrame {
+ public:
+    PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrder itsOrder);
+    PreviewWindow(const PreviewWindow&) = delete;
+    PreviewWindow& operator=(const PreviewWindow&) = delete;
+    ~PreviewWindow() override;
+
+    bool IsReading() const noexcept { return reading != nullptr; }
+    const Preview* Shown() const noexcept { return preview.get(); }  // null until it is read
+    DrawingView& View() noexcept { return *view; }
+    const PreviewCodes& Codes() const noexcept { return codes; }
+
+ private:
+    wxSizer* MakeReading();
+    void MakeSide();
+    wxSizer* MakeChoice();
+    wxSizer* MakeButtons();
+    void Add(wxSizer* row, wxWindow* parent, const char* name, TextView caption, TextView tip,
+             std::function<void()> action);
+    void BindEvents();
+    void BeginReading();
+    void LookAtReading();
+    void ShowRead();
+    void ShowFailure(const Text& failure);
+    void Pick(PicturePlace place, double reach);
+    void Select(const std::optional<PictureRef>& ref);
+    void SelectDifference(std::size_t row);
+    void GoToSelection();
+    void GoToNext(bool isForward);
+    void OnKey(wxKeyEvent& event);
+    bool OnCommandKey(int key);
+
+    FormKORVANDE& form;
+    PreviewOrder order;
+    std::unique_ptr<PreviewReading> reading;
+    std::unique_ptr<Preview> preview;
+    PreviewCodes codes;
+    std::shared_ptr<const FrameMarks> marks;
+    std::optional<PictureRef> selected;
+    std::optional<std::size_t> selectedDifference;
+    wxPanel* content;
+    wxPanel* progress = nullptr;
+    wxStaticText* status = nullptr;
+    wxGauge* gauge = nullptr;
+    wxSplitterWindow* splitter = nullptr;
+    wxPanel* side = nullptr;
+    CodeList* codeList = nullptr;
+    DifferenceList* differenceList = nullptr;
+    wxTextCtrl* info = nullptr;
+    DrawingView* view = nullptr;
+    wxTimer timer;
+    std::unique_ptr<KeptPlace> place;
+};
+
+}  // namespace korvande
