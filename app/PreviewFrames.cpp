@@ -10,16 +10,19 @@ PreviewFrames::PreviewFrames(std::vector<FrameSource> itsSources, std::function<
 PreviewFrames::~PreviewFrames() {
     {
         const std::lock_guard guard(lock);
-        isStopped = true;
+        isOver = true;
+        isGivenUp = true;
     }
     changed.notify_one();
     thread.join();
 }
 
 void PreviewFrames::Ask(FrameOrder order) {
+    constexpr auto longest = std::chrono::seconds(1);
     {
         const std::lock_guard guard(lock);
         asked = std::move(order);
+        if (isMaking && std::chrono::steady_clock::now() - lastMade < longest) isGivenUp = true;
     }
     changed.notify_one();
 }
@@ -35,20 +38,23 @@ bool PreviewFrames::IsIdle() const {
 }
 
 void PreviewFrames::Work() {
+    std::unique_lock guard(lock);
     while (true) {
-        std::unique_lock guard(lock);
-        changed.wait(guard, [this] { return asked || isStopped; });
-        if (isStopped) return;
+        changed.wait(guard, [this] { return asked || isOver; });
+        if (isOver) return;
         const FrameOrder order = *std::exchange(asked, std::nullopt);
         isMaking = true;
+        isGivenUp = false;
         guard.unlock();
-        FramePixels frame = MakeFrame(sources, order, isStopped);
+        FramePixels frame = MakeFrame(sources, order, isGivenUp);
         guard.lock();
         isMaking = false;
-        if (isStopped) return;
+        if (isGivenUp) continue;
+        lastMade = std::chrono::steady_clock::now();
         made = std::move(frame);
         guard.unlock();
         onReady();
+        guard.lock();
     }
 }
 

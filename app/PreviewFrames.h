@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
@@ -11,8 +12,8 @@
 
 namespace korvande {
 
-// Makes frames on a thread of its own. Of the orders that come while one is made only the newest counts; a frame that
-// has been begun is finished, so that there is something new to see while a picture moves.
+// Makes frames on a thread of its own. Of the orders that come while one is made only the newest counts, and that frame
+// is given up for it; but once a second one is finished, so that there is something new to see while a picture moves.
 class PreviewFrames {
  public:
     // What the sources point at must outlive it. `onReady` is called on that thread.
@@ -39,7 +40,9 @@ class PreviewFrames {
     std::optional<FrameOrder> asked;
     std::optional<FramePixels> made;
     bool isMaking = false;
-    std::atomic<bool> isStopped = false;
+    bool isOver = false;
+    std::chrono::steady_clock::time_point lastMade;
+    std::atomic<bool> isGivenUp = false;  // the frame that is being made
     std::thread thread;
 };
 

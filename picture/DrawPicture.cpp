@@ -82,14 +82,32 @@ class Artist {
         choice.index->Find(list, grown, [&seen](PictureRef ref) {
             seen.places[static_cast<std::size_t>(ref.kind)].push_back(ref.place);
         });
-        for (std::vector<std::uint32_t>& places : seen.places) std::sort(places.begin(), places.end());
+        const std::size_t counts[] = {list.points.size(), list.lines.size(), list.texts.size()};
+        for (std::size_t kind = 0; kind < seen.places.size(); ++kind) Sort(seen.places[kind], counts[kind]);
         return seen;
+    }
+
+    // Sorts places of so many; of a large part of them it is faster to look which of all they are.
+    static void Sort(std::vector<std::uint32_t>& places, std::size_t count) {
+        constexpr std::size_t smallPart = 16;
+        if (places.size() < count / smallPart) return std::sort(places.begin(), places.end());
+        std::vector<char> isThere(count);
+        for (const std::uint32_t place : places) isThere[place] = 1;
+        std::size_t next = 0;
+        for (std::uint32_t place = 0; place < count; ++place) {
+            if (isThere[place] != 0) places[next++] = place;
+        }
     }
 
     bool IsHidden(std::size_t code) const {
         return choice.isHidden != nullptr && code < choice.isHidden->size() && (*choice.isHidden)[code];
     }
 
+    // Without an index all is looked at; what it finds is seen.
+    template <class Object>
+    bool MayBeSeen(const Object& object) const {
+        return choice.index != nullptr || IsSeen(object);
+    }
     bool IsSeen(const PictureLine& line) const {
         return list.steps[line.firstPlace] == PictureStep::Resume || BoxOf(list, line).Overlaps(frame.box);
     }
@@ -128,7 +146,7 @@ class Artist {
         bool isBegun = false;
         for (std::size_t i = 0; i < places.count; ++i) {
             const Object& object = objects[places.first[i]];
-            if (!IsSeen(object)) continue;
+            if (!MayBeSeen(object)) continue;
             if (!isBegun) canvas.BeginCode(code, StyleOf(code, frame));
             isBegun = true;
             draw(object);

@@ -99,6 +99,10 @@ void DrawDot(Pixels& pixels, PixelPlace centre, double radius, Colour colour) no
 }
 
 bool CutToPixels(const Pixels& pixels, double room, PixelPlace& from, PixelPlace& to) noexcept {
+    const auto isInside = [&](PixelPlace place) {
+        return place.x >= 0 && place.y >= 0 && place.x <= pixels.width && place.y <= pixels.height;
+    };
+    if (isInside(from) && isInside(to)) return true;
     double begin = 0;
     double end = 1;
     const double x = to.x - from.x;
