@@ -60,10 +60,10 @@ void MoveTo(const PictureOrigin& target, const PictureOrigin& origin, Outline& o
 
 }  // namespace
 
-std::shared_ptr<const FrameMarks> MarksOf(const Preview& preview) {
-    auto marks = std::make_shared<FrameMarks>();
+FrameMarks MarksOf(const Preview& preview) {
+    FrameMarks marks;
     if (!preview.output) return marks;
-    marks->reserve(preview.comparison.differences.size());
+    marks.reserve(preview.comparison.differences.size());
     Marker input(preview.drawing);
     Marker output(*preview.output);
     for (const Difference& difference : preview.comparison.differences) {
@@ -74,7 +74,7 @@ std::shared_ptr<const FrameMarks> MarksOf(const Preview& preview) {
         if (isAdded) MoveTo(preview.drawing.list.origin, preview.output->list.origin, mark.outline);
         mark.box = BoxOf(mark.outline);
         mark.colour = ColourOf(difference.kind);
-        marks->push_back(std::move(mark));
+        marks.push_back(std::move(mark));
     }
     return marks;
 }
@@ -93,8 +93,8 @@ Text SummaryOf(const Comparison& comparison) {
         all.added += count.added;
     }
     if (comparison.AreEqual()) return Concat(u"Alles is overgekomen: ", all.equal, u" gelijk");
-    return Concat(all.missing, u" weggelaten, ", all.changed, u" gewijzigd, ", all.added, u" toegevoegd, ", all.equal,
-                  u" gelijk");
+    return Concat(all.missing, all.missing == 1 ? u" ontbreekt, " : u" ontbreken, ", all.changed, u" gewijzigd, ",
+                  all.added, u" toegevoegd, ", all.equal, u" gelijk");
 }
 
 Text TextOf(const Difference& difference) {
@@ -106,12 +106,39 @@ Text TextOf(const Difference& difference) {
     return text;
 }
 
-std::optional<std::size_t> NextDifference(const Comparison& comparison, const std::optional<std::size_t>& current,
-                                          bool isForward) noexcept {
-    const std::size_t count = comparison.differences.size();
+PreviewDifferences::PreviewDifferences(const Comparison& itsComparison) : comparison(&itsComparison) {
+    for (const Difference& difference : comparison->differences) ++counts[static_cast<std::size_t>(difference.kind)];
+    List();
+}
+
+void PreviewDifferences::Show(DifferenceKind kind, bool isShown) {
+    isHidden[static_cast<std::size_t>(kind)] = !isShown;
+    List();
+}
+
+void PreviewDifferences::List() {
+    rows.clear();
+    for (const DifferenceKind kind : {DifferenceKind::Missing, DifferenceKind::Changed, DifferenceKind::Added}) {
+        if (isHidden[static_cast<std::size_t>(kind)]) continue;
+        for (std::size_t place = 0; place < comparison->differences.size(); ++place) {
+            if (comparison->differences[place].kind == kind) rows.push_back(place);
+        }
+    }
+}
+
+std::optional<std::size_t> PreviewDifferences::Next(const std::optional<std::size_t>& row,
+                                                    bool isForward) const noexcept {
+    const std::size_t count = rows.size();
     if (count == 0) return {};
-    if (!current) return isForward ? 0 : count - 1;
-    return (*current + (isForward ? 1 : count - 1)) % count;
+    if (!row || *row >= count) return isForward ? 0 : count - 1;
+    return (*row + (isForward ? 1 : count - 1)) % count;
+}
+
+std::shared_ptr<const FrameMarks> PreviewDifferences::Shown(const FrameMarks& marks) const {
+    auto shown = std::make_shared<FrameMarks>();
+    shown->reserve(rows.size());
+    for (std::size_t row = rows.size(); row-- > 0;) shown->push_back(marks[rows[row]]);
+    return shown;
 }
 
 }  // namespace korvande

@@ -17,20 +17,22 @@ namespace korvande {
 
 namespace {
 
-void TakeSettings(FormKORVANDE& form, PreviewOrder& order) {
-    SaveGridData(form);
-    TakeOwner(form.project.options, form.project.owner);
-    order.options = form.project.options;
-    order.owner = form.project.owner;
-    order.codes = form.project.codes;
-}
-
 // The mode by which the output of a translation is read back.
 Mode BackOf(Mode mode) noexcept {
     return {mode.direction == Direction::FromIdex ? Direction::ToIdex : Direction::FromIdex, mode.variant};
 }
 
 }  // namespace
+
+bool TakeSettings(FormKORVANDE& form, PreviewOrder& order) {
+    if (IsRunning(form)) return false;
+    SaveGridData(form);
+    TakeOwner(form.project.options, form.project.owner);
+    order.options = form.project.options;
+    order.owner = form.project.owner;
+    order.codes = form.project.codes;
+    return true;
+}
 
 std::optional<PreviewOrder> PreviewOfInput(FormKORVANDE& form) {
     if (IsRunning(form)) return {};

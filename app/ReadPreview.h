@@ -32,6 +32,9 @@ std::optional<PreviewOrder> PreviewOfInput(FormKORVANDE& form);
 // when one of the two is missing, which a message tells.
 std::optional<PreviewOrder> PreviewOfRun(FormKORVANDE& form);
 
+// Gives an order the settings and the code tables as they are on the screen now; false during a run.
+bool TakeSettings(FormKORVANDE& form, PreviewOrder& order);
+
 // The screen of a reader on a thread of its own: another thread may ask how far it is and stop it. Messages are kept,
 // and questions answered with what is proposed.
 class PreviewScreen : public Screen {

@@ -2,7 +2,6 @@
 
 #include <wx/settings.h>
 
-#include "app/PreviewDifferences.h"
 #include "picture/DifferenceSentence.h"
 #include "ui/WxText.h"
 
@@ -14,13 +13,13 @@ enum Column { kindColumn, objectColumn, codeColumn, whatColumn };
 
 constexpr Colour byte = 0xFF;
 
-wxColour ShownOnThisScreen(Colour colour) {
-    const Colour shown = ShownColour(colour, {wxSystemSettings::GetAppearance().IsDark()});
+}  // namespace
+
+wxColour DifferenceColour(DifferenceKind kind) {
+    const Colour shown = ShownColour(ColourOf(kind), {wxSystemSettings::GetAppearance().IsDark()});
     return {static_cast<unsigned char>(shown >> 16 & byte), static_cast<unsigned char>(shown >> 8 & byte),
             static_cast<unsigned char>(shown & byte)};
 }
-
-}  // namespace
 
 DifferenceList::DifferenceList(wxWindow* parent)
     : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL) {
@@ -30,15 +29,17 @@ DifferenceList::DifferenceList(wxWindow* parent)
     AppendColumn(ToWx(u"Code"), wxLIST_FORMAT_LEFT, FromDIP(90));
     AppendColumn(ToWx(u"Wat"), wxLIST_FORMAT_LEFT, FromDIP(220));
     for (std::size_t kind = 0; kind < looks.size(); ++kind) {
-        looks[kind].SetTextColour(ShownOnThisScreen(ColourOf(static_cast<DifferenceKind>(kind))));
+        looks[kind].SetTextColour(DifferenceColour(static_cast<DifferenceKind>(kind)));
     }
     Bind(wxEVT_LIST_ITEM_SELECTED,
          [this](wxListEvent& event) { onSelect(static_cast<std::size_t>(event.GetIndex())); });
 }
 
-void DifferenceList::ShowDifferences(const Comparison* itsComparison) {
-    comparison = itsComparison;
-    SetItemCount(static_cast<long>(comparison->differences.size()));
+void DifferenceList::ShowDifferences(const PreviewDifferences* itsDifferences) {
+    constexpr long allItems = -1;
+    if (GetItemCount() > 0) SetItemState(allItems, 0, wxLIST_STATE_SELECTED);
+    differences = itsDifferences;
+    SetItemCount(static_cast<long>(differences->Count()));
     Refresh();
 }
 
@@ -50,7 +51,7 @@ void DifferenceList::Select(std::size_t row) {
 }
 
 wxString DifferenceList::OnGetItemText(long item, long column) const {
-    const Difference& difference = comparison->differences[static_cast<std::size_t>(item)];
+    const Difference& difference = differences->At(static_cast<std::size_t>(item));
     switch (column) {
         case kindColumn:
             return ToWx(NameOf(difference.kind));
@@ -64,7 +65,7 @@ wxString DifferenceList::OnGetItemText(long item, long column) const {
 }
 
 wxListItemAttr* DifferenceList::OnGetItemAttr(long item) const {
-    const Difference& difference = comparison->differences[static_cast<std::size_t>(item)];
+    const Difference& difference = differences->At(static_cast<std::size_t>(item));
     return &looks[static_cast<std::size_t>(difference.kind)];
 }
 

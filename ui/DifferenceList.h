@@ -5,9 +5,12 @@
 #include <array>
 #include <functional>
 
-#include "picture/Comparison.h"
+#include "app/PreviewDifferences.h"
 
 namespace korvande {
+
+// Of each kind of difference, as it is shown on this screen.
+wxColour DifferenceColour(DifferenceKind kind);
 
 // The differences between an input and its output, each kind in its colour.
 class DifferenceList : public wxListCtrl {
@@ -17,8 +20,8 @@ class DifferenceList : public wxListCtrl {
     // A row became the current one.
     std::function<void(std::size_t row)> onSelect = [](std::size_t) {};
 
-    // The comparison must outlive it, or the next one that is shown.
-    void ShowDifferences(const Comparison* itsComparison);
+    // Also when other kinds of them are to be seen. They must outlive it, or the next ones that are shown.
+    void ShowDifferences(const PreviewDifferences* itsDifferences);
     void Select(std::size_t row);
 
  protected:
@@ -26,7 +29,7 @@ class DifferenceList : public wxListCtrl {
     wxListItemAttr* OnGetItemAttr(long item) const override;
 
  private:
-    const Comparison* comparison = nullptr;
+    const PreviewDifferences* differences = nullptr;
     mutable std::array<wxListItemAttr, 3> looks;  // as the library wants it
 };
 

@@ -96,6 +96,11 @@ void DrawingView::Hide(const std::vector<bool>& codes) {
     Ask();
 }
 
+void DrawingView::ShowMarks(std::shared_ptr<const FrameMarks> itsMarks) {
+    marks = std::move(itsMarks);
+    Ask();
+}
+
 void DrawingView::Highlight(Outline outline) {
     highlight = std::move(outline);
     Refresh(false);

@@ -29,6 +29,7 @@ class DrawingView : public wxWindow {
     bool HasDrawing() const noexcept { return frames != nullptr; }
 
     void Hide(const std::vector<bool>& codes);
+    void ShowMarks(std::shared_ptr<const FrameMarks> itsMarks);
     void Highlight(Outline outline);
 
     void ShowAll();

@@ -69,6 +69,9 @@ MainWindow::MainWindow(WindowScreen& itsScreen, FormKORVANDE& itsForm)
     // MakeTabs has just made it. NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer)
     projects = &ControlNamed<wxListBox>(*this, "File1");
     runWindows = std::make_unique<RunWindows>(*this, form, [this](const auto& action) { Work(action); });
+    runWindows->onUnknownCodes = [this](const auto& unknown, wxWindow* parent, const auto& look) {
+        return AddUnknownCodes(unknown, parent, look);
+    };
     BindControls();
     BindForm();
     form.Timer1Enabled = true;
@@ -110,7 +113,7 @@ void MainWindow::MakeTabs() {
     column->Add(MakeHeader(content, form), wxSizerFlags().Expand());
     column->Add(tabs, wxSizerFlags(1).Expand());
     outcome = new OutcomeLine(content, form);
-    outcome->onUnknownCodes = [this] { AddUnknownCodes(); };
+    outcome->onUnknownCodes = [this] { AddUnknownCodes(form.lastRun.unknownCodes, this, {}); };
     outcome->onCompare = [this] { Work([this] { runWindows->ShowComparison(); }); };
     column->Add(outcome, wxSizerFlags().Expand());
     content->SetSizer(column);
@@ -255,15 +258,19 @@ void MainWindow::Work(const std::function<void()>& action) {
 }
 
 // A person goes on in the grid that got the first of them.
-void MainWindow::AddUnknownCodes() {
+bool MainWindow::AddUnknownCodes(const UnknownCodes& found, wxWindow* parent,
+                                 const std::function<void(const UnknownCode&)>& look) {
+    if (IsBusy(form)) return false;
     EndEdits(form);
-    const UnknownCodes unknown = StillUnknown(form, form.lastRun.unknownCodes);
-    const EditedGrid* const grid = AddCodes(form, AskUnknownCodes(this, unknown));
+    UnknownCodes unknown = StillUnknown(form, found);
+    Suggest(form, unknown);
+    const EditedGrid* const grid = AddCodes(form, AskUnknownCodes(parent, unknown, look));
     for (size_t i = 0; i < gridTabs.size(); ++i) {
         if (&gridTabs[i]->Edited() != grid) continue;
         tabs->SetSelection(tabPoints + i);
         gridTabs[i]->GoToCurrentCell();
     }
+    return grid != nullptr;
 }
 
 void MainWindow::EnableOptions(bool enable) {

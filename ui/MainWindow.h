@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/StartUp.h"
+#include "app/UnknownCodes.h"
 #include "translation/Mode.h"
 #include "ui/Binding.h"
 #include "ui/KeptPlace.h"
@@ -50,7 +51,9 @@ class MainWindow : public wxFrame {
     void WorkOn(const char* button, std::function<void()> action);
     void OfferRecent(const char* button, Direction direction);
     void EnableOptions(bool enable);
-    void AddUnknownCodes();
+    // Of those found, whether some were added.
+    bool AddUnknownCodes(const UnknownCodes& found, wxWindow* parent,
+                         const std::function<void(const UnknownCode&)>& look);
     void ShowStandalone();
     void ShowStop();
     void ShowTimer();

@@ -7,12 +7,15 @@
 #include <array>
 #include <utility>
 
+#include "app/BrowseFiles.h"
 #include "app/Manual.h"
-#include "app/PreviewDifferences.h"
 #include "app/frmKORVANDE.h"
+#include "core/modScreen.h"
 #include "host/modFileHandling.h"
 #include "picture/HitTest.h"
+#include "picture/PictureFile.h"
 #include "ui/Controls.h"
+#include "ui/FileDialogs.h"
 #include "ui/Icons.h"
 #include "ui/Manual.h"
 #include "ui/WxText.h"
@@ -47,7 +50,7 @@ PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrd
     column->Add(MakeReading(), wxSizerFlags().Expand());
     splitter = new wxSplitterWindow(content, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
     view = new DrawingView(splitter);
-    MakeSide();
+    side = new PreviewSide(splitter, !order.output.empty());
     splitter->SetMinimumPaneSize(FromDIP(150));
     splitter->SetSashGravity(1);
     splitter->SplitVertically(view, side, -FromDIP(380));
@@ -65,6 +68,7 @@ PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrd
     CentreOnParent();
     place = std::make_unique<KeptPlace>(*this, u"PreviewPlace");
     BindEvents();
+    EnableButtons();
     BeginReading();
 }
 
@@ -94,43 +98,11 @@ wxSizer* PreviewWindow::MakeReading() {
     return whole;
 }
 
-void PreviewWindow::MakeSide() {
-    side = new wxPanel(splitter);
-    codeList = new CodeList(side);
-    differenceList = new DifferenceList(side);
-    info = new wxTextCtrl(side, wxID_ANY, wxEmptyString, wxDefaultPosition, FromDIP(wxSize(-1, 110)),
-                          wxTE_MULTILINE | wxTE_READONLY | wxBORDER_THEME);
-    info->SetName("txtObject");
-    const bool compares = !order.output.empty();
-    codeList->Show(!compares);
-    differenceList->Show(compares);
-    auto* const column = new wxBoxSizer(wxVERTICAL);
-    column->Add(compares ? static_cast<wxWindow*>(differenceList) : codeList, wxSizerFlags(1).Expand());
-    column->Add(MakeChoice(), wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, FromDIP(narrowSpace)));
-    column->Add(info, wxSizerFlags().Expand());
-    side->SetSizer(column);
-}
-
 void PreviewWindow::Add(wxSizer* row, wxWindow* parent, const char* name, TextView caption, TextView tip,
                         std::function<void()> action) {
     wxButton* const button = MakeButton(parent, name, caption, tip);
     button->Bind(wxEVT_BUTTON, [action = std::move(action)](wxCommandEvent&) { action(); });
     row->Add(button, InRow().Border(wxRIGHT, FromDIP(narrowSpace)));
-}
-
-wxSizer* PreviewWindow::MakeChoice() {
-    auto* const row = new wxBoxSizer(wxHORIZONTAL);
-    if (order.output.empty()) {
-        Add(row, side, "cmdShowCodes", u"Alles &tonen", u"Toont de objecten van alle codes",
-            [this] { codeList->ShowAllCodes(true); });
-        Add(row, side, "cmdHideCodes", u"&Niets tonen", u"Verbergt de objecten van alle codes",
-            [this] { codeList->ShowAllCodes(false); });
-    } else {
-        Add(row, side, "cmdPreviousDifference", u"&Vorige", u"Het vorige verschil (Shift+F8)",
-            [this] { GoToNext(false); });
-        Add(row, side, "cmdNextDifference", u"V&olgende", u"Het volgende verschil (F8)", [this] { GoToNext(true); });
-    }
-    return row;
 }
 
 wxSizer* PreviewWindow::MakeButtons() {
@@ -139,6 +111,14 @@ wxSizer* PreviewWindow::MakeButtons() {
     Add(row, content, "cmdCloser", u"&Dichterbij", u"Vergroot (+, of het muiswiel)", [this] { view->Zoom(1.5); });
     Add(row, content, "cmdFarther", u"V&erder weg", u"Verkleint (-, of het muiswiel)", [this] { view->Zoom(1 / 1.5); });
     row->AddStretchSpacer();
+    if (order.output.empty()) {
+        Add(row, content, "cmdPreviewUnknown", u"&Onbekende codes...",
+            u"Toont de codes die niet in de codetabellen staan, om ze toe te voegen", [this] { AddUnknownCodes(); });
+        Add(row, content, "cmdSavePreview", u"O&pslaan als...", u"Bewaart wat u ziet als SVG of PNG (Ctrl+S)",
+            [this] { SaveAs(); });
+        Add(row, content, "cmdPrintPreview", u"A&fdrukken...", u"Drukt de tekening op schaal af (Ctrl+P)",
+            [this] { Print(); });
+    }
     Add(row, content, "cmdClosePreview", u"&Sluiten", u"Sluit dit venster (Esc)", [this] { Close(); });
     return row;
 }
@@ -149,12 +129,19 @@ void PreviewWindow::BindEvents() {
     view->onPointer = [this](const std::optional<Position>& at) {
         SetStatusText(at && preview ? ToWx(TextOfPlace(preview->drawing.list, *at)) : wxString(), placeField);
     };
-    codeList->onShown = [this] { view->Hide(codes.Hidden()); };
-    codeList->onGoTo = [this](std::size_t row) {
+    side->Codes().onShown = [this] { view->Hide(codes.Hidden()); };
+    side->Codes().onGoTo = [this](std::size_t row) {
         Select(codes.NextOf(row, selected));
         GoToSelection();
     };
-    differenceList->onSelect = [this](std::size_t row) { SelectDifference(row); };
+    side->Differences().onSelect = [this](std::size_t row) { SelectDifference(row); };
+    side->onNext = [this](bool isForward) { GoToNext(isForward); };
+    side->onShow = [this](DifferenceKind kind, bool isShown) {
+        differences.Show(kind, isShown);
+        side->Differences().ShowDifferences(&differences);
+        selectedDifference.reset();
+        view->ShowMarks(differences.Shown(marks));
+    };
     Bind(wxEVT_TIMER, [this](wxTimerEvent&) { LookAtReading(); });
     Bind(wxEVT_CHAR_HOOK, &PreviewWindow::OnKey, this);
     BindManual(*this, form.screen, [] { return previewChapter; });
@@ -179,11 +166,13 @@ void PreviewWindow::LookAtReading() {
     reading.reset();
     if (end == PreviewEnd::Failed) return ShowFailure(failure);
     if (end == PreviewEnd::Stopped) return;
-    preview = std::move(read);
+    // What was shown stays until the new one is.
+    const std::unique_ptr<Preview> before = std::exchange(preview, std::move(read));
     ShowRead();
 }
 
 void PreviewWindow::ShowRead() {
+    const bool wasShown = view->HasDrawing();
     progress->Hide();
     content->Layout();
     const auto sourceOf = [](const ShownDrawing& drawing) {
@@ -191,13 +180,20 @@ void PreviewWindow::ShowRead() {
     };
     std::vector<FrameSource> sources = {sourceOf(preview->drawing)};
     codes = PreviewCodes(preview->drawing.list);
-    codeList->ShowCodes(&codes);
+    side->Codes().ShowCodes(&codes);
+    std::shared_ptr<const FrameMarks> shown;
     if (preview->output) {
         sources.push_back(sourceOf(*preview->output));
         marks = MarksOf(*preview);
-        differenceList->ShowDifferences(&preview->comparison);
+        differences = PreviewDifferences(preview->comparison);
+        side->Differences().ShowDifferences(&differences);
+        side->ShowCounts(differences);
+        shown = differences.Shown(marks);
     }
-    view->Show(std::move(sources), marks);
+    const PictureView before = view->View();
+    view->Show(std::move(sources), shown);
+    if (wasShown) view->SetView(before);
+    EnableButtons();
     view->SetFocus();
     SetStatusText(ToWx(preview->output ? SummaryOf(preview->comparison) : SummaryOf(preview->drawing.list)));
 }
@@ -222,36 +218,36 @@ void PreviewWindow::Select(const std::optional<PictureRef>& ref) {
     selectedDifference.reset();
     if (!ref) {
         view->Highlight({});
-        return info->ChangeValue(wxEmptyString);
+        return side->ShowObject({});
     }
     const ShownDrawing& drawing = preview->drawing;
     view->Highlight(OutlineOf(drawing.list, *ref, beside));
     const ObjectInfo object = Describe(drawing.translation.drawing, drawing.list, *ref);
-    info->ChangeValue(ToWx(TextOf(object)));
+    side->ShowObject(TextOf(object));
 }
 
 void PreviewWindow::SelectDifference(std::size_t row) {
     selected.reset();
     selectedDifference = row;
-    const FrameMark& mark = (*marks)[row];
+    const FrameMark& mark = marks[differences.PlaceOf(row)];
     view->Highlight(mark.outline);
     if (!mark.box.IsEmpty()) view->BringIntoView(mark.box);
-    info->ChangeValue(ToWx(TextOf(preview->comparison.differences[row])));
+    side->ShowObject(TextOf(differences.At(row)));
 }
 
 void PreviewWindow::GoToSelection() {
     constexpr double beside = 20;
     PictureBox box;
     if (selected) box = BoxOf(OutlineOf(preview->drawing.list, *selected, beside));
-    if (selectedDifference) box = (*marks)[*selectedDifference].box;
+    if (selectedDifference) box = marks[differences.PlaceOf(*selectedDifference)].box;
     if (!box.IsEmpty()) view->GoTo(box);
 }
 
 void PreviewWindow::GoToNext(bool isForward) {
     if (!preview) return;
-    const std::optional<std::size_t> next = NextDifference(preview->comparison, selectedDifference, isForward);
+    const std::optional<std::size_t> next = differences.Next(selectedDifference, isForward);
     if (!next) return;
-    differenceList->Select(*next);
+    side->Differences().Select(*next);
     SelectDifference(*next);
 }
 
@@ -261,6 +257,8 @@ void PreviewWindow::OnKey(wxKeyEvent& event) {
     const bool isShift = event.GetModifiers() == wxMOD_SHIFT;
     if (event.GetModifiers() == wxMOD_NONE && key == WXK_ESCAPE) {
         Close();
+    } else if (key == WXK_F5 && !event.HasAnyModifiers()) {
+        ReadAgain();
     } else if (key == WXK_F8 && (isShift || !event.HasAnyModifiers())) {
         GoToNext(!isShift);
     } else {
@@ -270,6 +268,12 @@ void PreviewWindow::OnKey(wxKeyEvent& event) {
 
 bool PreviewWindow::OnCommandKey(int key) {
     switch (key) {
+        case 'S':
+            SaveAs();
+            return true;
+        case 'P':
+            Print();
+            return true;
         case '0':
             view->ShowAll();
             return true;
@@ -285,6 +289,77 @@ bool PreviewWindow::OnCommandKey(int key) {
         default:
             return false;
     }
+}
+
+void PreviewWindow::EnableButtons() {
+    const bool isOfInput = order.output.empty();
+    if (!isOfInput) return;
+    for (const char* const name : {"cmdSavePreview", "cmdPrintPreview"}) FindWindow(name)->Enable(preview != nullptr);
+    const bool hasUnknown = preview && codes.Count() > 0 && !codes.CodeAt(0).isKnown;
+    FindWindow("cmdPreviewUnknown")->Enable(hasUnknown);
+}
+
+// What the window shows, as it is there: without the codes that are hidden.
+void PreviewWindow::SaveAs() {
+    constexpr int leastPixels = 1600;
+    if (!preview || preview->output) return;
+    const FileDialog dialog = {u"Tekening opslaan", u"SVG (*.svg)|*.svg|PNG (*.png)|*.png", FolderOf(order.input),
+                               WithLastThreeReplaced(FileNameOf(order.input), u"svg"), false};
+    std::optional<Text> target = ShowFileDialog(this, dialog);
+    if (!target) return;
+    if (!PictureFormatOf(*target)) AppendTo(*target, u".svg");
+    PictureFrame frame = FrameOf(view->View());
+    frame.pixels = std::max(frame.pixels, leastPixels);
+    const ShownDrawing& drawing = preview->drawing;
+    TryWithRetry(form.screen, *target, u"opslaan", [&] {
+        WritePictureFile(drawing.translation.drawing, drawing.list, frame, {FileNameOf(order.input), *target},
+                         {&drawing.index, &codes.Hidden()});
+    });
+}
+
+void PreviewWindow::Print() {
+    if (!preview || preview->output) return;
+    const std::optional<PrintChoice> choice = AskPrintChoice(this, printChoice);
+    if (!choice) return;
+    printChoice = *choice;
+    printData.SetOrientation(printChoice.isLandscape ? wxLANDSCAPE : wxPORTRAIT);
+    const ShownDrawing& drawing = preview->drawing;
+    const DrawingPage page = {{&drawing.translation.drawing, &drawing.list, &drawing.index},
+                              codes.Hidden(),
+                              view->View(),
+                              printChoice.scale,
+                              FileNameOf(order.input)};
+    if (!PrintDrawing(this, printData, page, asksPrinter)) {
+        ShowMessage(form.screen, u"De tekening kan niet worden afgedrukt.");
+    }
+}
+
+void PreviewWindow::AddUnknownCodes() {
+    if (!preview) return;
+    const UnknownCodes unknown =
+        UnknownCodesOf(preview->drawing.translation.drawing, preview->drawing.list, order.mode.direction);
+    if (onUnknownCodes(unknown, [this](const UnknownCode& code) { LookAt(code); })) ReadAgain();
+}
+
+void PreviewWindow::LookAt(const UnknownCode& code) {
+    for (std::size_t row = 0; row < codes.Count(); ++row) {
+        const PictureCode& shown = codes.CodeAt(row);
+        if (shown.isKnown || shown.table != code.table || shown.code != code.code) continue;
+        codes.Show(row, true);
+        view->Hide(codes.Hidden());
+        side->Codes().Select(row);
+        Select(codes.NextOf(row, {}));
+        return GoToSelection();
+    }
+}
+
+// With the settings and the code tables as they are now.
+void PreviewWindow::ReadAgain() {
+    if (IsReading() || !TakeSettings(form, order)) return;
+    progress->Show();
+    content->Layout();
+    Select({});
+    BeginReading();
 }
 
 }  // namespace korvande

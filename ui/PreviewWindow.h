@@ -5,7 +5,6 @@
 #include <wx/panel.h>
 #include <wx/splitter.h>
 #include <wx/stattext.h>
-#include <wx/textctrl.h>
 #include <wx/timer.h>
 
 #include <functional>
@@ -13,11 +12,13 @@
 #include <optional>
 
 #include "app/PreviewCodes.h"
+#include "app/PreviewDifferences.h"
 #include "app/ReadPreview.h"
-#include "ui/CodeList.h"
-#include "ui/DifferenceList.h"
+#include "app/UnknownCodes.h"
+#include "ui/DrawingPrinting.h"
 #include "ui/DrawingView.h"
 #include "ui/KeptPlace.h"
+#include "ui/PreviewSide.h"
 
 namespace korvande {
 
@@ -30,6 +31,16 @@ class PreviewWindow : public wxFrame {
     PreviewWindow& operator=(const PreviewWindow&) = delete;
     ~PreviewWindow() override;
 
+    // Called when a person wants to add unknown codes; `look` shows the first object of one in the drawing. Whether
+    // some were added.
+    using Look = std::function<void(const UnknownCode&)>;
+    std::function<bool(const UnknownCodes& unknown, const Look& look)> onUnknownCodes =
+        [](const UnknownCodes&, const Look&) { return false; };
+
+    // Where and how the drawing is printed.
+    wxPrintData printData;
+    AsksPrinter asksPrinter = AsksPrinter::Yes;
+
     bool IsReading() const noexcept { return reading != nullptr; }
     const Preview* Shown() const noexcept { return preview.get(); }  // null until it is read
     DrawingView& View() noexcept { return *view; }
@@ -37,8 +48,6 @@ class PreviewWindow : public wxFrame {
 
  private:
     wxSizer* MakeReading();
-    void MakeSide();
-    wxSizer* MakeChoice();
     wxSizer* MakeButtons();
     void Add(wxSizer* row, wxWindow* parent, const char* name, TextView caption, TextView tip,
              std::function<void()> action);
@@ -54,25 +63,30 @@ class PreviewWindow : public wxFrame {
     void GoToNext(bool isForward);
     void OnKey(wxKeyEvent& event);
     bool OnCommandKey(int key);
+    void EnableButtons();
+    void SaveAs();
+    void Print();
+    void AddUnknownCodes();
+    void LookAt(const UnknownCode& code);
+    void ReadAgain();
 
     FormKORVANDE& form;
     PreviewOrder order;
     std::unique_ptr<PreviewReading> reading;
     std::unique_ptr<Preview> preview;
     PreviewCodes codes;
-    std::shared_ptr<const FrameMarks> marks;
+    PreviewDifferences differences;
+    FrameMarks marks;  // for each difference
     std::optional<PictureRef> selected;
-    std::optional<std::size_t> selectedDifference;
+    std::optional<std::size_t> selectedDifference;  // its row
     wxPanel* content;
     wxPanel* progress = nullptr;
     wxStaticText* status = nullptr;
     wxGauge* gauge = nullptr;
     wxSplitterWindow* splitter = nullptr;
-    wxPanel* side = nullptr;
-    CodeList* codeList = nullptr;
-    DifferenceList* differenceList = nullptr;
-    wxTextCtrl* info = nullptr;
+    PreviewSide* side = nullptr;
     DrawingView* view = nullptr;
+    PrintChoice printChoice;
     wxTimer timer;
     std::unique_ptr<KeptPlace> place;
 };

@@ -58,14 +58,22 @@ void RunWindows::Check() {
     if (report) Replace(check, new CheckWindow(&frame, std::move(*report)));
 }
 
+void RunWindows::Open(PreviewOrder order) {
+    auto* const window = new PreviewWindow(&frame, form, std::move(order));
+    window->onUnknownCodes = [this, window](const UnknownCodes& unknown, const PreviewWindow::Look& look) {
+        return onUnknownCodes(unknown, window, look);
+    };
+    Replace(preview, window);
+}
+
 void RunWindows::ShowPreview() {
     std::optional<PreviewOrder> order = PreviewOfInput(form);
-    if (order) Replace(preview, new PreviewWindow(&frame, form, std::move(*order)));
+    if (order) Open(std::move(*order));
 }
 
 void RunWindows::ShowComparison() {
     std::optional<PreviewOrder> order = PreviewOfRun(form);
-    if (order) Replace(preview, new PreviewWindow(&frame, form, std::move(*order)));
+    if (order) Open(std::move(*order));
 }
 
 // Nothing is going on, and the names in the window count.

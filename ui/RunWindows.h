@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+#include "app/UnknownCodes.h"
 #include "core/Text.h"
 
 namespace korvande {
@@ -14,6 +15,7 @@ class BatchWindow;
 class CheckWindow;
 class PreviewWindow;
 struct FormKORVANDE;
+struct PreviewOrder;
 
 // Runs that end in a window of their own, which the next one of its kind replaces: the check, also by F7, and the
 // translation of several files that are dropped on the window, and what a drawing looks like, also by F8.
@@ -25,6 +27,10 @@ class RunWindows {
     // For a window that has all its controls.
     RunWindows(wxFrame& itsFrame, FormKORVANDE& itsForm, Work itsWork);
 
+    // Asks which of the unknown codes of a preview are to be added, and adds them; whether there were any.
+    std::function<bool(const UnknownCodes& unknown, wxWindow* parent, const std::function<void(const UnknownCode&)>&)>
+        onUnknownCodes;
+
     // Checks the input and shows what was found.
     void Check();
 
@@ -34,6 +40,7 @@ class RunWindows {
 
  private:
     bool MayBegin() const;
+    void Open(PreviewOrder order);
     void TakeFiles(const std::vector<Text>& names);
     void TranslateBatch(const std::vector<Text>& names);
 

@@ -5,6 +5,8 @@
 #include <wx/dialog.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
+
 #include "ui/Controls.h"
 #include "ui/WxText.h"
 
@@ -12,14 +14,23 @@ namespace korvande {
 
 namespace {
 
-enum Column { columnWanted, columnCode, columnObjects, columnCount };
+enum Column { columnWanted, columnCode, columnObjects, columnCount, columnSuggestion, columnTake };
+
+// "Z12 (als BOOM)".
+Text SuggestionText(const UnknownCode& code) {
+    return code.suggestion.empty() ? Text() : Concat(code.suggestion, u" (als ", code.suggestedBy, u")");
+}
 
 class UnknownCodesDialog : public wxDialog {
  public:
-    UnknownCodesDialog(wxWindow* parent, const UnknownCodes& codes)
+    UnknownCodesDialog(wxWindow* parent, const UnknownCodes& codes,
+                       const std::function<void(const UnknownCode&)>& itsLook)
         : wxDialog(parent, wxID_ANY, ToWx(u"Onbekende codes"), wxDefaultPosition, wxDefaultSize,
                    wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
-          unknown(codes) {
+          unknown(codes),
+          look(itsLook),
+          hasSuggestions(std::any_of(codes.codes.begin(), codes.codes.end(),
+                                     [](const UnknownCode& code) { return !code.suggestion.empty(); })) {
         SetName("frmUnknownCodes");
         MakeList();
         const int wide = FromDIP(wideSpace);
@@ -44,6 +55,7 @@ class UnknownCodesDialog : public wxDialog {
         for (std::size_t row = 0; row < unknown.codes.size(); ++row) {
             if (list->GetToggleValue(static_cast<unsigned>(row), columnWanted)) {
                 wanted.codes.push_back(unknown.codes[row]);
+                if (IsTaken(static_cast<unsigned>(row))) wanted.codes.back().lkiCode = unknown.codes[row].suggestion;
             }
         }
         return wanted;
@@ -51,25 +63,36 @@ class UnknownCodesDialog : public wxDialog {
 
  private:
     static constexpr int listWidth = 420;
+    static constexpr int suggestionWidth = 250;
     static constexpr int listHeight = 260;
 
     void MakeList() {
-        list = new wxDataViewListCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(listWidth, listHeight)));
+        const int width = listWidth + (hasSuggestions ? suggestionWidth : 0);
+        list = new wxDataViewListCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(width, listHeight)));
         list->SetName("lstUnknownCodes");
         const TextView code = unknown.column == Grid::Lki ? TextView(u"LKI-code") : TextView(u"Liscad-code");
         list->AppendToggleColumn(ToWx(u"Toevoegen"), wxDATAVIEW_CELL_ACTIVATABLE, FromDIP(90));
         list->AppendTextColumn(ToWx(code), wxDATAVIEW_CELL_INERT, FromDIP(120));
         list->AppendTextColumn(ToWx(u"Soort"), wxDATAVIEW_CELL_INERT, FromDIP(110));
         list->AppendTextColumn(ToWx(u"Aantal"), wxDATAVIEW_CELL_INERT, FromDIP(70), wxALIGN_RIGHT);
+        if (hasSuggestions) {
+            list->AppendTextColumn(ToWx(u"Voorstel LKI-code"), wxDATAVIEW_CELL_INERT, FromDIP(150));
+            list->AppendToggleColumn(ToWx(u"Overnemen"), wxDATAVIEW_CELL_ACTIVATABLE, FromDIP(90));
+        }
         for (const UnknownCode& entry : unknown.codes) {
             wxVector<wxVariant> cells;
             cells.push_back(true);
             cells.push_back(entry.code.empty() ? ToWx(u"(zonder code)") : ToWx(entry.code));
             cells.push_back(ToWx(ObjectsOf(entry.table)));
             cells.push_back(wxString::Format("%d", static_cast<int>(entry.count)));
+            if (hasSuggestions) {
+                cells.push_back(ToWx(SuggestionText(entry)));
+                cells.push_back(false);
+            }
             list->AppendItem(cells);
         }
         list->Bind(wxEVT_DATAVIEW_ITEM_VALUE_CHANGED, [this](wxDataViewEvent&) { ShowState(); });
+        list->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { Look(); });
     }
 
     wxSizer* MakeButtons() {
@@ -98,17 +121,28 @@ class UnknownCodesDialog : public wxDialog {
         ShowState();
     }
 
+    // A box without a suggestion takes nothing.
+    bool IsTaken(unsigned row) const { return hasSuggestions && list->GetToggleValue(row, columnTake); }
+
+    void Look() {
+        const int row = list->GetSelectedRow();
+        if (look && row != wxNOT_FOUND) look(unknown.codes[static_cast<std::size_t>(row)]);
+    }
+
     void ShowState() { add->Enable(!Wanted().codes.empty()); }
 
     const UnknownCodes& unknown;
+    const std::function<void(const UnknownCode&)>& look;
+    bool hasSuggestions;
     wxDataViewListCtrl* list = nullptr;
     wxButton* add = nullptr;
 };
 
 }  // namespace
 
-UnknownCodes AskUnknownCodes(wxWindow* parent, const UnknownCodes& unknown) {
-    UnknownCodesDialog dialog(parent, unknown);
+UnknownCodes AskUnknownCodes(wxWindow* parent, const UnknownCodes& unknown,
+                             const std::function<void(const UnknownCode&)>& look) {
+    UnknownCodesDialog dialog(parent, unknown, look);
     if (dialog.ShowModal() != wxID_OK) return {unknown.column, {}};
     return dialog.Wanted();
 }

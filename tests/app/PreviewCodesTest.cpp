@@ -1,5 +1,6 @@
 #include "app/PreviewCodes.h"
 
+#include "app/UnknownCodes.h"
 #include "tests/app/PreviewTest.h"
 
 namespace korvande::testing {
@@ -84,6 +85,19 @@ TEST_F(PreviewCodesTest, TheStatusLineCountsCodesAndTellsThePlaceOfThePointer) {
     EXPECT_EQ(ToUtf8(SummaryOf(other)), "1 code; 2 objecten niet getekend");
     other.origin = {121000000, 487000000};
     EXPECT_EQ(ToUtf8(TextOfPlace(other, {1234.4, -0.6})), "X 121001.234   Y 486999.999");
+}
+
+TEST_F(PreviewCodesTest, TheUnknownOnesCanBeAddedWithTheDescriptionOfTheirFirstObject) {
+    preview = ReadStreet("5,\"P5\",30,10,1.5,\"NIEUW\",\"Bank\",0;\n6,\"P6\",5,5,1.5,\"NIEUW\",\"\",0;\n");
+    const ShownDrawing& drawing = preview->drawing;
+    const UnknownCodes unknown = UnknownCodesOf(drawing.translation.drawing, drawing.list, Direction::FromIdex);
+    ASSERT_EQ(unknown.codes.size(), 2U);
+    EXPECT_EQ(unknown.column, Grid::Liscad);
+    EXPECT_EQ(unknown.codes[0].code, u"NIEUW");
+    EXPECT_EQ(unknown.codes[0].count, 2);
+    EXPECT_EQ(unknown.codes[0].description, u"BANK");
+    EXPECT_EQ(unknown.codes[1].code, u"RAAR");
+    EXPECT_EQ(UnknownCodesOf(drawing.translation.drawing, drawing.list, Direction::ToIdex).column, Grid::Lki);
 }
 
 TEST_F(PreviewCodesTest, AnEmptyPictureHasNoCodes) {

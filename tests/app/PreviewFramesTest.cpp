@@ -121,10 +121,10 @@ TEST_F(PreviewDifferencesTest, EachDifferenceHasAMarkInTheColourOfItsKindWhereIt
                 "6,\"P6\",5,5,2.5,\"MV\",\"\",0;\n7,\"P7\",8,8,1.5,\"MV\",\"\",0;\n");
     const auto& differences = preview->comparison.differences;
     ASSERT_EQ(differences.size(), 3U);
-    const std::shared_ptr<const FrameMarks> marks = MarksOf(*preview);
-    ASSERT_EQ(marks->size(), 3U);
+    const FrameMarks marks = MarksOf(*preview);
+    ASSERT_EQ(marks.size(), 3U);
     for (std::size_t i = 0; i < 3; ++i) {
-        const FrameMark& mark = (*marks)[i];
+        const FrameMark& mark = marks[i];
         EXPECT_EQ(mark.colour, ColourOf(differences[i].kind));
         ASSERT_EQ(mark.outline.size(), 1U);
         const Position metres = preview->drawing.list.origin.Metres(PlaceAt(mark.outline.front().front()));
@@ -132,24 +132,46 @@ TEST_F(PreviewDifferencesTest, EachDifferenceHasAMarkInTheColourOfItsKindWhereIt
         EXPECT_NEAR(metres.north, differences[i].place.north, 0.001);
         EXPECT_FALSE(mark.box.IsEmpty());
     }
-    EXPECT_EQ(ToUtf8(SummaryOf(preview->comparison)), "1 weggelaten, 1 gewijzigd, 1 toegevoegd, 6 gelijk");
+    EXPECT_EQ(ToUtf8(SummaryOf(preview->comparison)), "1 ontbreekt, 1 gewijzigd, 1 toegevoegd, 6 gelijk");
 }
 
 TEST_F(PreviewDifferencesTest, WithoutDifferencesThereAreNoMarks) {
     CompareWith("", "");
-    EXPECT_TRUE(MarksOf(*preview)->empty());
+    EXPECT_TRUE(MarksOf(*preview).empty());
     EXPECT_EQ(ToUtf8(SummaryOf(preview->comparison)).substr(0, 21), "Alles is overgekomen:");
-    EXPECT_FALSE(NextDifference(preview->comparison, {}, true));
+    EXPECT_FALSE(PreviewDifferences(preview->comparison).Next({}, true));
 }
 
-TEST_F(PreviewDifferencesTest, TheyFollowEachOtherBothWaysAndBeginAnew) {
+TEST_F(PreviewDifferencesTest, TheyAreListedByKindAndFollowEachOtherBothWays) {
+    CompareWith("5,\"P5\",30,10,1.5,\"MV\",\"\",0;\n6,\"P6\",5,5,1.5,\"MV\",\"\",0;\n",
+                "6,\"P6\",5,5,2.5,\"MV\",\"\",0;\n7,\"P7\",8,8,1.5,\"MV\",\"\",0;\n");
+    const PreviewDifferences differences(preview->comparison);
+    ASSERT_EQ(differences.Count(), 3U);
+    EXPECT_EQ(differences.At(0).kind, DifferenceKind::Missing);
+    EXPECT_EQ(differences.At(1).kind, DifferenceKind::Changed);
+    EXPECT_EQ(differences.At(2).kind, DifferenceKind::Added);
+    EXPECT_EQ(&differences.At(1), &preview->comparison.differences[differences.PlaceOf(1)]);
+    EXPECT_EQ(differences.Next({}, true), 0U);
+    EXPECT_EQ(differences.Next({}, false), 2U);
+    EXPECT_EQ(differences.Next(2, true), 0U);
+    EXPECT_EQ(differences.Next(2, false), 1U);
+}
+
+TEST_F(PreviewDifferencesTest, AKindIsHiddenInTheListAndInTheDrawing) {
     CompareWith("5,\"P5\",30,10,1.5,\"MV\",\"\",0;\n", "7,\"P7\",8,8,1.5,\"MV\",\"\",0;\n");
-    const Comparison& comparison = preview->comparison;
-    EXPECT_EQ(NextDifference(comparison, {}, true), 0U);
-    EXPECT_EQ(NextDifference(comparison, {}, false), 1U);
-    EXPECT_EQ(NextDifference(comparison, 0, true), 1U);
-    EXPECT_EQ(NextDifference(comparison, 1, true), 0U);
-    EXPECT_EQ(NextDifference(comparison, 0, false), 1U);
+    const FrameMarks marks = MarksOf(*preview);
+    PreviewDifferences differences(preview->comparison);
+    // What is missing is drawn last.
+    EXPECT_EQ(differences.Shown(marks)->back().colour, ColourOf(DifferenceKind::Missing));
+    differences.Show(DifferenceKind::Missing, false);
+    ASSERT_EQ(differences.Count(), 1U);
+    EXPECT_EQ(differences.At(0).kind, DifferenceKind::Added);
+    EXPECT_EQ(differences.CountOf(DifferenceKind::Missing), 1U);
+    ASSERT_EQ(differences.Shown(marks)->size(), 1U);
+    EXPECT_EQ(differences.Shown(marks)->front().colour, ColourOf(DifferenceKind::Added));
+    EXPECT_EQ(differences.Next(5, true), 0U);
+    differences.Show(DifferenceKind::Missing, true);
+    EXPECT_EQ(differences.Count(), 2U);
 }
 
 TEST_F(PreviewDifferencesTest, ADifferenceIsToldWithItsReason) {

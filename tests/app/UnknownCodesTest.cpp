@@ -94,6 +94,59 @@ TEST_F(UnknownCodesTest, NoCodesChangeNothing) {
     EXPECT_FALSE(CanUndo(form.editedPoints));
 }
 
+TEST_F(UnknownCodesTest, OneEditIsOneCharacterMoreLessOrOther) {
+    for (const auto& [one, other] : {std::pair{u"LANTARN", u"LANTAARN"},
+                                     {u"BOOM", u"BOON"},
+                                     {u"XPAAL", u"PAAL"},
+                                     {u"PAALX", u"PAAL"},
+                                     {u"A", u""}}) {
+        EXPECT_TRUE(AreOneEditApart(one, other)) << ToUtf8(one);
+        EXPECT_TRUE(AreOneEditApart(other, one)) << ToUtf8(one);
+    }
+    for (const auto& [one, other] : {std::pair{u"BOOM", u"BOOM"},
+                                     {u"BOOM", u"BMOO"},
+                                     {u"BOOM", u"BO"},
+                                     {u"BOOM", u"BAAM"},
+                                     {u"PAAL", u"PAALXX"},
+                                     {u"", u"AB"}}) {
+        EXPECT_FALSE(AreOneEditApart(one, other)) << ToUtf8(one);
+        EXPECT_FALSE(AreOneEditApart(other, one)) << ToUtf8(one);
+    }
+}
+
+TEST_F(UnknownCodesTest, ANearCodeOrTheSameDescriptionSuggestsAnLkiCodeThatNobodyIsGivenUnasked) {
+    ReplaceRows(form.editedPoints, 2, 0,
+                {{u"LANTRN", u"S02", u"PUNT", u"Lantaarn"},
+                 {u"PUT", u"S03", u"PUNT", u"Inspectieput"},
+                 {u"PAL", u"", u"PUNT", u"Paal"},
+                 {u"AB", u"S04", u"PUNT", u""}});
+    UnknownCodes unknown{Grid::Liscad,
+                         {{u'P', u"LANTRNS", 1},
+                          {u'P', u"KOLK", 1, u"INSPECTIEPUT"},
+                          {u'P', u"PAAL", 1},
+                          {u'P', u"AC", 1},
+                          {u'L', u"LANTRNS", 1}}};
+    Suggest(form, unknown);
+    EXPECT_EQ(unknown.codes[0].suggestion, u"S02");
+    EXPECT_EQ(unknown.codes[0].suggestedBy, u"LANTRN");
+    EXPECT_EQ(unknown.codes[1].suggestion, u"S03");
+    // A row without an LKI code, a short code and another table suggest nothing.
+    for (const std::size_t place : {2, 3, 4}) EXPECT_EQ(unknown.codes[place].suggestion, u"") << place;
+    for (const UnknownCode& code : unknown.codes) EXPECT_EQ(code.lkiCode, u"");
+    unknown.codes[1].lkiCode = unknown.codes[1].suggestion;
+    AddCodes(form, unknown);
+    EXPECT_EQ(form.gridPoints[6][Grid::Liscad], u"LANTRNS");
+    EXPECT_EQ(form.gridPoints[6][Grid::Lki], u"");
+    EXPECT_EQ(form.gridPoints[7][Grid::Lki], u"S03");
+}
+
+TEST_F(UnknownCodesTest, LkiCodesGetNoSuggestion) {
+    ReplaceRows(form.editedPoints, 2, 0, {{u"PUT", u"Q771", u"PUNT", u"Put"}});
+    UnknownCodes unknown{Grid::Lki, {{u'P', u"Q772", 1, u"Put"}}};
+    Suggest(form, unknown);
+    EXPECT_EQ(unknown.codes[0].suggestion, u"");
+}
+
 }  // namespace
 
 }  // namespace korvande::testing
