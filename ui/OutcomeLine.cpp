@@ -40,7 +40,7 @@ OutcomeLine::OutcomeLine(wxWindow* parent, const FormKORVANDE& itsForm)
       logBook(MakeButton(this, "cmdShowLogBook", u"Logboek", u"Opent het logboek van deze vertaling")),
       unknownCodes(MakeButton(this, "cmdUnknownCodes", u"Onbekende codes...",
                               u"Toont de codes die niet in de codetabellen staan, om ze toe te voegen")),
-      compare(MakeButton(this, "cmdCompare", u"Vergelijken...",
+      compare(MakeButton(this, "cmdCompare", u"Vergelijken",
                          u"Toont de uitvoer over de invoer: wat is weggelaten of veranderd, en waarom")),
       buttons(new wxBoxSizer(wxHORIZONTAL)),
       parts(new wxBoxSizer(wxHORIZONTAL)) {

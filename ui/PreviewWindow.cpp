@@ -194,7 +194,6 @@ void PreviewWindow::ShowRead() {
     view->Show(std::move(sources), shown);
     if (wasShown) view->SetView(before);
     EnableButtons();
-    view->SetFocus();
     SetStatusText(ToWx(preview->output ? SummaryOf(preview->comparison) : SummaryOf(preview->drawing.list)));
 }
 

@@ -64,6 +64,11 @@ void RunWindows::Open(PreviewOrder order) {
         return onUnknownCodes(unknown, window, look);
     };
     Replace(preview, window);
+    // As soon as whoever asked for it has done with the focus.
+    window->CallAfter([window] {
+        window->Raise();
+        window->View().SetFocus();
+    });
 }
 
 void RunWindows::ShowPreview() {

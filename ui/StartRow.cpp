@@ -108,8 +108,8 @@ StartRow::Parts StartRow::Arranged(wxPoint listAt, wxPoint startAt) const {
     // One above the other, beside the middle of the start button.
     const wxSize small(std::max(check->GetBestSize().x, preview->GetBestSize().x), list.y);
     const int middle = parts.start.y + parts.start.height / 2;
-    parts.check = wxRect(wxPoint(parts.start.GetRight() + wide, middle - small.y), small);
-    parts.preview = wxRect(wxPoint(parts.check.x, middle), small);
+    parts.check = wxRect(wxPoint(parts.start.GetRight() + wide, middle - small.y - narrow / 4), small);
+    parts.preview = wxRect(wxPoint(parts.check.x, middle + narrow / 4), small);
     return parts;
 }
 

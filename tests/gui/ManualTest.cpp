@@ -84,6 +84,20 @@ TEST_F(ManualTest, F1InTheLogBookOpensItThere) {
     EXPECT_THAT(OpenedPage(), HasSubstr("#logboek\""));
 }
 
+TEST_F(ManualTest, F1InThePreviewOpensItThere) {
+    Open();
+    Press("cmdPreview");
+    auto* const preview = wxWindow::FindWindowByName("frmPreview");
+    ASSERT_NE(preview, nullptr);
+    WaitUntil("the preview", [&] { return preview->IsShownOnScreen(); });
+    simulator.MouseMove(preview->GetScreenPosition() + preview->GetSize() / 2);
+    WaitUntil("the keyboard in the preview", [&] {
+        return wxWindow::FindFocus() != nullptr && wxGetTopLevelParent(wxWindow::FindFocus()) == preview;
+    });
+    Key(WXK_F1);
+    EXPECT_THAT(OpenedPage(), HasSubstr("#voorbeeld\""));
+}
+
 TEST_F(ManualTest, TheButtonOpensItAtItsBeginning) {
     Open();
     SelectTab(tabInformation);
