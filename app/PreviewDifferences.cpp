@@ -10,6 +10,7 @@ namespace korvande {
 namespace {
 
 constexpr double beside = 20;  // millimetres, of the straight lines that stand for a curve
+constexpr double thin = 1.5;   // of marks that may cover much of a drawing
 
 // The places of line strings among the parts of a picture, by their numbers.
 using LineParts = std::unordered_map<std::int32_t, std::uint32_t>;
@@ -74,6 +75,7 @@ FrameMarks MarksOf(const Preview& preview) {
         if (isAdded) MoveTo(preview.drawing.list.origin, preview.output->list.origin, mark.outline);
         mark.box = BoxOf(mark.outline);
         mark.colour = ColourOf(difference.kind);
+        if (difference.kind == DifferenceKind::Changed) mark.width = thin;
         marks.push_back(std::move(mark));
     }
     return marks;

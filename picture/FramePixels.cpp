@@ -15,7 +15,6 @@ PictureView InPlacesOf(const FrameSource& source, const FrameSource& first, Pict
 }
 
 void DrawMark(const FrameMark& mark, const FrameOrder& order, Pixels& pixels) {
-    constexpr double width = 2.5;  // of a line of the drawing
     constexpr double radius = 4;
     const Colour colour = ShownColour(mark.colour, {order.look.isDark});
     const auto at = [&order](const Position& place) {
@@ -26,7 +25,7 @@ void DrawMark(const FrameMark& mark, const FrameOrder& order, Pixels& pixels) {
         for (std::size_t i = 1; i < line.size(); ++i) {
             PixelPlace from = at(line[i - 1]);
             PixelPlace to = at(line[i]);
-            const double lineWidth = width * order.look.lineWidth;
+            const double lineWidth = mark.width * order.look.lineWidth;
             if (CutToPixels(pixels, lineWidth, from, to)) DrawLine(pixels, from, to, lineWidth, colour);
         }
     }

@@ -24,6 +24,7 @@ struct FrameMark {
     PictureBox box;
     Outline outline;
     Colour colour = 0;
+    double width = 2.5;  // of a line of the drawing
 };
 using FrameMarks = std::vector<FrameMark>;
 

@@ -14,7 +14,7 @@ namespace {
 // Walks over the parts of a line string and keeps where they go.
 struct OutlineVisitor {
     Outline& outline;
-    double beside;
+    double beside = 0;
     PicturePlace last{};
 
     void Begin(PicturePlace place, bool isResumed) {
@@ -83,7 +83,7 @@ bool AreNear(PicturePlace one, PicturePlace other) noexcept {
 struct PieceVisitor {
     PicturePlace from;
     PicturePlace to;
-    double beside;
+    double beside = 0;
     Outline found{};
     PicturePlace last{};
 

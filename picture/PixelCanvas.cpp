@@ -101,16 +101,16 @@ void PixelCanvas::GoTo(PixelPlace to) {
 void PixelCanvas::GoDashed(PixelPlace from, PixelPlace to, double skipped) {
     const double length = std::hypot(to.x - from.x, to.y - from.y);
     const double period = (dash + gap) * look.lineWidth;
-    double begin = -std::fmod(skipped, period);
-    for (; begin < length; begin += period) {
+    const double phase = std::fmod(skipped, period);
+    const auto at = [&](double distance) {
+        return PixelPlace{from.x + (to.x - from.x) * distance / length, from.y + (to.y - from.y) * distance / length};
+    };
+    const int periods = static_cast<int>((length + phase) / period) + 1;
+    for (int i = 0; i < periods; ++i) {
+        const double begin = i * period - phase;
         const double first = std::max(begin, 0.0);
         const double end = std::min(begin + dash * look.lineWidth, length);
-        if (first >= end) continue;
-        const auto at = [&](double distance) {
-            return PixelPlace{from.x + (to.x - from.x) * distance / length,
-                              from.y + (to.y - from.y) * distance / length};
-        };
-        DrawLine(pixels, at(first), at(end), look.lineWidth, colour);
+        if (first < end) DrawLine(pixels, at(first), at(end), look.lineWidth, colour);
     }
 }
 

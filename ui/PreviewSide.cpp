@@ -2,6 +2,7 @@
 
 #include <wx/button.h>
 #include <wx/sizer.h>
+#include <wx/wrapsizer.h>
 
 #include "ui/Controls.h"
 #include "ui/WxText.h"
@@ -47,7 +48,7 @@ wxSizer* PreviewSide::MakeCodeChoice() {
 
 wxSizer* PreviewSide::MakeDifferenceChoice() {
     auto* const column = new wxBoxSizer(wxVERTICAL);
-    column->Add(MakeKinds(), wxSizerFlags().Border(wxBOTTOM, FromDIP(narrowSpace)));
+    column->Add(MakeKinds(), wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(narrowSpace)));
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
     wxButton* const previous = MakeButton(this, "cmdPreviousDifference", u"&Vorige", u"Het vorige verschil (Shift+F8)");
     wxButton* const next = MakeButton(this, "cmdNextDifference", u"V&olgende", u"Het volgende verschil (F8)");
@@ -61,7 +62,7 @@ wxSizer* PreviewSide::MakeDifferenceChoice() {
 
 // In their colours, which tell what is what in the drawing.
 wxSizer* PreviewSide::MakeKinds() {
-    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    auto* const row = new wxWrapSizer(wxHORIZONTAL);
     for (const DifferenceKind kind : {DifferenceKind::Missing, DifferenceKind::Changed, DifferenceKind::Added}) {
         const auto place = static_cast<std::size_t>(kind);
         wxCheckBox* const box = MakeCheckBox(this, kindNames[place], kindCaptions[place]);

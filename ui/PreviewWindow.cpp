@@ -53,7 +53,7 @@ PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrd
     side = new PreviewSide(splitter, !order.output.empty());
     splitter->SetMinimumPaneSize(FromDIP(150));
     splitter->SetSashGravity(1);
-    splitter->SplitVertically(view, side, -FromDIP(380));
+    splitter->SplitVertically(view, side, -FromDIP(400));
     column->Add(splitter, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP, narrow));
     column->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxALL, narrow));
     content->SetSizer(column);
