@@ -27,7 +27,7 @@ class PrintedDrawing : public wxPrintout {
     bool OnPrintPage(int number) override;
 
  private:
-    void PrintLegend(wxGraphicsContext& context, const PictureView& view, double top);
+    void PrintLegend(wxGraphicsContext& context, const PictureView& view, double height);
 
     const DrawingPage& page;
     double dotsPerInch = 1;

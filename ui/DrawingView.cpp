@@ -78,7 +78,7 @@ DrawingView::DrawingView(wxWindow* parent) {
     });
 }
 
-void DrawingView::Show(std::vector<FrameSource> itsSources, std::shared_ptr<const FrameMarks> itsMarks) {
+void DrawingView::ShowDrawing(std::vector<FrameSource> itsSources, std::shared_ptr<const FrameMarks> itsMarks) {
     // The frames of the drawing before, before that.
     frames.reset();
     sources = std::move(itsSources);

@@ -25,7 +25,7 @@ class DrawingView : public wxWindow {
     std::function<void(const std::optional<Position>&)> onPointer = [](const std::optional<Position>&) {};
 
     // The drawing must outlive it, or the next one that is shown. Marks lie over it.
-    void Show(std::vector<FrameSource> itsSources, std::shared_ptr<const FrameMarks> itsMarks);
+    void ShowDrawing(std::vector<FrameSource> itsSources, std::shared_ptr<const FrameMarks> itsMarks);
     bool HasDrawing() const noexcept { return frames != nullptr; }
 
     void Hide(const std::vector<bool>& codes);

@@ -40,6 +40,9 @@ PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrd
       form(itsForm),
       order(std::move(itsOrder)),
       content(new wxPanel(this)),
+      splitter(new wxSplitterWindow(content, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
+      side(new PreviewSide(splitter, !order.output.empty())),
+      view(new DrawingView(splitter)),
       timer(this) {
     SetName("frmPreview");
     SetIcons(ProgramIcons());
@@ -48,9 +51,8 @@ PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrd
     const int narrow = FromDIP(narrowSpace);
     auto* const column = new wxBoxSizer(wxVERTICAL);
     column->Add(MakeReading(), wxSizerFlags().Expand());
-    splitter = new wxSplitterWindow(content, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
-    view = new DrawingView(splitter);
-    side = new PreviewSide(splitter, !order.output.empty());
+    progress->MoveBeforeInTabOrder(splitter);
+    side->MoveAfterInTabOrder(view);
     splitter->SetMinimumPaneSize(FromDIP(150));
     splitter->SetSashGravity(1);
     splitter->SplitVertically(view, side, -FromDIP(400));
@@ -191,7 +193,7 @@ void PreviewWindow::ShowRead() {
         shown = differences.Shown(marks);
     }
     const PictureView before = view->View();
-    view->Show(std::move(sources), shown);
+    view->ShowDrawing(std::move(sources), shown);
     if (wasShown) view->SetView(before);
     EnableButtons();
     SetStatusText(ToWx(preview->output ? SummaryOf(preview->comparison) : SummaryOf(preview->drawing.list)));

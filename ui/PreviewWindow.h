@@ -56,7 +56,7 @@ class PreviewWindow : public wxFrame {
     void LookAtReading();
     void ShowRead();
     void ShowFailure(const Text& failure);
-    void Pick(PicturePlace place, double reach);
+    void Pick(PicturePlace at, double reach);
     void Select(const std::optional<PictureRef>& ref);
     void SelectDifference(std::size_t row);
     void GoToSelection();
@@ -80,12 +80,12 @@ class PreviewWindow : public wxFrame {
     std::optional<PictureRef> selected;
     std::optional<std::size_t> selectedDifference;  // its row
     wxPanel* content;
+    wxSplitterWindow* splitter;
+    PreviewSide* side;
+    DrawingView* view;
     wxPanel* progress = nullptr;
     wxStaticText* status = nullptr;
     wxGauge* gauge = nullptr;
-    wxSplitterWindow* splitter = nullptr;
-    PreviewSide* side = nullptr;
-    DrawingView* view = nullptr;
     PrintChoice printChoice;
     wxTimer timer;
     std::unique_ptr<KeptPlace> place;
