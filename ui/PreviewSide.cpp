@@ -2,7 +2,6 @@
 
 #include <wx/button.h>
 #include <wx/sizer.h>
-#include <wx/wrapsizer.h>
 
 #include "ui/Controls.h"
 #include "ui/WxText.h"
@@ -47,22 +46,20 @@ wxSizer* PreviewSide::MakeCodeChoice() {
 }
 
 wxSizer* PreviewSide::MakeDifferenceChoice() {
-    auto* const column = new wxBoxSizer(wxVERTICAL);
-    column->Add(MakeKinds(), wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(narrowSpace)));
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(MakeKinds(), InRow(1));
     wxButton* const previous = MakeButton(this, "cmdPreviousDifference", u"&Vorige", u"Het vorige verschil (Shift+F8)");
     wxButton* const next = MakeButton(this, "cmdNextDifference", u"V&olgende", u"Het volgende verschil (F8)");
     previous->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { onNext(false); });
     next->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { onNext(true); });
     row->Add(previous, InRow().Border(wxRIGHT, FromDIP(narrowSpace)));
     row->Add(next, InRow());
-    column->Add(row);
-    return column;
+    return row;
 }
 
 // In their colours, which tell what is what in the drawing.
 wxSizer* PreviewSide::MakeKinds() {
-    auto* const row = new wxWrapSizer(wxHORIZONTAL);
+    auto* const column = new wxBoxSizer(wxVERTICAL);
     for (const DifferenceKind kind : {DifferenceKind::Missing, DifferenceKind::Changed, DifferenceKind::Added}) {
         const auto place = static_cast<std::size_t>(kind);
         wxCheckBox* const box = MakeCheckBox(this, kindNames[place], kindCaptions[place]);
@@ -70,9 +67,9 @@ wxSizer* PreviewSide::MakeKinds() {
         box->SetForegroundColour(DifferenceColour(kind));
         box->Bind(wxEVT_CHECKBOX, [this, kind](wxCommandEvent& event) { onShow(kind, event.IsChecked()); });
         kinds[place] = box;
-        row->Add(box, InRow().Border(wxRIGHT, FromDIP(narrowSpace)));
+        column->Add(box);
     }
-    return row;
+    return column;
 }
 
 void PreviewSide::ShowCounts(const PreviewDifferences& counted) {
