@@ -128,6 +128,8 @@ TEST_F(WindowStartTest, TheTabKeyGoesFromTheFilesAndTheLogBookToTheStartAndThenT
     Key(WXK_TAB);
     EXPECT_TRUE(Find<wxWindow>("cmdCheck").HasFocus());
     Key(WXK_TAB);
+    EXPECT_TRUE(Find<wxWindow>("cmdPreview").HasFocus());
+    Key(WXK_TAB);
     EXPECT_TRUE(Find<wxWindow>("txtNameLong").HasFocus());
 }
 
