@@ -130,13 +130,18 @@ void WriteSegment(LineWriter& output, const RecordStyle& style, const PointRec& 
 
 void WriteArc(LineWriter& output, const RecordStyle& style, const PointRec& start, const PointRec& middle,
               const PointRec& end, const ExportCode& code) {
-    RecordText record;
-    record.Put("03M", code.lkiCode, style.tails.arc);
-    Write(output, style.variant, record, goesOn);
-    record.Put("04I1        ", FormatCoordinates(style.options, start).View(), "I4        ",
-               FormatCoordinates(style.options, middle).View(), "I4        ",
-               FormatCoordinates(style.options, end).View());
-    Write(output, style.variant, record, closesGroup, code.quality);
+    RecordLines lines(output, style.variant);
+    lines.PutLine(code.arcHead);
+    lines.Begin("04");
+    lines.PutFields("I1        ");
+    lines.PutFields(FormatCoordinates(style.options, start).View());
+    lines.PutFields("I4        ");
+    lines.PutFields(FormatCoordinates(style.options, middle).View());
+    lines.PutFields("I4        ");
+    lines.PutFields(FormatCoordinates(style.options, end).View());
+    lines.PutFields(code.quality);
+    lines.End(closesGroup);
+    lines.Finish();
 }
 
 void WriteText(LineWriter& output, const RecordStyle& style, const PointRec& anchor, const TextRec& text,

@@ -23,8 +23,8 @@ struct Options;
 struct OwnerRec;
 struct PointRec;
 
-// A logical record, or a field of one, while it is built: Windows-1252 bytes kept in place. The longest record, an
-// arc of three points with all its fields, has 152.
+// A logical record, or a field of one, while it is built: Windows-1252 bytes kept in place. The longest record, a line
+// segment with all its fields, has 112.
 class RecordText {
  public:
     static constexpr std::size_t capacity = 160;
@@ -76,7 +76,7 @@ PhysicalLine OneLine(Variant variant, std::string_view type, std::string_view da
 // columns a field, six fields a line; what stands behind the last of them is blank.
 class RecordLines {
  public:
-    static constexpr std::size_t most = 8;  // lines of an object; a segment with all its fields has 3, a symbol 6
+    static constexpr std::size_t most = 8;  // lines of an object; with all its fields an arc has 4, a symbol 6
 
     RecordLines(LineWriter& lineWriter, Variant itsVariant);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 #include "core/Curves.h"
 #include "core/LinePieces.h"
@@ -52,7 +53,7 @@ Position MiddleOf(const Arc& arc) {
 
 PointRec NamelessAt(Position place, double height) {
     PointRec point{};
-    point.SetPointID(TextView());
+    point.SetPointID(std::string_view());
     point.East = place.east;
     point.North = place.north;
     point.Elevation = height;

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <functional>
+#include <string_view>
 #include <utility>
 
 #include "core/LinePieces.h"
@@ -17,7 +18,7 @@ std::int64_t Compared(double metres) noexcept {
     return MillimetresOf(metres).value_or(std::bit_cast<std::int64_t>(metres));
 }
 
-std::uint64_t HashOf(TextView text) { return std::hash<TextView>()(text); }
+std::uint64_t HashOf(std::string_view bytes) { return std::hash<std::string_view>()(bytes); }
 
 std::uint64_t Mixed(std::uint64_t hash, std::uint64_t other) {
     constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;
@@ -68,10 +69,9 @@ class Collector {
         for (std::int32_t index = 1; index <= drawing.Texts.UpperBound(); ++index) {
             const TextRec& text = drawing.Texts[index];
             const std::int32_t anchor = drawing.PointIndex.Find(text.AnchorPointNo);
-            const auto& characters = text.Characters();
-            ComparedObject object{.code = codes.TextCode(drawing.Code(text)),
+            ComparedObject object{.code = codes.CodeOf(text),
                                   .index = index,
-                                  .content = HashOf(Text(characters.Trimmed())),
+                                  .content = HashOf(text.CharacterBytes().Trimmed()),
                                   .direction = text.HzDirection};
             object.refersToNothing = anchor == 0;
             if (anchor != 0) {
@@ -89,7 +89,7 @@ class Collector {
         if (isFromIdex || textAt.empty() || segments.size() != 1) return false;
         const std::int32_t start = drawing.Edges[segments.front()].StartPt;
         const std::int32_t text = IsPoint(start) ? textAt[static_cast<std::size_t>(start)] : 0;
-        return text != 0 && drawing.Code(drawing.Texts[text]) == drawing.Code(drawing.Lines[lineNo]);
+        return text != 0 && drawing.CodeBytes(drawing.Texts[text]) == drawing.CodeBytes(drawing.Lines[lineNo]);
     }
 
     void AddLines() {
@@ -97,10 +97,11 @@ class Collector {
         objects.codeOfLine.resize(static_cast<std::size_t>(drawing.Lines.UpperBound()) + 1);
         for (std::int32_t lineNo = 1; lineNo <= drawing.Lines.UpperBound(); ++lineNo) {
             const auto segments = all.Of(lineNo);
-            const auto& code = drawing.Code(drawing.Lines[lineNo]);
+            const LineRec& line = drawing.Lines[lineNo];
+            const auto& code = drawing.CodeBytes(line);
             // Numbers that never occurred are blank records.
             if (segments.empty() && (code.NeverFilled() || code.IsBlank())) continue;
-            const std::uint32_t shared = objects.codeOfLine[static_cast<std::size_t>(lineNo)] = codes.LineCode(code);
+            const std::uint32_t shared = objects.codeOfLine[static_cast<std::size_t>(lineNo)] = codes.CodeOf(line);
             if (segments.empty()) {
                 objects[ComparedKind::LineString].push_back({.code = shared, .index = lineNo});
                 continue;
@@ -130,8 +131,7 @@ class Collector {
 
     void AddSegment(std::int32_t index, std::uint32_t code) {
         const EdgeRec& edge = drawing.Edges[index];
-        const auto& lineType = drawing.LineType(edge);
-        ComparedObject object{.code = code, .index = index, .content = HashOf(Text(lineType.Trimmed()))};
+        ComparedObject object{.code = code, .index = index, .content = HashOf(drawing.LineTypeBytes(edge).Trimmed())};
         object.refersToNothing = !IsPoint(edge.StartPt) || !IsPoint(edge.EndPt);
         if (!object.refersToNothing) object.isReversed = PlaceBetween(edge.StartPt, edge.EndPt, object.place);
         objects[ComparedKind::Segment].push_back(object);
@@ -158,7 +158,7 @@ class Collector {
         for (std::int32_t index = 1; index <= drawing.Edges.UpperBound(); ++index) {
             const std::int32_t line = drawing.Edges[index].LineNo;
             if (line >= 1 && line <= drawing.Lines.UpperBound()) continue;
-            AddSegment(index, codes.LineCode(MakeFixedText<CodeKey::width>(u"")));
+            AddSegment(index, codes.BlankLineCode());
             objects[ComparedKind::Segment].back().refersToNothing = true;
         }
     }
@@ -172,19 +172,18 @@ class Collector {
             bool isObject = !isPartOfOther;
             std::uint32_t code = 0;
             if (isObject || isFromIdex) {
-                code = codes.PointCode(drawing.Code(point));
+                code = codes.CodeOf(point);
                 isObject = isObject || objects.codes[code].isWritten;
             }
             const ComparedPlace place = PlaceOf(index);
             const bool isPlace = isPartOfOther && !isObject && !isCentre[static_cast<std::size_t>(index)];
             objects.vertices.push_back({place.east, place.north, isPlace, index});
             if (!isObject) continue;
-            const auto& name = point.PointID();
             objects[ComparedKind::Point].push_back(
                 {.place = place,
                  .code = code,
                  .index = index,
-                 .content = Mixed(HashOf(Text(name.Trimmed())), static_cast<std::uint64_t>(HeightOf(point))),
+                 .content = Mixed(HashOf(point.PointIDBytes().Trimmed()), static_cast<std::uint64_t>(HeightOf(point))),
                  .direction = static_cast<float>(point.SymDir)});
         }
     }

@@ -33,7 +33,8 @@ class SharedCodes {
 
  private:
     static Text NameOf(Translation& translation, const PictureCode& code) {
-        if (code.code.empty() || code.table != u'T' || code.code.front() != lkiCodeMark) return code.code;
+        const bool isLki = code.table == u'T' && !code.code.empty() && ToWindows1252(code.code.front()) == lkiCodeMark;
+        if (!isLki) return code.code;
         CodeTable& texts = translation.codes.texts;
         const std::int32_t row = FindLkiCode(texts, MakeFixedText<CodeKey::width>(code.lkiCode));
         if (row == 0) return code.lkiCode;
@@ -170,9 +171,10 @@ class Comparer {
                 break;
             case ComparedKind::TextObject: {
                 const TextRec& text = drawing.Texts[object.index];
-                const auto& characters = text.Characters();
                 difference.place = MetresOf(drawing, drawing.PointIndex.Find(text.AnchorPointNo));
-                if (difference.what.empty()) difference.what = Concat(u"\"", characters.Trimmed(), u"\"");
+                if (difference.what.empty()) {
+                    difference.what = Concat(u"\"", FromWindows1252(text.CharacterBytes().Trimmed()), u"\"");
+                }
                 break;
             }
             case ComparedKind::Segment:
@@ -303,8 +305,8 @@ class Comparer {
     }
 
     static Text NameText(const PointRec& point) {
-        const auto& name = point.PointID();
-        return name.NeverFilled() ? Text() : Text(name.Trimmed());
+        const auto& name = point.PointIDBytes();
+        return name.NeverFilled() ? Text() : FromWindows1252(name.Trimmed());
     }
 
     static Text HeightText(const PointRec& point) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 #include "core/Picture.h"
 #include "translation/Translation.h"
@@ -30,6 +31,10 @@ class ChangeList {
     void Add(TextView what) {
         Begin();
         AppendTo(text, what);
+    }
+    // The same of texts as a drawing keeps them, where they differ.
+    void AddDifferent(TextView what, std::string_view before, std::string_view after) {
+        if (before != after) Add(what, FromWindows1252(before), FromWindows1252(after));
     }
     Text Taken() { return std::move(text); }
 
@@ -62,23 +67,20 @@ void ComparePoints(const ComparedDrawing& first, const ComparedObject& one, cons
                    const ComparedObject& other, ChangeList& changes) {
     const PointRec& point1 = DrawingOf(first).Points[one.index];
     const PointRec& point2 = DrawingOf(second).Points[other.index];
-    const auto& name1 = point1.PointID();
-    const auto& name2 = point2.PointID();
-    if (Trim(name1.View()) != Trim(name2.View())) changes.Add(u"puntnummer", name1.Trimmed(), name2.Trimmed());
+    changes.AddDifferent(u"puntnummer", point1.PointIDBytes().Trimmed(), point2.PointIDBytes().Trimmed());
     if (HeightOf(point1) != HeightOf(point2)) changes.Add(u"hoogte", HeightText(point1), HeightText(point2));
     CompareDirections(one.direction, other.direction, changes);
     if (!IsFromIdex(first) || !IsFromIdex(second)) return;
-    const auto& description1 = DrawingOf(first).Description(point1);
-    const auto& description2 = DrawingOf(second).Description(point2);
-    if (description1.Trimmed() == description2.Trimmed()) return;
-    changes.Add(u"omschrijving", description1.Trimmed(), description2.Trimmed());
+    changes.AddDifferent(u"omschrijving", DrawingOf(first).DescriptionBytes(point1).Trimmed(),
+                         DrawingOf(second).DescriptionBytes(point2).Trimmed());
 }
 
 void CompareSegments(const ComparedDrawing& first, const ComparedObject& one, const ComparedDrawing& second,
                      const ComparedObject& other, ChangeList& changes) {
-    const auto& type1 = DrawingOf(first).LineType(DrawingOf(first).Edges[one.index]);
-    const auto& type2 = DrawingOf(second).LineType(DrawingOf(second).Edges[other.index]);
-    if (one.content != other.content) changes.Add(u"lijntype", type1.Trimmed(), type2.Trimmed());
+    const auto typeOf = [](const Drawing& drawing, std::int32_t index) {
+        return drawing.LineTypeBytes(drawing.Edges[index]).Trimmed();
+    };
+    changes.AddDifferent(u"lijntype", typeOf(DrawingOf(first), one.index), typeOf(DrawingOf(second), other.index));
     if (one.isReversed != other.isReversed) changes.Add(u"in omgekeerde volgorde");
 }
 
@@ -98,11 +100,10 @@ void CompareTexts(const ComparedDrawing& first, const ComparedObject& one, const
                   const ComparedObject& other, ChangeList& changes) {
     const TextRec& text1 = DrawingOf(first).Texts[one.index];
     const TextRec& text2 = DrawingOf(second).Texts[other.index];
-    const auto& characters1 = text1.Characters();
-    const auto& characters2 = text2.Characters();
-    if (one.content != other.content) {
-        changes.Add(u"tekst", Concat(u"\"", characters1.Trimmed(), u"\""), Concat(u"\"", characters2.Trimmed(), u"\""));
-    }
+    const auto quoted = [](const TextRec& text) {
+        return Concat(u"\"", FromWindows1252(text.CharacterBytes().Trimmed()), u"\"");
+    };
+    if (one.content != other.content) changes.Add(u"tekst", quoted(text1), quoted(text2));
     CompareDirections(one.direction, other.direction, changes);
     if (!IsFromIdex(first) || !IsFromIdex(second) || text1.AnchorPosition == text2.AnchorPosition) return;
     changes.Add(u"ankerpositie", Concat(text1.AnchorPosition), Concat(text2.AnchorPosition));
@@ -151,11 +152,11 @@ Text ChangesOfVertex(const std::vector<Text>& first, const std::vector<Text>& se
 
 Text ChangesOfLine(const Drawing& first, const LineRec& one, const Drawing& second, const LineRec& other) {
     ChangeList changes;
-    const auto& description1 = first.Description(one);
-    const auto& description2 = second.Description(other);
-    const Text shown1(description1.NeverFilled() ? TextView() : description1.Trimmed());
-    const Text shown2(description2.NeverFilled() ? TextView() : description2.Trimmed());
-    if (shown1 != shown2) changes.Add(u"omschrijving", shown1, shown2);
+    const auto shown = [](const Drawing& drawing, const LineRec& line) {
+        const auto& description = drawing.DescriptionBytes(line);
+        return description.NeverFilled() ? std::string_view() : description.Trimmed();
+    };
+    changes.AddDifferent(u"omschrijving", shown(first, one), shown(second, other));
     if (one.Flags1 != other.Flags1) changes.Add(u"vlaggen 1", Concat(one.Flags1), Concat(other.Flags1));
     if (one.Flags2 != other.Flags2) changes.Add(u"vlaggen 2", Concat(one.Flags2), Concat(other.Flags2));
     return changes.Taken();

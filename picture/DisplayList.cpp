@@ -75,8 +75,7 @@ class Maker {
     void AddText(std::int32_t index) {
         const TextRec& text = drawing.Texts[index];
         const std::int32_t anchor = drawing.PointIndex.Find(text.AnchorPointNo);
-        const auto& characters = text.Characters();
-        const std::size_t length = characters.Trimmed().size();
+        const std::size_t length = text.CharacterBytes().Trimmed().size();
         if (anchor == 0) {
             ++list.notShown;
             return;
@@ -92,7 +91,7 @@ class Maker {
         const std::int16_t position = text.AnchorPosition;
         list.texts.push_back({.at = *place,
                               .direction = text.HzDirection,
-                              .code = codes.TextCode(drawing.Code(text)),
+                              .code = codes.CodeOf(text),
                               .index = index,
                               .length = static_cast<std::uint16_t>(length),
                               .position = static_cast<std::uint8_t>(position >= 1 && position <= 9 ? position : 0)});
@@ -104,7 +103,7 @@ class Maker {
         if (textAt.empty() || segments.size() != 1) return false;
         const std::int32_t start = drawing.Edges[segments.front()].StartPt;
         const std::int32_t text = IsPoint(drawing, start) ? textAt[static_cast<std::size_t>(start)] : 0;
-        return text != 0 && drawing.Code(drawing.Texts[text]) == drawing.Code(drawing.Lines[lineNo]);
+        return text != 0 && drawing.CodeBytes(drawing.Texts[text]) == drawing.CodeBytes(drawing.Lines[lineNo]);
     }
 
     void AddLines() {
@@ -175,7 +174,7 @@ class Maker {
         CloseLine();
         pieces = 0;
         list.lines.push_back({.firstPlace = static_cast<std::uint32_t>(list.places.size()),
-                              .code = codes.LineCode(drawing.Code(drawing.Lines[lineNo])),
+                              .code = codes.CodeOf(drawing.Lines[lineNo]),
                               .lineNo = lineNo});
     }
 
@@ -253,7 +252,7 @@ class Maker {
             const PointRec& point = drawing.Points[index];
             const bool isPartOfOther = isUsed[static_cast<std::size_t>(index)];
             if (isPartOfOther && !isFromIdex) continue;
-            const std::uint32_t code = codes.PointCode(drawing.Code(point));
+            const std::uint32_t code = codes.CodeOf(point);
             if (isPartOfOther && !list.codes[code].isWritten) continue;
             const auto place = PlaceOf(point);
             if (!place) {

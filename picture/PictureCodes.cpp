@@ -28,11 +28,12 @@ bool IsWritten(char16_t table, TextView type) {
 }  // namespace
 
 PictureCodes::PictureCodes(Translation& translation, std::vector<PictureCode>& itsList)
-    : list(itsList),
+    : drawing(translation.drawing),
+      list(itsList),
       isFromIdex(translation.mode.direction == Direction::FromIdex),
-      points{&translation.codes.points, {}, {}},
-      lines{&translation.codes.lines, {}, {}},
-      texts{&translation.codes.texts, {}, {}} {
+      points{&translation.codes.points, std::vector<std::uint32_t>(drawing.PointKinds.Count())},
+      lines{&translation.codes.lines, std::vector<std::uint32_t>(drawing.LineKinds.Count())},
+      texts{&translation.codes.texts, std::vector<std::uint32_t>(drawing.TextCodes.Count())} {
     if (!isFromIdex) TakeUnknowns(translation);
 }
 
@@ -42,32 +43,29 @@ void PictureCodes::TakeUnknowns(Translation& translation) {
     for (const UnknownCodeRec& unknown : translation.unknowns.Entries()) {
         const TextView key = unknown.Code.View();
         Table& table = key[0] == points.table->letter ? points : key[0] == lines.table->letter ? lines : texts;
-        table.unknowns.emplace(key.substr(1));
+        table.unknowns.insert(ToWindows1252(key.substr(1)));
     }
 }
 
-std::uint32_t PictureCodes::CodeOf(Table& table, const CodeKey& code) {
-    if (table.hasLast && table.last == code) return table.lastFound;
-    const auto [entry, isNew] = table.found.try_emplace(Text(code.View()), static_cast<std::uint32_t>(list.size()));
+std::uint32_t PictureCodes::FindOrAdd(Table& table, const CodeBytes& code) {
+    const auto [entry, isNew] =
+        table.found.try_emplace(std::string(code.View()), static_cast<std::uint32_t>(list.size()));
     if (isNew) list.push_back(Describe(table, code));
-    table.hasLast = true;
-    table.last = code;
-    table.lastFound = entry->second;
-    return table.lastFound;
+    return entry->second;
 }
 
-PictureCode PictureCodes::Describe(const Table& table, const CodeKey& code) const {
+PictureCode PictureCodes::Describe(const Table& table, const CodeBytes& code) const {
     PictureCode described;
     described.table = table.table->letter;
-    if (!code.NeverFilled()) described.code = Text(code.TrimmedRight());
+    if (!code.NeverFilled()) described.code = FromWindows1252(code.TrimmedRight());
     if (described.table == u'T' && code.View().front() == lkiCodeMark) {
-        described.lkiCode = Text(TrimRight(code.View().substr(1)));
+        described.lkiCode = FromWindows1252(TrimRight(code.View().substr(1)));
         described.description = u"Tekst uit de punten";
         described.isKnown = described.isWritten = true;
         return described;
     }
-    const std::int32_t row = FindLiscadCode(*table.table, code);
-    described.isKnown = isFromIdex ? row > 0 : !table.unknowns.contains(Text(code.View()));
+    const std::int32_t row = FindLiscadCode(*table.table, code.Wide());
+    described.isKnown = isFromIdex ? row > 0 : !table.unknowns.contains(std::string(code.View()));
     if (table.table->rows.empty()) return described;
     const CodeRow& entry = table.table->rows[described.isKnown ? static_cast<std::size_t>(row) : 0];
     // A code that the reader made itself, such as that of a text's places, has no row.

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "core/Digits.h"
 #include "core/LineWriter.h"
 #include "core/Picture.h"
 #include "picture/TextLayout.h"
@@ -12,13 +13,7 @@ namespace korvande {
 
 namespace {
 
-constexpr std::size_t roomForPlace = 32;
-
-char* PutDigits(char* at, std::uint64_t number) noexcept {
-    const std::size_t count = DigitCount(number);
-    WriteDigitsBackwards(at + count, number);
-    return at + count;
-}
+constexpr std::size_t roomForPlace = 24 + roomBehindDigits;
 
 // A whole number of 10^decimals as a decimal, without zeros behind its last digit.
 char* PutDecimal(char* at, std::int64_t scaled, int decimals) noexcept {
@@ -30,7 +25,7 @@ char* PutDecimal(char* at, std::int64_t scaled, int decimals) noexcept {
     }
     std::uint64_t unit = 1;
     for (int i = 0; i < decimals; ++i) unit *= 10;
-    at = PutDigits(at, size / unit);
+    at = WriteWhole(at, static_cast<std::int64_t>(size / unit));
     if (decimals == 0) return at;
     *at++ = '.';
     std::uint64_t rest = size % unit;
