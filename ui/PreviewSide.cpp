@@ -23,6 +23,8 @@ PreviewSide::PreviewSide(wxWindow* parent, bool compares)
                             wxTE_MULTILINE | wxTE_READONLY)) {
     const int narrow = FromDIP(narrowSpace);
     object->SetName("txtObject");
+    LetShrink(*codes);
+    LetShrink(*differences);
     codes->Show(!compares);
     differences->Show(compares);
     auto* const column = new wxBoxSizer(wxVERTICAL);
@@ -78,6 +80,7 @@ void PreviewSide::ShowCounts(const PreviewDifferences& counted) {
         kinds[place]->SetLabel(ToWx(Concat(kindCaptions[place], u" (", count, u")")));
         kinds[place]->Enable(count > 0);
     }
+    InvalidateBestSize();
     Layout();
 }
 

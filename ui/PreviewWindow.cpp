@@ -39,7 +39,7 @@ PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrd
     : wxFrame(parent, wxID_ANY, ToWx(TitleOf(itsOrder))),
       form(itsForm),
       order(std::move(itsOrder)),
-      content(new wxPanel(this)),
+      content(MakeContent(this)),
       splitter(new wxSplitterWindow(content, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
       side(new PreviewSide(splitter, !order.output.empty())),
       view(new DrawingView(splitter)),
@@ -55,18 +55,15 @@ PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrd
     side->MoveAfterInTabOrder(view);
     splitter->SetMinimumPaneSize(FromDIP(150));
     splitter->SetSashGravity(1);
-    splitter->SplitVertically(view, side, -FromDIP(400));
+    view->SetMinSize(FromDIP(wxSize(240, 160)));
+    splitter->SplitVertically(view, side, -std::max(FromDIP(400), WidthOfSide()));
     column->Add(splitter, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP, narrow));
     column->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxALL, narrow));
     content->SetSizer(column);
     wxStatusBar* const bar = CreateStatusBar(2);
     const std::array<int, 2> widths = {-3, -2};
     bar->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
-    auto* const whole = new wxBoxSizer(wxVERTICAL);
-    whole->Add(content, wxSizerFlags(1).Expand());
-    SetSizer(whole);
-    SetMinClientSize(FromDIP(wxSize(480, 320)));
-    SetClientSize(FromDIP(wxSize(1100, 700)));
+    FitContent(*this, *content, wxSize(1100, 700));
     CentreOnParent();
     place = std::make_unique<KeptPlace>(*this, u"PreviewPlace");
     BindEvents();
@@ -80,6 +77,9 @@ PreviewWindow::~PreviewWindow() {
     timer.Stop();
     DestroyChildren();
 }
+
+// What the side takes to be seen whole, with the sash.
+int PreviewWindow::WidthOfSide() const { return side->GetBestSize().x + splitter->GetSashSize(); }
 
 wxSizer* PreviewWindow::MakeReading() {
     progress = new wxPanel(content);
@@ -176,7 +176,7 @@ void PreviewWindow::LookAtReading() {
 void PreviewWindow::ShowRead() {
     const bool wasShown = view->HasDrawing();
     progress->Hide();
-    content->Layout();
+    content->FitInside();
     const auto sourceOf = [](const ShownDrawing& drawing) {
         return FrameSource{&drawing.translation.drawing, &drawing.list, &drawing.index};
     };
@@ -190,6 +190,7 @@ void PreviewWindow::ShowRead() {
         differences = PreviewDifferences(preview->comparison);
         side->Differences().ShowDifferences(&differences);
         side->ShowCounts(differences);
+        if (side->GetSize().x < side->GetBestSize().x) splitter->SetSashPosition(-WidthOfSide());
         shown = differences.Shown(marks);
     }
     const PictureView before = view->View();
@@ -204,7 +205,7 @@ void PreviewWindow::ShowFailure(const Text& failure) {
     status->SetLabelText(ToWx(failure));
     status->SetForegroundColour(WarningColour());
     FindWindow("cmdStopReading")->Hide();
-    content->Layout();
+    content->FitInside();
 }
 
 void PreviewWindow::Pick(PicturePlace at, double reach) {
@@ -358,7 +359,7 @@ void PreviewWindow::LookAt(const UnknownCode& code) {
 void PreviewWindow::ReadAgain() {
     if (IsReading() || !TakeSettings(form, order)) return;
     progress->Show();
-    content->Layout();
+    content->FitInside();
     Select({});
     BeginReading();
 }

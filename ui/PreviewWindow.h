@@ -3,6 +3,7 @@
 #include <wx/frame.h>
 #include <wx/gauge.h>
 #include <wx/panel.h>
+#include <wx/scrolwin.h>
 #include <wx/splitter.h>
 #include <wx/stattext.h>
 #include <wx/timer.h>
@@ -47,6 +48,7 @@ class PreviewWindow : public wxFrame {
     const PreviewCodes& Codes() const noexcept { return codes; }
 
  private:
+    int WidthOfSide() const;
     wxSizer* MakeReading();
     wxSizer* MakeButtons();
     void Add(wxSizer* row, wxWindow* parent, const char* name, TextView caption, TextView tip,
@@ -79,7 +81,7 @@ class PreviewWindow : public wxFrame {
     FrameMarks marks;  // for each difference
     std::optional<PictureRef> selected;
     std::optional<std::size_t> selectedDifference;  // its row
-    wxPanel* content;
+    wxScrolledWindow* content;
     wxSplitterWindow* splitter;
     PreviewSide* side;
     DrawingView* view;

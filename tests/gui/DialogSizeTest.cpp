@@ -5,8 +5,10 @@
 #include <wx/display.h>
 #include <wx/dnd.h>
 
+#include <functional>
+
 #include "tests/gui/Layout.h"
-#include "tests/gui/TranslationFixture.h"
+#include "tests/gui/PreviewFixture.h"
 
 // The windows and dialogs beside the main one, with a text of any size.
 namespace korvande::testing {
@@ -15,7 +17,7 @@ namespace {
 
 using ::testing::IsEmpty;
 
-class DialogSizeTest : public TranslationFixture {
+class DialogSizeTest : public PreviewFixture {
  protected:
     static void ExpectWholeOnTheDisplay(const wxWindow& shown) {
         const std::string name = shown.GetName().utf8_string();
@@ -38,14 +40,17 @@ class DialogSizeTest : public TranslationFixture {
 
     // The same of the dialog that a button opens.
     void ExpectWholeDialog(const char* button) {
+        ExpectWholeDialog([this, button] { Press(button); });
+    }
+    void ExpectWholeDialog(const std::function<void()>& open) {
         int looks = 0;
         dialogs.onDialog = [&looks](wxDialog& dialog) {
             ++looks;
             ExpectWholeOnTheDisplay(dialog);
             dialog.EndModal(wxID_CANCEL);
         };
-        Press(button);
-        EXPECT_EQ(looks, 1) << button;
+        open();
+        EXPECT_EQ(looks, 1);
         dialogs.onDialog = {};
     }
 };
@@ -74,6 +79,22 @@ TEST_F(DialogSizeTest, NothingIsCutInTheCheck) {
     Open();
     Press("cmdCheck");
     ExpectWholeBeside("frmCheck");
+}
+
+TEST_F(DialogSizeTest, NothingIsCutInThePreviewAndItsDialogs) {
+    Open();
+    ShowPreview(Street());
+    ExpectWholeOnTheDisplay(*Preview());
+    ExpectWholeDialog([] { PressHere("cmdPreviewUnknown"); });
+    ExpectWholeDialog([] { PressHere("cmdPrintPreview"); });
+}
+
+TEST_F(DialogSizeTest, NothingIsCutInTheComparison) {
+    Open();
+    Press("cmdStart");
+    Press("cmdCompare");
+    WaitForDrawing();
+    ExpectWholeOnTheDisplay(*Preview());
 }
 
 TEST_F(DialogSizeTest, NothingIsCutInABatchAndItsOutcomes) {
