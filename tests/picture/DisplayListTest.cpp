@@ -151,6 +151,23 @@ TEST_F(DisplayLists, OfAnExchangeFileOnlyItsOwnObjectsAreShown) {
     }
 }
 
+TEST_F(DisplayLists, UnknownCodesOfAnExchangeFileStayApart) {
+    options.chkExportUnknowns = true;
+    TranslateFiles(BeginInMemory(idexToNen, Idex({.points = "1,\"\",1,1,\"EEN\",0,\"\"\n2,\"\",2,1,\"TWEE\",0,\"\"\n",
+                                                  .lines = "1,\"DRIE\",0\n2,\"VIER\",0\n",
+                                                  .edges = "1,1,2,STRAIGHT\n2,2,1,STRAIGHT\n"})));
+    // The code that the first of each was written with becomes another one.
+    std::string exchange = last->outputBytes;
+    for (const auto& [code, other] : {std::pair("MQ20", "MQ29"), std::pair("MQ00", "MQ09")}) {
+        const std::size_t place = exchange.find(code);
+        ASSERT_NE(place, std::string::npos) << code;
+        exchange.replace(place, 4, other);
+    }
+    const DisplayList list = Picture(nenToIdex, exchange);
+    EXPECT_EQ(PointsOf(list), "Q29 Plain 1.000 1.000 0 unknown\nQ20 Plain 2.000 1.000 0 unknown\n");
+    EXPECT_EQ(LinesOf(list), "Q09 1: M 1.000 1.000 L 2.000 1.000\nQ00 2: M 2.000 1.000 L 1.000 1.000\n");
+}
+
 TEST_F(DisplayLists, NothingIsCountedInTheCodeTables) {
     Picture({.points = "1,\"\",1,1,\"BOOM\",0,\"\"\n", .lines = "1,\"MUUR\",0\n", .edges = "1,1,1,STRAIGHT\n"});
     for (const CodeTable* table : {&last->codes.points, &last->codes.lines, &last->codes.texts}) {
