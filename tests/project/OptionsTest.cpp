@@ -118,7 +118,7 @@ TEST_F(OptionsTest, EveryOptionHasAKeyOfItsOwnInItsSection) {
         EXPECT_TRUE(keys.insert(ToCapitals(KeyOf(option))).second) << KeyOf(option);
         EXPECT_EQ(option.section.empty(), option.kind == OptionKind::PerUser) << KeyOf(option);
     }
-    EXPECT_EQ(keys.size(), 33U);
+    EXPECT_EQ(keys.size(), 34U);
 }
 
 TEST_F(OptionsTest, EveryOptionHasAPlaceOfItsOwn) {
