@@ -41,6 +41,11 @@ void PrintDifference(const Difference& difference) {
     PrintLine(Concat(kind, SentenceOf(difference)));
 }
 
+// What a damaged file has lost may be a difference.
+bool WasReadWhole(const Translation& translation) {
+    return translation.problems.errors == 0 && !translation.problems.HasDamage();
+}
+
 }  // namespace
 
 int CompareDrawings(const CompareOptions& options) {
@@ -62,7 +67,8 @@ int CompareDrawings(const CompareOptions& options) {
     const Comparison comparison = Compare(first, second);
     PrintCounts(comparison);
     if (comparison.AreEqual()) {
-        PrintLine(u"Geen verschillen.");
+        const bool isWhole = WasReadWhole(first) && WasReadWhole(second);
+        PrintLine(isWhole ? u"Geen verschillen." : u"Geen verschillen in wat er te lezen is.");
         return status::done;
     }
     PrintLine(u"Verschillen:");

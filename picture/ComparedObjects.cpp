@@ -32,7 +32,7 @@ class Collector {
           codes(itsTranslation, objects.codes),
           isFromIdex(itsTranslation.mode.direction == Direction::FromIdex),
           isUsed(static_cast<std::size_t>(drawing.Points.UpperBound()) + 1),
-          isCentre(isUsed.size()) {}
+          isEnd(isUsed.size()) {}
 
     ComparedObjects Collect() {
         AddTexts();
@@ -48,6 +48,8 @@ class Collector {
     void Use(std::int32_t point) {
         if (IsPoint(point)) isUsed[static_cast<std::size_t>(point)] = true;
     }
+
+    void EndAt(std::int32_t point) { isEnd[static_cast<std::size_t>(point)] = true; }
 
     ComparedPlace PlaceOf(std::int32_t point) const {
         const PointRec& record = drawing.Points[point];
@@ -74,9 +76,11 @@ class Collector {
                                   .content = HashOf(text.CharacterBytes().Trimmed()),
                                   .direction = text.HzDirection};
             object.refersToNothing = anchor == 0;
+            if (isFromIdex) object.detail = static_cast<std::uint64_t>(text.AnchorPosition);
             if (anchor != 0) {
                 object.place = PlaceOf(anchor);
                 Use(anchor);
+                EndAt(anchor);
                 textAt.resize(isUsed.size());
                 textAt[static_cast<std::size_t>(anchor)] = index;
             }
@@ -111,9 +115,43 @@ class Collector {
                 Use(drawing.Edges[segment].EndPt);
             }
             if (IsPlacement(segments, lineNo)) continue;
-            ++objects.lineStrings;
-            AddPieces(segments, shared);
+            AddLineString(segments, shared, DetailOf(line));
         }
+    }
+
+    // What only IDEX tells of a line string.
+    std::uint64_t DetailOf(const LineRec& line) const {
+        if (!isFromIdex) return 0;
+        const std::uint64_t flags =
+            static_cast<std::uint64_t>(line.Flags1) << 32 ^ static_cast<std::uint32_t>(line.Flags2);
+        return Mixed(HashOf(drawing.DescriptionBytes(line).Trimmed()), flags);
+    }
+
+    // Of its segments and arcs each has the mark of the whole, so that where two line strings share one, that of each
+    // is found again in the other drawing.
+    void AddLineString(std::span<const std::int32_t> segments, std::uint32_t code, std::uint64_t detail) {
+        constexpr std::array lineKinds = {ComparedKind::Segment, ComparedKind::Arc, ComparedKind::Circle};
+        std::array<std::size_t, lineKinds.size()> begins{};
+        for (std::size_t i = 0; i < lineKinds.size(); ++i) begins[i] = objects[lineKinds[i]].size();
+        AddPieces(segments, code);
+        // Their order makes no difference.
+        for (std::size_t i = 0; i < lineKinds.size(); ++i) {
+            const auto& kind = objects[lineKinds[i]];
+            for (std::size_t at = begins[i]; at < kind.size(); ++at) detail += MarkOf(kind[at]);
+        }
+        for (std::size_t i = 0; i < lineKinds.size(); ++i) {
+            auto& kind = objects[lineKinds[i]];
+            for (std::size_t at = begins[i]; at < kind.size(); ++at) kind[at].detail = detail;
+        }
+    }
+
+    static std::uint64_t MarkOf(const ComparedObject& object) {
+        std::uint64_t hash = object.content;
+        for (const std::int64_t part : {object.place.east, object.place.north, object.place.otherEast,
+                                        object.place.otherNorth, object.centreEast, object.centreNorth}) {
+            hash = Mixed(hash, static_cast<std::uint64_t>(part));
+        }
+        return hash;
     }
 
     void AddPieces(std::span<const std::int32_t> segments, std::uint32_t code) {
@@ -133,7 +171,11 @@ class Collector {
         const EdgeRec& edge = drawing.Edges[index];
         ComparedObject object{.code = code, .index = index, .content = HashOf(drawing.LineTypeBytes(edge).Trimmed())};
         object.refersToNothing = !IsPoint(edge.StartPt) || !IsPoint(edge.EndPt);
-        if (!object.refersToNothing) object.isReversed = PlaceBetween(edge.StartPt, edge.EndPt, object.place);
+        if (!object.refersToNothing) {
+            object.isReversed = PlaceBetween(edge.StartPt, edge.EndPt, object.place);
+            EndAt(edge.StartPt);
+            EndAt(edge.EndPt);
+        }
         objects[ComparedKind::Segment].push_back(object);
     }
 
@@ -141,7 +183,8 @@ class Collector {
         ComparedObject object{.code = code, .index = index};
         const ComparedPlace centre = PlaceOf(piece.centre);
         const bool isCircle = piece.kind == LinePieceKind::Circle;
-        isCentre[static_cast<std::size_t>(piece.centre)] = true;
+        EndAt(piece.start);
+        EndAt(piece.end);
         if (isCircle) {
             object.place = PlaceOf(piece.start);
         } else {
@@ -176,14 +219,16 @@ class Collector {
                 isObject = isObject || objects.codes[code].isWritten;
             }
             const ComparedPlace place = PlaceOf(index);
-            const bool isPlace = isPartOfOther && !isObject && !isCentre[static_cast<std::size_t>(index)];
-            objects.vertices.push_back({place.east, place.north, isPlace, index});
+            const bool isOnlyPart = isPartOfOther && !isObject;
+            const bool isPlace = isOnlyPart && isEnd[static_cast<std::size_t>(index)];
+            objects.vertices.push_back({place.east, place.north, isPlace, isOnlyPart && !isPlace, index});
             if (!isObject) continue;
             objects[ComparedKind::Point].push_back(
                 {.place = place,
                  .code = code,
                  .index = index,
                  .content = Mixed(HashOf(point.PointIDBytes().Trimmed()), static_cast<std::uint64_t>(HeightOf(point))),
+                 .detail = isFromIdex ? HashOf(drawing.DescriptionBytes(point).Trimmed()) : 0,
                  .direction = static_cast<float>(point.SymDir)});
         }
     }
@@ -193,7 +238,7 @@ class Collector {
     PictureCodes codes;
     bool isFromIdex;
     std::vector<bool> isUsed;          // by point: a line string or a text refers to it
-    std::vector<bool> isCentre;        // of an arc or circle, whose name and height belong to no place of it
+    std::vector<bool> isEnd;           // and it is no mere centre, whose name and height belong to no place of a line
     std::vector<std::int32_t> textAt;  // by point: the text that hangs on it
 };
 

@@ -35,8 +35,10 @@ struct ComparedObject {
     std::int64_t centreEast = 0;  // of an arc or circle, millimetres
     std::int64_t centreNorth = 0;
     std::uint64_t content = 0;  // a hash of what it says: characters, name and height, line type, turning direction
-    float direction = 0;        // grads, of a point or text
-    bool isReversed = false;    // its ends were exchanged
+    std::uint64_t detail =
+        0;                // a hash by which equal ones are told apart: of a line its line string, else what IDEX adds
+    float direction = 0;  // grads, of a point or text
+    bool isReversed = false;  // its ends were exchanged
     bool refersToNothing = false;
 };
 
@@ -44,7 +46,8 @@ struct ComparedObject {
 struct ComparedVertex {
     std::int64_t east = 0;
     std::int64_t north = 0;
-    bool isPlace = false;    // a line string or a text refers to it, and it is no object of its own
+    bool isPlace = false;    // a line string ends or a text hangs there, and it is no object of its own
+    bool isCentre = false;   // it is nothing but the centre of an arc or circle
     std::int32_t point = 0;  // index
 
     auto operator<=>(const ComparedVertex&) const = default;
@@ -55,7 +58,6 @@ struct ComparedObjects {
     std::array<std::vector<ComparedObject>, comparedKinds> kinds;  // line strings: those without segments
     std::vector<ComparedVertex> vertices;                          // all points
     std::vector<std::uint32_t> codeOfLine;                         // by line number
-    std::int64_t lineStrings = 0;                                  // with segments
 
     std::vector<ComparedObject>& operator[](ComparedKind kind) noexcept {
         return kinds[static_cast<std::size_t>(kind)];

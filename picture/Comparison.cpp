@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <utility>
 
 #include "core/Picture.h"
@@ -58,8 +59,10 @@ std::int32_t InputLineOf(const Drawing& drawing, ComparedKind kind, std::int32_t
     }
 }
 
+bool IsPoint(const Drawing& drawing, std::int32_t point) { return point >= 1 && point <= drawing.Points.UpperBound(); }
+
 Position MetresOf(const Drawing& drawing, std::int32_t point) {
-    if (point < 1 || point > drawing.Points.UpperBound()) return {};
+    if (!IsPoint(drawing, point)) return {};
     return {drawing.Points[point].East, drawing.Points[point].North};
 }
 
@@ -114,6 +117,8 @@ class Comparer {
                 linePairs.emplace_back(Drawing1().Edges[one.index].LineNo, Drawing2().Edges[other.index].LineNo);
             }
         }
+        objects1[kind] = {};
+        objects2[kind] = {};
     }
 
     void CompareMatched(ComparedKind kind, const ComparedObject& one, const ComparedObject& other) {
@@ -171,16 +176,21 @@ class Comparer {
                 break;
             case ComparedKind::TextObject: {
                 const TextRec& text = drawing.Texts[object.index];
-                difference.place = MetresOf(drawing, drawing.PointIndex.Find(text.AnchorPointNo));
+                const std::int32_t anchor = drawing.PointIndex.Find(text.AnchorPointNo);
+                difference.place = MetresOf(drawing, anchor);
+                difference.hasPlace = IsPoint(drawing, anchor);
                 if (difference.what.empty()) {
                     difference.what = Concat(u"\"", FromWindows1252(text.CharacterBytes().Trimmed()), u"\"");
                 }
                 break;
             }
-            case ComparedKind::Segment:
-                difference.place = MetresOf(drawing, drawing.Edges[object.index].StartPt);
-                difference.end = MetresOf(drawing, drawing.Edges[object.index].EndPt);
+            case ComparedKind::Segment: {
+                const EdgeRec& edge = drawing.Edges[object.index];
+                difference.place = MetresOf(drawing, edge.StartPt);
+                difference.end = MetresOf(drawing, edge.EndPt);
+                difference.hasPlace = IsPoint(drawing, edge.StartPt) && IsPoint(drawing, edge.EndPt);
                 break;
+            }
             case ComparedKind::Arc:
             case ComparedKind::Circle: {
                 const auto metres = [](std::int64_t millimetres) { return static_cast<double>(millimetres) / 1000; };
@@ -278,7 +288,7 @@ class Comparer {
     using Vertices = std::span<const ComparedVertex>;
 
     void CompareVertex(Vertices points1, Vertices points2) {
-        const auto isPlace = [](const ComparedVertex& point) { return point.isPlace; };
+        const auto isPlace = [this](const ComparedVertex& point) { return IsPlace(point); };
         const bool is1 = std::any_of(points1.begin(), points1.end(), isPlace);
         const bool is2 = std::any_of(points2.begin(), points2.end(), isPlace);
         if (!is1 && !is2) return;
@@ -313,13 +323,16 @@ class Comparer {
         return HeightOf(point) == 0 ? Text() : FromUtf8(FormatPicture(point.Elevation, "0.000"));
     }
 
-    static PlaceTexts TextsAt(const Drawing& drawing, Vertices points, Text (*textOf)(const PointRec&)) {
+    // The exchange formats have no names and heights of centres.
+    bool IsPlace(const ComparedVertex& point) const { return point.isPlace || (point.isCentre && AreBothFromIdex()); }
+
+    PlaceTexts TextsAt(const Drawing& drawing, Vertices points, Text (*textOf)(const PointRec&)) const {
         PlaceTexts texts;
         for (const ComparedVertex& point : points) {
             const Text text = textOf(drawing.Points[point.point]);
             if (text.empty()) continue;
             texts.all.push_back(text);
-            if (point.isPlace) texts.own.push_back(text);
+            if (IsPlace(point)) texts.own.push_back(text);
         }
         return texts;
     }
@@ -327,10 +340,10 @@ class Comparer {
     // What of each the other one has not, at an object there either.
     static Text ChangesOf(const PlaceTexts& texts1, const PlaceTexts& texts2, TextView what) {
         const auto without = [](const std::vector<Text>& texts, const std::vector<Text>& others) {
+            std::set<TextView> there(others.begin(), others.end());
             std::vector<Text> rest;
             for (const Text& text : texts) {
-                const bool isThere = std::find(others.begin(), others.end(), text) != others.end();
-                if (!isThere && std::find(rest.begin(), rest.end(), text) == rest.end()) rest.push_back(text);
+                if (there.insert(text).second) rest.push_back(text);
             }
             return rest;
         };

@@ -49,8 +49,9 @@ Text TextOfMetres(Position place) {
 Text SentenceOf(const Difference& difference) {
     Text line(NameOf(difference.object));
     if (difference.object != ComparedKind::Vertex) AppendTo(line, Concat(u" '", difference.code, u"'"));
-    if (difference.object != ComparedKind::LineString) AppendTo(line, Concat(u" op ", TextOfMetres(difference.place)));
-    if (difference.object == ComparedKind::Segment || difference.object == ComparedKind::Arc) {
+    const bool hasPlace = difference.hasPlace && difference.object != ComparedKind::LineString;
+    if (hasPlace) AppendTo(line, Concat(u" op ", TextOfMetres(difference.place)));
+    if (hasPlace && (difference.object == ComparedKind::Segment || difference.object == ComparedKind::Arc)) {
         AppendTo(line, Concat(u" naar ", TextOfMetres(difference.end)));
     }
     AppendTo(line, LinesText(difference));

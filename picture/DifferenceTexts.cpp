@@ -141,9 +141,12 @@ Text Changes(const ComparedDrawing& first, const ComparedObject& one, const Comp
 
 Text ChangesOfVertex(const std::vector<Text>& first, const std::vector<Text>& second, TextView what) {
     const auto joined = [](const std::vector<Text>& values) {
+        constexpr std::size_t most = 5;  // that are told one by one
         Text text;
-        for (const Text& value : values) AppendTo(text, Concat(text.empty() ? u"" : u", ", value));
-        return text;
+        for (std::size_t i = 0; i < std::min(values.size(), most); ++i) {
+            AppendTo(text, Concat(text.empty() ? u"" : u", ", values[i]));
+        }
+        return values.size() > most ? Concat(text, u" en nog ", values.size() - most) : text;
     };
     ChangeList changes;
     changes.Add(what, joined(first), joined(second));

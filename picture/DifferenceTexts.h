@@ -20,7 +20,8 @@ struct ComparedDrawing {
 Text Changes(const ComparedDrawing& first, const ComparedObject& one, const ComparedDrawing& second,
              const ComparedObject& other, ComparedKind kind);
 
-// "puntnummer 12, 13 > 12", of names or heights at one place: those that the other one does not have.
+// "puntnummer 12, 13 > 12", of names or heights at one place: those that the other one does not have, the
+// first five of each and how many more.
 Text ChangesOfVertex(const std::vector<Text>& first, const std::vector<Text>& second, TextView what);
 
 // What line strings of which both are whole differ in.

@@ -11,13 +11,25 @@ namespace {
 
 using Places = std::vector<std::uint32_t>;
 
+// What makes two objects at one place alike, from their code on to what they belong to: each of these begins with the
+// next one, so that objects in the order of the first are in the order of all.
+auto AlikeInAll(const ComparedObject& object) {
+    return std::tie(object.shared, object.content, object.direction, object.centreEast, object.centreNorth,
+                    object.isReversed, object.detail);
+}
+auto AlikeInShape(const ComparedObject& object) {
+    return std::tie(object.shared, object.content, object.direction, object.centreEast, object.centreNorth,
+                    object.isReversed);
+}
+auto AlikeInContent(const ComparedObject& object) { return std::tie(object.shared, object.content); }
+
 // Objects in the order in which they are matched: by place, then by what makes them alike.
 Places Sorted(const std::vector<ComparedObject>& objects) {
     Places order(objects.size());
     std::iota(order.begin(), order.end(), 0U);
     const auto key = [&objects](std::uint32_t place) {
         const ComparedObject& object = objects[place];
-        return std::tie(object.place, object.shared, object.content, object.direction);
+        return std::tuple_cat(std::tie(object.place), AlikeInAll(object));
     };
     std::sort(order.begin(), order.end(), [&key](std::uint32_t a, std::uint32_t b) {
         const auto order1 = key(a);
@@ -62,7 +74,9 @@ class Matcher {
     }
 
     void MatchGroup(OtherCode otherCode) {
-        MatchEqual([](const ComparedObject& object) { return std::tie(object.shared, object.content); });
+        MatchEqual(AlikeInAll);
+        MatchEqual(AlikeInShape);
+        MatchEqual(AlikeInContent);
         MatchEqual([](const ComparedObject& object) { return std::tie(object.shared); });
         if (otherCode == OtherCode::SameContent) {
             SortBy([](const ComparedObject& object) { return std::tie(object.content, object.shared); });

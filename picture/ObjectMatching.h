@@ -18,8 +18,9 @@ struct ObjectMatch {
 // is left there, or in any case.
 enum class OtherCode { Never, SameContent, Any };
 
-// Matches objects of one kind, those at the same place: first those equal in code and content, then those of one code,
-// then those of different codes, as far as they may. Whatever is left stands alone.
+// Matches objects of one kind, those at the same place: first those that are equal in everything, then those equal in
+// shape, in code and content, in their code, and then those of different codes, as far as they may. Whatever is left
+// stands alone. Where they stand among the objects makes no difference, but between those that are equal in everything.
 std::vector<ObjectMatch> MatchObjects(const std::vector<ComparedObject>& first,
                                       const std::vector<ComparedObject>& second, OtherCode otherCode);
 

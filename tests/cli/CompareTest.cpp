@@ -88,6 +88,26 @@ TEST_F(CompareCommand, WhatADrawingLosesWhenItIsReadIsTold) {
     EXPECT_TRUE(Has(result.output, "ontbreekt   tekst")) << result.output;
 }
 
+TEST_F(CompareCommand, OfDamagedDrawingsOnlyWhatCanBeReadIsSaidToBeEqual) {
+    folder.Write("half.idx", smallIdex.substr(0, smallIdex.find("  END LINES")));
+    const ProgramResult result = Run({"vergelijk", "half.idx", "half.idx"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(Has(result.output, "\nGeen verschillen in wat er te lezen is.\n")) << result.output;
+}
+
+TEST_F(CompareCommand, TwoDrawingsWithoutObjectsAreEqual) {
+    const std::string empty =
+        "HEADER\r\nEND HEADER\r\nLAYERS (LayerNo,Name)\r\nEND LAYERS\r\nDATABASE\r\nEND DATABASE\r\n";
+    folder.Write("leeg.idx", empty);
+    folder.Write("ookleeg.idx", empty);
+    const ProgramResult equal = Run({"vergelijk", "leeg.idx", "ookleeg.idx"});
+    EXPECT_EQ(equal.status, 0);
+    EXPECT_TRUE(Has(equal.output, "toegevoegd\nGeen verschillen.\n")) << equal.output;
+    const ProgramResult added = Run({"vergelijk", "leeg.idx", "klein.idx"});
+    EXPECT_EQ(added.status, 1);
+    EXPECT_TRUE(Has(added.output, "Punten                    0           0           0           3\n")) << added.output;
+}
+
 }  // namespace
 
 }  // namespace korvande::testing
