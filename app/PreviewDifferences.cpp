@@ -1,8 +1,8 @@
 #include "app/PreviewDifferences.h"
 
 #include <array>
-#include <unordered_map>
 
+#include "core/LinePieces.h"
 #include "picture/DifferenceSentence.h"
 
 namespace korvande {
@@ -12,42 +12,52 @@ namespace {
 constexpr double beside = 20;  // millimetres, of the straight lines that stand for a curve
 constexpr double thin = 1.5;   // of marks that may cover much of a drawing
 
-// The places of line strings among the parts of a picture, by their numbers.
-using LineParts = std::unordered_map<std::int32_t, std::uint32_t>;
-
-LineParts PartsOf(const DisplayList& list) {
-    LineParts parts;
-    for (std::uint32_t part = 0; part < list.lines.size(); ++part) parts.try_emplace(list.lines[part].lineNo, part);
-    return parts;
-}
-
 class Marker {
  public:
     explicit Marker(const ShownDrawing& itsDrawing) : drawing(itsDrawing) {}
 
     Outline OutlineOf(const Difference& difference, std::int32_t index) {
-        const DisplayList& list = drawing.list;
-        if (difference.object == ComparedKind::LineString) return OutlineOfLine(index);
-        const auto from = list.origin.From(difference.place.east, difference.place.north);
-        if (!from) return {};
-        const bool hasEnd = difference.object == ComparedKind::Segment || difference.object == ComparedKind::Arc;
-        const auto to = hasEnd ? list.origin.From(difference.end.east, difference.end.north) : std::nullopt;
-        if (!to) return {{PositionOf(*from)}};
-        return OutlineBetween(list, drawing.index, *from, *to, beside);
+        if (!difference.hasPlace) return {};
+        switch (difference.object) {
+            case ComparedKind::LineString:
+                return OutlineOfLine(drawing.list, index, beside);
+            case ComparedKind::Segment:
+            case ComparedKind::Arc:
+            case ComparedKind::Circle:
+                return OutlineOfPiece(difference, index);
+            default:
+                return OutlineOfPlace(difference);
+        }
     }
 
  private:
-    Outline OutlineOfLine(std::int32_t lineNo) {
-        if (!areKnown) parts = PartsOf(drawing.list);
-        areKnown = true;
-        const auto found = parts.find(lineNo);
-        if (found == parts.end()) return {};
-        return korvande::OutlineOf(drawing.list, {PictureKind::LineString, found->second}, beside);
+    Outline OutlineOfPlace(const Difference& difference) const {
+        const auto place = drawing.list.origin.From(difference.place.east, difference.place.north);
+        return place ? Outline{{PositionOf(*place)}} : Outline();
+    }
+
+    // The index is that of its segment, of an arc or a circle the first one, which ends at the centre.
+    Outline OutlineOfPiece(const Difference& difference, std::int32_t index) {
+        const PictureOrigin& origin = drawing.list.origin;
+        const Drawing& records = drawing.translation.drawing;
+        const EdgeRec& edge = records.Edges[index];
+        const auto from = origin.From(difference.place.east, difference.place.north);
+        const auto to = origin.From(difference.end.east, difference.end.north);
+        if (!from || !to) return OutlineOfPlace(difference);
+        if (difference.object == ComparedKind::Segment) {
+            const bool isCurve = records.LineTypeBytes(edge).View().starts_with("CURVE_");
+            return isCurve ? curves.Between(drawing.list, edge.LineNo, *from, *to, beside)
+                           : Outline{{PositionOf(*from), PositionOf(*to)}};
+        }
+        const PointRec& middle = records.Points[edge.EndPt];
+        const auto centre = origin.From(middle.East, middle.North);
+        if (!centre) return OutlineOfPlace(difference);
+        const bool isAnticlockwise = (records.Lines[edge.LineNo].Flags1 & anticlockwiseFlag) != 0;
+        return OutlineOfArc(*from, *centre, *to, isAnticlockwise, beside);
     }
 
     const ShownDrawing& drawing;
-    LineParts parts;
-    bool areKnown = false;
+    CurveOutlines curves;
 };
 
 void MoveTo(const PictureOrigin& target, const PictureOrigin& origin, Outline& outline) {

@@ -76,7 +76,7 @@ struct DisplayList {
     PictureBox extent;
     std::vector<PictureCode> codes;
     std::vector<PicturePoint> points;
-    std::vector<PictureLine> lines;
+    std::vector<PictureLine> lines;    // by their numbers, the parts of each in their order
     std::vector<PicturePlace> places;  // of all line strings
     std::vector<PictureStep> steps;    // what each place is
     std::vector<PictureText> texts;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
+#include <utility>
 
 #include "core/modAzimuth.h"
 #include "picture/TextLayout.h"
@@ -44,8 +44,16 @@ struct OutlineVisitor {
     }
 };
 
-// The parts of a line string follow each other.
-Outline OutlineOfLine(const DisplayList& list, std::uint32_t part, double beside) {
+// The first part of a line string, or where it would be: they stand by their numbers.
+std::uint32_t FirstPartOf(const DisplayList& list, std::int32_t lineNo) {
+    const auto part =
+        std::lower_bound(list.lines.begin(), list.lines.end(), lineNo,
+                         [](const PictureLine& line, std::int32_t number) { return line.lineNo < number; });
+    return static_cast<std::uint32_t>(part - list.lines.begin());
+}
+
+// Of the line string that a part belongs to; its parts follow each other.
+Outline OutlineFrom(const DisplayList& list, std::uint32_t part, double beside) {
     const std::int32_t lineNo = list.lines[part].lineNo;
     const auto isResumed = [&](std::size_t place) {
         return list.steps[list.lines[place].firstPlace] == PictureStep::Resume;
@@ -75,42 +83,23 @@ Outline OutlineOfText(const PictureText& text) {
              corner(frame.left, frame.bottom)}};
 }
 
-bool AreNear(PicturePlace one, PicturePlace other) noexcept {
-    return std::abs(std::int64_t{one.east} - other.east) <= 1 && std::abs(std::int64_t{one.north} - other.north) <= 1;
-}
-
-// Keeps the piece that joins two places, as it goes.
-struct PieceVisitor {
-    PicturePlace from;
-    PicturePlace to;
-    double beside = 0;
-    Outline found{};
+// Keeps the curves of a line string.
+struct CurveCollector {
+    std::vector<PictureCurve>& curves;
     PicturePlace last{};
 
-    bool IsIt(PicturePlace end) const {
-        return found.empty() &&
-               ((AreNear(last, from) && AreNear(end, to)) || (AreNear(last, to) && AreNear(end, from)));
-    }
-    template <class Draw>
-    void Take(PicturePlace end, Draw draw) {
-        if (IsIt(end)) {
-            OutlineVisitor visitor{found, beside};
-            visitor.Begin(last, false);
-            draw(visitor);
-        }
-        last = end;
-    }
     void Begin(PicturePlace place, bool) { last = place; }
-    void Straight(PicturePlace end) {
-        Take(end, [&](OutlineVisitor& visitor) { visitor.Straight(end); });
-    }
-    void ArcTo(PicturePlace centre, PicturePlace end, bool isAnticlockwise) {
-        Take(end, [&](OutlineVisitor& visitor) { visitor.ArcTo(centre, end, isAnticlockwise); });
-    }
-    void CurveTo(PicturePlace first, PicturePlace second, PicturePlace end) {
-        Take(end, [&](OutlineVisitor& visitor) { visitor.CurveTo(first, second, end); });
+    void Straight(PicturePlace to) { last = to; }
+    void ArcTo(PicturePlace, PicturePlace to, bool) { last = to; }
+    void CurveTo(PicturePlace first, PicturePlace second, PicturePlace to) {
+        curves.push_back({last, first, second, to});
+        last = to;
     }
 };
+
+bool BeginsBefore(const PictureCurve& curve, PicturePlace place) noexcept {
+    return std::pair(curve.from.east, curve.from.north) < std::pair(place.east, place.north);
+}
 
 }  // namespace
 
@@ -119,20 +108,56 @@ Outline OutlineOf(const DisplayList& list, PictureRef ref, double beside) {
         case PictureKind::Point:
             return {{PositionOf(list.points[ref.place].at)}};
         case PictureKind::LineString:
-            return OutlineOfLine(list, ref.place, beside);
+            return OutlineFrom(list, ref.place, beside);
         default:
             return OutlineOfText(list.texts[ref.place]);
     }
 }
 
-Outline OutlineBetween(const DisplayList& list, const SpatialIndex& index, PicturePlace from, PicturePlace to,
-                       double beside) {
-    PieceVisitor visitor{from, to, beside};
-    index.Find(list, BoxAbout(from, 1), [&](PictureRef ref) {
-        if (ref.kind == PictureKind::LineString) WalkLine(list, list.lines[ref.place], visitor);
-    });
-    if (!visitor.found.empty()) return visitor.found;
-    return {{PositionOf(from), PositionOf(to)}};
+Outline OutlineOfLine(const DisplayList& list, std::int32_t lineNo, double beside) {
+    const std::uint32_t part = FirstPartOf(list, lineNo);
+    const bool isThere = part < list.lines.size() && list.lines[part].lineNo == lineNo;
+    return isThere ? OutlineFrom(list, part, beside) : Outline();
+}
+
+Outline OutlineOfArc(PicturePlace start, PicturePlace centre, PicturePlace end, bool isAnticlockwise, double beside) {
+    Outline outline;
+    OutlineVisitor visitor{outline, beside};
+    visitor.Begin(start, false);
+    if (end == start) {
+        const Position from = PositionOf(start);
+        const Position middle = PositionOf(centre);
+        visitor.ArcTo(centre, PlaceAt({2 * middle.east - from.east, 2 * middle.north - from.north}), isAnticlockwise);
+    }
+    visitor.ArcTo(centre, end, isAnticlockwise);
+    return outline;
+}
+
+Outline CurveOutlines::Between(const DisplayList& list, std::int32_t itsLineNo, PicturePlace from, PicturePlace to,
+                               double beside) {
+    if (lineNo != itsLineNo) {
+        lineNo = itsLineNo;
+        curves.clear();
+        CurveCollector collector{curves};
+        for (std::size_t part = FirstPartOf(list, lineNo); part < list.lines.size(); ++part) {
+            if (list.lines[part].lineNo != lineNo) break;
+            WalkLine(list, list.lines[part], collector);
+        }
+        std::stable_sort(curves.begin(), curves.end(), [](const PictureCurve& one, const PictureCurve& other) {
+            return BeginsBefore(one, other.from);
+        });
+    }
+    auto curve = std::lower_bound(curves.begin(), curves.end(), from, BeginsBefore);
+    while (curve != curves.end() && curve->from == from && !(curve->to == to)) ++curve;
+    Outline outline;
+    OutlineVisitor visitor{outline, beside};
+    visitor.Begin(from, false);
+    if (curve != curves.end() && curve->from == from) {
+        visitor.CurveTo(curve->first, curve->second, to);
+    } else {
+        visitor.Straight(to);
+    }
+    return outline;
 }
 
 PictureBox BoxOf(const Outline& outline) noexcept {

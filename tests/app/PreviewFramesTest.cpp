@@ -113,6 +113,22 @@ class PreviewDifferencesTest : public PreviewFramesTest {
         preview->output->index = SpatialIndex(preview->output->list);
     }
 
+    // The street with a second wall of these segments; the points are 1 (0, 0), 2 (40, 0), 3 (20, 0), 4
+    // (20, 10) and 9; the numbers between are none.
+    void ReadLines(std::unique_ptr<Preview>& drawing, const std::string& edges) {
+        std::string text = FileBytes(Street());
+        const auto put = [&text](const std::string& before, const std::string& more) {
+            const std::size_t place = text.find(before);
+            ASSERT_NE(place, std::string::npos);
+            text.insert(place + before.size(), more);
+        };
+        put("\"RAAR\",\"\",0;\r\n", "9,\"P9\",50,50,1.5,\"MV\",\"\",0;\r\n");
+        put("1,\"MUUR\",0;\r\n", "2,\"MUUR\",0;\r\n");
+        put("1,1,2,STRAIGHT;\r\n", WithCrLf(edges));
+        Choose(0, folder.Write("muren.idx", text), {});
+        drawing = Read(*PreviewOfInput(form));
+    }
+
     std::unique_ptr<Preview> other;
 };
 
@@ -133,6 +149,38 @@ TEST_F(PreviewDifferencesTest, EachDifferenceHasAMarkInTheColourOfItsKindWhereIt
         EXPECT_FALSE(mark.box.IsEmpty());
     }
     EXPECT_EQ(ToUtf8(SummaryOf(preview->comparison)), "1 ontbreekt, 1 gewijzigd, 1 toegevoegd, 6 gelijk");
+}
+
+TEST_F(PreviewDifferencesTest, ACircleAnArcAndACurveAreMarkedAsTheyGo) {
+    const auto lost = [this](const std::string& edges) {
+        ReadLines(preview, edges + "2,4,3,STRAIGHT;\n");
+        ReadLines(other, "2,4,3,STRAIGHT;\n");
+        preview->comparison = Compare(preview->drawing.translation, other->drawing.translation);
+        preview->output = std::make_unique<ShownDrawing>(preview->screen);
+        const FrameMarks marks = MarksOf(*preview);
+        EXPECT_FALSE(marks.empty());
+        return marks.empty() ? FrameMark() : marks.front();
+    };
+    const FrameMark circle = lost("2,1,3,CIRCLE_CENT;\n2,3,1,CIRCLE_CENT;\n");
+    EXPECT_NEAR(circle.box.maxEast - circle.box.minEast, 40000, 50);
+    EXPECT_NEAR(circle.box.maxNorth - circle.box.minNorth, 40000, 50);
+    const FrameMark arc = lost("2,1,3,ARC_CENT;\n2,3,2,ARC_CENT;\n");
+    EXPECT_NEAR(arc.box.maxEast - arc.box.minEast, 40000, 50);
+    EXPECT_NEAR(arc.box.maxNorth - arc.box.minNorth, 20000, 50);
+    const FrameMark curve = lost("2,1,4,CURVE_3RD;\n2,4,2,CURVE_3RD;\n");
+    EXPECT_GT(curve.outline.front().size(), 10U);
+    EXPECT_EQ(lost("2,1,4,STRAIGHT;\n").outline.front().size(), 2U);
+}
+
+TEST_F(PreviewDifferencesTest, WhatRefersToNothingHasNoMark) {
+    ReadLines(preview, "2,1,7,STRAIGHT;\n2,4,3,STRAIGHT;\n");
+    ReadLines(other, "2,4,3,STRAIGHT;\n");
+    preview->comparison = Compare(preview->drawing.translation, other->drawing.translation);
+    ASSERT_EQ(preview->comparison.differences.size(), 1U);
+    EXPECT_EQ(ToUtf8(TextOf(preview->comparison.differences.front())),
+              "Ontbreekt: lijnsegment 'MUUR' (regel 19)\nReden: verwijst naar niets");
+    preview->output = std::make_unique<ShownDrawing>(preview->screen);
+    EXPECT_TRUE(MarksOf(*preview).front().box.IsEmpty());
 }
 
 TEST_F(PreviewDifferencesTest, WithoutDifferencesThereAreNoMarks) {

@@ -68,18 +68,59 @@ TEST_F(OutlineTest, APointIsAPlaceAndATextAFrameAroundItsLetters) {
     EXPECT_LE(BoxOf(text).maxNorth - BoxOf(text).minNorth, 1000);
 }
 
-TEST_F(OutlineTest, ThePieceBetweenTwoPlacesIsAsItGoesAndStraightWhereThereIsNone) {
-    const DisplayList list = Picture(Wall());
-    const SpatialIndex index(list);
-    const auto at = [&](double east) { return *list.origin.From(east, 0); };
-    const Outline arc = OutlineBetween(list, index, at(20), at(10), beside);
-    ASSERT_EQ(arc.size(), 1U);
-    EXPECT_GT(arc.front().size(), 10U);
-    EXPECT_NEAR(BoxOf(arc).maxNorth - BoxOf(arc).minNorth, 5000, 10);
-    EXPECT_EQ(OutlineBetween(list, index, at(0), at(10), beside).front().size(), 2U);
-    const Outline none = OutlineBetween(list, index, at(0), at(30), beside);
-    ASSERT_EQ(none.front().size(), 2U);
-    EXPECT_NEAR(none.front()[1].east - none.front()[0].east, 30000, 1);
+TEST_F(OutlineTest, ALineStringIsFoundByItsNumber) {
+    Rows rows = Wall();
+    rows.lines = "3,\"MUUR\",0\n7,\"GEVEL\",0\n";
+    rows.edges = "3,1,2,STRAIGHT\n7,2,5,STRAIGHT\n";
+    const DisplayList list = Picture(rows);
+    const auto widthOf = [&](std::int32_t lineNo) {
+        const PictureBox box = BoxOf(OutlineOfLine(list, lineNo, beside));
+        return box.IsEmpty() ? -1 : box.maxEast - box.minEast;
+    };
+    EXPECT_EQ(widthOf(3), 10000);
+    EXPECT_EQ(widthOf(7), 20000);
+    for (const std::int32_t lineNo : {0, 2, 5, 8}) EXPECT_EQ(widthOf(lineNo), -1) << lineNo;
+}
+
+TEST_F(OutlineTest, AnArcTurnsInItsDirectionAndACircleIsWhole) {
+    const PicturePlace start{0, 5000};
+    const PicturePlace centre{0, 0};
+    const PicturePlace end{5000, 0};
+    const PictureBox quarter = BoxOf(OutlineOfArc(start, centre, end, false, beside));
+    EXPECT_EQ(quarter.minEast, 0);
+    EXPECT_EQ(quarter.minNorth, 0);
+    const PictureBox rest = BoxOf(OutlineOfArc(start, centre, end, true, beside));
+    EXPECT_NEAR(rest.minEast, -5000, 5);
+    EXPECT_NEAR(rest.minNorth, -5000, 5);
+    const Outline circle = OutlineOfArc(start, centre, start, false, beside);
+    ASSERT_EQ(circle.size(), 1U);
+    EXPECT_NEAR(BoxOf(circle).minNorth, -5000, 5);
+    EXPECT_NEAR(BoxOf(circle).minEast, -5000, 5);
+    EXPECT_NEAR(BoxOf(circle).maxEast, 5000, 5);
+    for (const Position& place : circle.front()) EXPECT_NEAR(std::hypot(place.east, place.north), 5000, 1);
+}
+
+TEST_F(OutlineTest, ACurveOfALineStringIsAsItGoesAndStraightWhereItHasNone) {
+    Rows rows = Wall();
+    rows.lines = "1,\"MUUR\",0\n2,\"GEVEL\",0\n";
+    rows.points += "6,\"E\",10,10,\"HULP\",0,\"\"\n";
+    // A curve that comes back to its start, so that two of its pieces leave the same place; and a straight line.
+    rows.edges = "1,1,2,CURVE_3RD\n1,2,6,CURVE_3RD\n1,6,1,CURVE_3RD\n1,1,4,CURVE_3RD\n2,1,2,STRAIGHT\n";
+    const DisplayList list = Picture(rows);
+    const auto at = [&](double east, double north) { return *list.origin.From(east, north); };
+    CurveOutlines curves;
+    const Outline curve = curves.Between(list, 1, at(0, 0), at(10, 0), beside);
+    ASSERT_EQ(curve.size(), 1U);
+    EXPECT_GT(curve.front().size(), 10U);
+    EXPECT_LT(BoxOf(curve).minNorth, at(0, 0).north - 500);
+    EXPECT_EQ(Metres(list, PlaceAt(curve.front().front())), "0.000 0.000");
+    EXPECT_EQ(Metres(list, PlaceAt(curve.front().back())), "10.000 0.000");
+    const Outline other = curves.Between(list, 1, at(0, 0), at(20, 0), beside);
+    EXPECT_GT(other.front().size(), 10U);
+    EXPECT_EQ(Metres(list, PlaceAt(other.front().back())), "20.000 0.000");
+    EXPECT_EQ(curves.Between(list, 2, at(0, 0), at(10, 0), beside).front().size(), 2U);
+    EXPECT_EQ(curves.Between(list, 1, at(10, 0), at(20, 0), beside).front().size(), 2U);
+    EXPECT_GT(curves.Between(list, 1, at(10, 0), at(10, 10), beside).front().size(), 10U);
 }
 
 }  // namespace
