@@ -22,6 +22,13 @@ Mode BackOf(Mode mode) noexcept {
     return {mode.direction == Direction::FromIdex ? Direction::ToIdex : Direction::FromIdex, mode.variant};
 }
 
+// Why a file was not read: the reader's message, when that names the file, or its first error.
+Text WhyUnread(const Text& name, const Text& message, const Text& error) {
+    if (message.find(name) != Text::npos) return message;
+    const Text& reason = error.empty() ? message : error;
+    return Concat(u"Het bestand kan niet worden gelezen:\n", name, reason.empty() ? u"" : u"\n", reason);
+}
+
 }  // namespace
 
 bool TakeSettings(FormKORVANDE& form, PreviewOrder& order) {
@@ -129,13 +136,17 @@ bool PreviewReading::ReadOne(ShownDrawing& drawing, Mode mode, const Text& name,
     translation.codes = order.codes;
     translation.mode = mode;
     (mode.direction == Direction::FromIdex ? translation.IdexFileName : translation.SufNenFileName) = name;
+    Text reason;
+    translation.problems.onError = [&reason](const Problem& problem) {
+        if (reason.empty()) reason = SentenceWithLine(problem);
+    };
     ReadDrawing(translation);
+    translation.problems.onError = {};
     preview->screen.PumpEvents();
     const RunOutcome& outcome = translation.outcome;
     if (outcome.cancelled) throw TranslationAborted();
     if (outcome.inputUnreadable || outcome.wrongFormat) {
-        failure = preview->screen.message.empty() ? Concat(u"Het bestand kan niet worden gelezen:\n", name)
-                                                  : preview->screen.message;
+        failure = WhyUnread(name, preview->screen.message, reason);
         return false;
     }
     preview->screen.ShowStatus(u"Bezig met tekenen...");

@@ -22,6 +22,13 @@ class ReadPreviewTest : public PreviewTest {
         }
         return folder.Write("groot.idx", WithCrLf(text + "END POINTS\nEND DATABASE\n"));
     }
+    // Why an order cannot be read.
+    static std::string FailureOf(PreviewOrder order) {
+        PreviewReading reading(std::move(order));
+        while (!reading.IsOver()) std::this_thread::yield();
+        EXPECT_EQ(reading.End(), PreviewEnd::Failed);
+        return ToUtf8(reading.Failure());
+    }
     void Translate() {
         form.askProjectName = {};
         options.StartedInteractively = true;
@@ -62,12 +69,28 @@ TEST_F(ReadPreviewTest, NothingIsReadDuringARun) {
     EXPECT_FALSE(PreviewOfInput(form));
 }
 
-TEST_F(ReadPreviewTest, AFileThatIsNoDrawingFailsAndIsNamed) {
+TEST_F(ReadPreviewTest, AFileThatIsNoDrawingFailsWithItsNameAndTheReason) {
     Choose(0, folder.Write("niets.idx", "niets\r\n"), {});
-    PreviewReading reading(*PreviewOfInput(form));
-    while (!reading.IsOver()) std::this_thread::yield();
-    EXPECT_EQ(reading.End(), PreviewEnd::Failed);
-    EXPECT_EQ(ToUtf8(reading.Failure()), "Het bestand kan niet worden gelezen:\n" + ToUtf8(folder / "niets.idx"));
+    EXPECT_EQ(FailureOf(*PreviewOfInput(form)), "Het bestand kan niet worden gelezen:\n" +
+                                                    ToUtf8(folder / "niets.idx") +
+                                                    "\nGeen HEADER gevonden in het IDEX bestand (regel 1)");
+    Choose(2, {}, folder.Write("niets.sfn", "01NIETS\r\nniets\r\n"));
+    EXPECT_EQ(FailureOf(*PreviewOfInput(form)), "Het bestand kan niet worden gelezen:\n" +
+                                                    ToUtf8(folder / "niets.sfn") +
+                                                    "\nNEN1878 bestand bevat geen '02' (KOP) record. (regel 2)");
+}
+
+TEST_F(ReadPreviewTest, AnOutputThatCannotBeReadBackFailsWithItsName) {
+    Choose(0, Street(), folder / "straat.sfn");
+    Translate();
+    const std::optional<PreviewOrder> order = PreviewOfRun(form);
+    ASSERT_TRUE(order);
+    folder.Write("straat.sfn", "niets\r\n");
+    EXPECT_EQ(FailureOf(*order), "Het bestand kan niet worden gelezen:\n" + ToUtf8(folder / "straat.sfn") +
+                                     "\nNEN1878 bestand bevat geen '01' (KOP) record. (regel 1)");
+    std::filesystem::remove(folder.Path() + "/straat.sfn");
+    EXPECT_EQ(FailureOf(*order), "Bestand: " + ToUtf8(folder / "straat.sfn") +
+                                     " niet gevonden.\nGebruik [Bladeren...] om het juiste bestand te zoeken.");
 }
 
 TEST_F(ReadPreviewTest, AReadingThatIsStoppedEndsSoon) {
