@@ -1,6 +1,6 @@
 #include "cli/Draw.h"
 
-#include <array>
+#include <algorithm>
 
 #include "cli/Arguments.h"
 #include "cli/Inputs.h"
@@ -24,17 +24,32 @@ PictureFormat FormatOf(const Text& output) {
     throw UsageError{Concat(u"De uitvoer moet op .svg of .png eindigen: ", output)};
 }
 
-int PixelsOf(const std::string& value) {
-    constexpr int usual = 1600;
-    constexpr int least = 16;
-    if (value.empty()) return usual;
+constexpr int leastPixels = 16;
+constexpr int usualPixels = 1600;
+
+// The width asked for; nothing without one.
+std::optional<int> PixelsOf(const std::string& value) {
+    if (value.empty()) return {};
     try {
         const std::int32_t pixels = StrictWholeNumber(value);
-        if (pixels >= least && pixels <= mostPixels) return pixels;
+        if (pixels >= leastPixels && pixels <= mostPixels) return pixels;
     } catch (const RuntimeError&) {  // no number
     }
-    throw UsageError{Concat(u"Ongeldige waarde bij --breedte: ", FromUtf8(value), u" (", least, u" tot en met ",
+    throw UsageError{Concat(u"Ongeldige waarde bij --breedte: ", FromUtf8(value), u" (", leastPixels, u" tot en met ",
                             mostPixels, u" pixels)")};
+}
+
+// Gives a frame the width asked for; without one the usual width, or a smaller one by which a high frame fits.
+void TakePixels(const std::optional<int>& asked, PictureFrame& frame) {
+    frame.pixels = asked.value_or(usualPixels);
+    if (!asked && HeightInPixels(frame) > mostPixels) {
+        frame.pixels =
+            std::max(leastPixels, static_cast<int>(std::int64_t{usualPixels} * mostPixels / HeightInPixels(frame)));
+    }
+    if (HeightInPixels(frame) > mostPixels) {
+        throw UsageError{Concat(u"De afbeelding wordt te hoog: ", HeightInPixels(frame),
+                                u" pixels; kies een kleinere --breedte of een --kader.")};
+    }
 }
 
 void RefuseClash(const Text& output, const Text& input, TextView words) {
@@ -43,31 +58,26 @@ void RefuseClash(const Text& output, const Text& input, TextView words) {
     }
 }
 
-// The frame that was asked for, or everything; nothing when there is nothing to draw.
-std::optional<PictureFrame> FrameFor(const DisplayList& list, const std::optional<Rectangle>& asked, int pixels) {
-    PictureFrame frame = WholeFrame(list);
-    if (asked) {
-        const auto lower = list.origin.From(asked->minX, asked->minY);
-        const auto upper = list.origin.From(asked->maxX, asked->maxY);
-        if (!lower || !upper) return {};
-        frame.box = PictureBox{};
-        frame.box.Add(*lower);
-        frame.box.Add(*upper);
+// The part of a drawing that was asked for.
+PictureBox BoxFor(const PictureOrigin& origin, const Rectangle& asked) {
+    const auto lower = origin.From(asked.minX, asked.minY);
+    const auto upper = origin.From(asked.maxX, asked.maxY);
+    if (!lower || !upper) throw UsageError{u"--kader reikt verder dan 2000 kilometer van de tekening."};
+    PictureBox box;
+    box.Add(*lower);
+    box.Add(*upper);
+    if (box.minEast == box.maxEast || box.minNorth == box.maxNorth) {
+        throw UsageError{u"--kader heeft geen breedte of geen hoogte."};
     }
-    frame.pixels = pixels;
-    const bool isFlat =
-        frame.box.IsEmpty() || frame.box.minEast == frame.box.maxEast || frame.box.minNorth == frame.box.maxNorth;
-    return isFlat ? std::nullopt : std::optional(frame);
+    return box;
 }
 
-void PrintPicture(const DisplayList& list, const Text& output) {
-    std::int64_t unknown = 0;
-    for (const PictureCode& code : list.codes) unknown += code.isKnown ? 0 : code.count;
-    std::int64_t strings = 0;
-    for (const PictureLine& line : list.lines) strings += list.steps[line.firstPlace] == PictureStep::Resume ? 0 : 1;
-    PrintLine(Concat(output, u": ", list.points.size(), u" punten, ", strings, u" lijnstrings, ", list.texts.size(),
-                     u" teksten, ", unknown, u" onbekende objecten"));
-    if (list.notShown > 0) {
+void PrintPicture(const DisplayList& list, const PictureCounts& counts, const Text& output) {
+    PrintLine(Concat(output, u": ", counts.points, u" punten, ", counts.lineStrings, u" lijnstrings, ", counts.texts,
+                     u" teksten, ", counts.unknown, u" onbekende objecten"));
+    if (list.notShown == 1) {
+        PrintErrorLine(u"1 object is niet getekend: het verwijst naar niets of ligt te ver weg");
+    } else if (list.notShown > 1) {
         PrintErrorLine(
             Concat(list.notShown, u" objecten zijn niet getekend: ze verwijzen naar niets of liggen te ver weg"));
     }
@@ -82,7 +92,7 @@ int DrawDrawing(const DrawOptions& options) {
     if (format == PictureFormat::Svg && !options.width.empty()) {
         throw UsageError{u"--breedte gaat samen met een .png; een .svg is in meters."};
     }
-    const int pixels = PixelsOf(options.width);
+    const std::optional<int> pixels = PixelsOf(options.width);
     std::optional<Rectangle> asked;
     if (!options.frame.empty()) asked = RectangleOf(u"--kader", options.frame);
     RefuseClash(output, input, u"Invoer en uitvoer");
@@ -96,24 +106,23 @@ int DrawDrawing(const DrawOptions& options) {
     const std::optional<InputDrawing> found = FindInput(screen, input);
     if (!found || !ReadInputDrawing(screen, *found, input, options.reading, translation)) return status::failed;
     const DisplayList list = MakeDisplayList(translation);
-    const std::optional<PictureFrame> frame = FrameFor(list, asked, pixels);
-    if (!frame) {
+    PictureFrame frame = WholeFrame(list);
+    if (frame.box.IsEmpty()) {
         PrintErrorLine(Concat(input, u": er is niets te tekenen."));
         return status::failed;
     }
-    if (format == PictureFormat::Png && HeightInPixels(*frame) > mostPixels) {
-        throw UsageError{Concat(u"De afbeelding wordt te hoog: ", HeightInPixels(*frame),
-                                u" pixels; kies een kleinere "
-                                u"--breedte of een --kader.")};
-    }
+    if (asked) frame.box = BoxFor(list.origin, *asked);
+    frame.pixels = usualPixels;
+    if (format == PictureFormat::Png) TakePixels(pixels, frame);
+    PictureCounts counts;
     try {
-        WritePictureFile(translation.drawing, list, *frame, {FileNameOf(input), output});
+        counts = WritePictureFile(translation.drawing, list, frame, {FileNameOf(input), output});
     } catch (const RuntimeError& error) {
         PrintErrorLine(Concat(u"Kon bestand: '", output, u"' niet opslaan;\nFoutcode: ", error.Number(), u"\n",
                               error.Description()));
         return status::failed;
     }
-    PrintPicture(list, output);
+    PrintPicture(list, counts, output);
     const Problems& problems = translation.problems;
     return problems.errors > 0 || problems.HasDamage() ? status::withErrors : status::done;
 }

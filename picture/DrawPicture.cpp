@@ -44,11 +44,12 @@ class Artist {
            const PictureChoice& itsChoice)
         : drawing(itsDrawing), list(itsList), frame(itsFrame), canvas(itsCanvas), choice(itsChoice) {}
 
-    void Draw() {
+    PictureCounts Draw() {
         const Seen seen = FindSeen();
         DrawTable(u'L', list.lines, seen[PictureKind::LineString], [this](const PictureLine& line) { DrawLine(line); });
         DrawTable(u'P', list.points, seen[PictureKind::Point], [this](const PicturePoint& point) { DrawPoint(point); });
         DrawTable(u'T', list.texts, seen[PictureKind::TextObject], [this](const PictureText& text) { DrawText(text); });
+        return drawn;
     }
 
  private:
@@ -108,9 +109,7 @@ class Artist {
     bool MayBeSeen(const Object& object) const {
         return choice.index != nullptr || IsSeen(object);
     }
-    bool IsSeen(const PictureLine& line) const {
-        return list.steps[line.firstPlace] == PictureStep::Resume || BoxOf(list, line).Overlaps(frame.box);
-    }
+    bool IsSeen(const PictureLine& line) const { return BoxOf(list, line).Overlaps(frame.box); }
     bool IsSeen(const PicturePoint& point) const { return BoxAbout(point.at, tickLength).Overlaps(frame.box); }
     bool IsSeen(const PictureText& text) const { return BoxOf(text).Overlaps(frame.box); }
 
@@ -175,10 +174,19 @@ class Artist {
     };
 
     void DrawLine(const PictureLine& line) {
-        if (list.steps[line.firstPlace] != PictureStep::Resume) FinishLine();
+        // Of the one before the parts behind may not be seen, and of this one the parts before.
+        const bool isNew = list.steps[line.firstPlace] != PictureStep::Resume || line.lineNo != lineNo;
+        if (isNew) FinishLine();
+        if (isNew) Count(line.code, drawn.lineStrings);
+        lineNo = line.lineNo;
         WalkLine(list, line, LineDrawer{*this});
         last = list.places[line.firstPlace + line.placeCount - 1];
         hasLine = true;
+    }
+
+    void Count(std::uint32_t code, std::int64_t& kind) {
+        ++kind;
+        if (!list.codes[code].isKnown) ++drawn.unknown;
     }
 
     void FinishLine() {
@@ -206,6 +214,7 @@ class Artist {
 
     void DrawPoint(const PicturePoint& point) {
         const PictureCode& code = list.codes[point.code];
+        Count(point.code, drawn.points);
         switch (code.shape) {
             case PointShape::Plain:
                 return canvas.Dot(point.at, code.isKnown ? plainRadius : unknownRadius);
@@ -239,6 +248,7 @@ class Artist {
     }
 
     void DrawText(const PictureText& text) {
+        Count(text.code, drawn.texts);
         const auto& characters = drawing.Texts[text.index].Characters();
         canvas.Write(text, characters.Trimmed());
     }
@@ -248,8 +258,10 @@ class Artist {
     const PictureFrame& frame;
     Canvas& canvas;
     const PictureChoice& choice;
-    bool hasLine = false;  // a line was begun and not yet drawn
-    PicturePlace last;     // where it is
+    PictureCounts drawn;
+    bool hasLine = false;     // a line was begun and not yet drawn
+    PicturePlace last;        // where it is
+    std::int32_t lineNo = 0;  // of its line string
 };
 
 }  // namespace
@@ -282,9 +294,9 @@ CodeStyle StyleOf(const PictureCode& code, const PictureFrame& frame) {
     return style;
 }
 
-void DrawPicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, Canvas& canvas,
-                 const PictureChoice& choice) {
-    Artist(drawing, list, frame, canvas, choice).Draw();
+PictureCounts DrawPicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, Canvas& canvas,
+                          const PictureChoice& choice) {
+    return Artist(drawing, list, frame, canvas, choice).Draw();
 }
 
 }  // namespace korvande

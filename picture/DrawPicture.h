@@ -28,10 +28,18 @@ struct PictureChoice {
     const std::vector<bool>* isHidden = nullptr;  // an entry for each code whose objects are not drawn; null: none
 };
 
+// What was drawn; a line string that is seen in two pieces counts twice.
+struct PictureCounts {
+    std::int64_t points = 0;
+    std::int64_t lineStrings = 0;
+    std::int64_t texts = 0;
+    std::int64_t unknown = 0;  // of these, with a code that is unknown
+};
+
 // Draws what of a picture a frame shows, code by code: line strings, then points, then texts; of each those that are
 // not written first and the unknown ones last, so that they lie over the others. The drawing is the one that the list
-// was made of. With an index, a line string is drawn in the parts that the frame shows.
-void DrawPicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, Canvas& canvas,
-                 const PictureChoice& choice = {});
+// was made of. A long line string is drawn in the parts that the frame shows.
+PictureCounts DrawPicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, Canvas& canvas,
+                          const PictureChoice& choice = {});
 
 }  // namespace korvande

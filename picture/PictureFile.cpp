@@ -14,20 +14,23 @@ std::optional<PictureFormat> PictureFormatOf(TextView name) {
     return {};
 }
 
-void WritePictureFile(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame,
-                      const PictureFileNames& names, const PictureChoice& choice) {
+PictureCounts WritePictureFile(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame,
+                               const PictureFileNames& names, const PictureChoice& choice) {
     FileReplacement replacement(names.file);
     LineWriter output;
+    PictureCounts counts;
     replacement.Open(output);
     if (PictureFormatOf(names.file) == PictureFormat::Svg) {
         SvgCanvas canvas(output, list, frame, names.title);
-        DrawPicture(drawing, list, frame, canvas, choice);
+        counts = DrawPicture(drawing, list, frame, canvas, choice);
         canvas.Finish();
     } else {
-        output.Put(PngBytes(frame, [&](Canvas& canvas) { DrawPicture(drawing, list, frame, canvas, choice); }));
+        output.Put(
+            PngBytes(frame, [&](Canvas& canvas) { counts = DrawPicture(drawing, list, frame, canvas, choice); }));
     }
     output.Close();
     replacement.PutInPlace();
+    return counts;
 }
 
 }  // namespace korvande

@@ -16,9 +16,9 @@ struct PictureFileNames {
     Text file;   // ending in .svg or .png
 };
 
-// Writes what a frame shows as a picture, beside its place, which it takes when it is whole. A run-time error when it
-// cannot be written.
-void WritePictureFile(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame,
-                      const PictureFileNames& names, const PictureChoice& choice = {});
+// Writes what a frame shows as a picture, beside its place, which it takes when it is whole, and tells what is in it. A
+// run-time error when it cannot be written.
+PictureCounts WritePictureFile(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame,
+                               const PictureFileNames& names, const PictureChoice& choice = {});
 
 }  // namespace korvande

@@ -44,6 +44,47 @@ TEST_F(DrawCommand, AFrameLimitsThePicture) {
     EXPECT_FALSE(Has(svg, "Café"));
 }
 
+TEST_F(DrawCommand, WhatTheFrameShowsIsCounted) {
+    const ProgramResult part = Run({"teken", "--kader", "1005,1995,1025,2005", "klein.idx", "beeld.svg"});
+    EXPECT_EQ(part.output, "beeld.svg: 2 punten, 1 lijnstrings, 0 teksten, 3 onbekende objecten\n");
+    const ProgramResult nothing = Run({"teken", "--kader", "5000,5000,5010,5010", "klein.idx", "leeg.svg"});
+    EXPECT_EQ(nothing.status, 0);
+    EXPECT_EQ(nothing.output, "leeg.svg: 0 punten, 0 lijnstrings, 0 teksten, 0 onbekende objecten\n");
+    EXPECT_FALSE(Has(Bytes("leeg.svg"), "<g id="));
+}
+
+TEST_F(DrawCommand, AFrameWithoutAreaOrBeyondReachIsRefused) {
+    for (const char* const frame : {"1000,2000,1000,2010", "1000,2000,1010,2000", "1000,2000,1000.0001,2010"}) {
+        ExpectRefused({"teken", "--kader=" + std::string(frame), "klein.idx", "beeld.svg"},
+                      "--kader heeft geen breedte of geen hoogte.");
+    }
+    ExpectRefused({"teken", "--kader=0,0,1e9,10", "klein.idx", "beeld.svg"},
+                  "--kader reikt verder dan 2000 kilometer van de tekening.");
+}
+
+TEST_F(DrawCommand, OnePointAloneIsDrawnWithRoomAroundIt) {
+    folder.Write("punt.idx",
+                 "HEADER\r\nEND HEADER\r\nLAYERS (LayerNo,Name)\r\nEND LAYERS\r\nDATABASE\r\n"
+                 "POINTS (PointNo,PointID,East,North,Code)\r\n1,\"A\",121000,487000,\"MV\";\r\nEND POINTS\r\n"
+                 "END DATABASE\r\n");
+    ASSERT_EQ(Run({"teken", "punt.idx", "punt.svg"}).status, 0);
+    EXPECT_TRUE(Has(Bytes("punt.svg"), "viewBox=\"0 0 4 4\" data-east=\"120998\" data-north=\"487002\""))
+        << Bytes("punt.svg");
+    EXPECT_EQ(Run({"teken", "punt.idx", "punt.png"}).status, 0);
+}
+
+// All of it on one line from south to north would be 26 times as high as wide.
+TEST_F(DrawCommand, AHighDrawingIsNarrowerThanUsualAndNotRefused) {
+    folder.Write("hoog.idx",
+                 "HEADER\r\nEND HEADER\r\nLAYERS (LayerNo,Name)\r\nEND LAYERS\r\nDATABASE\r\n"
+                 "POINTS (PointNo,PointID,East,North,Code)\r\n1,\"A\",121000,487000,\"MV\";\r\n"
+                 "2,\"B\",121000,497000,\"MV\";\r\nEND POINTS\r\nEND DATABASE\r\n");
+    ASSERT_EQ(Run({"teken", "hoog.idx", "hoog.png"}).status, 0);
+    EXPECT_EQ(Bytes("hoog.png").substr(16, 4), std::string("\0\0\x03\x01", 4));
+    ExpectRefused({"teken", "--breedte=1600", "hoog.idx", "hoog.png"},
+                  "De afbeelding wordt te hoog: 41600 pixels; kies een kleinere --breedte of een --kader.");
+}
+
 TEST_F(DrawCommand, AnEarlierPictureIsReplacedWhenTheNewOneIsWholeOnly) {
     folder.Write("beeld.svg", "oud");
     folder.Write("brief.txt", "Geachte heer,\r\n");
@@ -76,7 +117,8 @@ TEST_F(DrawCommand, WrongUsageIsRefusedBeforeAnythingIsRead) {
         ExpectRefused({"teken", "--breedte=" + std::string(width), "klein.idx", "beeld.png"},
                       "Ongeldige waarde bij --breedte: " + std::string(width) + " (16 tot en met 20000 pixels)");
     }
-    for (const char* const frame : {"1,2,3", "1,2,0,4", "a,b,c,d", "1,2,3,4,5"}) {
+    for (const char* const frame : {"1,2,3", "1,2,0,4", "1,4,3,2", "a,b,c,d", "1,2,3,4,5", "nan,0,1,1", "0,0,inf,1",
+                                    "0,0,1,1e999", "1,,3,4", "1,2,3,4,"}) {
         ExpectRefused({"teken", "--kader=" + std::string(frame), "klein.idx", "beeld.svg"},
                       "Ongeldige waarde bij --kader: " + std::string(frame) + " (MINX,MINY,MAXX,MAXY in meters)");
     }
@@ -86,6 +128,8 @@ TEST_F(DrawCommand, WrongUsageIsRefusedBeforeAnythingIsRead) {
                   "Controletabel en uitvoer zijn hetzelfde bestand:\nzelf.svg");
     ExpectRefused({"teken", "--kader=1000,1000,1001,9000", "--breedte=10000", "klein.idx", "hoog.png"},
                   "De afbeelding wordt te hoog: 80000000 pixels; kies een kleinere --breedte of een --kader.");
+    ExpectRefused({"teken", "--kader=1000,1000,1000.01,9000", "klein.idx", "hoog.png"},
+                  "De afbeelding wordt te hoog: 12800000 pixels; kies een kleinere --breedte of een --kader.");
 }
 
 TEST_F(DrawCommand, ADamagedDrawingIsDrawnAsFarAsItGoesWithStatusOne) {

@@ -131,6 +131,30 @@ TEST_F(Svg, AFrameShowsWhatLiesInItAndNoOtherCodes) {
     EXPECT_EQ(svg.find("BOOM"), std::string::npos);
 }
 
+TEST_F(Svg, OfLongLineStringsAFrameShowsThePartsInItEachStringAnElementOfItsOwn) {
+    // Two line strings that go on beside each other for 200 metres, and one that lies elsewhere.
+    Rows rows{.points = "", .lines = "1,\"MUUR\",0\n2,\"MUUR\",0\n3,\"GEVEL\",0\n"};
+    int number = 0;
+    for (int line = 1; line <= 3; ++line) {
+        for (int i = 0; i <= 200; ++i) {
+            rows.points += std::to_string(++number) + ",\"\"," + std::to_string(i) + "," +
+                           std::to_string(line == 3 ? 500 : line) + ",\"HULP\",0,\"\"\n";
+            if (i == 0) continue;
+            rows.edges +=
+                std::to_string(line) + "," + std::to_string(number - 1) + "," + std::to_string(number) + ",STRAIGHT\n";
+        }
+    }
+    const DisplayList list = Picture(rows);
+    PictureFrame frame;
+    frame.box.Add(*list.origin.From(140, 0));
+    frame.box.Add(*list.origin.From(210, 10));
+    const std::string svg = Drawn(list, frame);
+    const std::string group = GroupOf(svg, "L-MUUR");
+    EXPECT_EQ(std::count(group.begin(), group.end(), '\n'), 2) << group;
+    EXPECT_TRUE(group.starts_with("<path d=\"M-12 9L")) << group;  // the third part begins at 128
+    EXPECT_EQ(svg.find("GEVEL"), std::string::npos);
+}
+
 TEST_F(Svg, IdsAreWithoutSignsAndDifferForDifferentCodes) {
     EXPECT_EQ(CodeId(Code(u'P', u"S01 A01")), "P-S01_32.A01");
     EXPECT_EQ(CodeId(Code(u'L', u"a-Z_9")), "L-a-Z_95.9");
