@@ -14,60 +14,62 @@ constexpr double halfTurn = 3.14159265358979;
 
 class CairoCanvas : public Canvas {
  public:
-    CairoCanvas(cairo_t* itsContext, const PictureFrame& frame) : context(itsContext), view(frame) {
-        cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
-        cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
-        PrepareTexts(context, view);
+    CairoCanvas(const CairoLibrary& itsLibrary, cairo_t* itsContext, const PictureFrame& frame)
+        : cairo(itsLibrary), context(itsContext), view(frame) {
+        cairo.setLineCap(context, CAIRO_LINE_CAP_ROUND);
+        cairo.setLineJoin(context, CAIRO_LINE_JOIN_ROUND);
+        PrepareTexts(cairo, context, view);
     }
 
     void BeginCode(const PictureCode&, const CodeStyle& style) override {
-        SetColour(context, style.colour);
+        SetColour(cairo, context, style.colour);
         const double width = style.lineWidth * view.scale;
-        cairo_set_line_width(context, width);
+        cairo.setLineWidth(context, width);
         const double dashes[] = {8 * width, 4 * width};
-        cairo_set_dash(context, dashes, style.isDashed ? 2 : 0, 0);
+        cairo.setDash(context, dashes, style.isDashed ? 2 : 0, 0);
     }
     void EndCode() override {}
 
     void MoveTo(PicturePlace place) override {
         last = place;
-        cairo_move_to(context, view.X(place.east), view.Y(place.north));
+        cairo.moveTo(context, view.X(place.east), view.Y(place.north));
     }
     void LineTo(PicturePlace place) override {
         last = place;
-        cairo_line_to(context, view.X(place.east), view.Y(place.north));
+        cairo.lineTo(context, view.X(place.east), view.Y(place.north));
     }
     void ArcTo(PicturePlace centre, PicturePlace to, bool isAnticlockwise) override {
         const Arc arc = ArcAbout(PositionOf(last), PositionOf(centre), PositionOf(to), isAnticlockwise);
         // From bearings clockwise from north to angles clockwise from east.
         const double from = arc.bearing - halfTurn / 2;
-        const auto add = arc.sweep < 0 ? cairo_arc_negative : cairo_arc;
+        const auto add = arc.sweep < 0 ? cairo.arcNegative : cairo.arc;
         add(context, view.X(arc.centre.east), view.Y(arc.centre.north), arc.radius * view.scale, from,
             from + arc.sweep);
         last = to;
     }
     void CurveTo(PicturePlace first, PicturePlace second, PicturePlace to) override {
-        cairo_curve_to(context, view.X(first.east), view.Y(first.north), view.X(second.east), view.Y(second.north),
-                       view.X(to.east), view.Y(to.north));
+        cairo.curveTo(context, view.X(first.east), view.Y(first.north), view.X(second.east), view.Y(second.north),
+                      view.X(to.east), view.Y(to.north));
         last = to;
     }
-    void Stroke() override { cairo_stroke(context); }
+    void Stroke() override { cairo.stroke(context); }
 
     void Dot(PicturePlace place, double radius) override {
         constexpr double leastPixels = 1;
-        cairo_new_path(context);
-        cairo_arc(context, view.X(place.east), view.Y(place.north), std::max(radius * view.scale, leastPixels), 0,
+        cairo.newPath(context);
+        cairo.arc(context, view.X(place.east), view.Y(place.north), std::max(radius * view.scale, leastPixels), 0,
                   2 * halfTurn);
-        cairo_fill(context);
+        cairo.fill(context);
     }
 
     void Write(const PictureText& text, TextView characters) override {
         constexpr double leastPixels = 1.5;  // smaller ones are only grey, and cost most
         if (textHeight * 1000 * view.scale < leastPixels) return;
-        WriteText(context, view, text, characters);
+        WriteText(cairo, context, view, text, characters);
     }
 
  private:
+    const CairoLibrary& cairo;
     cairo_t* context;
     PixelView view;
     PicturePlace last;
@@ -83,16 +85,17 @@ cairo_status_t Take(void* bytes, const unsigned char* data, unsigned int length)
 std::string PngBytes(const PictureFrame& frame, const std::function<void(Canvas&)>& draw) {
     const std::int64_t height = HeightInPixels(frame);
     if (height > mostPixels || frame.pixels > mostPixels) throw RuntimeError(errors::outOfMemory);
-    const std::unique_ptr<cairo_surface_t, DestroyCairo> surface(
-        cairo_image_surface_create(CAIRO_FORMAT_RGB24, frame.pixels, static_cast<int>(height)));
-    const std::unique_ptr<cairo_t, DestroyCairo> context(cairo_create(surface.get()));
-    SetColour(context.get(), 0xFFFFFF);
-    cairo_paint(context.get());
-    CairoCanvas canvas(context.get(), frame);
+    const CairoLibrary cairo;
+    const CairoSurface surface(cairo.createImage(CAIRO_FORMAT_RGB24, frame.pixels, static_cast<int>(height)),
+                               cairo.destroySurface);
+    const CairoContext context(cairo.create(surface.get()), cairo.destroy);
+    SetColour(cairo, context.get(), 0xFFFFFF);
+    cairo.paint(context.get());
+    CairoCanvas canvas(cairo, context.get(), frame);
     draw(canvas);
     std::string bytes;
-    const bool isDrawn = cairo_status(context.get()) == CAIRO_STATUS_SUCCESS;
-    if (!isDrawn || cairo_surface_write_to_png_stream(surface.get(), Take, &bytes) != CAIRO_STATUS_SUCCESS) {
+    const bool isDrawn = cairo.status(context.get()) == CAIRO_STATUS_SUCCESS;
+    if (!isDrawn || cairo.writePng(surface.get(), Take, &bytes) != CAIRO_STATUS_SUCCESS) {
         throw RuntimeError(errors::outOfMemory);
     }
     return bytes;
