@@ -25,6 +25,10 @@ class Canvas {
     Canvas& operator=(const Canvas&) = delete;
     virtual ~Canvas() = default;
 
+    // Whether each object is drawn for itself and in one piece. On another canvas a long line string is drawn in parts,
+    // and what lies exactly under the next one is left out.
+    virtual bool IsOfObjects() const { return false; }
+
     virtual void BeginCode(const PictureCode& code, const CodeStyle& style) = 0;
     virtual void EndCode() = 0;
 

@@ -35,6 +35,10 @@ class Collector {
           isEnd(isUsed.size()) {}
 
     ComparedObjects Collect() {
+        // Room that nothing is put into takes no memory.
+        objects[ComparedKind::Point].reserve(isUsed.size());
+        objects[ComparedKind::Segment].reserve(static_cast<std::size_t>(drawing.Edges.UpperBound()));
+        objects[ComparedKind::TextObject].reserve(static_cast<std::size_t>(drawing.Texts.UpperBound()));
         AddTexts();
         AddLines();
         AddStraySegments();

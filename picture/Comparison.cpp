@@ -102,6 +102,11 @@ class Comparer {
         std::sort(matches.begin(), matches.end(), [](const ObjectMatch& a, const ObjectMatch& b) {
             return a.first != b.first ? a.first < b.first : a.second < b.second;
         });
+        const auto isAlone = [](const ObjectMatch& match) {
+            return match.first == noObject || match.second == noObject;
+        };
+        result.differences.reserve(result.differences.size() +
+                                   static_cast<std::size_t>(std::count_if(matches.begin(), matches.end(), isAlone)));
         const bool areLines =
             kind == ComparedKind::Segment || kind == ComparedKind::Arc || kind == ComparedKind::Circle;
         for (const ObjectMatch& match : matches) {

@@ -146,12 +146,20 @@ class Artist {
         for (std::size_t i = 0; i < places.count; ++i) {
             const Object& object = objects[places.first[i]];
             if (!MayBeSeen(object)) continue;
-            if (!isBegun) canvas.BeginCode(code, StyleOf(code, frame));
+            if (!isBegun) BeginCode(code);
             isBegun = true;
             draw(object);
         }
         FinishLine();
         if (isBegun) canvas.EndCode();
+    }
+
+    void BeginCode(const PictureCode& code) {
+        const CodeStyle style = StyleOf(code, frame);
+        canvas.BeginCode(code, style);
+        isInParts = !canvas.IsOfObjects() && !style.isDashed;
+        lineBefore = nullptr;
+        pointBefore = nullptr;
     }
 
     static int LayerOf(const PictureCode& code) { return !code.isKnown ? 2 : code.isWritten ? 1 : 0; }
@@ -176,12 +184,22 @@ class Artist {
     void DrawLine(const PictureLine& line) {
         // Of the one before the parts behind may not be seen, and of this one the parts before.
         const bool isNew = list.steps[line.firstPlace] != PictureStep::Resume || line.lineNo != lineNo;
-        if (isNew) FinishLine();
         if (isNew) Count(line.code, drawn.lineStrings);
+        if (isNew || isInParts) FinishLine();
         lineNo = line.lineNo;
+        if (isNew && isInParts && lineBefore != nullptr && IsSame(*lineBefore, line)) return;
+        lineBefore = &line;
         WalkLine(list, line, LineDrawer{*this});
         last = list.places[line.firstPlace + line.placeCount - 1];
         hasLine = true;
+    }
+
+    bool IsSame(const PictureLine& one, const PictureLine& other) const {
+        const auto steps = list.steps.begin();
+        const auto places = list.places.begin();
+        return one.placeCount == other.placeCount &&
+               std::equal(steps + one.firstPlace, steps + one.firstPlace + one.placeCount, steps + other.firstPlace) &&
+               std::equal(places + one.firstPlace, places + one.firstPlace + one.placeCount, places + other.firstPlace);
     }
 
     void Count(std::uint32_t code, std::int64_t& kind) {
@@ -215,6 +233,10 @@ class Artist {
     void DrawPoint(const PicturePoint& point) {
         const PictureCode& code = list.codes[point.code];
         Count(point.code, drawn.points);
+        const bool isCovered = !canvas.IsOfObjects() && pointBefore != nullptr && pointBefore->at == point.at &&
+                               pointBefore->direction == point.direction;
+        pointBefore = &point;
+        if (isCovered) return;
         switch (code.shape) {
             case PointShape::Plain:
                 return canvas.Dot(point.at, code.isKnown ? plainRadius : unknownRadius);
@@ -259,9 +281,12 @@ class Artist {
     Canvas& canvas;
     const PictureChoice& choice;
     PictureCounts drawn;
-    bool hasLine = false;     // a line was begun and not yet drawn
-    PicturePlace last;        // where it is
-    std::int32_t lineNo = 0;  // of its line string
+    bool isInParts = false;                     // of the code being drawn: each part of a line is drawn by itself
+    const PictureLine* lineBefore = nullptr;    // of that code, drawn last
+    const PicturePoint* pointBefore = nullptr;  // the same
+    bool hasLine = false;                       // a line was begun and not yet drawn
+    PicturePlace last;                          // where it is
+    std::int32_t lineNo = 0;                    // of its line string
 };
 
 }  // namespace

@@ -20,6 +20,7 @@ class SvgCanvas : public Canvas {
     // Writes the end.
     void Finish();
 
+    bool IsOfObjects() const override { return true; }
     void BeginCode(const PictureCode& code, const CodeStyle& style) override;
     void EndCode() override;
     void MoveTo(PicturePlace place) override;
