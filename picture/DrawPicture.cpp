@@ -8,6 +8,7 @@
 
 #include "core/modAzimuth.h"
 #include "core/modKORVANDE.h"
+#include "picture/CutCanvas.h"
 #include "picture/SpatialIndex.h"
 
 namespace korvande {
@@ -65,10 +66,7 @@ class Artist {
     Seen FindSeen() const {
         Seen seen;
         const PictureBox& box = frame.box;
-        const PictureBox& extent = list.extent;
-        const bool isAllSeen = box.minEast <= extent.minEast && box.minNorth <= extent.minNorth &&
-                               box.maxEast >= extent.maxEast && box.maxNorth >= extent.maxNorth;
-        if (choice.index == nullptr || isAllSeen) {
+        if (choice.index == nullptr || box.Holds(list.extent)) {
             const std::size_t counts[] = {list.points.size(), list.lines.size(), list.texts.size()};
             for (std::size_t kind = 0; kind < seen.places.size(); ++kind) {
                 seen.places[kind].resize(counts[kind]);
@@ -321,7 +319,15 @@ CodeStyle StyleOf(const PictureCode& code, const PictureFrame& frame) {
 
 PictureCounts DrawPicture(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame, Canvas& canvas,
                           const PictureChoice& choice) {
-    return Artist(drawing, list, frame, canvas, choice).Draw();
+    // So far beyond a picture (pixels) lines are cut off, whose numbers would be too large for what draws them.
+    constexpr double reach = 10'000;
+    constexpr double quarterPixel = 0.25;
+    const double scale = frame.pixels / (static_cast<double>(frame.box.maxEast) - frame.box.minEast);
+    PictureBox box = BoxAbout({frame.box.minEast, frame.box.minNorth}, reach / scale);
+    box.AddBox(BoxAbout({frame.box.maxEast, frame.box.maxNorth}, reach / scale));
+    if (box.Holds(list.extent) || canvas.IsOfObjects()) return Artist(drawing, list, frame, canvas, choice).Draw();
+    CutCanvas cut(canvas, box, quarterPixel / scale);
+    return Artist(drawing, list, frame, cut, choice).Draw();
 }
 
 }  // namespace korvande

@@ -103,24 +103,14 @@ bool CutToPixels(const Pixels& pixels, double room, PixelPlace& from, PixelPlace
         return place.x >= 0 && place.y >= 0 && place.x <= pixels.width && place.y <= pixels.height;
     };
     if (isInside(from) && isInside(to)) return true;
-    double begin = 0;
-    double end = 1;
+    const auto part =
+        PartInside({from.x, from.y}, {to.x, to.y}, {-room, -room}, {pixels.width + room, pixels.height + room});
+    if (!part) return false;
+    const PixelPlace start = from;
     const double x = to.x - from.x;
     const double y = to.y - from.y;
-    // How far it goes towards each side, and how far that side is from where it begins.
-    const double towards[] = {-x, x, -y, y};
-    const double distance[] = {from.x + room, pixels.width + room - from.x, from.y + room,
-                               pixels.height + room - from.y};
-    for (int side = 0; side < 4; ++side) {
-        if (towards[side] == 0 && distance[side] < 0) return false;
-        const double part = towards[side] == 0 ? 0 : distance[side] / towards[side];
-        if (towards[side] < 0) begin = std::max(begin, part);
-        if (towards[side] > 0) end = std::min(end, part);
-    }
-    if (begin > end) return false;
-    const PixelPlace start = from;
-    from = {start.x + begin * x, start.y + begin * y};
-    to = {start.x + end * x, start.y + end * y};
+    from = {start.x + part->begin * x, start.y + part->begin * y};
+    to = {start.x + part->end * x, start.y + part->end * y};
     return true;
 }
 

@@ -35,6 +35,22 @@ PictureBox BoxAbout(PicturePlace place, double reach) noexcept {
     return box;
 }
 
+std::optional<LinePart> PartInside(Position from, Position to, Position least, Position most) noexcept {
+    LinePart part;
+    const Position way{to.east - from.east, to.north - from.north};
+    // How far it goes towards each side, and how far that side is from where it begins.
+    const double towards[] = {-way.east, way.east, -way.north, way.north};
+    const double distance[] = {from.east - least.east, most.east - from.east, from.north - least.north,
+                               most.north - from.north};
+    for (int side = 0; side < 4; ++side) {
+        if (towards[side] == 0 && distance[side] < 0) return {};
+        const double until = towards[side] == 0 ? 0 : distance[side] / towards[side];
+        if (towards[side] < 0) part.begin = std::max(part.begin, until);
+        if (towards[side] > 0) part.end = std::min(part.end, until);
+    }
+    return part.begin > part.end ? std::nullopt : std::optional(part);
+}
+
 void AddArc(PictureBox& box, const Arc& arc) noexcept {
     box.Add(PlaceAt(PlaceOnArc(arc, 0)));
     box.Add(PlaceAt(PlaceOnArc(arc, 1)));

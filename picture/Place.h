@@ -51,11 +51,25 @@ struct PictureBox {
                other.minNorth <= maxNorth;
     }
 
+    bool Holds(const PictureBox& other) const noexcept {
+        return minEast <= other.minEast && minNorth <= other.minNorth && maxEast >= other.maxEast &&
+               maxNorth >= other.maxNorth;
+    }
+
     friend bool operator==(const PictureBox&, const PictureBox&) = default;
 };
 
 // The box about a place that reaches this far (millimetres) to all sides.
 PictureBox BoxAbout(PicturePlace place, double reach) noexcept;
+
+// A part of a straight line, from 0 to 1 along it.
+struct LinePart {
+    double begin = 0;
+    double end = 1;
+};
+
+// The part that lies in an upright rectangle; nothing when none does.
+std::optional<LinePart> PartInside(Position from, Position to, Position least, Position most) noexcept;
 
 // Adds the places that an arc reaches farthest to each side.
 void AddArc(PictureBox& box, const Arc& arc) noexcept;

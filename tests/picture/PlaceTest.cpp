@@ -40,6 +40,21 @@ TEST(PictureBoxes, AreEmptyUntilSomethingIsAdded) {
     EXPECT_FALSE(box.Overlaps(BoxAbout({}, 3)));
 }
 
+TEST(LineParts, AreWhatLiesInARectangle) {
+    const auto part = [](Position from, Position to) {
+        const auto found = PartInside(from, to, {0, 0}, {10, 20});
+        return found ? std::pair(found->begin, found->end) : std::pair(-1.0, -1.0);
+    };
+    EXPECT_EQ(part({1, 1}, {9, 19}), std::pair(0.0, 1.0));
+    EXPECT_EQ(part({-10, 5}, {30, 5}), std::pair(0.25, 0.5));
+    EXPECT_EQ(part({5, 40}, {5, 0}), std::pair(0.5, 1.0));
+    EXPECT_EQ(part({-10, 10}, {10, 30}), std::pair(0.5, 0.5));
+    EXPECT_EQ(part({-10, 11}, {10, 31}), std::pair(-1.0, -1.0));
+    EXPECT_EQ(part({11, 5}, {11, 6}), std::pair(-1.0, -1.0));
+    EXPECT_EQ(part({3, 4}, {3, 4}), std::pair(0.0, 1.0));
+    EXPECT_EQ(part({3, 21}, {3, 21}), std::pair(-1.0, -1.0));
+}
+
 TEST(PictureBoxes, AboutAPlaceStayWithinReach) {
     const PictureBox box = BoxAbout({2'147'483'000, 0}, 1e12);
     EXPECT_EQ(box.maxEast, 2'147'483'647);

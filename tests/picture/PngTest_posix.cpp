@@ -119,6 +119,34 @@ TEST_F(PngDrawings, ATextIsWrittenAlongItsDirection) {
     EXPECT_EQ(darkIn(-1.5, -1.5, 1.5, 1.4), 0);
 }
 
+// A picture of ten metres, in which a metre is 160 pixels, of lines of hundreds of kilometres.
+TEST_F(PngDrawings, LinesThatGoOnFarBeyondThePictureLieInItWhereTheyShould) {
+    const Rows rows{.points =
+                        "1,\"\",0,0,\"HULP\",0,\"\"\n2,\"\",300000,300000,\"HULP\",0,\"\"\n"
+                        "3,\"\",150005,150000,\"HULP\",0,\"\"\n4,\"\",450005,150000,\"HULP\",0,\"\"\n"
+                        "5,\"\",750005,150000,\"HULP\",0,\"\"\n6,\"\",150000,150002,\"HULP\",0,\"\"\n"
+                        "7,\"\",450000,150002,\"HULP\",0,\"\"\n8,\"\",750000,150002,\"HULP\",0,\"\"\n",
+                    .lines = "1,\"MUUR\",0\n2,\"GEVEL\",0\n3,\"ANDERS\",0\n",
+                    .edges = "1,1,2,STRAIGHT\n2,3,4,ARC_CENT\n2,4,5,ARC_CENT\n3,6,7,CURVE_3RD\n3,7,8,CURVE_3RD\n"};
+    const DisplayList list = Picture(rows);
+    PictureFrame frame;
+    frame.box.Add(*list.origin.From(150000, 150000));
+    frame.box.Add(*list.origin.From(150010, 150010));
+    frame.pixels = 1600;
+    const Pixels pixels(Drawn(list, frame));
+    const auto isDrawn = [&](double east, double north) {
+        return ColourAt(pixels, list, frame, east, north) != 0xFFFFFF;
+    };
+    for (const double way : {1.0, 3.0, 8.0}) {
+        EXPECT_TRUE(isDrawn(150000 + way, 150000 + way)) << way;
+        EXPECT_FALSE(isDrawn(150000 + way, 150000 + way + 0.3)) << way;
+        // From west of its centre an arc goes straight to the north, in ten metres of a radius of 300 kilometres.
+        EXPECT_TRUE(isDrawn(150005, 150000 + way + 0.5)) << way;
+        EXPECT_FALSE(isDrawn(150005.3, 150000 + way + 0.5)) << way;
+        EXPECT_TRUE(isDrawn(150000 + way + 0.5, 150002)) << way;
+    }
+}
+
 // The mean of red, green and blue over 4 by 4 pixels.
 std::array<double, 3> MeanOf(const Pixels& pixels, int left, int top) {
     std::array<double, 3> mean{};
