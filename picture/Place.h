@@ -50,7 +50,6 @@ struct PictureBox {
         return minEast <= other.maxEast && other.minEast <= maxEast && minNorth <= other.maxNorth &&
                other.minNorth <= maxNorth;
     }
-
     bool Holds(const PictureBox& other) const noexcept {
         return minEast <= other.minEast && minNorth <= other.minNorth && maxEast >= other.maxEast &&
                maxNorth >= other.maxNorth;

@@ -36,17 +36,20 @@ class SpatialIndex {
         // The way down, at most one node of each level with the nodes beside it that are to be looked at.
         std::array<Node, 8 * fanOut> open;
         std::size_t count = 0;
-        open[count++] = {levels.size() - 1, 0};
+        open[count++] = {levels.size() - 1, 0, false};
         while (count > 0) {
-            const Node node = open[--count];
-            if (!nodes[levels[node.level] + node.place].Overlaps(box)) continue;
+            Node node = open[--count];
+            const PictureBox& nodeBox = nodes[levels[node.level] + node.place];
+            if (!node.isInside && !nodeBox.Overlaps(box)) continue;
+            // What is below a node that lies inside does so too.
+            node.isInside = node.isInside || box.Holds(nodeBox);
             const std::size_t first = node.place * fanOut;
             const std::size_t below = node.level == 0 ? items.size() : levels[node.level] - levels[node.level - 1];
             const std::size_t end = first + fanOut < below ? first + fanOut : below;
             for (std::size_t child = first; child < end; ++child) {
                 if (node.level > 0) {
-                    open[count++] = {node.level - 1, child};
-                } else if (BoxOf(list, Unpacked(items[child])).Overlaps(box)) {
+                    open[count++] = {node.level - 1, child, node.isInside};
+                } else if (node.isInside || BoxOf(list, Unpacked(items[child])).Overlaps(box)) {
                     visit(Unpacked(items[child]));
                 }
             }
@@ -62,6 +65,7 @@ class SpatialIndex {
     struct Node {
         std::size_t level;
         std::size_t place;
+        bool isInside;  // the box that is searched
     };
 
     // Two bits for the kind, thirty for the place.
