@@ -6,14 +6,6 @@ namespace korvande {
 
 namespace {
 
-// A view of the first source, in the places of another one.
-PictureView InPlacesOf(const FrameSource& source, const FrameSource& first, PictureView view) noexcept {
-    const PictureOrigin& origin = first.list->origin;
-    view.centre.east += static_cast<double>(origin.east - source.list->origin.east);
-    view.centre.north += static_cast<double>(origin.north - source.list->origin.north);
-    return view;
-}
-
 void DrawMark(const FrameMark& mark, const FrameOrder& order, Pixels& pixels) {
     constexpr double radius = 4;
     const Colour colour = ShownColour(mark.colour, {order.look.isDark});
@@ -54,7 +46,7 @@ FramePixels MakeFrame(const std::vector<FrameSource>& sources, const FrameOrder&
                       const std::atomic<bool>& isStopped) {
     FramePixels frame{order.view, Pixels(order.view.width, order.view.height, PaperOf(order.look))};
     for (const FrameSource& source : sources) {
-        const PictureView view = InPlacesOf(source, sources.front(), order.view);
+        const PictureView view = InPlacesFrom(source.list->origin, sources.front().list->origin, order.view);
         PixelCanvas canvas(frame.pixels, PixelsOf(view), order.look, isStopped);
         DrawPicture(*source.drawing, *source.list, FrameOf(view), canvas, {source.index, &order.isHidden});
     }

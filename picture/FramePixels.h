@@ -25,6 +25,7 @@ struct FrameMark {
     Outline outline;
     Colour colour = 0;
     double width = 2.5;  // of a line of the drawing
+    TextView name{};     // of its kind
 };
 using FrameMarks = std::vector<FrameMark>;
 

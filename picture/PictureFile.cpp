@@ -16,21 +16,26 @@ std::optional<PictureFormat> PictureFormatOf(TextView name) {
 
 PictureCounts WritePictureFile(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame,
                                const PictureFileNames& names, const PictureChoice& choice) {
+    PictureCounts counts;
+    WritePictureFile(list, frame, names,
+                     [&](Canvas& canvas) { counts = DrawPicture(drawing, list, frame, canvas, choice); });
+    return counts;
+}
+
+void WritePictureFile(const DisplayList& list, const PictureFrame& frame, const PictureFileNames& names,
+                      const std::function<void(Canvas&)>& draw) {
     FileReplacement replacement(names.file);
     LineWriter output;
-    PictureCounts counts;
     replacement.Open(output);
     if (PictureFormatOf(names.file) == PictureFormat::Svg) {
         SvgCanvas canvas(output, list, frame, names.title);
-        counts = DrawPicture(drawing, list, frame, canvas, choice);
+        draw(canvas);
         canvas.Finish();
     } else {
-        output.Put(
-            PngBytes(frame, [&](Canvas& canvas) { counts = DrawPicture(drawing, list, frame, canvas, choice); }));
+        output.Put(PngBytes(frame, draw));
     }
     output.Close();
     replacement.PutInPlace();
-    return counts;
 }
 
 }  // namespace korvande

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "picture/DrawPicture.h"
@@ -20,5 +21,9 @@ struct PictureFileNames {
 // run-time error when it cannot be written.
 PictureCounts WritePictureFile(const Drawing& drawing, const DisplayList& list, const PictureFrame& frame,
                                const PictureFileNames& names, const PictureChoice& choice = {});
+
+// The same of something else that is drawn in the places of the list.
+void WritePictureFile(const DisplayList& list, const PictureFrame& frame, const PictureFileNames& names,
+                      const std::function<void(Canvas&)>& draw);
 
 }  // namespace korvande

@@ -16,6 +16,12 @@ PicturePlace Held(Position place) noexcept { return PlaceAt(place); }
 
 }  // namespace
 
+PictureView InPlacesFrom(const PictureOrigin& origin, const PictureOrigin& itsOrigin, PictureView view) noexcept {
+    view.centre.east += static_cast<double>(itsOrigin.east - origin.east);
+    view.centre.north += static_cast<double>(itsOrigin.north - origin.north);
+    return view;
+}
+
 PixelView PixelsOf(const PictureView& view) noexcept {
     const Position corner = view.At(0, 0);
     return {corner.east, corner.north, view.scale};

@@ -24,6 +24,9 @@ struct PictureView {
     }
 };
 
+// The same view in places from another origin.
+PictureView InPlacesFrom(const PictureOrigin& origin, const PictureOrigin& itsOrigin, PictureView view) noexcept;
+
 PixelView PixelsOf(const PictureView& view) noexcept;
 
 // What it shows, for finding that; no less than it shows.
