@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <set>
+#include <utility>
 
 #include "core/Picture.h"
 
@@ -42,6 +44,16 @@ PreviewCodes::PreviewCodes(const DisplayList& itsList)
 }
 
 void PreviewCodes::ShowAll(bool isShown) { isHidden.assign(isHidden.size(), !isShown); }
+
+void PreviewCodes::HideAlso(const PreviewCodes& others) {
+    std::set<std::pair<char16_t, Text>> hidden;
+    for (std::size_t row = 0; row < others.Count(); ++row) {
+        if (!others.IsShown(row)) hidden.emplace(others.CodeAt(row).table, others.CodeAt(row).code);
+    }
+    for (std::size_t row = 0; row < Count(); ++row) {
+        if (hidden.contains({CodeAt(row).table, CodeAt(row).code})) Show(row, false);
+    }
+}
 
 std::optional<PictureRef> PreviewCodes::NextOf(std::size_t row, const std::optional<PictureRef>& after) const {
     const std::uint32_t code = rows[row];

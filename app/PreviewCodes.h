@@ -25,6 +25,9 @@ class PreviewCodes {
     void Show(std::size_t row, bool isShown) { isHidden[rows[row]] = !isShown; }
     void ShowAll(bool isShown);
 
+    // Hides the codes that others hide.
+    void HideAlso(const PreviewCodes& others);
+
     // An entry for each code of the picture.
     const std::vector<bool>& Hidden() const noexcept { return isHidden; }
 

@@ -85,6 +85,7 @@ FrameMarks MarksOf(const Preview& preview) {
         if (isAdded) MoveTo(preview.drawing.list.origin, preview.output->list.origin, mark.outline);
         mark.box = BoxOf(mark.outline);
         mark.colour = ColourOf(difference.kind);
+        mark.name = NameOf(difference.kind);
         if (difference.kind == DifferenceKind::Changed) mark.width = thin;
         marks.push_back(std::move(mark));
     }

@@ -22,13 +22,6 @@ Mode BackOf(Mode mode) noexcept {
     return {mode.direction == Direction::FromIdex ? Direction::ToIdex : Direction::FromIdex, mode.variant};
 }
 
-// Why a file was not read: the reader's message, when that names the file, or its first error.
-Text WhyUnread(const Text& name, const Text& message, const Text& error) {
-    if (message.find(name) != Text::npos) return message;
-    const Text& reason = error.empty() ? message : error;
-    return Concat(u"Het bestand kan niet worden gelezen:\n", name, reason.empty() ? u"" : u"\n", reason);
-}
-
 }  // namespace
 
 bool TakeSettings(FormKORVANDE& form, PreviewOrder& order) {
@@ -92,9 +85,11 @@ void PreviewScreen::PumpEvents() {
 }
 
 Answer PreviewScreen::ShowMessage(const MessageBox& box) {
+    if (box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel) {
+        questions.push_back(box.text);
+        return Answer::Yes;
+    }
     message = box.text;
-    const bool isQuestion = box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel;
-    if (isQuestion) return Answer::Yes;
     return box.buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
 }
 
@@ -130,28 +125,28 @@ void PreviewReading::Read(const PreviewOrder& order) {
 
 bool PreviewReading::ReadOne(ShownDrawing& drawing, Mode mode, const Text& name, const PreviewOrder& order) {
     Translation& translation = drawing.translation;
+    ReadingNotice notice;
+    notice.Listen(translation);
     drawing.name = name;
     translation.options = order.options;
     translation.owner = order.owner;
     translation.codes = order.codes;
     translation.mode = mode;
     (mode.direction == Direction::FromIdex ? translation.IdexFileName : translation.SufNenFileName) = name;
-    Text reason;
-    translation.problems.onError = [&reason](const Problem& problem) {
-        if (reason.empty()) reason = SentenceWithLine(problem);
-    };
     ReadDrawing(translation);
     translation.problems.onError = {};
     preview->screen.PumpEvents();
     const RunOutcome& outcome = translation.outcome;
     if (outcome.cancelled) throw TranslationAborted();
     if (outcome.inputUnreadable || outcome.wrongFormat) {
-        failure = WhyUnread(name, preview->screen.message, reason);
+        failure = notice.Failure(name, preview->screen.message);
         return false;
     }
+    for (const Text& question : std::exchange(preview->screen.questions, {})) notice.AddQuestion(question);
     preview->screen.ShowStatus(u"Bezig met tekenen...");
     drawing.list = MakeDisplayList(translation);
     drawing.index = SpatialIndex(drawing.list);
+    drawing.notice = notice.Lines(FileNameOf(name), translation, drawing.list);
     return true;
 }
 

@@ -4,7 +4,9 @@
 #include <memory>
 #include <mutex>
 #include <thread>
+#include <vector>
 
+#include "app/ReadingNotice.h"
 #include "core/modScreen.h"
 #include "picture/Comparison.h"
 #include "picture/SpatialIndex.h"
@@ -36,7 +38,7 @@ std::optional<PreviewOrder> PreviewOfRun(FormKORVANDE& form);
 bool TakeSettings(FormKORVANDE& form, PreviewOrder& order);
 
 // The screen of a reader on a thread of its own: another thread may ask how far it is and stop it. Messages are kept,
-// and questions answered with what is proposed.
+// and questions answered with what is proposed, which is told afterwards.
 class PreviewScreen : public Screen {
  public:
     // From any thread.
@@ -46,6 +48,7 @@ class PreviewScreen : public Screen {
 
     // What was told last; for the reader's own thread, or when that has ended.
     Text message;
+    std::vector<Text> questions;
 
     void ShowStatus(TextView text) override;
     void ShowProgressMaximum(std::int64_t newMaximum) override;
@@ -69,6 +72,7 @@ struct ShownDrawing {
     explicit ShownDrawing(Screen& screen) : translation(screen) {}
 
     Text name;
+    Text notice;  // what a person must know of the reading, in lines; empty: nothing
     Translation translation;
     DisplayList list;
     SpatialIndex index;

@@ -47,6 +47,16 @@ TEST_F(PreviewCodesTest, ACodeIsHiddenAndShownAndSoAreAll) {
     EXPECT_EQ(codes.Hidden(), std::vector<bool>(4, false));
 }
 
+TEST_F(PreviewCodesTest, WhatOthersHideIsHiddenByItsCodeWhereverItStands) {
+    codes.Show(2, false);
+    const std::unique_ptr<Preview> other = ReadStreet("5,\"P5\",30,10,1.5,\"ANDER\",\"\",0;\n");
+    PreviewCodes now(other->drawing.list);
+    now.HideAlso(codes);
+    for (std::size_t row = 0; row < now.Count(); ++row) {
+        EXPECT_EQ(now.IsShown(row), ToUtf8(now.CodeAt(row).code) != "MV") << row;
+    }
+}
+
 TEST_F(PreviewCodesTest, TheObjectsOfACodeFollowEachOtherAndBeginAnew) {
     constexpr std::size_t row = 2;  // MV
     const std::optional<PictureRef> first = codes.NextOf(row, {});
