@@ -16,6 +16,7 @@
 #include "ui/FramePainting.h"
 #include "ui/Icons.h"
 #include "ui/KeptPlace.h"
+#include "ui/ListColumns.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -24,12 +25,7 @@ namespace {
 
 enum Column { lineColumn, kindColumn, sentenceColumn };
 
-// The widest texts of a column stand in it without being cut; of the sentences, the longest tells the width of all.
-int WidthOf(const wxWindow& list, const wxString& widest) {
-    constexpr int margin = 24;  // around a text, in device-independent pixels
-    return list.GetTextExtent(widest).x + list.FromDIP(margin);
-}
-
+// It tells the width of all.
 wxString LongestSentence(const CheckReport& report) {
     const auto longest = std::max_element(
         report.findings.begin(), report.findings.end(),
@@ -47,11 +43,11 @@ FindingList::FindingList(wxWindow* parent, const CheckReport& itsReport)
         const wxString name = ToWx(NameOf(static_cast<FindingKind>(i)));
         if (name.length() > widestKind.length()) widestKind = name;
     }
-    AppendColumn(ToWx(u"Regel"), wxLIST_FORMAT_RIGHT, WidthOf(*this, "99999999"));
-    AppendColumn(ToWx(u"Soort"), wxLIST_FORMAT_LEFT, WidthOf(*this, widestKind));
+    AppendColumn(ToWx(u"Regel"), wxLIST_FORMAT_RIGHT, WidthInList(*this, "99999999"));
+    AppendColumn(ToWx(u"Soort"), wxLIST_FORMAT_LEFT, WidthInList(*this, widestKind));
     constexpr int sentenceWidth = 400;
     AppendColumn(ToWx(u"Melding"), wxLIST_FORMAT_LEFT,
-                 std::max(WidthOf(*this, LongestSentence(report)), FromDIP(sentenceWidth)));
+                 std::max(WidthInList(*this, LongestSentence(report)), FromDIP(sentenceWidth)));
     warning.SetTextColour(WarningColour());
     ShowWanted(true);
 }

@@ -15,10 +15,11 @@ CodeList::CodeList(wxWindow* parent)
     : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL) {
     SetName("lstCodes");
     EnableCheckBoxes();
-    AppendColumn(ToWx(u"Code"), wxLIST_FORMAT_LEFT, FromDIP(110));
-    AppendColumn(ToWx(u"Soort"), wxLIST_FORMAT_LEFT, FromDIP(55));
-    AppendColumn(ToWx(u"Aantal"), wxLIST_FORMAT_RIGHT, FromDIP(65));
-    AppendColumn(ToWx(u"Omschrijving"), wxLIST_FORMAT_LEFT, FromDIP(180));
+    AppendColumn(ToWx(u"Code"));
+    AppendColumn(ToWx(u"Soort"));
+    AppendColumn(ToWx(u"Aantal"), wxLIST_FORMAT_RIGHT);
+    AppendColumn(ToWx(u"Omschrijving"));
+    columns.Fit();
     warning.SetTextColour(WarningColour());
     Bind(wxEVT_LIST_ITEM_CHECKED, [this](wxListEvent& event) { Toggle(event.GetIndex()); });
     Bind(wxEVT_LIST_ITEM_UNCHECKED, [this](wxListEvent& event) { Toggle(event.GetIndex()); });
@@ -29,6 +30,7 @@ CodeList::CodeList(wxWindow* parent)
 void CodeList::ShowCodes(PreviewCodes* itsCodes) {
     codes = itsCodes;
     SetItemCount(static_cast<long>(codes->Count()));
+    columns.Fit();
     Refresh();
 }
 

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "app/PreviewCodes.h"
+#include "ui/ListColumns.h"
 
 namespace korvande {
 
@@ -35,6 +36,7 @@ class CodeList : public wxListCtrl {
     void OnKey(wxKeyEvent& event);
 
     PreviewCodes* codes = nullptr;
+    ListColumns columns{*this, ListColumns::FirstHasBox::Yes};
     mutable wxListItemAttr warning;  // as the library wants it
 };
 

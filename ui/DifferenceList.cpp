@@ -24,15 +24,14 @@ wxColour DifferenceColour(DifferenceKind kind) {
 DifferenceList::DifferenceList(wxWindow* parent)
     : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL) {
     SetName("lstDifferences");
-    AppendColumn(ToWx(u"Verschil"), wxLIST_FORMAT_LEFT, FromDIP(90));
-    AppendColumn(ToWx(u"Object"), wxLIST_FORMAT_LEFT, FromDIP(95));
-    AppendColumn(ToWx(u"Code"), wxLIST_FORMAT_LEFT, FromDIP(90));
-    AppendColumn(ToWx(u"Wat"), wxLIST_FORMAT_LEFT, FromDIP(220));
+    for (const TextView title : {u"Verschil", u"Object", u"Code", u"Wat"}) AppendColumn(ToWx(title));
+    columns.Fit();
     for (std::size_t kind = 0; kind < looks.size(); ++kind) {
         looks[kind].SetTextColour(DifferenceColour(static_cast<DifferenceKind>(kind)));
     }
     Bind(wxEVT_LIST_ITEM_SELECTED,
          [this](wxListEvent& event) { onSelect(static_cast<std::size_t>(event.GetIndex())); });
+    Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent& event) { onGoTo(static_cast<std::size_t>(event.GetIndex())); });
 }
 
 void DifferenceList::ShowDifferences(const PreviewDifferences* itsDifferences) {
@@ -40,6 +39,7 @@ void DifferenceList::ShowDifferences(const PreviewDifferences* itsDifferences) {
     if (GetItemCount() > 0) SetItemState(allItems, 0, wxLIST_STATE_SELECTED);
     differences = itsDifferences;
     SetItemCount(static_cast<long>(differences->Count()));
+    columns.Fit();
     Refresh();
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "app/PreviewDifferences.h"
+#include "ui/ListColumns.h"
 
 namespace korvande {
 
@@ -17,8 +18,9 @@ class DifferenceList : public wxListCtrl {
  public:
     explicit DifferenceList(wxWindow* parent);
 
-    // A row became the current one.
+    // A row became the current one; it was chosen, for going there.
     std::function<void(std::size_t row)> onSelect = [](std::size_t) {};
+    std::function<void(std::size_t row)> onGoTo = [](std::size_t) {};
 
     // Also when other kinds of them are to be seen. They must outlive it, or the next ones that are shown.
     void ShowDifferences(const PreviewDifferences* itsDifferences);
@@ -30,6 +32,7 @@ class DifferenceList : public wxListCtrl {
 
  private:
     const PreviewDifferences* differences = nullptr;
+    ListColumns columns{*this};
     mutable std::array<wxListItemAttr, 3> looks;  // as the library wants it
 };
 

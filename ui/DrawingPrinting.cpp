@@ -6,7 +6,6 @@
 #include <array>
 #include <memory>
 
-#include "picture/DrawPicture.h"
 #include "picture/ScaleBar.h"
 #include "ui/Controls.h"
 #include "ui/PrintCanvas.h"
@@ -55,7 +54,7 @@ bool PrintedDrawing::OnPrintPage(int /*number*/) {
     context->Translate(left, top);
     context->Clip(0, 0, view.width, view.height);
     PrintCanvas canvas(*context, PixelsOf(view), thinnest * unit);
-    DrawPicture(*page.source.drawing, *page.source.list, FrameOf(view), canvas, {page.source.index, &page.isHidden});
+    page.draw(FrameOf(view), canvas);
     context->PopState();
     context->Translate(left, top + view.height);
     PrintLegend(*context, view, legend * unit);

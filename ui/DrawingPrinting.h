@@ -2,18 +2,18 @@
 
 #include <wx/print.h>
 
+#include <functional>
 #include <optional>
 
 #include "app/PreviewPage.h"
-#include "picture/FramePixels.h"
+#include "picture/DrawPicture.h"
 
 namespace korvande {
 
 // What of a drawing is printed on a page.
 struct DrawingPage {
-    FrameSource source;
-    std::vector<bool> isHidden;  // for each code
-    PictureView view;            // of the window
+    std::function<void(const PictureFrame& frame, Canvas& canvas)> draw;
+    PictureView view;  // of the window
     PrintScale scale = PrintScale::Fit;
     Text title;
 };

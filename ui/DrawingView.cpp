@@ -8,28 +8,18 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "picture/ScaleBar.h"
-#include "ui/Controls.h"
-#include "ui/WxText.h"
+#include "ui/DrawingOverlay.h"
 
 namespace korvande {
 
 namespace {
 
-// All of these in device-independent pixels.
+// In device-independent pixels.
 constexpr int clickReach = 6;
 constexpr int dragReach = 3;
-constexpr int barLength = 160;
-constexpr int barHeight = 5;
 
 constexpr double keyZoom = 1.25;
 constexpr double leastExtent = 2000;  // millimetres, of what an object is shown with
-
-wxColour ToColour(Colour colour) {
-    constexpr Colour byte = 0xFF;
-    return {static_cast<unsigned char>(colour >> 16 & byte), static_cast<unsigned char>(colour >> 8 & byte),
-            static_cast<unsigned char>(colour & byte)};
-}
 
 wxImage ToImage(const Pixels& pixels) {
     wxImage image(pixels.width, pixels.height, false);
@@ -119,10 +109,7 @@ void DrawingView::GoTo(const PictureBox& box) {
 
 // As it is when it is seen well already.
 void DrawingView::BringIntoView(const PictureBox& box) {
-    const PictureBox seen = FrameOf(view).box;
-    const bool isSeen = seen.minEast <= box.minEast && seen.minNorth <= box.minNorth && seen.maxEast >= box.maxEast &&
-                        seen.maxNorth >= box.maxNorth;
-    if (!isSeen) GoTo(box);
+    if (!FrameOf(view).box.Holds(box)) GoTo(box);
 }
 
 void DrawingView::Zoom(double factor) { SetView(Zoomed(view, factor, view.width / 2.0, view.height / 2.0)); }
@@ -163,9 +150,11 @@ void DrawingView::OnPaint() {
     // Everything is in the pixels of the screen.
     context->Scale(1 / Factor(), 1 / Factor());
     PaintFrame(*context);
-    PaintHighlight(*context);
-    PaintScaleBar(*context);
-    if (HasFocus()) PaintFocus(*context);
+    const OverlayLook look{Look(), std::max(Factor(), GetDPIScaleFactor()),
+                           GetFont().Scaled(static_cast<float>(Factor()))};
+    PaintOutline(*context, highlight, view, look);
+    PaintScaleBar(*context, view, look);
+    if (HasFocus()) PaintFocus(*context, view, look);
 }
 
 void DrawingView::PaintFrame(wxGraphicsContext& context) {
@@ -173,65 +162,6 @@ void DrawingView::PaintFrame(wxGraphicsContext& context) {
     const ShownAs place = ShownIn(shown, view);
     context.SetInterpolationQuality(wxINTERPOLATION_FAST);
     context.DrawBitmap(frame, place.left, place.top, shown.width * place.times, shown.height * place.times);
-}
-
-void DrawingView::PaintHighlight(wxGraphicsContext& context) {
-    constexpr double width = 3;
-    constexpr double radius = 8;
-    const double unit = std::max(Factor(), GetDPIScaleFactor());
-    context.SetPen(wxPen(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), static_cast<int>(width * unit)));
-    context.SetBrush(*wxTRANSPARENT_BRUSH);
-    wxGraphicsPath path = context.CreatePath();
-    // Places far outside the window are no pixels any more.
-    const double far = 20.0 * (view.width + view.height);
-    const auto x = [&](const Position& place) { return std::clamp(view.X(place.east), -far, far); };
-    const auto y = [&](const Position& place) { return std::clamp(view.Y(place.north), -far, far); };
-    for (const std::vector<Position>& line : highlight) {
-        if (line.size() == 1) path.AddCircle(x(line.front()), y(line.front()), radius * unit);
-        if (line.size() > 1) path.MoveToPoint(x(line.front()), y(line.front()));
-        for (std::size_t i = 1; i < line.size(); ++i) path.AddLineToPoint(x(line[i]), y(line[i]));
-    }
-    context.StrokePath(path);
-}
-
-// In a corner, on paper of its own.
-void DrawingView::PaintScaleBar(wxGraphicsContext& context) {
-    const double unit = std::max(Factor(), GetDPIScaleFactor());
-    const double space = narrowSpace * unit;
-    const ScaleBar bar = ScaleBarOf(view.scale, barLength * unit);
-    const Colour ink = ShownColour(0, {Look().isDark});
-    context.SetFont(context.CreateFont(GetFont().Scaled(static_cast<float>(Factor())), ToColour(ink)));
-    double width = 0;
-    double height = 0;
-    context.GetTextExtent(ToWx(bar.text), &width, &height);
-    const double left = 2 * space;
-    const double bottom = view.height - 2 * space;
-    const double top = bottom - barHeight * unit - height;
-    wxColour paper = ToColour(PaperOf(Look()));
-    context.SetBrush(wxBrush(wxColour(paper.Red(), paper.Green(), paper.Blue(), 200)));
-    context.SetPen(*wxTRANSPARENT_PEN);
-    context.DrawRectangle(left - space, top - space / 2, std::max(bar.pixels, width) + 2 * space, bottom - top + space);
-    context.DrawText(ToWx(bar.text), left, top);
-    context.SetPen(wxPen(ToColour(ink), std::max(1, static_cast<int>(unit))));
-    wxGraphicsPath path = context.CreatePath();
-    path.MoveToPoint(left, bottom - barHeight * unit);
-    path.AddLineToPoint(left, bottom);
-    path.AddLineToPoint(left + bar.pixels, bottom);
-    path.AddLineToPoint(left + bar.pixels, bottom - barHeight * unit);
-    context.StrokePath(path);
-}
-
-// A frame, and a cross where the space bar picks.
-void DrawingView::PaintFocus(wxGraphicsContext& context) {
-    constexpr double arm = 7;
-    const double unit = std::max(Factor(), GetDPIScaleFactor());
-    context.SetPen(wxPen(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), std::max(1, static_cast<int>(unit))));
-    context.SetBrush(*wxTRANSPARENT_BRUSH);
-    context.DrawRectangle(0, 0, view.width - 1, view.height - 1);
-    const double x = view.width / 2.0;
-    const double y = view.height / 2.0;
-    context.StrokeLine(x - arm * unit, y, x + arm * unit, y);
-    context.StrokeLine(x, y - arm * unit, x, y + arm * unit);
 }
 
 void DrawingView::OnSize() {
@@ -284,6 +214,9 @@ void DrawingView::OnKey(wxKeyEvent& event) {
         Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward : wxNavigationKeyEvent::IsForward);
     } else if (event.ControlDown() || event.AltDown() || !DoKey(event.GetKeyCode(), event.ShiftDown())) {
         event.Skip();
+    } else {
+        // Where the cross is.
+        onPointer(view.At(view.width / 2.0, view.height / 2.0));
     }
 }
 

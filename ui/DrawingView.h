@@ -19,7 +19,7 @@ class DrawingView : public wxWindow {
     explicit DrawingView(wxWindow* parent);
 
     // A click or the space bar, at what is seen there, within reach (millimetres of the drawing); a double click or
-    // Enter, for going there; the pointer, or nothing when it is elsewhere.
+    // Enter, for going there; the pointer, or the middle after a key, or nothing when the pointer is elsewhere.
     std::function<void(PicturePlace place, double reach)> onPick = [](PicturePlace, double) {};
     std::function<void()> onGoTo = [] {};
     std::function<void(const std::optional<Position>&)> onPointer = [](const std::optional<Position>&) {};
@@ -33,6 +33,7 @@ class DrawingView : public wxWindow {
     void Highlight(Outline outline);
 
     void ShowAll();
+    bool ShowsAll() const noexcept { return isFitted; }
     void GoTo(const PictureBox& box);
     void BringIntoView(const PictureBox& box);
     void Zoom(double factor);
@@ -51,9 +52,6 @@ class DrawingView : public wxWindow {
     void TakeFrame();
     void OnPaint();
     void PaintFrame(wxGraphicsContext& context);
-    void PaintHighlight(wxGraphicsContext& context);
-    void PaintScaleBar(wxGraphicsContext& context);
-    void PaintFocus(wxGraphicsContext& context);
     void OnSize();
     void OnLeftDown(wxMouseEvent& event);
     void OnLeftUp(wxMouseEvent& event);

@@ -263,6 +263,7 @@ bool MainWindow::AddUnknownCodes(const UnknownCodes& found, wxWindow* parent,
     if (IsBusy(form)) return false;
     EndEdits(form);
     UnknownCodes unknown = StillUnknown(form, found);
+    if (unknown.codes.empty()) return true;
     Suggest(form, unknown);
     const EditedGrid* const grid = AddCodes(form, AskUnknownCodes(parent, unknown, look));
     for (size_t i = 0; i < gridTabs.size(); ++i) {
@@ -270,7 +271,7 @@ bool MainWindow::AddUnknownCodes(const UnknownCodes& found, wxWindow* parent,
         tabs->SetSelection(tabPoints + i);
         gridTabs[i]->GoToCurrentCell();
     }
-    return grid != nullptr;
+    return grid != nullptr || unknown.codes.size() < found.codes.size();
 }
 
 void MainWindow::EnableOptions(bool enable) {

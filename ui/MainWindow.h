@@ -51,7 +51,7 @@ class MainWindow : public wxFrame {
     void WorkOn(const char* button, std::function<void()> action);
     void OfferRecent(const char* button, Direction direction);
     void EnableOptions(bool enable);
-    // Of those found, whether some were added.
+    // Of those found, whether the tables have some now.
     bool AddUnknownCodes(const UnknownCodes& found, wxWindow* parent,
                          const std::function<void(const UnknownCode&)>& look);
     void ShowStandalone();

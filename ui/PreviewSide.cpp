@@ -10,7 +10,7 @@ namespace korvande {
 
 namespace {
 
-constexpr std::array<TextView, differenceKinds> kindCaptions = {u"&Gewijzigd", u"Ont&breekt", u"Toegevoeg&d"};
+constexpr std::array<TextView, differenceKinds> kindCaptions = {u"&Gewijzigd", u"Ont&breekt", u"&Toegevoegd"};
 constexpr std::array<const char*, differenceKinds> kindNames = {"chkChanged", "chkMissing", "chkAdded"};
 
 }  // namespace

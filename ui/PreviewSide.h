@@ -23,6 +23,9 @@ class PreviewSide : public wxPanel {
     std::function<void(bool isForward)> onNext = [](bool) {};
     std::function<void(DifferenceKind kind, bool isShown)> onShow = [](DifferenceKind, bool) {};
 
+    // Whether a kind of differences is to be seen.
+    bool Shows(DifferenceKind kind) const { return kinds[static_cast<std::size_t>(kind)]->IsChecked(); }
+
     void ShowCounts(const PreviewDifferences& counted);
     void ShowObject(TextView text);
 

@@ -7,15 +7,13 @@
 #include <array>
 #include <utility>
 
-#include "app/BrowseFiles.h"
+#include "app/GridEditing.h"
 #include "app/Manual.h"
+#include "app/Projects.h"
 #include "app/frmKORVANDE.h"
-#include "core/modScreen.h"
 #include "host/modFileHandling.h"
 #include "picture/HitTest.h"
-#include "picture/PictureFile.h"
 #include "ui/Controls.h"
-#include "ui/FileDialogs.h"
 #include "ui/Icons.h"
 #include "ui/Manual.h"
 #include "ui/WxText.h"
@@ -25,12 +23,26 @@ namespace korvande {
 namespace {
 
 constexpr int looksEvery = 50;  // milliseconds, at the reading
-constexpr int gaugeRange = 1000;
 constexpr int placeField = 1;
+constexpr double buttonZoom = 1.5;
+constexpr double beside = 20;  // millimetres, of the straight lines that stand for a curve
 
 Text TitleOf(const PreviewOrder& order) {
     if (order.output.empty()) return Concat(u"Voorbeeld van ", FileNameOf(order.input));
     return Concat(FileNameOf(order.output), u" over ", FileNameOf(order.input));
+}
+
+FrameSource SourceOf(const ShownDrawing& drawing) {
+    return {&drawing.translation.drawing, &drawing.list, &drawing.index};
+}
+
+// What is to be known of the reading of one drawing or both, in lines.
+Text NoticeOf(const Preview& preview) {
+    Text notice = preview.drawing.notice;
+    if (!preview.output || preview.output->notice.empty()) return notice;
+    if (!notice.empty()) AppendTo(notice, u"\n");
+    AppendTo(notice, preview.output->notice);
+    return notice;
 }
 
 }  // namespace
@@ -40,6 +52,7 @@ PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrd
       form(itsForm),
       order(std::move(itsOrder)),
       content(MakeContent(this)),
+      progress(new ReadingBar(content)),
       splitter(new wxSplitterWindow(content, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
       side(new PreviewSide(splitter, !order.output.empty())),
       view(new DrawingView(splitter)),
@@ -50,8 +63,7 @@ PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrd
     SetExtraStyle(GetExtraStyle() | wxWS_EX_BLOCK_EVENTS);
     const int narrow = FromDIP(narrowSpace);
     auto* const column = new wxBoxSizer(wxVERTICAL);
-    column->Add(MakeReading(), wxSizerFlags().Expand());
-    progress->MoveBeforeInTabOrder(splitter);
+    column->Add(progress, wxSizerFlags().Expand());
     side->MoveAfterInTabOrder(view);
     splitter->SetMinimumPaneSize(FromDIP(150));
     splitter->SetSashGravity(1);
@@ -67,6 +79,7 @@ PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrd
     CentreOnParent();
     place = std::make_unique<KeptPlace>(*this, u"PreviewPlace");
     BindEvents();
+    BindSide();
     EnableButtons();
     BeginReading();
 }
@@ -81,47 +94,25 @@ PreviewWindow::~PreviewWindow() {
 // What the side takes to be seen whole, with the sash.
 int PreviewWindow::WidthOfSide() const { return side->GetBestSize().x + splitter->GetSashSize(); }
 
-wxSizer* PreviewWindow::MakeReading() {
-    progress = new wxPanel(content);
-    progress->SetName("framReading");
-    status = MakeLabel(progress, u"Bezig met lezen...", "lblReading");
-    gauge = new wxGauge(progress, wxID_ANY, gaugeRange);
-    gauge->SetName("gaugeReading");
-    auto* const row = new wxBoxSizer(wxHORIZONTAL);
-    const auto around = InRow().Border(wxALL, FromDIP(narrowSpace));
-    row->Add(status, InRow(1).Border(wxALL, FromDIP(narrowSpace)));
-    row->Add(gauge, InRow(1).Border(wxALL, FromDIP(narrowSpace)));
-    wxButton* const stop = MakeButton(progress, "cmdStopReading", u"Stop", u"Breekt het lezen af (Esc)");
-    stop->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
-    row->Add(stop, around);
-    progress->SetSizer(row);
-    auto* const whole = new wxBoxSizer(wxVERTICAL);
-    whole->Add(progress, wxSizerFlags().Expand());
-    return whole;
-}
-
-void PreviewWindow::Add(wxSizer* row, wxWindow* parent, const char* name, TextView caption, TextView tip,
-                        std::function<void()> action) {
-    wxButton* const button = MakeButton(parent, name, caption, tip);
+void PreviewWindow::Add(wxSizer* row, const char* name, TextView caption, TextView tip, std::function<void()> action) {
+    wxButton* const button = MakeButton(content, name, caption, tip);
     button->Bind(wxEVT_BUTTON, [action = std::move(action)](wxCommandEvent&) { action(); });
     row->Add(button, InRow().Border(wxRIGHT, FromDIP(narrowSpace)));
 }
 
 wxSizer* PreviewWindow::MakeButtons() {
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
-    Add(row, content, "cmdFit", u"A&lles", u"Toont de hele tekening (Home)", [this] { view->ShowAll(); });
-    Add(row, content, "cmdCloser", u"&Dichterbij", u"Vergroot (+, of het muiswiel)", [this] { view->Zoom(1.5); });
-    Add(row, content, "cmdFarther", u"V&erder weg", u"Verkleint (-, of het muiswiel)", [this] { view->Zoom(1 / 1.5); });
+    Add(row, "cmdFit", u"A&lles", u"Toont de hele tekening (Home)", [this] { view->ShowAll(); });
+    Add(row, "cmdCloser", u"&Dichterbij", u"Vergroot (+, of het muiswiel)", [this] { view->Zoom(buttonZoom); });
+    Add(row, "cmdFarther", u"V&erder weg", u"Verkleint (-, of het muiswiel)", [this] { view->Zoom(1 / buttonZoom); });
     row->AddStretchSpacer();
     if (order.output.empty()) {
-        Add(row, content, "cmdPreviewUnknown", u"&Onbekende codes...",
+        Add(row, "cmdPreviewUnknown", u"&Onbekende codes...",
             u"Toont de codes die niet in de codetabellen staan, om ze toe te voegen", [this] { AddUnknownCodes(); });
-        Add(row, content, "cmdSavePreview", u"O&pslaan als...", u"Bewaart wat u ziet als SVG of PNG (Ctrl+S)",
-            [this] { SaveAs(); });
-        Add(row, content, "cmdPrintPreview", u"A&fdrukken...", u"Drukt de tekening op schaal af (Ctrl+P)",
-            [this] { Print(); });
     }
-    Add(row, content, "cmdClosePreview", u"&Sluiten", u"Sluit dit venster (Esc)", [this] { Close(); });
+    Add(row, "cmdSavePreview", u"O&pslaan als...", u"Bewaart wat u ziet als SVG of PNG (Ctrl+S)", [this] { SaveAs(); });
+    Add(row, "cmdPrintPreview", u"A&fdrukken...", u"Drukt de tekening op schaal af (Ctrl+P)", [this] { Print(); });
+    Add(row, "cmdClosePreview", u"&Sluiten", u"Sluit dit venster (Esc)", [this] { Close(); });
     return row;
 }
 
@@ -131,22 +122,39 @@ void PreviewWindow::BindEvents() {
     view->onPointer = [this](const std::optional<Position>& at) {
         SetStatusText(at && preview ? ToWx(TextOfPlace(preview->drawing.list, *at)) : wxString(), placeField);
     };
+    progress->onStop = [this] { StopReading(); };
+    Bind(wxEVT_TIMER, [this](wxTimerEvent&) { LookAtReading(); });
+    Bind(wxEVT_CHAR_HOOK, &PreviewWindow::OnKey, this);
+    Bind(wxEVT_CLOSE_WINDOW, &PreviewWindow::OnClose, this);
+    BindManual(*this, form.screen, [] { return previewChapter; });
+}
+
+void PreviewWindow::BindSide() {
     side->Codes().onShown = [this] { view->Hide(codes.Hidden()); };
     side->Codes().onGoTo = [this](std::size_t row) {
         Select(codes.NextOf(row, selected));
         GoToSelection();
     };
     side->Differences().onSelect = [this](std::size_t row) { SelectDifference(row); };
+    side->Differences().onGoTo = [this](std::size_t row) {
+        SelectDifference(row);
+        GoToSelection();
+    };
     side->onNext = [this](bool isForward) { GoToNext(isForward); };
     side->onShow = [this](DifferenceKind kind, bool isShown) {
         differences.Show(kind, isShown);
         side->Differences().ShowDifferences(&differences);
-        selectedDifference.reset();
+        Select({});
         view->ShowMarks(differences.Shown(marks));
     };
-    Bind(wxEVT_TIMER, [this](wxTimerEvent&) { LookAtReading(); });
-    Bind(wxEVT_CHAR_HOOK, &PreviewWindow::OnKey, this);
-    BindManual(*this, form.screen, [] { return previewChapter; });
+}
+
+// A reading looks only now and then whether it is to stop: the window goes at once, and what it holds then.
+void PreviewWindow::OnClose(wxCloseEvent& event) {
+    if (!IsReading() || !event.CanVeto()) return event.Skip();
+    isClosing = true;
+    reading->Stop();
+    Hide();
 }
 
 void PreviewWindow::BeginReading() {
@@ -154,58 +162,69 @@ void PreviewWindow::BeginReading() {
     timer.Start(looksEvery);
 }
 
+// What was shown before stays.
+void PreviewWindow::StopReading() {
+    if (reading == nullptr) return;
+    if (!preview) return static_cast<void>(Close());
+    reading->Stop();
+}
+
 void PreviewWindow::LookAtReading() {
     if (reading == nullptr) return;
-    if (!reading->IsOver()) {
-        status->SetLabelText(ToWx(reading->Status()));
-        gauge->SetValue(static_cast<int>(reading->Part() * gaugeRange));
-        return;
-    }
+    if (!reading->IsOver()) return progress->ShowProgress(reading->Status(), reading->Part());
     timer.Stop();
     const PreviewEnd end = reading->End();
     const Text failure = reading->Failure();
     std::unique_ptr<Preview> read = reading->Take();
     reading.reset();
-    if (end == PreviewEnd::Failed) return ShowFailure(failure);
-    if (end == PreviewEnd::Stopped) return;
-    // What was shown stays until the new one is.
-    const std::unique_ptr<Preview> before = std::exchange(preview, std::move(read));
-    ShowRead();
+    if (isClosing) return static_cast<void>(Destroy());
+    if (end == PreviewEnd::Failed) return progress->ShowNotice(failure);
+    if (end == PreviewEnd::Read) return ShowRead(std::move(read));
+    progress->ShowNotice(preview ? NoticeOf(*preview) : Text());
 }
 
-void PreviewWindow::ShowRead() {
-    const bool wasShown = view->HasDrawing();
-    progress->Hide();
-    content->FitInside();
-    const auto sourceOf = [](const ShownDrawing& drawing) {
-        return FrameSource{&drawing.translation.drawing, &drawing.list, &drawing.index};
-    };
-    std::vector<FrameSource> sources = {sourceOf(preview->drawing)};
-    codes = PreviewCodes(preview->drawing.list);
-    side->Codes().ShowCodes(&codes);
+void PreviewWindow::ShowRead(std::unique_ptr<Preview> read) {
+    // What was shown stays until the new one is.
+    const std::unique_ptr<Preview> before = std::exchange(preview, std::move(read));
+    selected.reset();
+    selectedDifference.reset();
+    side->ShowObject({});
+    progress->ShowNotice(NoticeOf(*preview));
+    std::vector<FrameSource> sources = {SourceOf(preview->drawing)};
+    ShowCodes(before != nullptr);
     std::shared_ptr<const FrameMarks> shown;
     if (preview->output) {
-        sources.push_back(sourceOf(*preview->output));
-        marks = MarksOf(*preview);
-        differences = PreviewDifferences(preview->comparison);
-        side->Differences().ShowDifferences(&differences);
-        side->ShowCounts(differences);
-        if (side->GetSize().x < side->GetBestSize().x) splitter->SetSashPosition(-WidthOfSide());
-        shown = differences.Shown(marks);
+        sources.push_back(SourceOf(*preview->output));
+        shown = ShowDifferences();
     }
-    const PictureView before = view->View();
+    const PictureView viewBefore = view->View();
+    const bool showedAll = view->ShowsAll();
     view->ShowDrawing(std::move(sources), shown);
-    if (wasShown) view->SetView(before);
+    view->Hide(codes.Hidden());
+    if (before && !showedAll) {
+        view->SetView(InPlacesFrom(preview->drawing.list.origin, before->drawing.list.origin, viewBefore));
+    }
     EnableButtons();
     SetStatusText(ToWx(preview->output ? SummaryOf(preview->comparison) : SummaryOf(preview->drawing.list)));
 }
 
-void PreviewWindow::ShowFailure(const Text& failure) {
-    gauge->Hide();
-    status->SetLabelText(ToWx(failure));
-    status->SetForegroundColour(WarningColour());
-    FindWindow("cmdStopReading")->Hide();
-    content->FitInside();
+void PreviewWindow::ShowCodes(bool isAgain) {
+    PreviewCodes read(preview->drawing.list);
+    if (isAgain) read.HideAlso(codes);
+    codes = std::move(read);
+    side->Codes().ShowCodes(&codes);
+}
+
+std::shared_ptr<const FrameMarks> PreviewWindow::ShowDifferences() {
+    marks = MarksOf(*preview);
+    differences = PreviewDifferences(preview->comparison);
+    for (const DifferenceKind kind : {DifferenceKind::Missing, DifferenceKind::Changed, DifferenceKind::Added}) {
+        differences.Show(kind, side->Shows(kind));
+    }
+    side->Differences().ShowDifferences(&differences);
+    side->ShowCounts(differences);
+    if (side->GetSize().x < side->GetBestSize().x) splitter->SetSashPosition(-WidthOfSide());
+    return differences.Shown(marks);
 }
 
 void PreviewWindow::Pick(PicturePlace at, double reach) {
@@ -215,7 +234,6 @@ void PreviewWindow::Pick(PicturePlace at, double reach) {
 }
 
 void PreviewWindow::Select(const std::optional<PictureRef>& ref) {
-    constexpr double beside = 20;  // millimetres, of the straight lines that stand for a curve
     selected = ref;
     selectedDifference.reset();
     if (!ref) {
@@ -238,7 +256,6 @@ void PreviewWindow::SelectDifference(std::size_t row) {
 }
 
 void PreviewWindow::GoToSelection() {
-    constexpr double beside = 20;
     PictureBox box;
     if (selected) box = BoxOf(OutlineOf(preview->drawing.list, *selected, beside));
     if (selectedDifference) box = marks[differences.PlaceOf(*selectedDifference)].box;
@@ -258,7 +275,7 @@ void PreviewWindow::OnKey(wxKeyEvent& event) {
     if (event.GetModifiers() == wxMOD_CONTROL && OnCommandKey(key)) return;
     const bool isShift = event.GetModifiers() == wxMOD_SHIFT;
     if (event.GetModifiers() == wxMOD_NONE && key == WXK_ESCAPE) {
-        Close();
+        IsReading() ? StopReading() : static_cast<void>(Close());
     } else if (key == WXK_F5 && !event.HasAnyModifiers()) {
         ReadAgain();
     } else if (key == WXK_F8 && (isShift || !event.HasAnyModifiers())) {
@@ -282,11 +299,11 @@ bool PreviewWindow::OnCommandKey(int key) {
         case '+':
         case '=':
         case WXK_NUMPAD_ADD:
-            view->Zoom(1.5);
+            view->Zoom(buttonZoom);
             return true;
         case '-':
         case WXK_NUMPAD_SUBTRACT:
-            view->Zoom(1 / 1.5);
+            view->Zoom(1 / buttonZoom);
             return true;
         default:
             return false;
@@ -294,50 +311,39 @@ bool PreviewWindow::OnCommandKey(int key) {
 }
 
 void PreviewWindow::EnableButtons() {
-    const bool isOfInput = order.output.empty();
-    if (!isOfInput) return;
     for (const char* const name : {"cmdSavePreview", "cmdPrintPreview"}) FindWindow(name)->Enable(preview != nullptr);
+    if (!order.output.empty()) return;
     const bool hasUnknown = preview && codes.Count() > 0 && !codes.CodeAt(0).isKnown;
     FindWindow("cmdPreviewUnknown")->Enable(hasUnknown);
 }
 
-// What the window shows, as it is there: without the codes that are hidden.
+// What the window shows, as it is there: without what is hidden.
+SeenPreview PreviewWindow::Seen() const {
+    SeenPreview seen{SourceOf(preview->drawing), view->View(), codes.Hidden(), {}, order.input,
+                     FileNameOf(order.input)};
+    if (!preview->output) return seen;
+    seen.marks = differences.Shown(marks);
+    seen.title = Concat(TitleOf(order), u" (rood: ontbreekt, oranje: gewijzigd, blauw: toegevoegd)");
+    return seen;
+}
+
 void PreviewWindow::SaveAs() {
-    constexpr int leastPixels = 1600;
-    if (!preview || preview->output) return;
-    const FileDialog dialog = {u"Tekening opslaan", u"SVG (*.svg)|*.svg|PNG (*.png)|*.png", FolderOf(order.input),
-                               WithLastThreeReplaced(FileNameOf(order.input), u"svg"), false};
-    std::optional<Text> target = ShowFileDialog(this, dialog);
-    if (!target) return;
-    if (!PictureFormatOf(*target)) AppendTo(*target, u".svg");
-    PictureFrame frame = FrameOf(view->View());
-    frame.pixels = std::max(frame.pixels, leastPixels);
-    const ShownDrawing& drawing = preview->drawing;
-    TryWithRetry(form.screen, *target, u"opslaan", [&] {
-        WritePictureFile(drawing.translation.drawing, drawing.list, frame, {FileNameOf(order.input), *target},
-                         {&drawing.index, &codes.Hidden()});
-    });
+    if (preview) SaveSeen(this, form.screen, Seen());
 }
 
 void PreviewWindow::Print() {
-    if (!preview || preview->output) return;
-    const std::optional<PrintChoice> choice = AskPrintChoice(this, printChoice);
-    if (!choice) return;
-    printChoice = *choice;
-    printData.SetOrientation(printChoice.isLandscape ? wxLANDSCAPE : wxPORTRAIT);
-    const ShownDrawing& drawing = preview->drawing;
-    const DrawingPage page = {{&drawing.translation.drawing, &drawing.list, &drawing.index},
-                              codes.Hidden(),
-                              view->View(),
-                              printChoice.scale,
-                              FileNameOf(order.input)};
-    if (!PrintDrawing(this, printData, page, asksPrinter)) {
-        ShowMessage(form.screen, u"De tekening kan niet worden afgedrukt.");
-    }
+    if (preview) PrintSeen(this, form.screen, Seen(), printing);
+}
+
+// The settings and the tables are the run's as long as that goes on.
+bool PreviewWindow::IsBusyElsewhere() {
+    const bool isBusy = IsBusy(form);
+    if (isBusy) SetStatusText(ToWx(u"Dat kan zodra de vertaling klaar is"));
+    return isBusy;
 }
 
 void PreviewWindow::AddUnknownCodes() {
-    if (!preview) return;
+    if (!preview || IsReading() || IsBusyElsewhere()) return;
     const UnknownCodes unknown =
         UnknownCodesOf(preview->drawing.translation.drawing, preview->drawing.list, order.mode.direction);
     if (onUnknownCodes(unknown, [this](const UnknownCode& code) { LookAt(code); })) ReadAgain();
@@ -357,9 +363,9 @@ void PreviewWindow::LookAt(const UnknownCode& code) {
 
 // With the settings and the code tables as they are now.
 void PreviewWindow::ReadAgain() {
-    if (IsReading() || !TakeSettings(form, order)) return;
-    progress->Show();
-    content->FitInside();
+    if (IsReading() || IsBusyElsewhere()) return;
+    EndEdits(form);
+    if (!TakeSettings(form, order)) return;
     Select({});
     BeginReading();
 }

@@ -1,11 +1,8 @@
 #pragma once
 
 #include <wx/frame.h>
-#include <wx/gauge.h>
-#include <wx/panel.h>
 #include <wx/scrolwin.h>
 #include <wx/splitter.h>
-#include <wx/stattext.h>
 #include <wx/timer.h>
 
 #include <functional>
@@ -16,10 +13,11 @@
 #include "app/PreviewDifferences.h"
 #include "app/ReadPreview.h"
 #include "app/UnknownCodes.h"
-#include "ui/DrawingPrinting.h"
 #include "ui/DrawingView.h"
 #include "ui/KeptPlace.h"
+#include "ui/PreviewOutput.h"
 #include "ui/PreviewSide.h"
+#include "ui/ReadingBar.h"
 
 namespace korvande {
 
@@ -33,14 +31,13 @@ class PreviewWindow : public wxFrame {
     ~PreviewWindow() override;
 
     // Called when a person wants to add unknown codes; `look` shows the first object of one in the drawing. Whether
-    // some were added.
+    // the tables know some of them now.
     using Look = std::function<void(const UnknownCode&)>;
     std::function<bool(const UnknownCodes& unknown, const Look& look)> onUnknownCodes =
         [](const UnknownCodes&, const Look&) { return false; };
 
     // Where and how the drawing is printed.
-    wxPrintData printData;
-    AsksPrinter asksPrinter = AsksPrinter::Yes;
+    PrintSettings printing;
 
     bool IsReading() const noexcept { return reading != nullptr; }
     const Preview* Shown() const noexcept { return preview.get(); }  // null until it is read
@@ -49,15 +46,17 @@ class PreviewWindow : public wxFrame {
 
  private:
     int WidthOfSide() const;
-    wxSizer* MakeReading();
     wxSizer* MakeButtons();
-    void Add(wxSizer* row, wxWindow* parent, const char* name, TextView caption, TextView tip,
-             std::function<void()> action);
+    void Add(wxSizer* row, const char* name, TextView caption, TextView tip, std::function<void()> action);
     void BindEvents();
+    void BindSide();
+    void OnClose(wxCloseEvent& event);
     void BeginReading();
+    void StopReading();
     void LookAtReading();
-    void ShowRead();
-    void ShowFailure(const Text& failure);
+    void ShowRead(std::unique_ptr<Preview> read);
+    void ShowCodes(bool isAgain);
+    std::shared_ptr<const FrameMarks> ShowDifferences();
     void Pick(PicturePlace at, double reach);
     void Select(const std::optional<PictureRef>& ref);
     void SelectDifference(std::size_t row);
@@ -66,8 +65,10 @@ class PreviewWindow : public wxFrame {
     void OnKey(wxKeyEvent& event);
     bool OnCommandKey(int key);
     void EnableButtons();
+    SeenPreview Seen() const;
     void SaveAs();
     void Print();
+    bool IsBusyElsewhere();
     void AddUnknownCodes();
     void LookAt(const UnknownCode& code);
     void ReadAgain();
@@ -75,6 +76,7 @@ class PreviewWindow : public wxFrame {
     FormKORVANDE& form;
     PreviewOrder order;
     std::unique_ptr<PreviewReading> reading;
+    bool isClosing = false;  // as soon as the reading has stopped
     std::unique_ptr<Preview> preview;
     PreviewCodes codes;
     PreviewDifferences differences;
@@ -82,13 +84,10 @@ class PreviewWindow : public wxFrame {
     std::optional<PictureRef> selected;
     std::optional<std::size_t> selectedDifference;  // its row
     wxScrolledWindow* content;
+    ReadingBar* progress;
     wxSplitterWindow* splitter;
     PreviewSide* side;
     DrawingView* view;
-    wxPanel* progress = nullptr;
-    wxStaticText* status = nullptr;
-    wxGauge* gauge = nullptr;
-    PrintChoice printChoice;
     wxTimer timer;
     std::unique_ptr<KeptPlace> place;
 };

@@ -27,7 +27,8 @@ class RunWindows {
     // For a window that has all its controls.
     RunWindows(wxFrame& itsFrame, FormKORVANDE& itsForm, Work itsWork);
 
-    // Asks which of the unknown codes of a preview are to be added, and adds them; whether there were any.
+    // Asks which of the unknown codes of a preview are to be added, and adds them; whether the tables have some of them
+    // now.
     std::function<bool(const UnknownCodes& unknown, wxWindow* parent, const std::function<void(const UnknownCode&)>&)>
         onUnknownCodes;
 

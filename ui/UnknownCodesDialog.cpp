@@ -8,6 +8,8 @@
 #include <algorithm>
 
 #include "ui/Controls.h"
+#include "ui/KeptPlace.h"
+#include "ui/ListColumns.h"
 #include "ui/WxText.h"
 
 namespace korvande {
@@ -20,6 +22,22 @@ enum Column { columnWanted, columnCode, columnObjects, columnCount, columnSugges
 Text SuggestionText(const UnknownCode& code) {
     return code.suggestion.empty() ? Text() : Concat(code.suggestion, u" (als ", code.suggestedBy, u")");
 }
+
+Text CodeText(const UnknownCode& code) { return code.code.empty() ? Text(u"(zonder code)") : code.code; }
+Text CountText(const UnknownCode& code) { return Concat(std::int64_t{code.count}); }
+
+// A row without a suggestion has no box for taking it over.
+class UnknownCodesStore : public wxDataViewListStore {
+ public:
+    explicit UnknownCodesStore(const UnknownCodes& itsCodes) : unknown(itsCodes) {}
+
+    bool HasValue(const wxDataViewItem& item, unsigned column) const override {
+        return column != columnTake || !unknown.codes[GetRow(item)].suggestion.empty();
+    }
+
+ private:
+    const UnknownCodes& unknown;
+};
 
 class UnknownCodesDialog : public wxDialog {
  public:
@@ -41,11 +59,18 @@ class UnknownCodesDialog : public wxDialog {
                           u"tabel een regel, die dan nog moet worden ingevuld."
                         : u"Deze Liscad-codes staan niet in de codetabellen. De aangevinkte krijgen onderaan "
                           u"hun tabel een regel, die dan nog moet worden ingevuld.");
-        label->Wrap(FromDIP(listWidth));
+        // The list is as wide as its columns, and a scroll bar.
+        constexpr int least = 420;
+        constexpr int listHeight = 260;
+        const wxSize listSize(std::max(listWidth + FromDIP(wideSpace * 3), FromDIP(least)), FromDIP(listHeight));
+        list->SetMinSize(listSize);
+        label->Wrap(listSize.x);
         column->Add(label, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, wide));
         column->Add(list, wxSizerFlags(1).Expand().Border(wxALL, wide));
         column->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, wide));
         SetSizerAndFit(column);
+        LetShrink(*list);
+        FitDisplay(*this);
         CentreOnParent();
         list->SetFocus();
     }
@@ -62,29 +87,25 @@ class UnknownCodesDialog : public wxDialog {
     }
 
  private:
-    static constexpr int listWidth = 420;
-    static constexpr int suggestionWidth = 250;
-    static constexpr int listHeight = 260;
-
     void MakeList() {
-        const int width = listWidth + (hasSuggestions ? suggestionWidth : 0);
-        list = new wxDataViewListCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(width, listHeight)));
+        list = new wxDataViewListCtrl(this, wxID_ANY);
         list->SetName("lstUnknownCodes");
-        const TextView code = unknown.column == Grid::Lki ? TextView(u"LKI-code") : TextView(u"Liscad-code");
-        list->AppendToggleColumn(ToWx(u"Toevoegen"), wxDATAVIEW_CELL_ACTIVATABLE, FromDIP(90));
-        list->AppendTextColumn(ToWx(code), wxDATAVIEW_CELL_INERT, FromDIP(120));
-        list->AppendTextColumn(ToWx(u"Soort"), wxDATAVIEW_CELL_INERT, FromDIP(110));
-        list->AppendTextColumn(ToWx(u"Aantal"), wxDATAVIEW_CELL_INERT, FromDIP(70), wxALIGN_RIGHT);
+        const wxObjectDataPtr<UnknownCodesStore> store(new UnknownCodesStore(unknown));
+        list->AssociateModel(store.get());
+        AddToggle(u"Toevoegen");
+        AddText(unknown.column == Grid::Lki ? u"LKI-code" : u"Liscad-code", CodeText);
+        AddText(u"Soort", [](const UnknownCode& entry) { return Text(ObjectsOf(entry.table)); });
+        AddText(u"Aantal", CountText, wxALIGN_RIGHT);
         if (hasSuggestions) {
-            list->AppendTextColumn(ToWx(u"Voorstel LKI-code"), wxDATAVIEW_CELL_INERT, FromDIP(150));
-            list->AppendToggleColumn(ToWx(u"Overnemen"), wxDATAVIEW_CELL_ACTIVATABLE, FromDIP(90));
+            AddText(u"Voorstel LKI-code", SuggestionText);
+            AddToggle(u"Overnemen");
         }
         for (const UnknownCode& entry : unknown.codes) {
             wxVector<wxVariant> cells;
             cells.push_back(true);
-            cells.push_back(entry.code.empty() ? ToWx(u"(zonder code)") : ToWx(entry.code));
+            cells.push_back(ToWx(CodeText(entry)));
             cells.push_back(ToWx(ObjectsOf(entry.table)));
-            cells.push_back(wxString::Format("%d", static_cast<int>(entry.count)));
+            cells.push_back(ToWx(CountText(entry)));
             if (hasSuggestions) {
                 cells.push_back(ToWx(SuggestionText(entry)));
                 cells.push_back(false);
@@ -93,6 +114,23 @@ class UnknownCodesDialog : public wxDialog {
         }
         list->Bind(wxEVT_DATAVIEW_ITEM_VALUE_CHANGED, [this](wxDataViewEvent&) { ShowState(); });
         list->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { Look(); });
+    }
+
+    void AddToggle(TextView title) {
+        const int width = WidthInList(*list, ToWx(title));
+        list->AppendToggleColumn(ToWx(title), wxDATAVIEW_CELL_ACTIVATABLE, width);
+        listWidth += width;
+    }
+
+    // As wide as its texts.
+    template <class TextOf>
+    void AddText(TextView title, TextOf textOf, wxAlignment align = wxALIGN_LEFT) {
+        int width = WidthInList(*list, ToWx(title));
+        for (const UnknownCode& entry : unknown.codes) {
+            width = std::max(width, WidthInList(*list, ToWx(textOf(entry))));
+        }
+        list->AppendTextColumn(ToWx(title), wxDATAVIEW_CELL_INERT, width, align);
+        listWidth += width;
     }
 
     wxSizer* MakeButtons() {
@@ -134,6 +172,7 @@ class UnknownCodesDialog : public wxDialog {
     const UnknownCodes& unknown;
     const std::function<void(const UnknownCode&)>& look;
     bool hasSuggestions;
+    int listWidth = 0;
     wxDataViewListCtrl* list = nullptr;
     wxButton* add = nullptr;
 };

@@ -44,8 +44,7 @@ TEST_F(PreviewComparisonTest, TheOutputIsShownOverTheInputWithWhatDiffers) {
 
 TEST_F(PreviewComparisonTest, NextWalksThroughTheDifferencesAndTellsTheirReasons) {
     Compare();
-    View().SetFocus();
-    WaitUntil("the keyboard", [] { return View().HasFocus(); });
+    FocusOn(View());
     Key(WXK_F8);
     WaitUntil("the first one", [] { return Current() == 0; });
     EXPECT_THAT(ObjectText(), HasSubstr(": " + Cell(0, 1)));
@@ -61,6 +60,33 @@ TEST_F(PreviewComparisonTest, NextWalksThroughTheDifferencesAndTellsTheirReasons
         all += ObjectText();
     }
     EXPECT_THAT(all, HasSubstr("\nReden: de code staat niet in de controletabel"));
+}
+
+TEST_F(PreviewComparisonTest, EnterInTheListGoesToADifference) {
+    Compare();
+    List().Select(0);
+    FocusOn(List());
+    const double scale = View().View().scale;
+    Key(WXK_RETURN);
+    WaitUntil("the way there", [&] { return View().View().scale > scale * 1.5; });
+}
+
+TEST_F(PreviewComparisonTest, AKindThatIsHiddenStaysHiddenWhenBothAreReadAgain) {
+    Compare();
+    const long all = List().GetItemCount();
+    auto& box = ControlNamed<wxCheckBox>(*Preview(), "chkChanged");
+    box.SetValue(false);
+    wxCommandEvent event(wxEVT_CHECKBOX, box.GetId());
+    event.SetInt(0);
+    box.ProcessWindowEvent(event);
+    const long rest = List().GetItemCount();
+    ASSERT_LT(rest, all);
+    FocusOn(View());
+    const auto* const before = Preview()->Shown();
+    Key(WXK_F5);
+    WaitUntil("the other reading", [before] { return Preview()->Shown() != before; });
+    WaitForDrawing();
+    EXPECT_EQ(List().GetItemCount(), rest);
 }
 
 TEST_F(PreviewComparisonTest, AKindOfDifferenceCanBeHidden) {

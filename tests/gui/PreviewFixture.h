@@ -42,6 +42,16 @@ class PreviewFixture : public TranslationFixture {
         Press("cmdPreview");
         WaitForDrawing();
     }
+    // As a person who clicks there: without a window manager, the system gives a new window the keyboard only when that
+    // is on the screen.
+    static void FocusOn(wxWindow& control) {
+        WaitUntil("the keyboard", [&control] {
+            if (Preview()->IsActive() && control.HasFocus()) return true;
+            Preview()->Raise();
+            control.SetFocus();
+            return false;
+        });
+    }
     static void WaitForDrawing() {
         ASSERT_NE(Preview(), nullptr);
         WaitUntil("the drawing", [] {

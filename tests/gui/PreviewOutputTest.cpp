@@ -31,7 +31,7 @@ class PreviewOutputTest : public PreviewFixture {
     }
     // The text of a page that comes out of the printer, at the scale of an option.
     std::string Printed(const char* option) {
-        Preview()->asksPrinter = AsksPrinter::No;
+        Preview()->printing.asksPrinter = AsksPrinter::No;
         dialogs.onDialog = [&](wxDialog& dialog) {
             ControlNamed<wxRadioButton>(dialog, option).SetValue(true);
             dialog.EndModal(wxID_OK);
@@ -76,11 +76,24 @@ TEST_F(PreviewOutputTest, ADrawingIsPrintedToScale) {
     EXPECT_THAT(Printed("optScaleFit"), HasSubstr("klein.idx"));
 }
 
+TEST_F(PreviewOutputTest, AComparisonIsSavedAndPrintedWithWhatDiffersInItsColours) {
+    Open();
+    Type("txtFileIDEX", ToUtf8(Street()));
+    Type("txtFileSUFNEN", ToUtf8(folder / "klein.sfn"));
+    Press("cmdStart");
+    Press("cmdCompare");
+    WaitForDrawing();
+    const std::string svg = Saved("verschillen.svg");
+    EXPECT_EQ(dialogs.fileQuestions.back().title, "Tekening opslaan");
+    EXPECT_THAT(svg, AllOf(HasSubstr("data-code=\"MUUR\""), HasSubstr("id=\"V-gewijzigd"), Not(HasSubstr("#d00000"))));
+    EXPECT_THAT(Saved("verschillen.png"), StartsWith("\x89PNG"));
+    EXPECT_THAT(Printed("optScaleFit"), AllOf(HasSubstr("klein.sfn over klein.idx"), HasSubstr("oranje: gewijzigd")));
+}
+
 TEST_F(PreviewOutputTest, ControlSAndControlPSaveAndPrint) {
     Open();
     ShowPreview(Street());
-    View().SetFocus();
-    WaitUntil("the keyboard", [] { return View().HasFocus(); });
+    FocusOn(View());
     dialogs.files = {folder / "toets.svg"};
     simulator.Char('S', wxMOD_CONTROL);
     WaitUntil("the picture", [this] { return FileIsThere(folder / "toets.svg"); });

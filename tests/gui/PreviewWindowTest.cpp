@@ -126,11 +126,14 @@ TEST_F(PreviewWindowTest, TheWheelZoomsAtThePointerAndDraggingMovesTheDrawing) {
 TEST_F(PreviewWindowTest, TheKeysMoveZoomFitPickAndGoThere) {
     Open();
     ShowPreview(Street());
-    View().SetFocus();
-    WaitUntil("the keyboard", [] { return View().HasFocus(); });
+    FocusOn(View());
     const PictureView all = View().View();
     Key(WXK_RIGHT);
     WaitUntil("the move", [&] { return View().View().centre.east > all.centre.east; });
+    // The coordinates are those of the cross, where the pointer is not.
+    WaitUntil("the coordinates of the cross", [&] {
+        return StatusText(1) == ToUtf8(TextOfPlace(Preview()->Shown()->drawing.list, View().View().centre));
+    });
     Key('+');
     WaitUntil("the zoom", [&] { return View().View().scale > all.scale * 1.2; });
     Key(WXK_HOME);
@@ -151,9 +154,8 @@ TEST_F(PreviewWindowTest, TheKeysMoveZoomFitPickAndGoThere) {
 TEST_F(PreviewWindowTest, ACodeIsHiddenAndShownByTheSpaceBarAndItsNextObjectIsShownByEnter) {
     Open();
     ShowPreview(Street());
-    Codes().SetFocus();
     Codes().Select(0);
-    WaitUntil("the keyboard", [] { return Codes().HasFocus(); });
+    FocusOn(Codes());
     Key(WXK_SPACE);
     WaitUntil("the hidden code", [] { return !Preview()->Codes().IsShown(0); });
     WaitUntil("the point to go", [] { return !HasColour(View(), IsRed); });
@@ -188,8 +190,7 @@ TEST_F(PreviewWindowTest, F8ShowsItFromEveryTabAndEscapeClosesIt) {
     Key(WXK_F8);
     WaitUntil("the window", [] { return Preview() != nullptr && Preview()->IsShownOnScreen(); });
     WaitForDrawing();
-    View().SetFocus();
-    WaitUntil("the keyboard", [] { return View().HasFocus(); });
+    FocusOn(View());
     Key(WXK_ESCAPE);
     WaitUntil("no window", [] { return Preview() == nullptr; });
 }

@@ -4,8 +4,9 @@
 #include <cctype>
 #include <cstdlib>
 
+#include "tests/gui/PreviewFixture.h"
+#include "tests/gui/ScreenPixels.h"
 #include "tests/gui/WindowManager.h"
-#include "tests/gui/WindowTest.h"
 
 // The surroundings that the looks and keys are tested in are what they are said to be.
 namespace korvande::testing {
@@ -17,7 +18,7 @@ std::string Said(const char* variable) {
     return value == nullptr ? "" : value;
 }
 
-class SurroundingsTest : public WindowTest {};
+class SurroundingsTest : public PreviewFixture {};
 
 TEST_F(SurroundingsTest, TheTextIsAsLargeAsAskedFor) {
     Start();
@@ -32,6 +33,18 @@ TEST_F(SurroundingsTest, TheTextIsAsLargeAsAskedFor) {
 
 TEST_F(SurroundingsTest, TheColoursAreLightOrDarkAsAskedFor) {
     EXPECT_EQ(wxSystemSettings::GetAppearance().IsUsingDarkBackground(), Said("GTK_THEME") == "Adwaita:dark");
+}
+
+TEST_F(SurroundingsTest, ADrawingLiesOnLightOrDarkPaperAsTheColoursAre) {
+    Open();
+    ShowPreview(Street());
+    const wxRect place = View().GetScreenRect();
+    const std::uint32_t paper = PaperOf({.isDark = Said("GTK_THEME") == "Adwaita:dark"});
+    WaitUntil("the paper", [&] {
+        // Beside the drawing, within the frame of the focus.
+        const auto pixels = PixelsOnScreen({place.x + place.width / 2, place.y + 6, 1, 1});
+        return (pixels.front() & 0xFFFFFF) == paper;
+    });
 }
 
 TEST_F(SurroundingsTest, TheDisplayIsAsLargeAsAskedFor) {

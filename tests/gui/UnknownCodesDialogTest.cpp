@@ -101,6 +101,28 @@ TEST_F(UnknownCodesDialogTest, WhenAllWereAddedThereIsNothingLeftToAdd) {
     EXPECT_TRUE(Button().IsEnabled());
 }
 
+TEST_F(UnknownCodesDialogTest, OnlyACodeWithASuggestionHasABoxForTakingItOver) {
+    Translate({"MVX", "ZUILEN"});
+    bool hasBox = false;
+    bool hasOther = true;
+    dialogs.onDialog = [&](wxDialog& dialog) {
+        auto& list = ControlNamed<wxDataViewListCtrl>(dialog, "lstUnknownCodes");
+        ASSERT_EQ(list.GetColumnCount(), 6U);
+        hasBox = list.GetModel()->HasValue(list.RowToItem(0), 5);
+        hasOther = list.GetModel()->HasValue(list.RowToItem(1), 5);
+        list.SetToggleValue(true, 0, 5);
+        list.SetToggleValue(true, 1, 5);
+        dialog.EndModal(wxID_OK);
+    };
+    const int before = form.gridPoints.RowCount();
+    Press("cmdUnknownCodes");
+    EXPECT_TRUE(hasBox);
+    EXPECT_FALSE(hasOther);
+    ASSERT_EQ(form.gridPoints.RowCount(), before + 2);
+    EXPECT_NE(form.gridPoints[before][Grid::Lki], u"");
+    EXPECT_EQ(form.gridPoints[before + 1][Grid::Lki], u"");
+}
+
 TEST_F(UnknownCodesDialogTest, WithoutATickNothingCanBeAdded) {
     Translate({"EIK", "ZUIL"});
     bool isEnabled = true;

@@ -1,0 +1,53 @@
+#include "ui/PreviewOutput.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "app/BrowseFiles.h"
+#include "core/modScreen.h"
+#include "host/modFileHandling.h"
+#include "picture/DrawMarked.h"
+#include "picture/PictureFile.h"
+#include "ui/FileDialogs.h"
+
+namespace korvande {
+
+namespace {
+
+void Draw(const SeenPreview& seen, const PictureFrame& frame, Canvas& canvas) {
+    if (seen.marks) return DrawMarked(seen.source, *seen.marks, frame, canvas);
+    DrawPicture(*seen.source.drawing, *seen.source.list, frame, canvas, {seen.source.index, &seen.isHidden});
+}
+
+}  // namespace
+
+void SaveSeen(wxWindow* parent, Screen& screen, const SeenPreview& seen) {
+    constexpr int leastPixels = 1600;
+    const Text input = FileNameOf(seen.input);
+    const Text name = Concat(input.substr(0, input.rfind(u'.')), seen.marks ? u" - verschillen.svg" : u".svg");
+    const FileDialog dialog = {u"Tekening opslaan", u"SVG (*.svg)|*.svg|PNG (*.png)|*.png", FolderOf(seen.input), name,
+                               false};
+    std::optional<Text> target = ShowFileDialog(parent, dialog);
+    if (!target) return;
+    if (!PictureFormatOf(*target)) AppendTo(*target, u".svg");
+    PictureFrame frame = FrameOf(seen.view);
+    frame.pixels = std::max(frame.pixels, leastPixels);
+    TryWithRetry(screen, *target, u"opslaan", [&] {
+        WritePictureFile(*seen.source.list, frame, {seen.title, *target},
+                         [&](Canvas& canvas) { Draw(seen, frame, canvas); });
+    });
+}
+
+void PrintSeen(wxWindow* parent, Screen& screen, const SeenPreview& seen, PrintSettings& settings) {
+    const std::optional<PrintChoice> choice = AskPrintChoice(parent, settings.choice);
+    if (!choice) return;
+    settings.choice = *choice;
+    settings.data.SetOrientation(choice->isLandscape ? wxLANDSCAPE : wxPORTRAIT);
+    const DrawingPage page = {[&](const PictureFrame& frame, Canvas& canvas) { Draw(seen, frame, canvas); }, seen.view,
+                              choice->scale, seen.title};
+    if (!PrintDrawing(parent, settings.data, page, settings.asksPrinter)) {
+        ShowMessage(screen, u"De tekening kan niet worden afgedrukt.");
+    }
+}
+
+}  // namespace korvande

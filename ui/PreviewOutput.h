@@ -1,0 +1,38 @@
+#pragma once
+
+#include <wx/print.h>
+
+#include <memory>
+#include <vector>
+
+#include "picture/FramePixels.h"
+#include "ui/DrawingPrinting.h"
+
+namespace korvande {
+
+class Screen;
+
+// What a preview shows at a moment.
+struct SeenPreview {
+    FrameSource source;
+    PictureView view;
+    std::vector<bool> isHidden;               // for each code
+    std::shared_ptr<const FrameMarks> marks;  // what differs; null when nothing is compared
+    Text input;
+    Text title;
+};
+
+// Where and how it was printed last.
+struct PrintSettings {
+    wxPrintData data;
+    AsksPrinter asksPrinter = AsksPrinter::Yes;
+    PrintChoice choice;
+};
+
+// Asks for a name and saves what is seen there, as SVG or PNG.
+void SaveSeen(wxWindow* parent, Screen& screen, const SeenPreview& seen);
+
+// Asks how it is to be printed, and prints it. What fails is told.
+void PrintSeen(wxWindow* parent, Screen& screen, const SeenPreview& seen, PrintSettings& settings);
+
+}  // namespace korvande
