@@ -122,6 +122,15 @@ Finish() {
     WaitGone "#32770/KORVANDE"
 }
 
+# Waits until a preview tells this of its drawing.
+Tells() {
+    Tool text "$1" | grep -qF -- "$2"
+}
+WaitForPicture() {
+    WaitFor "$1"
+    WaitUntil "the drawing of $1" Tells "$1" "$2"
+}
+
 SetValue() {
     Wine reg add "$1" /v "$2" /d "$3" /f >/dev/null
 }

@@ -29,6 +29,8 @@ constexpr const char* usage =
     "       windowtool tab TITLE NUMBER        goes to a tab, counted from 0\n"
     "       windowtool fill TITLE LABEL TEXT   types into the box behind a label\n"
     "       windowtool press TITLE CAPTION     presses a button, also an option or a check box\n"
+    "       windowtool place TITLE CLASS       where the first control of a class is that holds no others: left, top,\n"
+    "                                          width and height on the screen\n"
     "       windowtool looks TITLE             the frames that are seen, then what is wrong: a frame that is not\n"
     "                                          drawn, a control that is cut; status 1 when something is\n"
     "       windowtool close TITLE\n";
@@ -189,6 +191,17 @@ bool Press(HWND window, const std::wstring& caption) {
     return false;
 }
 
+bool PrintPlace(HWND window, const std::wstring& name) {
+    for (HWND const control : ControlsOfClass(window, name.c_str())) {
+        if (!ControlsOf(control).empty()) continue;
+        RECT place{};
+        ::GetWindowRect(control, &place);
+        std::printf("%ld %ld %ld %ld\n", place.left, place.top, place.right - place.left, place.bottom - place.top);
+        return true;
+    }
+    return false;
+}
+
 bool PrintControls(HWND window) {
     for (HWND const control : ControlsOf(window)) {
         const std::wstring name = ClassOf(control);
@@ -223,6 +236,7 @@ int Run(const std::vector<std::wstring>& words) {
     if (command == L"choose" && count == 3) return status([&] { return Choose(window, words[2]); });
     if (command == L"tab" && count == 3) return status([&] { return GoToTab(window, words[2]); });
     if (command == L"fill" && count == 4) return status([&] { return Fill(window, words[2], words[3]); });
+    if (command == L"place" && count == 3) return status([&] { return PrintPlace(window, words[2]); });
     if (command == L"press" && count == 3) return status([&] { return Press(window, words[2]); });
     if (command == L"close" && count == 2) {
         return status([&] { return ::PostMessageW(window, WM_CLOSE, 0, 0) != 0; });
