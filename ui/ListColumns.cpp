@@ -19,8 +19,15 @@ ListColumns::ListColumns(wxListCtrl& itsList, FirstHasBox itsFirst) : list(itsLi
 void ListColumns::Fit() {
     const int last = list.GetColumnCount() - 1;
     for (int column = 0; column < last; ++column) list.SetColumnWidth(column, WidthOf(column));
-    leastOfLast = WidthOf(last);
+    leastOfLast = WidthInList(list, TitleOf(last));
     Stretch();
+}
+
+wxString ListColumns::TitleOf(int column) const {
+    wxListItem title;
+    title.SetMask(wxLIST_MASK_TEXT);
+    list.GetColumn(column, title);
+    return title.GetText();
 }
 
 // Of the title and the texts of the first rows: a long list would take too long, and who looks farther down can widen a
@@ -28,11 +35,8 @@ void ListColumns::Fit() {
 int ListColumns::WidthOf(int column) const {
     constexpr int mostRows = 1000;
     constexpr int box = 22;  // in device-independent pixels
-    wxListItem title;
-    title.SetMask(wxLIST_MASK_TEXT);
-    list.GetColumn(column, title);
     wxString longest;
-    int width = WidthInList(list, title.GetText());
+    int width = WidthInList(list, TitleOf(column));
     const int rows = std::min(list.GetItemCount(), mostRows);
     for (int row = 0; row < rows; ++row) {
         const wxString text = list.GetItemText(row, column);

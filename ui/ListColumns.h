@@ -7,7 +7,8 @@ namespace korvande {
 // What a text takes in a list, with the room around it.
 int WidthInList(const wxWindow& list, const wxString& text);
 
-// Makes the columns of a list as wide as their titles and texts, and the last one as wide as the list has room for.
+// Makes the columns of a list as wide as their titles and texts, and the last one as wide as the list has room for:
+// what is longer ends in dots.
 class ListColumns {
  public:
     enum class FirstHasBox { No, Yes };
@@ -19,6 +20,7 @@ class ListColumns {
     void Fit();
 
  private:
+    wxString TitleOf(int column) const;
     int WidthOf(int column) const;
     void Stretch();
 

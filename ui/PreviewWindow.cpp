@@ -68,7 +68,9 @@ PreviewWindow::PreviewWindow(wxWindow* parent, FormKORVANDE& itsForm, PreviewOrd
     splitter->SetMinimumPaneSize(FromDIP(150));
     splitter->SetSashGravity(1);
     view->SetMinSize(FromDIP(wxSize(240, 160)));
-    splitter->SplitVertically(view, side, -std::max(FromDIP(400), WidthOfSide()));
+    // Differences are told in more words than codes.
+    const int usual = order.output.empty() ? 400 : 480;
+    splitter->SplitVertically(view, side, -std::max(FromDIP(usual), WidthOfSide()));
     column->Add(splitter, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP, narrow));
     column->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxALL, narrow));
     content->SetSizer(column);

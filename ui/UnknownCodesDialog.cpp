@@ -3,12 +3,12 @@
 #include <wx/button.h>
 #include <wx/dataview.h>
 #include <wx/dialog.h>
+#include <wx/display.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
 
 #include "ui/Controls.h"
-#include "ui/KeptPlace.h"
 #include "ui/ListColumns.h"
 #include "ui/WxText.h"
 
@@ -59,18 +59,17 @@ class UnknownCodesDialog : public wxDialog {
                           u"tabel een regel, die dan nog moet worden ingevuld."
                         : u"Deze Liscad-codes staan niet in de codetabellen. De aangevinkte krijgen onderaan "
                           u"hun tabel een regel, die dan nog moet worden ingevuld.");
-        // The list is as wide as its columns, and a scroll bar.
+        // The list is as wide as its columns and a scroll bar, if the display is.
         constexpr int least = 420;
         constexpr int listHeight = 260;
-        const wxSize listSize(std::max(listWidth + FromDIP(wideSpace * 3), FromDIP(least)), FromDIP(listHeight));
+        wxSize listSize(std::max(listWidth + 3 * wide, FromDIP(least)), FromDIP(listHeight));
+        listSize.x = std::min(listSize.x, wxDisplay(this).GetClientArea().width - 4 * wide);
         list->SetMinSize(listSize);
         label->Wrap(listSize.x);
         column->Add(label, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, wide));
         column->Add(list, wxSizerFlags(1).Expand().Border(wxALL, wide));
         column->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, wide));
         SetSizerAndFit(column);
-        LetShrink(*list);
-        FitDisplay(*this);
         CentreOnParent();
         list->SetFocus();
     }

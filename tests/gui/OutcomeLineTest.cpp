@@ -2,6 +2,7 @@
 
 #include <wx/app.h>
 #include <wx/button.h>
+#include <wx/display.h>
 #include <wx/stattext.h>
 
 #include <gmock/gmock.h>
@@ -63,11 +64,12 @@ TEST_F(OutcomeLineTest, ARunThatWentWellIsNotRedAnyMore) {
 
 TEST_F(OutcomeLineTest, ALineThatIsLongStandsAboveItsButtonsAndIsNotCut) {
     Open();
+    window->SetSize(wxDisplay(window).GetClientArea().GetSize());
     Press("cmdStart");
     const auto& line = Find<wxTextCtrl>("lblOutcome");
     const auto& button = Find<wxWindow>("cmdShowOverview");
     const auto isBeside = [&] { return line.GetScreenRect().GetRight() < button.GetScreenRect().GetLeft(); };
-    EXPECT_TRUE(isBeside());
+    EXPECT_TRUE(WaitUntil("the buttons beside the line", isBeside));
     const std::string name(60, 'o');
     Type("txtFileSUFNEN", folder.Path() + "/" + name + ".sfn");
     Press("cmdStart");
