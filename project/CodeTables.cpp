@@ -54,6 +54,14 @@ std::size_t CodeLookup::SlotOf(const std::vector<CodeRow>& rows, const CodeKey& 
 void CodeTable::RowsChanged() noexcept {
     byLiscad.Forget();
     byLki.Forget();
+    ForgetUses();
+}
+
+void CodeTable::ForgetUses() noexcept {
+    for (const std::int32_t row : used) {
+        if (static_cast<std::size_t>(row) < rows.size()) rows[static_cast<std::size_t>(row)].Count = 0;
+    }
+    used.clear();
 }
 
 std::int32_t FindLiscadCode(CodeTable& table, const CodeKey& code) {
@@ -64,14 +72,15 @@ std::int32_t FindLkiCode(CodeTable& table, const CodeKey& lkiCode) {
     return table.rows.empty() ? 0 : table.byLki.Find(table.rows, lkiCode);
 }
 
-void CountUse(CodeTable& table, std::int32_t row) noexcept {
-    if (!table.rows.empty()) ++table.rows[static_cast<std::size_t>(row)].Count;
+void CountUse(CodeTable& table, std::int32_t row, std::int32_t times) {
+    if (table.rows.empty()) return;
+    std::int32_t& count = table.rows[static_cast<std::size_t>(row)].Count;
+    if (count == 0) table.used.push_back(row);
+    count += times;
 }
 
 void ForgetUses(CodeTables& codes) noexcept {
-    for (CodeTable* const table : {&codes.points, &codes.lines, &codes.texts}) {
-        for (CodeRow& row : table->rows) row.Count = 0;
-    }
+    for (CodeTable* const table : {&codes.points, &codes.lines, &codes.texts}) table->ForgetUses();
 }
 
 void ResetCodeTables(CodeTables& codes) {

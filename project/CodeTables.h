@@ -72,9 +72,13 @@ struct CodeTable {
     std::vector<CodeRow> rows;
     CodeLookup byLiscad{&CodeRow::LiscadCode};
     CodeLookup byLki{&CodeRow::LkiCode};
+    std::vector<std::int32_t> used;  // the rows whose Count is not 0, so that no large table is gone through for a few
 
-    // Forgets the lookups' memories; to be called whenever rows or their codes changed.
+    // Forgets the lookups' memories and the uses; to be called whenever rows or their codes changed.
     void RowsChanged() noexcept;
+
+    // Every row as not yet used.
+    void ForgetUses() noexcept;
 };
 
 // The three tables of a project.
@@ -88,8 +92,8 @@ struct CodeTables {
 std::int32_t FindLiscadCode(CodeTable& table, const CodeKey& code);
 std::int32_t FindLkiCode(CodeTable& table, const CodeKey& lkiCode);
 
-// Counting: adds 1 to the uses of a row. A table that lost every row counts nothing.
-void CountUse(CodeTable& table, std::int32_t row) noexcept;
+// Counting: adds to the uses of a row. A table that lost every row counts nothing.
+void CountUse(CodeTable& table, std::int32_t row, std::int32_t times = 1);
 
 // Every row as not yet used.
 void ForgetUses(CodeTables& codes) noexcept;

@@ -1,6 +1,7 @@
 #include "translation/CodeStatistics.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "core/Picture.h"
 #include "project/CodeTables.h"
@@ -10,19 +11,17 @@ namespace korvande {
 
 namespace {
 
-bool IsUsed(const CodeRow& row) { return row.Count != 0; }
-
 void WriteTable(LogBook& log, TextView heading, const CodeTable& table, NoneFor noneFor) {
     log.WriteLine();
     log.WriteLine(heading);
-    for (const CodeRow& row : table.rows) {
-        if (!IsUsed(row)) continue;
+    std::vector<std::int32_t> used = table.used;
+    std::sort(used.begin(), used.end());
+    for (const std::int32_t number : used) {
+        const CodeRow& row = table.rows[static_cast<std::size_t>(number)];
         log.WriteLine(
             Concat(row.LiscadCode.View(), u" = ", row.Description.View(), FormatPicture(row.Count, " ######0 maal")));
     }
-    const bool isNone = noneFor == NoneFor::TablesWithoutRows
-                            ? table.rows.empty()
-                            : std::none_of(table.rows.begin(), table.rows.end(), IsUsed);
+    const bool isNone = noneFor == NoneFor::TablesWithoutRows ? table.rows.empty() : used.empty();
     if (!isNone) return;
     log.WriteAtColumn(5, u"GEEN");
     log.EndLine();

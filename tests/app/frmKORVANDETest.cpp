@@ -88,7 +88,7 @@ TEST_F(Form, TheTablesAreMadeAnewFromTheGrids) {
     form.gridPoints[2] = {u"ABCDEFGHI", u"S01", u"GRONDSLAG", u"Boom", u"12abc", u"", u"-7.5"};
     form.gridLines[1][Grid::Lki] = u"Q98";
     form.gridTexts.SetRowCount(1);
-    codes.points.rows[0].Count = 5;
+    CountUse(codes.points, 0, 5);
     SaveGridData(form);
     ASSERT_EQ(codes.points.rows.size(), 2U);
     EXPECT_EQ(codes.points.rows[0].Count, 0);

@@ -22,7 +22,11 @@ std::string Named(const char* variable) {
     return value == nullptr ? "" : value;
 }
 
-class WindowSpeed : public WindowTest {};
+class WindowSpeed : public WindowTest {
+ protected:
+    // Outlives the window, which still repaints while it closes.
+    int paints = 0;
+};
 
 TEST_F(WindowSpeed, ATranslation) {
     const std::string drawing = Named("KORVANDE_SPEED_DRAWING");
@@ -32,8 +36,7 @@ TEST_F(WindowSpeed, ATranslation) {
     Type("txtFileSUFNEN", ToUtf8(folder / "uit.sfn"));
     SelectReport(form.project.options, &Options::optReportNone);
     window->ShowForm();
-    int paints = 0;
-    Find<wxWindow>("StatusBar1").Bind(wxEVT_PAINT, [&paints](wxPaintEvent& event) {
+    Find<wxWindow>("StatusBar1").Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
         ++paints;
         event.Skip();
     });

@@ -167,7 +167,7 @@ TEST_F(IdexTranslations, WriteTheirFilesInTheMidstOfEachOther) {
     first.ProjectName = u"Eerste";
     second.ProjectName = u"Tweede";
     second.ProjectDate = DateTime{};
-    first.codes.points.rows[0].Count = 3;
+    CountUse(first.codes.points, 0, 3);
     CountUnknownCode(second.unknowns, MakeFixedText<8>(u"PX01"));
     const std::string firstAlone = WriteOf(first);
     const std::string secondAlone = WriteOf(second);

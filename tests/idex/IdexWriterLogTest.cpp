@@ -22,9 +22,8 @@ class IdexWriterLog : public IdexWriterTest {
         row.LkiCode = u"LKI";
         row.Type = u"";
         row.Description = description;
-        row.Count = count;
         table.rows.push_back(row);
-        table.RowsChanged();
+        if (count > 0) CountUse(table, static_cast<std::int32_t>(table.rows.size()) - 1, count);
     }
 
     static std::string Used(std::string code, std::string description, std::size_t characters, std::string_view count) {
@@ -73,7 +72,7 @@ TEST_F(IdexWriterLog, TheObjectsOfTheDrawingAreCountedAndLinesUpToTheHighest) {
 }
 
 TEST_F(IdexWriterLog, EveryRowThatWasUsedIsListedWithHowOften) {
-    translation.codes.lines.rows[0].Count = 2;
+    CountUse(translation.codes.lines, 0, 2);
     AddRow(translation.codes.lines, u"KANT", u"Kant verharding", 13);
     AddRow(translation.codes.lines, u"HEK", u"Hek", 0);
     AddRow(translation.codes.points, u"BOOM", u"Café-boom", 1234567);

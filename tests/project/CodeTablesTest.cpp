@@ -37,7 +37,7 @@ TEST_F(CodeTablesTest, AResetLeavesOneUnknownRowInEach) {
     for (CodeTable* table : tables) {
         table->rows.resize(5);
         table->rows[0].Type = u"DUMMY";
-        table->rows[0].Count = 7;
+        CountUse(*table, 0, 7);
     }
     ResetCodeTables(project.codes);
     EXPECT_EQ(TableText(pointTable), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\n");
@@ -77,12 +77,28 @@ TEST_F(CodeTablesTest, FindingCountsNothing) {
 TEST_F(CodeTablesTest, UsesAreForgottenInEveryTable) {
     CodeTables codes;
     ResetCodeTables(codes);
-    for (CodeTable* const table : {&codes.points, &codes.lines, &codes.texts}) CountUse(*table, 0);
+    for (CodeTable* const table : {&codes.points, &codes.lines, &codes.texts}) {
+        CountUse(*table, 0, 3);
+        CountUse(*table, 0);
+        EXPECT_EQ(table->rows[0].Count, 4);
+        EXPECT_EQ(table->used, std::vector<std::int32_t>{0}) << "each row once";
+    }
     ForgetUses(codes);
     for (const CodeTable* const table : {&codes.points, &codes.lines, &codes.texts}) {
         EXPECT_EQ(table->rows[0].Count, 0);
         EXPECT_EQ(table->rows.size(), 1U);
+        EXPECT_TRUE(table->used.empty());
     }
+}
+
+TEST_F(CodeTablesTest, UsesOfRowsThatAreNoLongerThereAreForgotten) {
+    AddRow(lineTable, u"MUUR", u"B05");
+    CountUse(lineTable, 1);
+    CountUse(lineTable, 0);
+    lineTable.rows.resize(1);
+    lineTable.RowsChanged();
+    EXPECT_EQ(lineTable.rows[0].Count, 0);
+    EXPECT_TRUE(lineTable.used.empty());
 }
 
 TEST_F(CodeTablesTest, AUseIsCountedInItsRow) {

@@ -70,7 +70,8 @@ TEST_F(GridTest, TheTableIsMadeAnewFromIt) {
     grid.SetRowCount(4);
     grid[2] = {u"ABCDEFGHI", u"123456789", u"GRONDSLAG", Text(50, u'd'), u"12abc", u"", u"-7.5"};
     pointTable.rows.resize(9);
-    pointTable.rows[0].Count = 5;
+    CountUse(pointTable, 0, 5);
+    CountUse(pointTable, 8);
     SaveGrid(grid, pointTable);
     EXPECT_EQ(TableText(pointTable), "STANDRD|Q20|PUNT|ONBEKEND PUNTOBJECT|0|0|0\nABCDEFG|1234567|GRONDSL|" +
                                          std::string(43, 'd') + "|12|0|-8\n|||" + "|0|0|0\n");

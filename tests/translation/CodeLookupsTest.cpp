@@ -58,8 +58,8 @@ TEST_F(CodeLookups, EachSearchesItsFieldOfItsTable) {
 
 TEST_F(CodeLookups, EachCountsOneUseOfTheRowItEndsOn) {
     for (const LookupCase& lookup : lookups) {
-        std::vector<CodeRow>& rows = (codes.*lookup.table).rows;
-        for (CodeRow& row : rows) row.Count = 0;
+        const std::vector<CodeRow>& rows = (codes.*lookup.table).rows;
+        (codes.*lookup.table).ForgetUses();
         Look(lookup, lookup.known, nullptr);
         Look(lookup, lookup.known, nullptr);
         Look(lookup, u"X", nullptr);

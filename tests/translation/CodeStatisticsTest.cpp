@@ -14,7 +14,7 @@ class CodeStatistics : public TranslationTest {
         row.LiscadCode = liscad;
         row.LkiCode = u"X01";
         row.Description = description;
-        row.Count = count;
+        if (count > 0) CountUse(table, static_cast<std::int32_t>(table.rows.size()) - 1, count);
     }
 
     std::string Statistics(NoneFor noneFor) {
@@ -42,15 +42,27 @@ TEST_F(CodeStatistics, UsedRowsAreListedByTheirLiscadCodeInTheOrderOfTheTable) {
               "NAAM    = Straatnaam                                  2 maal\n");
 }
 
+TEST_F(CodeStatistics, TheOrderIsThatOfTheTableAndNotThatOfTheUses) {
+    AddRow(translation.codes.texts, u"A", u"Eerste", 0);
+    AddRow(translation.codes.texts, u"B", u"Tweede", 0);
+    for (const std::int32_t row : {2, 0, 1, 2}) CountUse(translation.codes.texts, row);
+    const std::string log = Statistics(NoneFor::TablesWithoutUsedRows);
+    EXPECT_EQ(log.substr(log.find("tekstelementen:\n")),
+              "tekstelementen:\n"
+              "STANDRD = ONBEKEND TEKSTOBJECT                        1 maal\n"
+              "A       = Eerste                                      1 maal\n"
+              "B       = Tweede                                      2 maal\n");
+}
+
 TEST_F(CodeStatistics, TheUnknownRowIsListedLikeAnyOther) {
-    translation.codes.points.rows[0].Count = 3;
+    CountUse(translation.codes.points, 0, 3);
     EXPECT_NE(Statistics(NoneFor::TablesWithoutRows)
                   .find("puntobjecten:\nSTANDRD = ONBEKEND PUNTOBJECT                         3 maal\n"),
               std::string::npos);
 }
 
 TEST_F(CodeStatistics, GeenForTablesWithoutUsedRows) {
-    translation.codes.points.rows[0].Count = 1;
+    CountUse(translation.codes.points, 0);
     translation.codes.texts.rows.clear();
     EXPECT_EQ(Statistics(NoneFor::TablesWithoutUsedRows),
               "\n"

@@ -42,8 +42,8 @@ TEST_F(TranslationStateTest, ItTakesAProjectsTablesAsGridsWouldGiveThemBack) {
     CodeRow row{};
     row.LiscadCode = u" AB";
     row.Description = u" Boom ";
-    row.Count = 7;
     project.codes.points.rows.push_back(row);
+    CountUse(project.codes.points, 1, 7);
     const Translation made(screen, project);
     EXPECT_TRUE(made.options.chkExport3D);
     EXPECT_EQ(made.owner.Town.TrimmedRight(), u"ELDERS");
