@@ -18,6 +18,13 @@ void ChoosePace(ProgressPace& pace, std::chrono::steady_clock::time_point before
         now - before < often ? std::min(2 * pace.recordsPerLook, most) : std::max(pace.recordsPerLook / 2, 1U);
 }
 
+// A window that takes its time to paint what has changed gets at most a twentieth of the run's, and still hears often
+// enough of a person who wants to stop.
+std::chrono::steady_clock::duration PauseAfter(std::chrono::steady_clock::duration taken) noexcept {
+    using std::chrono::milliseconds;
+    return std::clamp<std::chrono::steady_clock::duration>(20 * taken, milliseconds(50), milliseconds(250));
+}
+
 }  // namespace
 
 void BeginProgress(Screen& screen, std::int64_t maximum) {
@@ -27,15 +34,15 @@ void BeginProgress(Screen& screen, std::int64_t maximum) {
 }
 
 void TellProgress(Screen& screen) {
-    constexpr auto shownEvery = std::chrono::milliseconds(50);
     ProgressPace& pace = screen.pace;
     pace.recordsSinceLook = 0;
     const auto now = std::chrono::steady_clock::now();
     ChoosePace(pace, std::exchange(pace.lastLook, now), now);
-    if (now - pace.lastShown < shownEvery) return;
+    if (now - pace.lastShown < pace.pause) return;
     pace.lastShown = now;
     if (std::exchange(pace.hasValue, false)) screen.ShowProgressValue(pace.value);
     screen.PumpEvents();
+    pace.pause = PauseAfter(std::chrono::steady_clock::now() - now);
 }
 
 void ShowMessage(Screen& screen, TextView text, Icon icon, TextView title) {

@@ -23,12 +23,14 @@ struct MessageBox {
     Buttons buttons = Buttons::Ok;
 };
 
-// How often a screen hears of progress and lets events run: at most every 50 ms, however many records pass.
+// How often a screen hears of progress and lets events run: at most every 50 ms, however many records pass, and less
+// often when that takes long.
 struct ProgressPace {
     unsigned recordsSinceLook = 0;  // at the clock
     unsigned recordsPerLook = 16;   // more as they go by fast, fewer as they go by slowly
     std::chrono::steady_clock::time_point lastLook;
     std::chrono::steady_clock::time_point lastShown;
+    std::chrono::steady_clock::duration pause{};  // from there to the next time
 
     // How far the step has come, until the screen has heard of it: a reader steps at every line and lets events run at
     // every row, and whichever of the two the time falls on tells the screen.

@@ -86,6 +86,32 @@ TEST(Progress, EventsRunAtMostEvery50ms) {
     EXPECT_GE(time, milliseconds(5 * 50));
 }
 
+// Takes a while to show what has changed.
+class SlowScreen : public RecordingScreen {
+ public:
+    explicit SlowScreen(milliseconds itsTime) : time(itsTime) {}
+    void PumpEvents() override {
+        RecordingScreen::PumpEvents();
+        std::this_thread::sleep_for(time);
+    }
+
+ private:
+    milliseconds time;
+};
+
+TEST(Progress, AScreenThatTakesLongHearsOfItLessOften) {
+    SlowScreen screen(milliseconds(10));
+    const auto time = RepeatUntil([&] { return screen.pumps >= 3; }, [&](std::int64_t i) { StepProgress(screen, i); });
+    EXPECT_EQ(screen.pumps, 3);
+    EXPECT_GE(time, milliseconds(2 * 20 * 10));
+}
+
+TEST(Progress, AScreenThatTakesVeryLongStillHearsOfItSoon) {
+    SlowScreen screen(milliseconds(600));
+    RepeatUntil([&] { return screen.pumps >= 2; }, [&](std::int64_t i) { StepProgress(screen, i); });
+    EXPECT_EQ(screen.pumps, 2) << "20 times as long would be 12 seconds";
+}
+
 TEST(Progress, StepsAreShownAlsoWhenEventsRunBetweenThem) {
     CountingScreen screen;
     const auto time = RepeatUntil([&] { return screen.values.size() >= 3; },
