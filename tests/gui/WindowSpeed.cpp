@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 
 #include "app/Projects.h"
 #include "tests/gui/WindowTest.h"
@@ -40,11 +41,15 @@ TEST_F(WindowSpeed, ATranslation) {
         ++paints;
         event.Skip();
     });
+    LetEventsRun();  // what opening the window asks for is not the translation's
+    const std::clock_t processor = std::clock();
     const wxStopWatch watch;
     Press("cmdStart");
     const double seconds = static_cast<double>(watch.TimeInMicro().ToDouble()) / 1e6;
-    EXPECT_EQ(dialogs.LastMessage(), "Verwerking gereed");
-    std::printf("window: translation %.3f s, %.1f repaints a second\n", seconds, paints / seconds);
+    const double processorSeconds = static_cast<double>(std::clock() - processor) / CLOCKS_PER_SEC;
+    EXPECT_NE(dialogs.LastMessage().find(drawing + " is vertaald"), std::string::npos) << dialogs.LastMessage();
+    std::printf("window: translation %.3f s, of the processor %.3f s, %.1f repaints a second\n", seconds,
+                processorSeconds, paints / seconds);
 }
 
 TEST_F(WindowSpeed, OpeningAControlTable) {
