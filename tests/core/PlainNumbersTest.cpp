@@ -9,7 +9,7 @@
 
 #include "core/Numbers.h"
 #include "tests/core/ErrorOf.h"
-#include "tests/core/GuardedBytes_posix.h"
+#include "tests/support/GuardedBytes.h"
 
 namespace korvande::testing {
 

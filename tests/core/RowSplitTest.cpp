@@ -8,7 +8,7 @@
 
 #include "core/LineEnds.h"
 #include "core/modParser.h"
-#include "tests/core/GuardedBytes_posix.h"
+#include "tests/support/GuardedBytes.h"
 
 namespace korvande::testing {
 
