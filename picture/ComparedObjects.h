@@ -3,9 +3,12 @@
 #include <array>
 #include <compare>
 #include <cstdint>
+#include <span>
 #include <vector>
 
+#include "core/LinePieces.h"
 #include "picture/DisplayList.h"
+#include "picture/PictureCodes.h"
 
 // The objects of a drawing as they are compared with those of another one, whatever the format each was read from.
 namespace korvande {
@@ -28,12 +31,11 @@ struct ComparedPlace {
 };
 
 struct ComparedObject {
-    ComparedPlace place{};        // all 0 for one that refers to nothing
-    std::uint32_t code = 0;       // in the codes of its drawing
-    std::uint32_t shared = 0;     // the same for objects of one code in both drawings; set when they are compared
-    std::int32_t index = 0;       // in the drawing's points, segments (the first one), texts or line strings
-    std::int64_t centreEast = 0;  // of an arc or circle, millimetres
-    std::int64_t centreNorth = 0;
+    ComparedPlace place{};      // all 0 for one that refers to nothing
+    std::uint32_t code = 0;     // in the codes of its drawing
+    std::uint32_t shared = 0;   // the same for objects of one code in both drawings; set when they are compared
+    std::int32_t index = 0;     // in the drawing's points, segments (the first one), texts or line strings
+    std::uint32_t centre = 0;   // of an arc or circle, a hash of its place
     std::uint64_t content = 0;  // a hash of what it says: characters, name and height, line type, turning direction
     std::uint64_t detail =
         0;                // a hash by which equal ones are told apart: of a line its line string, else what IDEX adds
@@ -56,7 +58,6 @@ struct ComparedVertex {
 struct ComparedObjects {
     std::vector<PictureCode> codes;
     std::array<std::vector<ComparedObject>, comparedKinds> kinds;  // line strings: those without segments
-    std::vector<ComparedVertex> vertices;                          // all points
     std::vector<std::uint32_t> codeOfLine;                         // by line number
 
     std::vector<ComparedObject>& operator[](ComparedKind kind) noexcept {
@@ -67,11 +68,48 @@ struct ComparedObjects {
     }
 };
 
-// The objects of the drawing that a translation has read. Its points are those that its picture shows; the others are
-// the places of line strings and texts. The two places of a text in an exchange file are no objects of their own.
-ComparedObjects ObjectsToCompare(Translation& translation);
+// Collects the objects of the drawing that a translation has read, some kinds at a time, since all of them take several
+// times as much as the drawing. Its points are those that its picture shows; the others are the places of line strings
+// and texts. The two places of a text in an exchange file are no objects of their own.
+class ObjectCollector {
+ public:
+    explicit ObjectCollector(Translation& itsTranslation);
+    ObjectCollector(const ObjectCollector&) = delete;
+    ObjectCollector& operator=(const ObjectCollector&) = delete;
 
-// What a height is compared by: whole millimetres, 0 for none.
-std::int64_t HeightOf(const PointRec& point) noexcept;
+    ComparedObjects objects;
+
+    void AddPoints();
+    void AddTexts();
+    void AddLines();
+
+    // All points, by their places; for when the lines and texts were added.
+    std::vector<ComparedVertex> Vertices() const;
+
+ private:
+    bool IsPoint(std::int32_t index) const noexcept;
+    void Use(std::int32_t point);
+    void EndAt(std::int32_t point);
+    ComparedPlace PlaceOf(std::int32_t point) const;
+    bool PlaceBetween(std::int32_t start, std::int32_t end, ComparedPlace& place) const;
+    bool IsPlacement(std::span<const std::int32_t> segments, std::int32_t lineNo) const;
+    std::uint64_t DetailOf(const LineRec& line) const;
+    void AddLineString(std::span<const std::int32_t> segments, std::uint32_t code, std::uint64_t detail);
+    void AddPieces(std::span<const std::int32_t> segments, std::uint32_t code);
+    void AddSegment(std::int32_t index, std::uint32_t code);
+    void AddArc(const LinePiece& piece, std::int32_t index, std::uint32_t code);
+    void AddStraySegments();
+
+    const Drawing& drawing;
+    PictureCodes codes;
+    bool isFromIdex;
+    std::vector<bool> isUsed;          // by point: a line string or a text refers to it
+    std::vector<bool> isObject;        // it is one of its own
+    std::vector<bool> isEnd;           // and it is no mere centre, whose name and height belong to no place of a line
+    std::vector<std::int32_t> textAt;  // by point of an exchange file: the text that hangs on it
+};
+
+// What coordinates and heights are compared by: whole millimetres; the bits of a number that those cannot tell.
+std::int64_t Compared(double metres) noexcept;
 
 }  // namespace korvande

@@ -69,20 +69,22 @@ Position MetresOf(const Drawing& drawing, std::int32_t point) {
 class Comparer {
  public:
     Comparer(Translation& itsFirst, Translation& itsSecond)
-        : objects1(ObjectsToCompare(itsFirst)),
-          objects2(ObjectsToCompare(itsSecond)),
-          first{itsFirst, objects1},
-          second{itsSecond, objects2} {
-        SharedCodes codes;
-        codes.Share(itsFirst, objects1);
-        codes.Share(itsSecond, objects2);
-    }
+        : collector1(itsFirst), collector2(itsSecond), first{itsFirst, objects1}, second{itsSecond, objects2} {}
 
     Comparison Compare() {
+        collector1.AddPoints();
+        collector2.AddPoints();
+        ShareCodes();
         CompareKind(ComparedKind::Point, OtherCode::Any);
+        collector1.AddLines();
+        collector2.AddLines();
+        ShareCodes();
         CompareKind(ComparedKind::Segment, OtherCode::Any);
         CompareKind(ComparedKind::Arc, OtherCode::Any);
         CompareKind(ComparedKind::Circle, OtherCode::Any);
+        collector1.AddTexts();
+        collector2.AddTexts();
+        ShareCodes();
         CompareKind(ComparedKind::TextObject, OtherCode::SameContent);
         CompareKind(ComparedKind::LineString, OtherCode::Never);
         CompareLineStrings();
@@ -93,6 +95,11 @@ class Comparer {
  private:
     const Drawing& Drawing1() const { return first.translation.drawing; }
     const Drawing& Drawing2() const { return second.translation.drawing; }
+
+    void ShareCodes() {
+        codes.Share(first.translation, objects1);
+        codes.Share(second.translation, objects2);
+    }
 
     ComparisonCount& CountOf(ComparedKind kind) { return result.counts[static_cast<std::size_t>(kind)]; }
 
@@ -122,8 +129,8 @@ class Comparer {
                 linePairs.emplace_back(Drawing1().Edges[one.index].LineNo, Drawing2().Edges[other.index].LineNo);
             }
         }
-        objects1[kind] = {};
-        objects2[kind] = {};
+        objects1[kind] = Record();
+        objects2[kind] = Record();
     }
 
     void CompareMatched(ComparedKind kind, const ComparedObject& one, const ComparedObject& other) {
@@ -263,10 +270,8 @@ class Comparer {
 
     // Places of line strings and texts that both drawings have: their points' names and heights.
     void CompareVertices() {
-        auto& points1 = objects1.vertices;
-        auto& points2 = objects2.vertices;
-        std::sort(points1.begin(), points1.end());
-        std::sort(points2.begin(), points2.end());
+        const std::vector<ComparedVertex> points1 = collector1.Vertices();
+        const std::vector<ComparedVertex> points2 = collector2.Vertices();
         const auto endOf = [](const std::vector<ComparedVertex>& points, std::size_t at) {
             std::size_t end = at;
             while (end < points.size() && points[end].east == points[at].east &&
@@ -325,7 +330,7 @@ class Comparer {
     }
 
     static Text HeightText(const PointRec& point) {
-        return HeightOf(point) == 0 ? Text() : FromUtf8(FormatPicture(point.Elevation, "0.000"));
+        return Compared(point.Elevation) == 0 ? Text() : FromUtf8(FormatPicture(point.Elevation, "0.000"));
     }
 
     // The exchange formats have no names and heights of centres.
@@ -357,8 +362,11 @@ class Comparer {
         return gone.empty() && come.empty() ? Text() : ChangesOfVertex(gone, come, what);
     }
 
-    ComparedObjects objects1;
-    ComparedObjects objects2;
+    ObjectCollector collector1;
+    ObjectCollector collector2;
+    ComparedObjects& objects1 = collector1.objects;
+    ComparedObjects& objects2 = collector2.objects;
+    SharedCodes codes;
     ComparedDrawing first;
     ComparedDrawing second;
     std::vector<std::pair<std::int32_t, std::int32_t>> linePairs;  // of matched segments

@@ -60,7 +60,7 @@ void CompareDirections(float one, float other, ChangeList& changes) {
 }
 
 Text HeightText(const PointRec& point) {
-    return HeightOf(point) == 0 ? Text() : FromUtf8(FormatPicture(point.Elevation, "0.000"));
+    return Compared(point.Elevation) == 0 ? Text() : FromUtf8(FormatPicture(point.Elevation, "0.000"));
 }
 
 void ComparePoints(const ComparedDrawing& first, const ComparedObject& one, const ComparedDrawing& second,
@@ -68,7 +68,8 @@ void ComparePoints(const ComparedDrawing& first, const ComparedObject& one, cons
     const PointRec& point1 = DrawingOf(first).Points[one.index];
     const PointRec& point2 = DrawingOf(second).Points[other.index];
     changes.AddDifferent(u"puntnummer", point1.PointIDBytes().Trimmed(), point2.PointIDBytes().Trimmed());
-    if (HeightOf(point1) != HeightOf(point2)) changes.Add(u"hoogte", HeightText(point1), HeightText(point2));
+    if (Compared(point1.Elevation) != Compared(point2.Elevation))
+        changes.Add(u"hoogte", HeightText(point1), HeightText(point2));
     CompareDirections(one.direction, other.direction, changes);
     if (!IsFromIdex(first) || !IsFromIdex(second)) return;
     changes.AddDifferent(u"omschrijving", DrawingOf(first).DescriptionBytes(point1).Trimmed(),
@@ -85,15 +86,21 @@ void CompareSegments(const ComparedDrawing& first, const ComparedObject& one, co
 }
 
 // A centre that was computed from three places may be rounded to the next millimetre.
-void CompareCentres(const ComparedObject& one, const ComparedObject& other, ChangeList& changes) {
-    const auto isNear = [](std::int64_t a, std::int64_t b) { return a - b <= 1 && b - a <= 1; };
-    if (isNear(one.centreEast, other.centreEast) && isNear(one.centreNorth, other.centreNorth)) return;
-    const auto text = [](const ComparedObject& object) {
-        const auto metres = [](std::int64_t millimetres) { return static_cast<double>(millimetres) / 1000; };
-        return Concat(FormatPicture(metres(object.centreEast), "0.000"), u" ",
-                      FormatPicture(metres(object.centreNorth), "0.000"));
+void CompareCentres(const ComparedDrawing& first, const ComparedObject& one, const ComparedDrawing& second,
+                    const ComparedObject& other, ChangeList& changes) {
+    const auto centreOf = [](const Drawing& drawing, std::int32_t firstSegment) -> const PointRec& {
+        return drawing.Points[drawing.Edges[firstSegment].EndPt];
     };
-    changes.Add(u"middelpunt", text(one), text(other));
+    const PointRec& centre1 = centreOf(DrawingOf(first), one.index);
+    const PointRec& centre2 = centreOf(DrawingOf(second), other.index);
+    const auto isNear = [](double a, double b) {
+        return Compared(a) - Compared(b) <= 1 && Compared(b) - Compared(a) <= 1;
+    };
+    if (isNear(centre1.East, centre2.East) && isNear(centre1.North, centre2.North)) return;
+    const auto text = [](const PointRec& centre) {
+        return Concat(FormatPicture(centre.East, "0.000"), u" ", FormatPicture(centre.North, "0.000"));
+    };
+    changes.Add(u"middelpunt", text(centre1), text(centre2));
 }
 
 void CompareTexts(const ComparedDrawing& first, const ComparedObject& one, const ComparedDrawing& second,
@@ -126,10 +133,10 @@ Text Changes(const ComparedDrawing& first, const ComparedObject& one, const Comp
             CompareTexts(first, one, second, other, changes);
             break;
         case ComparedKind::Circle:
-            CompareCentres(one, other, changes);
+            CompareCentres(first, one, second, other, changes);
             break;
         case ComparedKind::Arc:
-            CompareCentres(one, other, changes);
+            CompareCentres(first, one, second, other, changes);
             if (one.content != other.content) changes.Add(u"draairichting");
             if (one.isReversed != other.isReversed) changes.Add(u"in omgekeerde volgorde");
             break;

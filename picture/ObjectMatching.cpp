@@ -14,12 +14,10 @@ using Places = std::vector<std::uint32_t>;
 // What makes two objects at one place alike, from their code on to what they belong to: each of these begins with the
 // next one, so that objects in the order of the first are in the order of all.
 auto AlikeInAll(const ComparedObject& object) {
-    return std::tie(object.shared, object.content, object.direction, object.centreEast, object.centreNorth,
-                    object.isReversed, object.detail);
+    return std::tie(object.shared, object.content, object.direction, object.centre, object.isReversed, object.detail);
 }
 auto AlikeInShape(const ComparedObject& object) {
-    return std::tie(object.shared, object.content, object.direction, object.centreEast, object.centreNorth,
-                    object.isReversed);
+    return std::tie(object.shared, object.content, object.direction, object.centre, object.isReversed);
 }
 auto AlikeInContent(const ComparedObject& object) { return std::tie(object.shared, object.content); }
 
