@@ -86,6 +86,30 @@ TEST_F(Comparisons, TheSampleThereAndBackLosesAlsoWhatOnlyIdexKnows) {
     EXPECT_EQ(Losses(Compared(idexToNen, idex, idexToNen, back)), expected);
 }
 
+TEST_F(Comparisons, TheCrossingAsIdexAndBackLosesWhatTheFormatsDoNotKeep) {
+    ASSERT_TRUE(LoadProjectFile(screen, project, FromUtf8(KORVANDE_SOURCE_DIR "/samples/voorbeeld.nst")));
+    const std::string nen = SampleBytes("kruispunt.sfn");
+    const std::string idex = Translated(nenToIdex, nen);
+    std::map<std::string, int> expected = {{"added point: ", 496},
+                                           {"added point: punt van een lijn of boog", 120},
+                                           {"changed point: een 03-groep heeft geen richting", 25},
+                                           {"changed point: code", 1},
+                                           {"added segment: ", 20},
+                                           {"missing arc: een boog wordt segment voor segment geschreven", 30},
+                                           {"changed text: IDEX wordt op een laag geschreven", 21},
+                                           {"changed line: elk segment wordt een eigen object", 61},
+                                           {"added line: lijnstring zonder segmenten", 60}};
+    EXPECT_EQ(Losses(Compared(nenToIdex, nen, nenToIdex, Translated(idexToNen, idex))), expected);
+    // As arcs of three points all arcs come back.
+    for (const char* const lost :
+         {"missing arc: een boog wordt segment voor segment geschreven", "added point: punt van een lijn of boog",
+          "added line: lijnstring zonder segmenten"}) {
+        expected.erase(lost);
+    }
+    options.chkThreePointArcs = true;
+    EXPECT_EQ(Losses(Compared(nenToIdex, nen, nenToIdex, Translated(idexToNen, idex))), expected);
+}
+
 }  // namespace
 
 }  // namespace korvande::testing
