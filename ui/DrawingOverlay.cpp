@@ -5,6 +5,7 @@
 #include <wx/settings.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "picture/ScaleBar.h"
 #include "ui/Controls.h"
@@ -37,32 +38,29 @@ void PaintOutline(wxGraphicsContext& context, const Outline& outline, const Pict
     context.StrokePath(path);
 }
 
-void PaintScaleBar(wxGraphicsContext& context, const PictureView& view, const OverlayLook& look) {
-    constexpr double longest = 160;
-    constexpr double ends = 5;
-    constexpr unsigned char nearlyWhole = 200;
-    const double space = narrowSpace * look.unit;
+void PaintScaleBar(wxDC& dc, const PictureView& view, const OverlayLook& look) {
+    constexpr int longest = 160;
+    constexpr int ends = 5;
+    const auto pixels = [&look](double independent) { return static_cast<int>(std::lround(independent * look.unit)); };
+    const int space = pixels(narrowSpace);
     const ScaleBar bar = ScaleBarOf(view.scale, longest * look.unit);
+    const wxString text = ToWx(bar.text);
+    dc.SetFont(look.font);
+    const wxSize size = dc.GetTextExtent(text);
+    const int width = static_cast<int>(std::lround(bar.pixels));
+    const int left = 2 * space;
+    const int bottom = view.height - 2 * space;
+    const int top = bottom - pixels(ends) - size.y;
+    dc.SetBrush(wxBrush(ToColour(PaperOf(look.drawing))));
+    dc.SetPen(*wxTRANSPARENT_PEN);
+    dc.DrawRectangle(left - space, top - space / 2, std::max(width, size.x) + 2 * space, bottom - top + space);
     const wxColour ink = ToColour(ShownColour(0, {look.drawing.isDark}));
-    context.SetFont(context.CreateFont(look.font, ink));
-    double width = 0;
-    double height = 0;
-    context.GetTextExtent(ToWx(bar.text), &width, &height);
-    const double left = 2 * space;
-    const double bottom = view.height - 2 * space;
-    const double top = bottom - ends * look.unit - height;
-    const wxColour paper = ToColour(PaperOf(look.drawing));
-    context.SetBrush(wxBrush(wxColour(paper.Red(), paper.Green(), paper.Blue(), nearlyWhole)));
-    context.SetPen(*wxTRANSPARENT_PEN);
-    context.DrawRectangle(left - space, top - space / 2, std::max(bar.pixels, width) + 2 * space, bottom - top + space);
-    context.DrawText(ToWx(bar.text), left, top);
-    context.SetPen(wxPen(ink, std::max(1, static_cast<int>(look.unit))));
-    wxGraphicsPath path = context.CreatePath();
-    path.MoveToPoint(left, bottom - ends * look.unit);
-    path.AddLineToPoint(left, bottom);
-    path.AddLineToPoint(left + bar.pixels, bottom);
-    path.AddLineToPoint(left + bar.pixels, bottom - ends * look.unit);
-    context.StrokePath(path);
+    dc.SetTextForeground(ink);
+    dc.DrawText(text, left, top);
+    dc.SetPen(wxPen(ink, std::max(1, static_cast<int>(look.unit))));
+    dc.DrawLine(left, bottom - pixels(ends), left, bottom);
+    dc.DrawLine(left, bottom, left + width, bottom);
+    dc.DrawLine(left + width, bottom - pixels(ends), left + width, bottom + 1);
 }
 
 void PaintFocus(wxGraphicsContext& context, const PictureView& view, const OverlayLook& look) {
@@ -70,7 +68,7 @@ void PaintFocus(wxGraphicsContext& context, const PictureView& view, const Overl
     context.SetPen(
         wxPen(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), std::max(1, static_cast<int>(look.unit))));
     context.SetBrush(*wxTRANSPARENT_BRUSH);
-    context.DrawRectangle(0, 0, view.width - 1, view.height - 1);
+    context.DrawRectangle(look.unit / 2, look.unit / 2, view.width - 2 * look.unit, view.height - 2 * look.unit);
     const double x = view.width / 2.0;
     const double y = view.height / 2.0;
     context.StrokeLine(x - arm, y, x + arm, y);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <wx/dc.h>
 #include <wx/font.h>
 #include <wx/graphics.h>
 
@@ -22,7 +23,7 @@ wxColour ToColour(Colour colour);
 void PaintOutline(wxGraphicsContext& context, const Outline& outline, const PictureView& view, const OverlayLook& look);
 
 // In a corner, on paper of its own.
-void PaintScaleBar(wxGraphicsContext& context, const PictureView& view, const OverlayLook& look);
+void PaintScaleBar(wxDC& dc, const PictureView& view, const OverlayLook& look);
 
 // A frame, and a cross where the space bar picks.
 void PaintFocus(wxGraphicsContext& context, const PictureView& view, const OverlayLook& look);

@@ -140,21 +140,24 @@ void DrawingView::TakeFrame() {
     Refresh(false);
 }
 
+// Everything is in the pixels of the screen. Letters are the window's own: those of the graphics need fonts that not
+// every system has.
 void DrawingView::OnPaint() {
     ++paints;
     wxAutoBufferedPaintDC dc(this);
     dc.SetBackground(wxBrush(ToColour(PaperOf(Look()))));
     dc.Clear();
-    const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
-    if (context == nullptr || frames == nullptr) return;
-    // Everything is in the pixels of the screen.
-    context->Scale(1 / Factor(), 1 / Factor());
-    PaintFrame(*context);
+    if (frames == nullptr) return;
     const OverlayLook look{Look(), std::max(Factor(), GetDPIScaleFactor()),
                            GetFont().Scaled(static_cast<float>(Factor()))};
-    PaintOutline(*context, highlight, view, look);
-    PaintScaleBar(*context, view, look);
-    if (HasFocus()) PaintFocus(*context, view, look);
+    if (const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc)); context != nullptr) {
+        context->Scale(1 / Factor(), 1 / Factor());
+        PaintFrame(*context);
+        PaintOutline(*context, highlight, view, look);
+        if (HasFocus()) PaintFocus(*context, view, look);
+    }
+    dc.SetUserScale(1 / Factor(), 1 / Factor());
+    PaintScaleBar(dc, view, look);
 }
 
 void DrawingView::PaintFrame(wxGraphicsContext& context) {

@@ -82,6 +82,8 @@ void PreviewSide::ShowCounts(const PreviewDifferences& counted) {
     }
     InvalidateBestSize();
     Layout();
+    // Where something stood before.
+    Refresh();
 }
 
 void PreviewSide::ShowObject(TextView text) { object->ChangeValue(ToWx(text)); }

@@ -75,6 +75,8 @@ void ReadingBar::LayOutParent() {
     Layout();
     GetParent()->FitInside();
     GetParent()->Layout();
+    // Where something stood before.
+    GetParent()->Refresh();
 }
 
 }  // namespace korvande
