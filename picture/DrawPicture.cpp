@@ -138,8 +138,8 @@ class Artist {
         std::size_t count;
     };
 
-    // The objects of a code lie far from each other: while some are drawn, what comes soon is fetched from memory, which
-    // would else take most of the time.
+    // The objects of a code lie far from each other: while some are drawn, what comes soon is fetched from memory,
+    // which would else take most of the time.
     void Fetch(const PictureLine& line) const {
         __builtin_prefetch(&list.steps[line.firstPlace]);
         __builtin_prefetch(&list.places[line.firstPlace]);
