@@ -12,7 +12,7 @@ class CompareCommand : public CliTest {
         folder.Write("klein.nst", smallTable);
     }
 
-    std::string Replaced(std::string text, const std::string& part, const std::string& by) {
+    static std::string Replaced(std::string text, const std::string& part, const std::string& by) {
         const std::size_t place = text.find(part);
         EXPECT_NE(place, std::string::npos);
         return place == std::string::npos ? text : text.replace(place, part.size(), by);

@@ -98,7 +98,7 @@ TEST_F(DrawCommand, AnEarlierPictureIsReplacedWhenTheNewOneIsWholeOnly) {
     EXPECT_EQ(Bytes("beeld.svg"), "oud");
     EXPECT_EQ(Run({"teken", "klein.idx", "beeld.svg"}).status, 0);
     EXPECT_TRUE(Bytes("beeld.svg").starts_with("<?xml"));
-    EXPECT_EQ(folder.Listing().find("~"), std::string::npos) << folder.Listing();
+    EXPECT_EQ(folder.Listing().find('~'), std::string::npos) << folder.Listing();
 }
 
 TEST_F(DrawCommand, APictureThatCannotBeWrittenIsTold) {

@@ -115,8 +115,8 @@ TEST_F(Comparisons, TheNameOfACentreIsComparedWhereBothFormatsHaveOne) {
 TEST_F(Comparisons, OfManyNamesAtOnePlaceTheFirstAreTold) {
     for (int i = 0; i < 9; ++i) {
         const std::string number = std::to_string(10 + i);
-        drawing.points += number + ",\"N" + number + "\",15,5,\"HULP\",0,\"\"\n";
-        drawing.edges += "1,2," + number + ",STRAIGHT\n";
+        drawing.points.append(number).append(",\"N").append(number).append("\",15,5,\"HULP\",0,\"\"\n");
+        drawing.edges.append("1,2,").append(number).append(",STRAIGHT\n");
     }
     Rows other = drawing;
     for (int i = 0; i < 9; ++i) {

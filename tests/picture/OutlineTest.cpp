@@ -13,7 +13,7 @@ class OutlineTest : public PictureTest {
     static constexpr double beside = 5;
 
     // A wall of a straight piece, half a circle about (15, 0) and another straight piece.
-    Rows Wall() const {
+    static Rows Wall() {
         return {
             "1,\"A\",0,0,\"HULP\",0,\"\"\n2,\"B\",10,0,\"HULP\",0,\"\"\n3,\"M\",15,0,\"HULP\",0,\"\"\n4,\"C\",20,0,"
             "\"HULP\",0,\"\"\n5,\"D\",30,0,\"HULP\",0,\"\"\n",
