@@ -2,6 +2,8 @@
 
 #include <wx/dialog.h>
 
+#include <vector>
+
 #include "app/LogBookView.h"
 #include "app/Projects.h"
 #include "app/UnknownCodes.h"
@@ -49,8 +51,12 @@ OutcomeLine::OutcomeLine(wxWindow* parent, const FormKORVANDE& itsForm)
                                           u"Wat niet of anders is overgekomen, wat is weggelaten en de objectbalans");
     wxButton* const folder = MakeButton(this, "cmdOpenFolder", u"Map openen", u"Opent de map van het uitvoerbestand");
     overview->MoveBeforeInTabOrder(logBook);
-    for (wxButton* const button : {overview, logBook, folder, unknownCodes, compare}) {
-        buttons->Add(button, InRow().Border(wxTOP | wxBOTTOM | wxRIGHT, FromDIP(narrowSpace)));
+    for (const auto& row : {std::vector<wxButton*>{overview, logBook, folder}, {unknownCodes, compare}}) {
+        auto* const some = new wxBoxSizer(wxHORIZONTAL);
+        for (wxButton* const button : row) {
+            some->Add(button, InRow().Border(wxTOP | wxBOTTOM | wxRIGHT, FromDIP(narrowSpace)));
+        }
+        buttons->Add(some);
     }
     parts->Add(line, wxSizerFlags(1).Border(wxALL, FromDIP(narrowSpace)).CenterVertical());
     parts->Add(buttons);
@@ -84,8 +90,14 @@ void OutcomeLine::ShowForm() {
 
 void OutcomeLine::PlaceParts() {
     const int lineWidth = GetTextExtent(line->GetValue()).x + 4 * FromDIP(narrowSpace);
-    const bool fits = lineWidth + buttons->CalcMin().x <= GetClientSize().x;
-    if ((parts->GetOrientation() == wxHORIZONTAL) == fits) return;
+    int buttonsWidth = 0;
+    for (wxSizerItem* const some : buttons->GetChildren()) buttonsWidth += some->GetSizer()->CalcMin().x;
+    const bool fits = lineWidth + buttonsWidth <= GetClientSize().x;
+    // Large ones take two rows.
+    const int along = buttonsWidth <= GetClientSize().x ? wxHORIZONTAL : wxVERTICAL;
+    if ((parts->GetOrientation() == wxHORIZONTAL) == fits && buttons->GetOrientation() == along) return;
+    buttons->SetOrientation(along);
+    for (wxSizerItem* const some : buttons->GetChildren()) some->SetFlag(along == wxVERTICAL ? wxALIGN_RIGHT : 0);
     parts->SetOrientation(fits ? wxHORIZONTAL : wxVERTICAL);
     wxSizerItem& lineItem = *parts->GetItem(line);
     lineItem.SetProportion(fits ? 1 : 0);
