@@ -42,11 +42,15 @@ class PreviewFixture : public TranslationFixture {
         Press("cmdPreview");
         WaitForDrawing();
     }
-    // As a person who clicks there: without a window manager, the system gives a new window the keyboard only when that
-    // is on the screen.
-    static void FocusOn(wxWindow& control) {
-        WaitUntil("the keyboard", [&control] {
+    // As a person who goes there: without a window manager, the system gives a new window the keyboard only when that
+    // is on the screen, and to who asks for it since it was last given away, which the toolkit does by the time of the
+    // mouse's last move.
+    void FocusOn(wxWindow& control) {
+        int moves = 0;
+        WaitUntil("the keyboard", [&] {
             if (Preview()->IsActive() && control.HasFocus()) return true;
+            simulator.MouseMove(Preview()->GetScreenRect().GetBottomLeft() + wxPoint(5 + ++moves % 2, -5));
+            LetEventsRun();
             Preview()->Raise();
             control.SetFocus();
             return false;
