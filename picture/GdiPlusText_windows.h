@@ -14,6 +14,8 @@ using std::min;
 }  // namespace Gdiplus
 #include <gdiplus.h>
 
+#include <memory>
+
 #include "core/RuntimeError.h"
 #include "core/WideText_windows.h"
 #include "picture/PixelView.h"
@@ -40,13 +42,22 @@ inline Gdiplus::Color GdiPlusColour(Colour colour) noexcept {
     return {static_cast<BYTE>(colour >> 16), static_cast<BYTE>(colour >> 8), static_cast<BYTE>(colour)};
 }
 
+// The family of the letters: the one of SVG pictures, what stands in for it, or whatever has no serifs.
+inline std::unique_ptr<Gdiplus::FontFamily> LetterFamily() {
+    for (const wchar_t* const name : {L"Arial", L"Liberation Sans"}) {
+        auto family = std::make_unique<Gdiplus::FontFamily>(name);
+        if (family->IsAvailable() != FALSE) return family;
+    }
+    return std::unique_ptr<Gdiplus::FontFamily>(Gdiplus::FontFamily::GenericSansSerif()->Clone());
+}
+
 // What texts are written with at this scale.
 class GdiPlusText {
  public:
     GdiPlusText(Gdiplus::Graphics& itsGraphics, const PixelView& itsView)
         : graphics(itsGraphics),
           view(itsView),
-          font(L"Arial", static_cast<float>(textHeight * 1000 * view.scale), Gdiplus::FontStyleRegular,
+          font(LetterFamily().get(), static_cast<float>(textHeight * 1000 * view.scale), Gdiplus::FontStyleRegular,
                Gdiplus::UnitPixel) {
         graphics.SetTextRenderingHint(Gdiplus::TextRenderingHintAntiAlias);
     }
