@@ -82,7 +82,7 @@ TEST_F(WindowSpeed, AWalkOverAPreview) {
     preview->SetClientSize(preview->GetClientSize() + more);
     while (!drawing.IsExact()) LetEventsRun();
     std::printf("window: first picture %.0f ms after reading\n", watch.TimeInMicro().ToDouble() / 1e3);
-    const long paints = drawing.PaintCount();
+    const long paintsBefore = drawing.PaintCount();
     watch.Start();
     double slowest = 0;
     for (int step = 0; step < steps; ++step) {
@@ -95,7 +95,7 @@ TEST_F(WindowSpeed, AWalkOverAPreview) {
     }
     const double seconds = watch.TimeInMicro().ToDouble() / 1e6;
     std::printf("window: %.0f frames a second of %d x %d, slowest %.0f ms\n",
-                static_cast<double>(drawing.PaintCount() - paints) / seconds, drawing.View().width,
+                static_cast<double>(drawing.PaintCount() - paintsBefore) / seconds, drawing.View().width,
                 drawing.View().height, slowest / 1e3);
     watch.Start();
     while (!drawing.IsExact()) LetEventsRun();
