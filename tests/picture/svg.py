@@ -15,7 +15,7 @@ SVG = "{http://www.w3.org/2000/svg}"
 
 
 def centre(x1, y1, r, large, sweep, x2, y2):
-    """The centre and the sweep of an arc, as the specification of SVG computes them; y grows downwards."""
+    """The centre and the sweep of an arc, as SVG computes them; y grows downwards."""
     dx, dy = (x1 - x2) / 2, (y1 - y2) / 2
     half = math.hypot(dx, dy)
     r = max(r, half)
