@@ -48,7 +48,9 @@ TEST_F(ReadPreviewTest, TheInputOfTheSelectedModeIsReadWithTheCodesOnTheScreen) 
     EXPECT_EQ(preview->output, nullptr);
     // A row that was added on the screen counts.
     ReplaceRows(form.editedPoints, form.gridPoints.RowCount(), 0, {{{u"RAAR", u"Q22", u"PUNT", u"RAAR PUNT"}}});
-    for (const PictureCode& code : ReadStreet()->drawing.list.codes) EXPECT_TRUE(code.isKnown) << ToUtf8(code.code);
+    const std::unique_ptr<Preview> completed = ReadStreet();
+    ASSERT_EQ(completed->drawing.list.codes.size(), preview->drawing.list.codes.size());
+    for (const PictureCode& code : completed->drawing.list.codes) EXPECT_TRUE(code.isKnown) << ToUtf8(code.code);
 }
 
 TEST_F(ReadPreviewTest, AnExchangeFileIsReadByItsOwnReader) {
