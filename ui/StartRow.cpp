@@ -108,8 +108,10 @@ StartRow::Parts StartRow::Arranged(wxPoint listAt, wxPoint startAt) const {
     // One above the other, beside the middle of the start button.
     const wxSize small(std::max(check->GetBestSize().x, preview->GetBestSize().x), list.y);
     const int middle = parts.start.y + parts.start.height / 2;
-    parts.check = wxRect(wxPoint(parts.start.GetRight() + wide, middle - small.y - narrow / 4), small);
-    parts.preview = wxRect(wxPoint(parts.check.x, middle + narrow / 4), small);
+    // Of a large text the upper one would reach above the frame.
+    const int upper = std::max(middle - small.y - narrow / 4, 0);
+    parts.check = wxRect(wxPoint(parts.start.GetRight() + wide, upper), small);
+    parts.preview = wxRect(wxPoint(parts.check.x, upper + small.y + narrow / 2), small);
     return parts;
 }
 
