@@ -42,13 +42,17 @@ inline Gdiplus::Color GdiPlusColour(Colour colour) noexcept {
     return {static_cast<BYTE>(colour >> 16), static_cast<BYTE>(colour >> 8), static_cast<BYTE>(colour)};
 }
 
-// The family of the letters: the one of SVG pictures, what stands in for it, or whatever has no serifs.
+// The family of the letters: the one of SVG pictures, what stands in for it, or whatever there is.
 inline std::unique_ptr<Gdiplus::FontFamily> LetterFamily() {
-    for (const wchar_t* const name : {L"Arial", L"Liberation Sans"}) {
+    for (const wchar_t* const name : {L"Arial", L"Liberation Sans", L"Tahoma"}) {
         auto family = std::make_unique<Gdiplus::FontFamily>(name);
         if (family->IsAvailable() != FALSE) return family;
     }
-    return std::unique_ptr<Gdiplus::FontFamily>(Gdiplus::FontFamily::GenericSansSerif()->Clone());
+    // Not the generic family: the window's library, which brings GDI+ along, has no place to keep it.
+    auto family = std::make_unique<Gdiplus::FontFamily>();
+    int found = 0;
+    Gdiplus::InstalledFontCollection().GetFamilies(1, family.get(), &found);
+    return family;
 }
 
 // What texts are written with at this scale.
