@@ -79,7 +79,7 @@ wxSizer* BatchDialog::MakeListButtons() {
 }
 
 wxSizer* BatchDialog::MakeChoices() {
-    constexpr int folderLength = 36;
+    constexpr int folderLength = 24;  // at least; it takes what is left of the row
     auto* const rows = new wxFlexGridSizer(2, FromDIP(wxSize(narrowSpace, narrowSpace)));
     rows->AddGrowableCol(1);
     rows->Add(MakeLabel(this, u"&IDEX wordt:", "lblBatchTarget"), InRow());

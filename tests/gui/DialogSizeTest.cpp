@@ -17,6 +17,9 @@ namespace {
 
 using ::testing::IsEmpty;
 
+// What a window manager puts to the left and right of a window at most.
+constexpr int frameRoom = 16;
+
 class DialogSizeTest : public PreviewFixture {
  protected:
     static void ExpectWholeOnTheDisplay(const wxWindow& shown) {
@@ -25,6 +28,8 @@ class DialogSizeTest : public PreviewFixture {
         const wxRect display = wxDisplay(&shown).GetClientArea();
         const bool fits = WaitUntil(name + " on the display", [&] { return display.Contains(shown.GetScreenRect()); });
         const wxRect place = shown.GetScreenRect();
+        // Also when the frame turns out wider than was known when the window was made.
+        EXPECT_LE(shown.GetClientSize().x + frameRoom, display.width) << name;
         EXPECT_TRUE(fits) << place.x << "," << place.y << " " << place.width << "x" << place.height;
         WaitUntil("room for all of " + name, [&] { return CutControls(shown).empty(); });
         EXPECT_THAT(CutControls(shown), IsEmpty());
