@@ -35,6 +35,10 @@ class ProjectTest : public WindowTest {
         ShownDialog asked;
         dialogs.onDialog = [&, this](wxDialog& dialog) {
             WaitUntil("the dialog", [&] { return dialog.IsShownOnScreen(); });
+            // Where no window manager gives a dialog the keyboard, the mouse does by coming in; it may be there
+            // already.
+            simulator.MouseMove(wxPoint(0, 0));
+            LetEventsRun();
             simulator.MouseMove(dialog.GetScreenPosition() + dialog.GetSize() / 2);
             auto& box = ControlNamed<wxTextCtrl>(dialog, "txtProjectName");
             WaitUntil("the focus", [&] { return box.HasFocus(); });
