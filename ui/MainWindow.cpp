@@ -19,6 +19,7 @@
 #include "app/frmKORVANDE.h"
 #include "ui/BehindDialog.h"
 #include "ui/Controls.h"
+#include "ui/Fading.h"
 #include "ui/FileDialogs.h"
 #include "ui/GeneralTab.h"
 #include "ui/GridTab.h"
@@ -210,6 +211,7 @@ void MainWindow::BindControls() {
     });
     tabs->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
         event.Skip();
+        EnableShownPage();
         startRow->PlaceOn(event.GetSelection(), form.project.options.StartedInteractively);
     });
     // The binding has taken the mode by then.
@@ -274,8 +276,15 @@ bool MainWindow::AddUnknownCodes(const UnknownCodes& found, wxWindow* parent,
     return grid != nullptr || unknown.codes.size() < found.codes.size();
 }
 
+// To grey a page takes longer than to translate a small drawing, so it waits until a person would see it.
 void MainWindow::EnableOptions(bool enable) {
-    for (size_t i = 0; i < tabs->GetPageCount(); ++i) tabs->GetPage(i)->Enable(enable);
+    optionsEnabled = enable;
+    if (!enable) return EnableShownPage();
+    for (size_t i = 0; i < tabs->GetPageCount(); ++i) tabs->GetPage(i)->Enable();
+}
+
+void MainWindow::EnableShownPage() {
+    if (wxWindow* const page = tabs->GetCurrentPage()) page->Enable(optionsEnabled);
 }
 
 void MainWindow::ShowForm() {
@@ -350,6 +359,7 @@ void MainWindow::Unload(MayStay mayStay) {
 MainWindow* OpenMainWindow(WindowScreen& screen, FormKORVANDE& form, const StartUpArguments& arguments) {
     form.askFolder = [](TextView title) { return ShowFolderDialog(nullptr, title); };
     if (StartUp(form, arguments) == AfterStartUp::EndProgram) return nullptr;
+    FadeNothing();
     auto* const window = new MainWindow(screen, form);
     window->Show();
     return window;

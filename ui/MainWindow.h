@@ -51,6 +51,7 @@ class MainWindow : public wxFrame {
     void WorkOn(const char* button, std::function<void()> action);
     void OfferRecent(const char* button, Direction direction);
     void EnableOptions(bool enable);
+    void EnableShownPage();
     // Of those found, whether the tables have some now.
     bool AddUnknownCodes(const UnknownCodes& found, wxWindow* parent,
                          const std::function<void(const UnknownCode&)>& look);
@@ -75,6 +76,7 @@ class MainWindow : public wxFrame {
     std::unique_ptr<RunWindows> runWindows;
     wxTimer timer;
     bool isFitted = false;
+    bool optionsEnabled = true;
     bool isClosing = false;
 };
 

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
+#include <wx/dynlib.h>
 #include <wx/grid.h>
 #include <wx/scrolwin.h>
 
@@ -271,6 +272,19 @@ TEST_F(WindowStartTest, HowFilesAreReadIsTheUsersOwnWhateverTheProject) {
     Start();
     EXPECT_EQ(Find<wxChoice>("cboCharacterSet").GetSelection(), 2);
     EXPECT_TRUE(Find<wxCheckBox>("chkWithoutZeroes").GetValue());
+}
+
+// Else every run would repaint the form a dozen times before it begins.
+TEST_F(WindowStartTest, ControlsChangeTheirLookAtOnceInsteadOfFading) {
+    Start();
+    const wxDynamicLibrary gtk("libgtk-3.so.0", wxDL_VERBATIM);
+    using GetSettings = void* (*)();
+    using GetProperties = void (*)(void* object, const char* name, ...);
+    const wxDYNLIB_FUNCTION(GetSettings, gtk_settings_get_default, gtk);
+    const wxDYNLIB_FUNCTION(GetProperties, g_object_get, gtk);
+    int fades = -1;
+    pfng_object_get(pfngtk_settings_get_default(), "gtk-enable-animations", &fades, nullptr);
+    EXPECT_EQ(fades, 0);
 }
 
 }  // namespace

@@ -1,0 +1,7 @@
+#include "ui/Fading.h"
+
+namespace korvande {
+
+void FadeNothing() {}
+
+}  // namespace korvande
