@@ -33,12 +33,11 @@ class ProjectTest : public WindowTest {
     // Presses a button; in the dialog that it shows, types a name (none: leaves what stands there) and a key.
     ShownDialog Ask(const char* button, const std::string& name, int key) {
         ShownDialog asked;
+        // The window comes to the front a while after each change of project, and without a window manager over a
+        // dialog.
+        WaitUntil("the window in front", [this] { return !form.Timer1Enabled; });
         dialogs.onDialog = [&, this](wxDialog& dialog) {
             WaitUntil("the dialog", [&] { return dialog.IsShownOnScreen(); });
-            // Where no window manager gives a dialog the keyboard, the mouse does by coming in; it may be there
-            // already.
-            simulator.MouseMove(wxPoint(0, 0));
-            LetEventsRun();
             simulator.MouseMove(dialog.GetScreenPosition() + dialog.GetSize() / 2);
             auto& box = ControlNamed<wxTextCtrl>(dialog, "txtProjectName");
             WaitUntil("the focus", [&] { return box.HasFocus(); });
