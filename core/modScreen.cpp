@@ -18,11 +18,11 @@ void ChoosePace(ProgressPace& pace, std::chrono::steady_clock::time_point before
         now - before < often ? std::min(2 * pace.recordsPerLook, most) : std::max(pace.recordsPerLook / 2, 1U);
 }
 
-// A window that takes its time to paint what has changed gets at most a twentieth of the run's, and still hears often
+// A window that takes its time to paint what has changed gets at most a fortieth of the run's, and still hears often
 // enough of a person who wants to stop.
 std::chrono::steady_clock::duration PauseAfter(std::chrono::steady_clock::duration taken) noexcept {
     using std::chrono::milliseconds;
-    return std::clamp<std::chrono::steady_clock::duration>(20 * taken, milliseconds(50), milliseconds(250));
+    return std::clamp<std::chrono::steady_clock::duration>(40 * taken, milliseconds(50), milliseconds(250));
 }
 
 }  // namespace

@@ -100,16 +100,16 @@ class SlowScreen : public RecordingScreen {
 };
 
 TEST(Progress, AScreenThatTakesLongHearsOfItLessOften) {
-    SlowScreen screen(milliseconds(10));
+    SlowScreen screen(milliseconds(5));
     const auto time = RepeatUntil([&] { return screen.pumps >= 3; }, [&](std::int64_t i) { StepProgress(screen, i); });
     EXPECT_EQ(screen.pumps, 3);
-    EXPECT_GE(time, milliseconds(2 * 20 * 10));
+    EXPECT_GE(time, milliseconds(2 * 40 * 5));
 }
 
 TEST(Progress, AScreenThatTakesVeryLongStillHearsOfItSoon) {
     SlowScreen screen(milliseconds(600));
     RepeatUntil([&] { return screen.pumps >= 2; }, [&](std::int64_t i) { StepProgress(screen, i); });
-    EXPECT_EQ(screen.pumps, 2) << "20 times as long would be 12 seconds";
+    EXPECT_EQ(screen.pumps, 2) << "40 times as long would be 24 seconds";
 }
 
 TEST(Progress, StepsAreShownAlsoWhenEventsRunBetweenThem) {
