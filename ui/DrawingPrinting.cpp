@@ -8,6 +8,7 @@
 
 #include "picture/ScaleBar.h"
 #include "ui/Controls.h"
+#include "ui/PaperCorner.h"
 #include "ui/PrintCanvas.h"
 #include "ui/WxText.h"
 
@@ -38,15 +39,15 @@ bool PrintedDrawing::OnPrintPage(int /*number*/) {
     constexpr double thinnest = 0.13;
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::CreateFromUnknownDC(*GetDC()));
     if (context == nullptr) return false;
-    // Places on the device begin where a printer can print, which is somewhere on the paper.
     const wxRect paper = GetPaperRectPixels();
     int paperWidth = 0;
     int paperHeight = 0;
     GetPageSizeMM(&paperWidth, &paperHeight);
     dotsPerInch = paper.width * millimetresPerInch / std::max(paperWidth, 1);
     const double unit = dotsPerInch / millimetresPerInch;
-    const double left = paper.x + margin * unit;
-    const double top = paper.y + margin * unit;
+    const wxPoint2DDouble corner = PaperCorner(*context, paper);
+    const double left = corner.m_x + margin * unit;
+    const double top = corner.m_y + margin * unit;
     const PictureView view =
         ViewOnPage(page.view, static_cast<int>(paper.width - 2 * margin * unit),
                    static_cast<int>(paper.height - (2 * margin + legend) * unit), dotsPerInch, page.scale);
