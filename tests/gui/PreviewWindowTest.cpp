@@ -44,8 +44,12 @@ class PreviewWindowTest : public PreviewFixture {
         LetEventsRun();
     }
     static bool HasColour(const wxWindow& shown, bool (*isIt)(int red, int green, int blue)) {
+        // The toolkit may count several pixels of the screen as one.
+        const double scale = shown.GetContentScaleFactor();
         const wxRect place = shown.GetScreenRect();
-        const auto pixels = PixelsOnScreen({place.x, place.y, place.width, place.height});
+        const auto onScreen = [scale](int length) { return static_cast<int>(length * scale); };
+        const auto pixels =
+            PixelsOnScreen({onScreen(place.x), onScreen(place.y), onScreen(place.width), onScreen(place.height)});
         return std::any_of(pixels.begin(), pixels.end(), [isIt](std::uint32_t pixel) {
             const auto part = [pixel](int shift) { return static_cast<int>(pixel >> shift & 0xFF); };
             return isIt(part(16), part(8), part(0));

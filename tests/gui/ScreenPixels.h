@@ -13,8 +13,8 @@ struct ScreenPlace {
     int height;
 };
 
-// What a person sees there, row by row: a colour for each pixel. The system itself is asked, for the library remembers
-// what it drew.
+// What a person sees there, row by row: a colour for each pixel of what lies on the screen. The system itself is asked,
+// for the library remembers what it drew.
 std::vector<std::uint32_t> PixelsOnScreen(const ScreenPlace& place);
 
 }  // namespace korvande::testing
