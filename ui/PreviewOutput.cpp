@@ -4,6 +4,8 @@
 #include <optional>
 
 #include "app/BrowseFiles.h"
+#include "app/PictureName.h"
+#include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
 #include "host/modFileHandling.h"
 #include "picture/DrawMarked.h"
@@ -21,19 +23,21 @@ void Draw(const SeenPreview& seen, const PictureFrame& frame, Canvas& canvas) {
 
 }  // namespace
 
-void SaveSeen(wxWindow* parent, Screen& screen, const SeenPreview& seen) {
+void SaveSeen(wxWindow* parent, const FormKORVANDE& form, const SeenPreview& seen) {
     constexpr int leastPixels = 1600;
     const Text input = FileNameOf(seen.input);
     const Text name = Concat(input.substr(0, input.rfind(u'.')), seen.marks ? u" - verschillen.svg" : u".svg");
     const FileDialog dialog = {u"Tekening opslaan", u"SVG (*.svg)|*.svg|PNG (*.png)|*.png", FolderOf(seen.input), name,
                                false};
-    std::optional<Text> target = ShowFileDialog(parent, dialog);
-    if (!target) return;
-    if (!PictureFormatOf(*target)) AppendTo(*target, u".svg");
+    const std::optional<Text> chosen = ShowFileDialog(parent, dialog);
+    if (!chosen) return;
+    const Text target = PictureNameOf(*chosen);
+    // The dialog asked about the name that it gave.
+    if (target != *chosen && !MayReplace(form, target)) return;
     PictureFrame frame = FrameOf(seen.view);
     frame.pixels = std::max(frame.pixels, leastPixels);
-    TryWithRetry(screen, *target, u"opslaan", [&] {
-        WritePictureFile(*seen.source.list, frame, {seen.title, *target},
+    TryWithRetry(form.screen, target, u"opslaan", [&] {
+        WritePictureFile(*seen.source.list, frame, {seen.title, target},
                          [&](Canvas& canvas) { Draw(seen, frame, canvas); });
     });
 }

@@ -11,6 +11,7 @@
 namespace korvande {
 
 class Screen;
+struct FormKORVANDE;
 
 // What a preview shows at a moment.
 struct SeenPreview {
@@ -30,7 +31,7 @@ struct PrintSettings {
 };
 
 // Asks for a name and saves what is seen there, as SVG or PNG.
-void SaveSeen(wxWindow* parent, Screen& screen, const SeenPreview& seen);
+void SaveSeen(wxWindow* parent, const FormKORVANDE& form, const SeenPreview& seen);
 
 // Asks how it is to be printed, and prints it. What fails is told.
 void PrintSeen(wxWindow* parent, Screen& screen, const SeenPreview& seen, PrintSettings& settings);

@@ -330,7 +330,7 @@ SeenPreview PreviewWindow::Seen() const {
 }
 
 void PreviewWindow::SaveAs() {
-    if (preview) SaveSeen(this, form.screen, Seen());
+    if (preview) SaveSeen(this, form, Seen());
 }
 
 void PreviewWindow::Print() {

@@ -132,6 +132,21 @@ TEST_F(PreviewOutputTest, APngIsAtLeast1600PixelsWideAndANameWithoutAnExtensionI
     EXPECT_THAT(FileBytes(folder / "zonder.svg"), StartsWith("<?xml"));
 }
 
+TEST_F(PreviewOutputTest, ANameThatTheDialogDidNotAskAboutIsAskedAboutBeforeAFileIsReplaced) {
+    Open();
+    ShowPreview(Street());
+    folder.Write("blad.svg", "vorige week");
+    dialogs.files = {folder / "blad"};
+    dialogs.buttons = {wxID_NO};
+    PressHere("cmdSavePreview");
+    EXPECT_EQ(dialogs.LastMessage(), "Het bestand bestaat al:\n" + ToUtf8(folder / "blad.svg") + "\nVervangen?");
+    EXPECT_EQ(FileBytes(folder / "blad.svg"), "vorige week");
+    dialogs.files = {folder / "blad"};
+    dialogs.buttons = {wxID_YES};
+    PressHere("cmdSavePreview");
+    EXPECT_THAT(FileBytes(folder / "blad.svg"), StartsWith("<?xml"));
+}
+
 TEST_F(PreviewOutputTest, ADrawingIsPrintedToScale) {
     Open();
     ShowPreview(Street());
