@@ -10,6 +10,7 @@
 #include "app/frmKORVANDE.h"
 #include "core/RuntimeError.h"
 #include "host/modFileHandling.h"
+#include "picture/MakeDisplayList.h"
 #include "project/OwnerBoxes.h"
 #include "run/Steps.h"
 

@@ -7,6 +7,7 @@
 
 #include "core/modScreen.h"
 #include "picture/FramePixels.h"
+#include "picture/MakeDisplayList.h"
 #include "project/ControlTable.h"
 #include "run/Steps.h"
 #include "translation/Translation.h"

@@ -10,6 +10,7 @@
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
 #include "host/modFileHandling.h"
+#include "picture/MakeDisplayList.h"
 #include "picture/PictureFile.h"
 #include "picture/PixelView.h"
 #include "picture/PngPicture.h"

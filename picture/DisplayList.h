@@ -17,8 +17,6 @@
 // (picture/SpatialIndex.h) some 5 for each point, text and part. The texts of objects stay in the drawing.
 namespace korvande {
 
-struct Translation;
-
 // How a point is shown: by the type of its code's row.
 enum class PointShape : std::uint8_t { Plain, Rotated, ControlPoint, Symbol, NotWritten };
 
@@ -89,13 +87,6 @@ inline constexpr double textHeight = 1.0;
 
 // How far a text may reach from its anchor, millimetres.
 double ReachOf(const PictureText& text) noexcept;
-
-// The display list of the drawing that a translation has read, with the codes by its code tables.
-//
-// Points that nothing but line strings and texts refer to are not shown, for those that an export does not write
-// (DUMMY) and those that an exchange file has for the places of its lines and texts; neither are the line strings that
-// the reader of an exchange file lays between the two places of a text.
-DisplayList MakeDisplayList(Translation& translation);
 
 // The bytes that it holds, those of the texts of its codes left aside.
 std::size_t BytesOf(const DisplayList& list) noexcept;

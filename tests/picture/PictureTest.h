@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "picture/DisplayList.h"
+#include "picture/MakeDisplayList.h"
 #include "run/Steps.h"
 #include "tests/run/RunTest.h"
 
