@@ -6,7 +6,7 @@ themes=(Adwaita Adwaita:dark)
 managers=(openbox xfwm4)
 displays=(1024x768 1280x1024)
 # The tests of looks and keys, as a filter.
-surroundedSuites='SurroundingsTest.*:WindowSizeTest.*:DialogSizeTest.*:KeyboardTest.*'
+surroundedSuites='PreviewWindowTest.*:SurroundingsTest.*:WindowSizeTest.*:DialogSizeTest.*:KeyboardTest.*'
 
 AllSurroundings() {
     local textSize theme manager display
