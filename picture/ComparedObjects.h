@@ -27,6 +27,7 @@ struct ComparedPlace {
     std::int64_t otherEast = 0;
     std::int64_t otherNorth = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the checker takes a 0 of the compiler's own for one of ours
     auto operator<=>(const ComparedPlace&) const = default;
 };
 
@@ -52,6 +53,7 @@ struct ComparedVertex {
     bool isCentre = false;   // it is nothing but the centre of an arc or circle
     std::int32_t point = 0;  // index
 
+    // NOLINTNEXTLINE(modernize-use-nullptr, readability-implicit-bool-conversion): the same
     auto operator<=>(const ComparedVertex&) const = default;
 };
 

@@ -34,7 +34,7 @@ class SpatialIndex {
     void Find(const DisplayList& list, const PictureBox& box, Visit visit) const {
         if (nodes.empty()) return;
         // The way down, at most one node of each level with the nodes beside it that are to be looked at.
-        std::array<Node, 8 * fanOut> open;
+        std::array<Node, 8 * fanOut> open{};
         std::size_t count = 0;
         open[count++] = {levels.size() - 1, 0, false};
         while (count > 0) {
