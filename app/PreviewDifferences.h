@@ -11,7 +11,7 @@ namespace korvande {
 
 // A mark for each difference of the comparison, in its order: where the object is, in the places of the input's
 // picture; nowhere when it refers to nothing. What is missing or changed as it is in the input, what was added as it is
-// in the output.
+// in the output. Line strings that were only split are marked less loudly than what was changed.
 FrameMarks MarksOf(const Preview& preview);
 
 // Of each kind of difference, on white paper: red, orange and blue.
@@ -25,8 +25,8 @@ Text TextOf(const Difference& difference);
 
 inline constexpr std::size_t differenceKinds = 3;
 
-// The differences as a list shows them: what is missing first, then what was changed, then what was added; and which of
-// these are to be seen.
+// The differences as a list shows them: what is missing first, then what was changed, then what was added, and last of
+// all line strings that were only split; and which of these are to be seen.
 class PreviewDifferences {
  public:
     PreviewDifferences() = default;

@@ -239,6 +239,7 @@ class Comparer {
             return;
         }
         if (parts > 1) {
+            difference.isSplit = true;
             difference.what = Concat(u"in ", parts, u" lijnstrings");
             difference.reason = u"elk segment wordt een eigen object";
         } else if (isJoined) {

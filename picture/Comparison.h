@@ -25,6 +25,7 @@ struct Difference {
     Position place{};             // metres; of a line its start
     Position end{};               // of a segment or arc
     bool hasPlace = true;         // false for one that refers to no point
+    bool isSplit = false;         // a line string that came as several, of which both drawings have each segment
     std::int32_t firstIndex = 0;  // in the first drawing's points, segments, texts or line strings; 0 when it is added
     std::int32_t secondIndex = 0;
     std::int32_t firstLine = 0;  // of the inputs; 0: none

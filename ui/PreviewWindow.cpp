@@ -325,7 +325,8 @@ SeenPreview PreviewWindow::Seen() const {
                      FileNameOf(order.input)};
     if (!preview->output) return seen;
     seen.marks = differences.Shown(marks);
-    seen.title = Concat(TitleOf(order), u" (rood: ontbreekt, oranje: gewijzigd, blauw: toegevoegd)");
+    seen.title =
+        Concat(TitleOf(order), u" (rood: ontbreekt, oranje: gewijzigd, lichtoranje: opgedeeld, blauw: toegevoegd)");
     return seen;
 }
 

@@ -205,6 +205,25 @@ TEST_F(PreviewDifferencesTest, TheyAreListedByKindAndFollowEachOtherBothWays) {
     EXPECT_EQ(differences.Next(2, false), 1U);
 }
 
+TEST_F(PreviewDifferencesTest, LineStringsThatWereOnlySplitComeLastAndLieBelowTheOthers) {
+    // Line string 1 is split, line string 2 joined with a part of it.
+    ReadLines(preview, "1,4,3,STRAIGHT;\n2,1,4,STRAIGHT;\n");
+    ReadLines(other, "2,4,3,STRAIGHT;\n2,1,4,STRAIGHT;\n");
+    preview->comparison = Compare(preview->drawing.translation, other->drawing.translation);
+    preview->output = std::make_unique<ShownDrawing>(preview->screen);
+    const PreviewDifferences differences(preview->comparison);
+    ASSERT_EQ(differences.Count(), 2U);
+    EXPECT_FALSE(differences.At(0).isSplit);
+    EXPECT_TRUE(differences.At(1).isSplit);
+    EXPECT_EQ(differences.PlaceOf(1), 0U);
+    const auto shown = differences.Shown(MarksOf(*preview));
+    EXPECT_EQ(ToUtf8(shown->front().name), "opgedeeld");
+    EXPECT_NE(shown->front().colour, ColourOf(DifferenceKind::Changed));
+    EXPECT_LT(shown->front().width, shown->back().width);
+    EXPECT_EQ(ToUtf8(shown->back().name), "gewijzigd");
+    EXPECT_EQ(shown->back().colour, ColourOf(DifferenceKind::Changed));
+}
+
 TEST_F(PreviewDifferencesTest, AKindIsHiddenInTheListAndInTheDrawing) {
     CompareWith("5,\"P5\",30,10,1.5,\"MV\",\"\",0;\n", "7,\"P7\",8,8,1.5,\"MV\",\"\",0;\n");
     const FrameMarks marks = MarksOf(*preview);
