@@ -20,7 +20,7 @@ wxPoint2DDouble PaperCorner(wxGraphicsContext& page, const wxRect& paper) {
     double across = std::min(left, right);
     double down = std::min(top, bottom);
     cairo_device_to_user_distance(cairo, &across, &down);
-    return wxPoint2DDouble(paper.x - across, paper.y - down);
+    return {paper.x - across, paper.y - down};
 }
 
 }  // namespace korvande
