@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "tests/gui/TranslationFixture.h"
+#include "tests/gui/WindowManager.h"
 
 // What the window keeps for its user from one session to the next.
 namespace korvande::testing {
@@ -48,6 +49,12 @@ class RememberedTest : public TranslationFixture {
         LetEventsRun();
     }
 
+    // What a window manager puts around a window comes on top of the size that was asked for before it was there.
+    void WaitForFrame() const {
+        if (WindowManagerName().empty()) return;
+        WaitUntil("the frame", [this] { return window->ClientToScreen(wxPoint()).y > window->GetScreenPosition().y; });
+    }
+
     bool IsInSight() const { return wxDisplay(0U).GetClientArea().Contains(window->GetRect()); }
 
     std::optional<FormKORVANDE> next;
@@ -57,6 +64,7 @@ TEST_F(RememberedTest, TheWindowOpensWhereItWasLeft) {
     Start();
     const wxRect place(150, 90, 1000, 780);
     ASSERT_NE(window->GetRect(), place);
+    WaitForFrame();
     window->SetSize(place);
     WaitUntil("the window in its new place", [&] { return window->GetRect() == place; });
     StartAnew();
