@@ -147,13 +147,20 @@ ForeignWasLeftAlone() {
     [ ! -e "$1.gestart" ] || Fail "a program that is not ours was started: $1"
 }
 
-# All values below a key of the registry; nothing when there is no such key.
+# All values below a key of the registry; nothing when there is no such key. A query that tells neither is asked again:
+# now and then one ends without a word while another program of Wine is on its way out.
 Values() {
-    local values
+    local values end=$((SECONDS + patience))
     # Messages go to standard output too, all in the code page of a console.
-    if values=$(Wine reg query "$1" /s 2>/dev/null | iconv -f CP850 -t UTF-8); then
-        tr -d '\r' <<<"$values" | sed '/^$/d'
-    fi
+    until values=$(Wine reg query "$1" /s 2>/dev/null | iconv -f CP850 -t UTF-8 | tr -d '\r' | sed '/^$/d') &&
+        [ -n "$values" ]; do
+        case $values in
+            *"Unable to find"*) return ;;
+        esac
+        if [ "$SECONDS" -ge "$end" ]; then Fail "the registry tells nothing of $1: $values"; fi
+        sleep 0.1
+    done
+    printf '%s\n' "$values"
 }
 
 # A LISCAD of this version, with its projects in C:\proef\projecten.
