@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "app/CellValues.h"
-#include "app/Csv.h"
 #include "app/GridHistory.h"
 #include "app/GridView.h"
 #include "app/frmKORVANDE.h"
+#include "core/Csv.h"
 #include "core/modScreen.h"
 
 namespace korvande {

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "app/CellValues.h"
-#include "app/Csv.h"
+#include "core/Csv.h"
 
 namespace korvande {
 

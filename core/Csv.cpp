@@ -1,4 +1,4 @@
-#include "app/Csv.h"
+#include "core/Csv.h"
 
 #include <algorithm>
 #include <utility>
