@@ -14,6 +14,7 @@ void ResetDrawing(Drawing& drawing) {
     drawing.LineKinds.Reset();
     drawing.LineTypes.Reset();
     drawing.TextCodes.Reset();
+    drawing.Sources.Reset();
     drawing.IdexSeparator = ',';
     drawing.IdexTerminator = ';';
     drawing.DrawingDate.clear();

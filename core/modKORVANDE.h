@@ -7,6 +7,7 @@
 #include "core/FixedBytes.h"
 #include "core/FixedText.h"
 #include "core/KeptTexts.h"
+#include "core/ObjectSources.h"
 #include "core/PagedArray.h"
 #include "core/SparseIndex.h"
 #include "core/Text.h"
@@ -115,6 +116,9 @@ struct Drawing {
     char IdexTerminator = ';';
     Text DrawingName;
     Text DrawingDate;  // dd-mm-yyyy when it is a date
+
+    // Of the objects of a NEN1878/SUF2 file, by their lines of the input.
+    ObjectSources Sources;
 
     // What its records have in common. A number that was never set is 0, of a text that was never filled.
     KeptTexts<PointKind> PointKinds;
