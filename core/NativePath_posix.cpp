@@ -135,7 +135,7 @@ std::FILE* CreateNativeFile(TextView name, TextView rightsOf) {
         std::FILE* const file = ::fdopen(descriptor, "wb");
         if (file == nullptr) throw RuntimeError(ErrorNumberOf(errno));
         return file;
-    } catch (const RuntimeError&) {
+    } catch (...) {
         ::close(descriptor);
         ::unlink(path.c_str());
         throw;
