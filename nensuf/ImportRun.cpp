@@ -65,11 +65,64 @@ int KindIn(std::string_view value) {
     return kind == std::floor(kind) ? static_cast<int>(kind) : 0;
 }
 
+// In the value of a G field, behind the kind of geometry: how the object was measured, and its status.
+constexpr std::size_t sourceKindPlace = 4;
+constexpr std::size_t statusPlace = 5;
+
+void TakeKind(ObjectSource& source, std::string_view value) {
+    source.kind.bytes[0] = value[sourceKindPlace];
+    source.status.bytes[0] = value[statusPlace];
+}
+
+// What a field of a 03 group says of where the object comes from: G; D, a blank and the date; B, five characters. A
+// text has blanks in place of the G field's letter and kind.
+void TakeField(ObjectSource& source, const GroupField& field) {
+    constexpr std::size_t dateLength = 8;
+    constexpr std::size_t nameLength = 5;
+    switch (field.Key) {
+        case 'G':
+            TakeKind(source, field.Value);
+            break;
+        case 'D':
+            source.date.Assign(field.Value.substr(1, dateLength));
+            break;
+        case 'B':
+            source.name.Assign(field.Value.substr(0, nameLength));
+            break;
+        case ' ':
+            if (Trim(field.Value.substr(0, sourceKindPlace)).empty()) TakeKind(source, field.Value);
+            break;
+        default:
+            break;
+    }
+}
+
+// Most groups say the same as the one before.
+void TakeSource(ImportRun& run) {
+    const std::string_view fields = run.records.BehindFirstField();
+    if (fields != run.sourceFields) {
+        run.sourceFields = fields;
+        run.source = {};
+        for (const GroupField& field : run.records.GroupFields()) TakeField(run.source, field);
+        run.sourceOfHead = run.translation.drawing.Sources.NumberOf(run.source);
+    }
+    run.sourceOfObjects = run.sourceOfHead;
+}
+
+// A placement may have a status of its own.
+void TakeStatus(ImportRun& run, char status) {
+    run.sourceOfObjects = run.sourceOfHead;
+    if (status == run.source.status.bytes[0]) return;
+    ObjectSource source = run.source;
+    source.status.bytes[0] = status;
+    run.sourceOfObjects = run.translation.drawing.Sources.NumberOf(source);
+}
+
 // A 03 group: M holds the code (nine characters), G the kind of geometry in its first two and the status in its sixth.
 void ReadGeometryFields(ImportRun& run, GroupObjects& objects) {
-    constexpr std::size_t statusPlace = 5;
     CodeTaker codes;
     run.afterGeometry = false;
+    TakeSource(run);
     for (const GroupField& field : run.records.GroupFields()) {
         if (field.Key == 'M') {
             codes.Take(objects, field);
@@ -93,6 +146,7 @@ void ReadGeometryFields(ImportRun& run, GroupObjects& objects) {
 // from symbols.
 void ReadPlacementFields(ImportRun& run, GroupObjects& objects) {
     CodeTaker codes;
+    char status = 0;
     for (const GroupField& field : run.records.GroupFields()) {
         if (field.Key == 'Q' || field.Key == 'K') {
             codes.Take(objects, field);
@@ -100,6 +154,7 @@ void ReadPlacementFields(ImportRun& run, GroupObjects& objects) {
             objects.namesKind = true;
             objects.isMarked = objects.isMarked || MarksMutation(field.Value[1]);
             objects.placement = field.Value;
+            status = field.Value[1];
             objects.isText = objects.isText || field.Value[2] == '1';
             objects.isSymbol = objects.isSymbol || field.Value[2] == '2';
         }
@@ -107,6 +162,7 @@ void ReadPlacementFields(ImportRun& run, GroupObjects& objects) {
     const bool hasCode = !objects.ObjectCode.empty();
     objects.isPart = run.afterGeometry && !hasCode && !objects.isText;
     if (hasCode) run.afterGeometry = false;
+    if (hasCode && status != 0) TakeStatus(run, status);
 }
 
 }  // namespace
@@ -119,6 +175,7 @@ GroupObjects ReadObjects(ImportRun& run) {
     } else {
         ReadPlacementFields(run, objects);
     }
+    run.translation.drawing.Sources.Begin(objects.line, run.sourceOfObjects);
     return objects;
 }
 

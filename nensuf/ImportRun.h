@@ -122,6 +122,11 @@ struct ImportRun {
     SelectionRectangle selection;
     bool withUnknowns;  // chkImportUnknowns
 
+    ObjectSource source{};                      // that the last 03 group told of its objects
+    std::string sourceFields;                   // where it stood
+    ObjectSources::Number sourceOfHead = 0;     // its number in the drawing
+    ObjectSources::Number sourceOfObjects = 0;  // that of the group's objects
+
     RowKinds<PointRec> pointKinds;
     RowKinds<PointRec> vertexKinds;  // points of line strings, from the table of lines
     RowKinds<LineRec> lineKinds;

@@ -17,7 +17,6 @@ constexpr std::string_view closingType = "99";
 constexpr std::size_t payloadBegin = 2;
 constexpr std::size_t payloadLength = 60;
 constexpr std::size_t endCodeBegin = 62;
-constexpr std::size_t fieldLength = 10;
 
 RecordEnd EndOf(const RecordReader::Record& record, std::int64_t line) {
     return {.type = {record[0], record[1]}, .code = {record[endCodeBegin], record[endCodeBegin + 1]}, .line = line};
@@ -160,6 +159,7 @@ void RecordReader::SplitPayload() {
     const std::size_t count = (rest.size() + fieldLength - 1) / fieldLength;
     if (fields.size() < count) fields.resize(2 * count);
     fieldCount = count;
+    fieldsBegin = begin;
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t at = begin + i * fieldLength;
         const char* const field = payload.data() + at;

@@ -75,6 +75,13 @@ class RecordReader {
     std::string_view RecordType() const noexcept { return {recordType.data(), recordType.size()}; }
     std::span<const GroupField> GroupFields() const noexcept { return {fields.data(), fieldCount}; }
 
+    // The same behind the first field, as it stands: of many groups, one behind the other, it is the same.
+    std::string_view BehindFirstField() const noexcept {
+        const std::size_t size = fieldCount * fieldLength;
+        return fieldCount < 2 ? std::string_view()
+                              : std::string_view(payload).substr(fieldsBegin + fieldLength, size - fieldLength);
+    }
+
     // Where that group begins, and how the record before it ended.
     const RecordOrigin& GroupOrigin() const noexcept { return groupOrigin; }
     const RecordEnd& BeforeGroup() const noexcept { return beforeGroup; }
@@ -94,6 +101,8 @@ class RecordReader {
     bool NextIs(std::string_view type) { return ReadRecordGroup(1).starts_with(type); }
 
  private:
+    static constexpr std::size_t fieldLength = 10;
+
     void PassShortLine(std::string_view read);
     void TakeLine(std::string_view read, Record& target);
     void TellShortClosingLine();
@@ -108,7 +117,8 @@ class RecordReader {
     std::vector<std::int64_t> payloadLines;  // of each record in the payload
     std::vector<GroupField> fields;          // more than the group has
     std::size_t fieldCount = 0;
-    Record record{};  // the record being read
+    std::size_t fieldsBegin = 0;  // in the payload
+    Record record{};              // the record being read
     Record lookAhead{};
     RecordOrigin lineRead;  // of the record read last from the file
     RecordOrigin origin;    // of `record`

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <optional>
+#include <string>
 
 #include "core/Clock.h"
 #include "core/Numbers.h"
@@ -211,6 +212,20 @@ void ImportObjects(ImportRun& run) {
     if (group.isText) ImportObject(run, ObjectKind::TextObject, ImportTextGroup);
 }
 
+// The owner's name, from the 07 records: N and 35 characters, which as fields lie in four of ten.
+void TakeOwnerName(ImportRun& run) {
+    constexpr std::size_t nameLength = 35;
+    constexpr std::size_t fieldsOfName = 4;
+    const auto fields = run.records.GroupFields();
+    if (fields.empty() || fields.front().Key != 'N') return;
+    std::string name;
+    for (const GroupField& field : fields.first(std::min(fields.size(), fieldsOfName))) {
+        name.push_back(field.Key);
+        name += field.Value;
+    }
+    run.translation.OwnerName = FromWindows1252(Trim(std::string_view(name).substr(1, nameLength)));
+}
+
 void ImportGroups(ImportRun& run) {
     while (true) {
         run.records.ReadRecordGroup(0);
@@ -220,6 +235,7 @@ void ImportGroups(ImportRun& run) {
             ImportObjects(run);
         } else if (type == "07") {
             if (run.NenMode == Variant::Suf2) AskFormat(run, holdsNen1878Headers);
+            TakeOwnerName(run);
         } else if (type == "99") {
             return TellEnd(run);
         } else {
@@ -259,6 +275,7 @@ void ImportNenSuf(Translation& translation) {
     ResetDrawing(translation.drawing);
     ForgetUnknowns(translation);
     translation.ProjectName.clear();
+    translation.OwnerName.clear();
     translation.ProjectDate.reset();
     LineReader file;
     const bool isOpen = OpenInput(translation, file, translation.SufNenFileName, recordLength);
