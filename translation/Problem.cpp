@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "translation/ProblemSentences.h"
 
@@ -33,6 +34,7 @@ Text ValueOf(const Problem& problem, std::int64_t count, TextView place) {
     if (place == u"{getal}") return Concat(problem.number);
     if (place == u"{naam}") return problem.name;
     if (place == u"{regel}") return Concat(problem.line);
+    if (place == u"{, vanaf regel}") return problem.line > 0 ? Concat(u", vanaf regel ", problem.line) : Text();
     return LineInBrackets(problem.line);
 }
 
@@ -64,6 +66,8 @@ constexpr TextView otherWords = u"…";
 Problem EscapedError(const RuntimeError& error) {
     return {.kind = ProblemKind::EscapedError, .words = error.Description()};
 }
+
+std::string_view NameOf(ProblemKind kind) noexcept { return SentenceOf(kind).name; }
 
 ProblemList ListOf(ProblemKind kind) noexcept { return SentenceOf(kind).list; }
 
@@ -109,6 +113,18 @@ Text SentenceWithLine(const Problem& problem) {
     return TellsLine(problem.kind) ? Sentence(problem) : Concat(Sentence(problem), LineInBrackets(problem.line));
 }
 
+Text LineOf(const ProblemCount& problems) {
+    const KindSentence& sentence = SentenceOf(problems.kind);
+    const bool isOne = problems.count == 1 || sentence.many.empty();
+    const Problem first{
+        .kind = problems.kind, .object = problems.object, .words = problems.words, .line = problems.firstLine};
+    Text line = Filled(isOne ? sentence.one : sentence.many, first, problems.count);
+    if (problems.firstLine > 0 && !TellsLine(problems.kind)) {
+        AppendTo(line, Concat(isOne ? u" (op regel " : u" (de eerste op regel ", problems.firstLine, u")"));
+    }
+    return line;
+}
+
 bool Problems::Count(ProblemKind kind, ObjectKind object, std::int64_t line) noexcept {
     if (onProblem) return false;
     const auto isIt = [kind, object](const ProblemCount& entry) {
@@ -149,20 +165,32 @@ void Problems::Add(const Problem& problem, std::int64_t count) {
     if (onProblem) onProblem(problem);
 }
 
+void Problems::AddAll(const Problems& others) {
+    isSum = true;
+    errors += others.errors;
+    for (const ProblemCount& entry : others.counts) {
+        Add({.kind = entry.kind, .object = entry.object, .words = entry.words}, entry.count);
+    }
+}
+
+std::vector<ProblemCount> Problems::Counts(ProblemList list) const {
+    std::vector<ProblemCount> told;
+    for (const bool damage : {true, false}) {
+        std::copy_if(counts.begin(), counts.end(), std::back_inserter(told), [list, damage](const ProblemCount& entry) {
+            const KindSentence& sentence = SentenceOf(entry.kind);
+            return sentence.list == list && sentence.isDamage == damage;
+        });
+    }
+    return told;
+}
+
 std::vector<Text> Problems::Lines(ProblemList list) const {
     std::vector<Text> lines;
-    for (const bool damage : {true, false}) {
-        for (const ProblemCount& entry : counts) {
-            const KindSentence& sentence = SentenceOf(entry.kind);
-            if (sentence.list != list || sentence.isDamage != damage) continue;
-            const bool isOne = entry.count == 1 || sentence.many.empty();
-            Problem problem{.kind = entry.kind, .object = entry.object, .words = entry.words, .line = entry.firstLine};
-            Text line = Filled(isOne ? sentence.one : sentence.many, problem, entry.count);
-            if (entry.firstLine > 0 && !TellsLine(entry.kind)) {
-                AppendTo(line, Concat(isOne ? u" (op regel " : u" (de eerste op regel ", entry.firstLine, u")"));
-            }
-            lines.push_back(line);
-        }
+    for (const ProblemCount& entry : Counts(list)) {
+        Text line = LineOf(entry);
+        const bool isToldOnce = SentenceOf(entry.kind).many.empty();
+        if (isSum && isToldOnce && entry.count > 1) AppendTo(line, Concat(u" (", entry.count, u" maal)"));
+        lines.push_back(line);
     }
     return lines;
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string_view>
 #include <vector>
 
 #include "core/RuntimeError.h"
@@ -122,6 +123,9 @@ struct Problem {
 
 Problem EscapedError(const RuntimeError& error);
 
+// The name of a kind, as programs have it: "NoReference".
+std::string_view NameOf(ProblemKind kind) noexcept;
+
 ProblemList ListOf(ProblemKind kind) noexcept;
 
 // Whether it tells of damage of the input.
@@ -144,6 +148,9 @@ struct ProblemCount {
     std::int64_t firstLine = 0;
 };
 
+// "3 punten zonder coördinaten (de eerste op regel 17)".
+Text LineOf(const ProblemCount& problems);
+
 // The problems of one translation.
 class Problems {
  public:
@@ -158,6 +165,10 @@ class Problems {
     // Counts a problem of one of the two lists, `count` times.
     void Add(const Problem& problem, std::int64_t count = 1);
 
+    // Adds what was counted of another translation, without its lines. What a translation has once at most is told with
+    // how many times from here on.
+    void AddAll(const Problems& others);
+
     // The same for one without words, when nobody listens: objects may be left out by the hundred thousand. False when
     // it is the first of its kind, or somebody listens, and it must be added.
     bool Count(ProblemKind kind, ObjectKind object, std::int64_t line) noexcept;
@@ -167,7 +178,8 @@ class Problems {
     bool HasLoss() const noexcept { return hasLoss; }
     bool HasDamage() const noexcept { return hasDamage; }
 
-    // The lines of a list, damage first: "3 punten zonder coördinaten (de eerste op regel 17)".
+    // What a list tells, damage first; and as lines.
+    std::vector<ProblemCount> Counts(ProblemList list) const;
     std::vector<Text> Lines(ProblemList list) const;
 
  private:
@@ -178,6 +190,7 @@ class Problems {
     std::size_t latest = 0;  // that Count found
     bool hasLoss = false;
     bool hasDamage = false;
+    bool isSum = false;  // of more than one translation
 };
 
 }  // namespace korvande

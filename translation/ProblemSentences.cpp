@@ -39,7 +39,7 @@ constexpr KindSentence sentences[] = {
     {ProblemKind::UnknownLine, "UnknownLine", ProblemList::Errors, false,
      u"{woorden} {getal} verwijst naar een onbekende lijn", u""},
     {ProblemKind::RestNotRead, "RestNotRead", ProblemList::Loss, true,
-     u"de rest van het bestand is niet gelezen, vanaf regel {regel}", u""},
+     u"de rest van het bestand is niet gelezen{, vanaf regel}", u""},
     {ProblemKind::CutOff, "CutOff", ProblemList::Loss, true, u"het bestand is afgebroken: {woorden} ontbreekt", u""},
     {ProblemKind::LayersBehindDatabase, "LayersBehindDatabase", ProblemList::Loss, true,
      u"LAYERS staat achter DATABASE; de tekening is niet gelezen", u""},

@@ -9,7 +9,8 @@
 namespace korvande {
 
 // "{n}" stands for how many, "{wat}" for the kind of object in one or more, "{woorden}", "{getal}", "{naam}" and
-// "{regel}" for what varies; "{(regel)}" for " (regel N)" when there is a line.
+// "{regel}" for what varies; "{(regel)}" for " (regel N)" and "{, vanaf regel}" for ", vanaf regel N" when there is a
+// line.
 struct KindSentence {
     ProblemKind kind;
     std::string_view name;  // of the kind

@@ -92,6 +92,7 @@ struct Translation {
 
     // From the header of a NEN1878/SUF2 file.
     Text ProjectName;
+    Text OwnerName;
     std::optional<DateTime> ProjectDate;
 
     // Whether an IDEX file of an instrument, which has no LAYERS, is read all the same.

@@ -123,6 +123,23 @@ TEST_F(ProblemLists, ASentenceThatNamesItsLineDoesNotNameItTwice) {
     EXPECT_EQ(Loss(), (Lines{"de rest van het bestand is niet gelezen, vanaf regel 12"}));
 }
 
+TEST_F(ProblemLists, ThoseOfSeveralTranslationsAddUpWithoutTheirLines) {
+    Problems all;
+    for (const std::int64_t line : {20, 17}) {
+        Problems some;
+        some.errors = 2;
+        some.Add({.kind = ProblemKind::RestNotRead, .line = line});
+        some.Add({.kind = ProblemKind::NoCoordinates, .object = ObjectKind::Point, .line = line}, 3);
+        some.Add({.kind = ProblemKind::ReadAsUtf8, .line = line});
+        all.AddAll(some);
+    }
+    EXPECT_EQ(all.errors, 4);
+    EXPECT_TRUE(all.HasDamage());
+    EXPECT_EQ(InUtf8(all.Lines(ProblemList::Loss)),
+              (Lines{"de rest van het bestand is niet gelezen (2 maal)", "6 punten zonder coördinaten"}));
+    EXPECT_EQ(InUtf8(all.Lines(ProblemList::Wanted)), (Lines{"het bestand is gelezen als UTF-8 (2 maal)"}));
+}
+
 TEST_F(ProblemLists, BehindTwentyDifferentWordsTheOthersAreToldTogether) {
     for (int i = 0; i < 100; ++i) {
         Tell(translation, {.kind = ProblemKind::RecordPassedOver, .words = Concat(10 + i), .line = i + 1});
