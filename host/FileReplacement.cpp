@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 #include "core/LineReader.h"
 #include "core/LineWriter.h"
@@ -13,11 +14,25 @@ namespace korvande {
 
 namespace {
 
+struct NewFile {
+    Text name;  // empty: none can be made
+    std::string path;
+};
+
+std::string PathOf(const Text& name) {
+    const Text folder = FolderOf(name);
+    const std::string file = ToUtf8(FileNameOf(name));
+    return folder.empty() ? file : NativePath(folder) + "/" + file;
+}
+
 // A name that nobody has is taken by somebody else now and then.
-Text CreateBeside(LineWriter& writer, TextView name) {
+NewFile CreateBeside(LineWriter& writer, TextView name) {
     while (true) {
-        Text temporary = TemporaryNameBeside(name);
-        if (temporary.empty() || writer.Create(temporary, name)) return temporary;
+        NewFile file;
+        file.name = TemporaryNameBeside(name);
+        if (file.name.empty()) return file;
+        file.path = PathOf(file.name);
+        if (writer.Create(file.name, name)) return file;
     }
 }
 
@@ -30,7 +45,9 @@ void FileReplacement::Open(LineWriter& writer) {
         // One that may not be written is not replaced either.
         if (isThere) std::fclose(OpenNativeFile(name, OpenMode::Append));
         try {
-            temporary = CreateBeside(writer, name);
+            NewFile file = CreateBeside(writer, name);
+            temporary = std::move(file.name);
+            temporaryPath = std::move(file.path);
         } catch (const RuntimeError& error) {
             const bool isClosedFolder = error.Number() == errors::accessDenied;
             if (!isThere || !isClosedFolder) throw;
@@ -57,7 +74,7 @@ void FileReplacement::PutInPlace() {
 }
 
 void FileReplacement::Drop() noexcept {
-    if (!temporary.empty()) DeleteFileAt(temporary);
+    if (!temporary.empty() && !DeleteFileAt(temporary)) std::remove(temporaryPath.c_str());
     temporary.clear();
     isOpened = false;
 }

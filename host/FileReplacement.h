@@ -34,7 +34,8 @@ class FileReplacement {
 
  private:
     Text name;
-    Text temporary;  // empty: it is written in its place
+    Text temporary;             // empty: it is written in its place
+    std::string temporaryPath;  // by which the system removes it, also when there is no memory to find it again
     bool isOpened = false;
 };
 

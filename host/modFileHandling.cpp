@@ -6,7 +6,6 @@
 #include <exception>
 #include <filesystem>
 #include <random>
-#include <type_traits>
 #include <utility>
 
 #include "core/FolderNames.h"
@@ -15,30 +14,13 @@
 #include "core/RuntimeError.h"
 #include "core/modScreen.h"
 #include "host/FileIdentity.h"
+#include "host/SystemPath.h"
 
 namespace korvande {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// The library keeps paths as the system does: in our characters, or in bytes.
-constexpr bool pathsAreWide = std::is_same_v<fs::path::value_type, wchar_t>;
-
-// Paths are exchanged with the library as they are, or else in UTF-8, which no locale changes.
-fs::path PathOf(TextView name) {
-    // The system would take the part before it for the name.
-    if (name.find(u'\0') != TextView::npos) throw RuntimeError(errors::badFileName);
-    if (pathsAreWide) return {std::wstring(name.begin(), name.end())};
-    const std::string native = NativePath(name);
-    return {std::u8string(native.begin(), native.end())};
-}
-
-Text NameOf(const fs::path& path) {
-    if (pathsAreWide) return {path.native().begin(), path.native().end()};
-    const std::u8string name = path.u8string();
-    return FromUtf8(std::string(name.begin(), name.end()));
-}
 
 // The path at the end of a chain of links, which may be that of a file still to come.
 fs::path BehindLinks(fs::path path) {
