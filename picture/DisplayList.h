@@ -31,6 +31,7 @@ struct PictureCode {
     bool isWritten = false;  // its type is one that an export writes
     PointShape shape = PointShape::Plain;
     std::int32_t count = 0;  // objects in the picture: points, line strings or texts
+    std::int32_t row = 0;    // its row in its table; 0: none of its own
 };
 
 struct PicturePoint {

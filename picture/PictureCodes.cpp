@@ -67,6 +67,7 @@ PictureCode PictureCodes::Describe(const Table& table, const CodeBytes& code) co
     const std::int32_t row = FindLiscadCode(*table.table, code.Wide());
     described.isKnown = isFromIdex ? row > 0 : !table.unknowns.contains(std::string(code.View()));
     if (table.table->rows.empty()) return described;
+    if (described.isKnown) described.row = row;
     const CodeRow& entry = table.table->rows[described.isKnown ? static_cast<std::size_t>(row) : 0];
     // A code that the reader made itself, such as that of a text's places, has no row.
     if (row > 0 || !described.isKnown) described.lkiCode = Text(entry.LkiCode.TrimmedRight());
