@@ -1,9 +1,12 @@
 #include "run/Recognise.h"
 
+#include <exception>
 #include <string>
 #include <string_view>
 
 #include "core/Text.h"
+#include "core/modScreen.h"
+#include "host/modFileHandling.h"
 #include "nensuf/RecordLine.h"
 
 namespace korvande {
@@ -37,6 +40,17 @@ std::optional<Format> Recognise(LineReader& file) {
     do {
         if (HoldsHeader(line)) return Format::Idex;
     } while (file.Next(line));
+    return {};
+}
+
+std::optional<Format> FormatOfFile(Screen& screen, const Text& name) {
+    try {
+        if (!IsRegularFileOrMissing(name)) return {};
+        LineReader file(name, &screen);
+        if (!file.IsUtf16()) return Recognise(file);
+    } catch (const std::exception&) {
+        // As said.
+    }
     return {};
 }
 
