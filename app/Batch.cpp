@@ -11,6 +11,7 @@
 #include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
 #include "host/modFileHandling.h"
+#include "run/Recognise.h"
 
 namespace korvande {
 
@@ -40,12 +41,12 @@ class Gathering {
  public:
     Gathering(FormKORVANDE& itsForm, Batch& itsBatch) : form(itsForm), batch(itsBatch) {}
 
-    void AddFile(const Text& name) { Add(name, FormatOfFile(form, name)); }
+    void AddFile(const Text& name) { Add(name, FormatOfFile(form.screen, name)); }
     void AddFolder(TextView name) {
         const Text folder = FolderWithSeparator(name);
         for (const Text& file : ListFiles(folder, u"*")) {
             const Text path = Concat(folder, file);
-            const std::optional<Format> format = FormatOfFile(form, path);
+            const std::optional<Format> format = FormatOfFile(form.screen, path);
             if (format) {
                 Add(path, format);
             } else {

@@ -8,6 +8,7 @@
 #include "app/RunTranslation.h"
 #include "app/RunningScreen.h"
 #include "app/frmKORVANDE.h"
+#include "picture/RdArea.h"
 #include "project/OwnerBoxes.h"
 #include "run/Check.h"
 #include "translation/ProblemBlock.h"
@@ -115,6 +116,7 @@ bool Check(FormKORVANDE& form, CheckReport& report) {
         Add(report, {.sentence = u"Het bestand kan niet worden gelezen"});
     }
     report.account = AccountLines(translation);
+    if (const auto extent = ExtentOf(translation.drawing)) report.place = RdPlaceOf(*extent);
     std::stable_sort(report.findings.begin(), report.findings.end(),
                      [](const Finding& one, const Finding& other) { return one.line < other.line; });
     return true;
@@ -148,10 +150,13 @@ Text SummaryOf(const CheckReport& report) {
 
 Text RemarksOf(const CheckReport& report) {
     Text remarks;
+    if (const TextView place = RdRemark(report.place); !place.empty())
+        remarks = Concat(u"De tekening ligt ", place, place.ends_with(u'?') ? u"" : u".");
     if (const std::int64_t wanted = CountOf(report, FindingKind::Wanted); wanted > 0) {
         const KindNames& names = NamesOf(FindingKind::Wanted);
-        remarks = Concat(u"Volgens de controletabel en de instellingen: ", wanted, u" ",
-                         wanted == 1 ? names.one : names.many, u".");
+        if (!remarks.empty()) AppendTo(remarks, u" ");
+        AppendTo(remarks, Concat(u"Volgens de controletabel en de instellingen: ", wanted, u" ",
+                                 wanted == 1 ? names.one : names.many, u"."));
     }
     std::int64_t all = 0;
     for (const std::int64_t count : report.counts) all += count;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/Text.h"
+#include "picture/RdArea.h"
 
 namespace korvande {
 
@@ -41,13 +42,15 @@ struct CheckReport {
     std::vector<Finding> findings;  // by line, those of the whole file first; of one line as they were met
     std::array<std::int64_t, findingKinds> counts{};
     std::vector<Text> account;  // of the objects
+    RdPlace place = RdPlace::Inside;
 };
 
 // Whether there is nothing that a person should know before translating.
 bool IsFlawless(const CheckReport& report) noexcept;
 
 // "2 fouten, 1 keer verlies, 3 onbekende codes" and the like, or that there are no problems; and what else is to be
-// said: what is left out as the settings want it, and how many findings are listed when that is not all of them.
+// said: that the drawing lies outside RD, what is left out as the settings want it, and how many findings are listed
+// when that is not all of them.
 Text SummaryOf(const CheckReport& report);
 Text RemarksOf(const CheckReport& report);
 

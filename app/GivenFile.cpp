@@ -32,25 +32,13 @@ Text& BoxByExtension(FormKORVANDE& form, TextView name) {
 
 }  // namespace
 
-std::optional<Format> FormatOfFile(FormKORVANDE& form, const Text& name) {
-    try {
-        // A device may have no end, and can be read only once.
-        if (!IsRegularFileOrMissing(name)) return {};
-        LineReader file(name, &form.screen);
-        if (!file.IsUtf16()) return Recognise(file);
-    } catch (const std::exception&) {
-        // As said.
-    }
-    return {};
-}
-
 Text GivenFile(TextView commandLine) {
     const Text name = OnlyArgument(commandLine);
     return !name.empty() && FileExistsAt(name) ? FullName(name) : Text();
 }
 
 void TakeGivenFile(FormKORVANDE& form, const Text& name) {
-    const std::optional<Format> format = FormatOfFile(form, name);
+    const std::optional<Format> format = FormatOfFile(form.screen, name);
     if (format) {
         const auto* const mode = std::find_if(modes.begin(), modes.end(), [format](const ModeNames& names) {
             return InputFormat(names.mode) == *format;

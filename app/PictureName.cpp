@@ -4,10 +4,14 @@
 
 namespace korvande {
 
-Text PictureNameOf(TextView chosen) {
-    if (!PictureFormatOf(chosen)) return Concat(chosen, u".svg");
+Text PictureNameOf(TextView chosen, MayBeGeoPackage mayBeGeoPackage) {
+    const auto hasEnding = [mayBeGeoPackage](TextView name) {
+        const bool isGeoPackage = mayBeGeoPackage == MayBeGeoPackage::Yes && ToCapitals(name).ends_with(u".GPKG");
+        return isGeoPackage || PictureFormatOf(name);
+    };
+    if (!hasEnding(chosen)) return Concat(chosen, u".svg");
     const TextView typed = chosen.substr(0, chosen.rfind(u'.'));
-    return Text(PictureFormatOf(typed) ? typed : chosen);
+    return Text(hasEnding(typed) ? typed : chosen);
 }
 
 }  // namespace korvande

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/Picture.h"
+#include "picture/RdArea.h"
 
 namespace korvande {
 
@@ -90,6 +91,7 @@ Text SummaryOf(const DisplayList& list) {
     if (list.notShown > 0) {
         AppendTo(text, Concat(u"; ", list.notShown, list.notShown == 1 ? u" object" : u" objecten", u" niet getekend"));
     }
+    if (const TextView remark = RdRemark(RdPlaceOf(list)); !remark.empty()) AppendTo(text, Concat(u"; ", remark));
     return text;
 }
 

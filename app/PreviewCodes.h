@@ -45,7 +45,7 @@ class PreviewCodes {
 Text NameOf(const PictureCode& code);
 TextView KindOf(const PictureCode& code) noexcept;
 
-// "12 onbekende codes, 40 codes" and the like.
+// "40 codes, 12 onbekend" and the like, and whether the drawing lies outside RD.
 Text SummaryOf(const DisplayList& list);
 
 // What an object is, in some lines.

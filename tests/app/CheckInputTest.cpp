@@ -12,7 +12,6 @@ namespace korvande::testing {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 // A drawing with these rows of points.
@@ -103,6 +102,17 @@ TEST_F(CheckInputTest, WhatTheTableLeavesOutIsNoProblemButIsListed) {
     EXPECT_TRUE(IsFlawless(report));
     EXPECT_EQ(ToUtf8(SummaryOf(report)), "Geen problemen gevonden.");
     EXPECT_EQ(ToUtf8(RemarksOf(report)), "Volgens de controletabel en de instellingen: 1 melding.");
+}
+
+TEST_F(CheckInputTest, ADrawingOutsideRdIsRemarkedUponAndFlawless) {
+    KnowCode(u"BOOM");
+    const CheckReport outside = Report(DrawingOf(PointRow(1, "BOOM") + PointRow(2, "BOOM", "400000")));
+    EXPECT_TRUE(IsFlawless(outside));
+    EXPECT_EQ(ToUtf8(RemarksOf(outside)), "De tekening ligt buiten RD.");
+    KnowCode(u"BOOM", u"DUMMY");
+    const CheckReport swapped = Report(DrawingOf("1,\"P\",487000,121000,1.5,\"BOOM\",\"\",0;\n"));
+    EXPECT_EQ(ToUtf8(RemarksOf(swapped)),
+              "De tekening ligt buiten RD; X en Y verwisseld? Volgens de controletabel en de instellingen: 1 melding.");
 }
 
 TEST_F(CheckInputTest, TheGridsAsTheyAreOnTheScreenCount) {

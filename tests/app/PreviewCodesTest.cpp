@@ -87,7 +87,7 @@ TEST_F(PreviewCodesTest, AnObjectIsToldInWords) {
 }
 
 TEST_F(PreviewCodesTest, TheStatusLineCountsCodesAndTellsThePlaceOfThePointer) {
-    EXPECT_EQ(ToUtf8(SummaryOf(list)), "4 codes, 1 onbekend");
+    EXPECT_EQ(ToUtf8(SummaryOf(list)), "4 codes, 1 onbekend; buiten RD");
     DisplayList other;
     other.codes.resize(1);
     other.codes.front().isKnown = true;
