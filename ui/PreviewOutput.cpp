@@ -5,6 +5,7 @@
 
 #include "app/BrowseFiles.h"
 #include "app/PictureName.h"
+#include "app/SaveGeoPackage.h"
 #include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
 #include "host/modFileHandling.h"
@@ -27,13 +28,16 @@ void SaveSeen(wxWindow* parent, const FormKORVANDE& form, const SeenPreview& see
     constexpr int leastPixels = 1600;
     const Text input = FileNameOf(seen.input);
     const Text name = Concat(input.substr(0, input.rfind(u'.')), seen.marks ? u" - verschillen.svg" : u".svg");
-    const FileDialog dialog = {u"Tekening opslaan", u"SVG (*.svg)|*.svg|PNG (*.png)|*.png", FolderOf(seen.input), name,
-                               false};
+    const bool isDrawing = seen.drawing != nullptr;
+    const Text filter =
+        Concat(u"SVG (*.svg)|*.svg|PNG (*.png)|*.png", isDrawing ? u"|GeoPackage (*.gpkg)|*.gpkg" : u"");
+    const FileDialog dialog = {u"Tekening opslaan", filter, FolderOf(seen.input), name, false};
     const std::optional<Text> chosen = ShowFileDialog(parent, dialog);
     if (!chosen) return;
-    const Text target = PictureNameOf(*chosen);
+    const Text target = PictureNameOf(*chosen, isDrawing ? MayBeGeoPackage::Yes : MayBeGeoPackage::No);
     // The dialog asked about the name that it gave.
     if (target != *chosen && !MayReplace(form, target)) return;
+    if (!PictureFormatOf(target)) return SaveGeoPackage(form.screen, *seen.drawing, target);
     PictureFrame frame = FrameOf(seen.view);
     frame.pixels = std::max(frame.pixels, leastPixels);
     TryWithRetry(form.screen, target, u"opslaan", [&] {

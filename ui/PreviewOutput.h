@@ -12,6 +12,7 @@ namespace korvande {
 
 class Screen;
 struct FormKORVANDE;
+struct ShownDrawing;
 
 // What a preview shows at a moment.
 struct SeenPreview {
@@ -21,6 +22,7 @@ struct SeenPreview {
     std::shared_ptr<const FrameMarks> marks;  // what differs; null when nothing is compared
     Text input;
     Text title;
+    const ShownDrawing* drawing = nullptr;  // that is shown alone, and can be saved as one
 };
 
 // Where and how it was printed last.
@@ -30,7 +32,7 @@ struct PrintSettings {
     PrintChoice choice;
 };
 
-// Asks for a name and saves what is seen there, as SVG or PNG.
+// Asks for a name and saves what is seen there, as SVG or PNG; or the drawing as a GeoPackage.
 void SaveSeen(wxWindow* parent, const FormKORVANDE& form, const SeenPreview& seen);
 
 // Asks how it is to be printed, and prints it. What fails is told.

@@ -321,9 +321,10 @@ void PreviewWindow::EnableButtons() {
 
 // What the window shows, as it is there: without what is hidden.
 SeenPreview PreviewWindow::Seen() const {
-    SeenPreview seen{SourceOf(preview->drawing), view->View(), codes.Hidden(), {}, order.input,
-                     FileNameOf(order.input)};
+    SeenPreview seen{SourceOf(preview->drawing), view->View(),     codes.Hidden(), {}, order.input,
+                     FileNameOf(order.input),    &preview->drawing};
     if (!preview->output) return seen;
+    seen.drawing = nullptr;
     seen.marks = differences.Shown(marks);
     seen.title =
         Concat(TitleOf(order), u" (rood: ontbreekt, oranje: gewijzigd, lichtoranje: opgedeeld, blauw: toegevoegd)");

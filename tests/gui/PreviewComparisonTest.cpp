@@ -130,7 +130,7 @@ TEST_F(PreviewComparisonTest, UnknownCodesAreShownInTheDrawingAndAddedFromTheVie
     EXPECT_EQ(Find<wxNotebook>("tabs").GetSelection(), static_cast<int>(tabPoints));
     // The view knows it, too.
     WaitForDrawing();
-    WaitUntil("the known code", [] { return StatusText(0) == "3 codes"; });
+    WaitUntil("the known code", [] { return StatusText(0) == "3 codes; buiten RD"; });
     EXPECT_FALSE(ControlNamed<wxButton>(*Preview(), "cmdPreviewUnknown").IsEnabled());
 }
 

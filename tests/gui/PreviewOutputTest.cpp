@@ -147,6 +147,14 @@ TEST_F(PreviewOutputTest, ANameThatTheDialogDidNotAskAboutIsAskedAboutBeforeAFil
     EXPECT_THAT(FileBytes(folder / "blad.svg"), StartsWith("<?xml"));
 }
 
+TEST_F(PreviewOutputTest, ADrawingIsSavedAsAGeoPackageAsAWholeAndAComparisonIsNot) {
+    Open();
+    ShowPreview(Street());
+    dialogs.buttons = {wxID_YES};
+    EXPECT_EQ(Saved("geheel.gpkg").substr(68, 4), "GPKG");
+    EXPECT_THAT(dialogs.fileQuestions.back().wildcard, HasSubstr("|GeoPackage (*.gpkg)|*.gpkg"));
+}
+
 TEST_F(PreviewOutputTest, ADrawingIsPrintedToScale) {
     Open();
     ShowPreview(Street());
@@ -190,6 +198,7 @@ TEST_F(PreviewOutputTest, AComparisonIsSavedAndPrintedWithWhatDiffersInItsColour
     WaitForDrawing();
     const std::string svg = Saved("verschillen.svg");
     EXPECT_EQ(dialogs.fileQuestions.back().title, "Tekening opslaan");
+    EXPECT_THAT(dialogs.fileQuestions.back().wildcard, Not(HasSubstr("gpkg")));
     EXPECT_THAT(svg, AllOf(HasSubstr("data-code=\"MUUR\""), HasSubstr("id=\"V-gewijzigd"), Not(HasSubstr("#d00000"))));
     EXPECT_THAT(Saved("verschillen.png"), StartsWith("\x89PNG"));
     EXPECT_THAT(Printed("optScaleFit"), AllOf(HasSubstr("klein.sfn over klein.idx"), HasSubstr("oranje: gewijzigd")));

@@ -212,10 +212,10 @@ TEST_F(PreviewReadingTest, CodesThatStandInATableWithoutBeingSavedAreKnown) {
     Open();
     ReplaceRows(form.editedPoints, form.gridPoints.RowCount(), 0, {{{u"RAAR", u"Q22", u"PUNT", u"RAAR PUNT"}}});
     ShowPreview(Street());
-    EXPECT_EQ(StatusText(0), "3 codes");
+    EXPECT_EQ(StatusText(0), "3 codes; buiten RD");
     Undo(form.editedPoints);
     ReadAgain();
-    EXPECT_EQ(StatusText(0), "3 codes, 1 onbekend");
+    EXPECT_EQ(StatusText(0), "3 codes, 1 onbekend; buiten RD");
 }
 
 TEST_F(PreviewReadingTest, WhatIsAddedFromTheViewIsKnownToTheNextTranslation) {

@@ -68,7 +68,7 @@ TEST_F(PreviewWindowTest, TheCodesStandInTheListUnknownOnesFirstAndRed) {
     EXPECT_EQ(Cell(0, 3), "onbekend");
     EXPECT_EQ(Cell(1, 0), "MV");
     EXPECT_EQ(Cell(2, 0), "MUUR");
-    EXPECT_EQ(StatusText(0), "3 codes, 1 onbekend");
+    EXPECT_EQ(StatusText(0), "3 codes, 1 onbekend; buiten RD");
     WaitUntil("the red row", [] { return HasColour(Codes(), IsRed); });
     WaitUntil("the red point", [] { return HasColour(View(), IsRed); });
 }
