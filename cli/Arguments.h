@@ -28,17 +28,28 @@ struct ReadingOptions {
     bool fromInstrument = false;  // IDEX without LAYERS
 };
 
+// What commands that take many drawings have in common.
+struct BatchOptions {
+    bool goesDeep = false;  // into the folders in a folder
+    std::string atATime;    // how many drawings; empty: one a processor
+    std::string report;     // empty: none
+    bool quiet = false;
+};
+
 // Options of `controleer`.
 struct CheckOptions {
     std::string project;
     ReadingOptions reading;
+    BatchOptions batch;
     bool listsAll = false;  // each problem with its line
+    bool asJson = false;
     std::vector<std::string> files;
 };
 
 // Options of `vergelijk`.
 struct CompareOptions {
     std::string project;
+    bool asJson = false;
     ReadingOptions reading;
     std::string first;
     std::string second;
@@ -54,6 +65,17 @@ struct DrawOptions {
     std::string output;
 };
 
+// Options of `geopackage`.
+struct GeoPackageOptions {
+    std::string project;
+    ReadingOptions reading;
+    BatchOptions batch;
+    bool isLocal = false;     // without a coordinate system
+    bool isStraight = false;  // no arcs
+    bool overwrites = false;
+    std::vector<std::string> files;  // the last one is the output
+};
+
 // Options of `vertaal`, as given (UTF-8).
 struct TranslateOptions {
     std::string mode;
@@ -65,9 +87,11 @@ struct TranslateOptions {
     std::string source;
     std::string unknowns;
     std::string outputFolder;
+    bool resumes = false;  // passes over what the report has
+    bool asJson = false;
     bool threePointArcs = false;
     ReadingOptions reading;
-    bool quiet = false;
+    BatchOptions batch;
     std::vector<std::string> files;
 };
 

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <string_view>
 
 #include "cli/Arguments.h"
+#include "cli/Workers.h"
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
 #include "project/Options.h"
@@ -83,6 +85,16 @@ void TakeSelection(const std::string& value, Options& options) {
     const std::array<Text*, 4> boxes = {&options.txtMinX, &options.txtMinY, &options.txtMaxX, &options.txtMaxY};
     for (std::size_t i = 0; i < boxes.size(); ++i) *boxes[i] = FromUtf8(numbers[i]);
     options.chkSelectXY = true;
+}
+
+std::size_t WorkersOf(const std::string& value, std::size_t jobs) {
+    constexpr std::size_t most = 64;
+    if (value.empty()) return UsualWorkers(jobs);
+    std::size_t workers = 0;
+    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), workers);
+    const bool isNumber = error == std::errc() && end == value.data() + value.size();
+    if (!isNumber || workers == 0 || workers > most) RefuseValue(u"--taken", value, u"1 tot 64");
+    return workers;
 }
 
 void TakeReading(const ReadingOptions& reading, Options& options) {

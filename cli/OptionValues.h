@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -21,6 +22,9 @@ bool YesOrNo(TextView option, const std::string& value);
 
 // The answer to every question; nothing when none was given.
 std::optional<Answer> FixedAnswer(const std::string& value);
+
+// How many of so many jobs are done at a time, 1 to 64; when nobody says so, one a processor.
+std::size_t WorkersOf(const std::string& value, std::size_t jobs);
 
 // What the bytes of a drawing stand for, and what of it is left out.
 void TakeReading(const ReadingOptions& reading, Options& options);

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 // What the console program needs from the system it runs on.
 namespace korvande {
 
@@ -11,9 +8,6 @@ namespace korvande {
 // error of that write and not the end of the program. From here on interrupts (Ctrl+C, a request to end, a lost
 // terminal unless that is to be ignored) are noted.
 void PrepareProcess();
-
-// The program's name and its arguments in UTF-8, whatever the locale.
-std::vector<std::string> ProgramArguments(int argc, char** argv);
 
 // Whether shells leave patterns such as "*.sfn" to the programs; elsewhere what arrives is a name, with any character.
 bool ShellsLeavePatterns() noexcept;
@@ -26,6 +20,10 @@ bool IsInterrupted() noexcept;
 bool OutputIsThere() noexcept;
 
 bool InputIsTerminal() noexcept;
+
+// Waits until something is typed on the terminal; false when an interrupt came first.
+bool AwaitInput() noexcept;
+
 bool ErrorIsTerminal() noexcept;
 
 }  // namespace korvande

@@ -1,7 +1,9 @@
+#include <atomic>
 #include <csignal>
 #include <initializer_list>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include "cli/Process.h"
@@ -10,9 +12,11 @@ namespace korvande {
 
 namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
+// Looked at by every thread; a signal may set what needs no lock.
+std::atomic<bool> interrupted = false;
+static_assert(std::atomic<bool>::is_always_lock_free);
 
-void NoteInterrupt(int) { interrupted = 1; }
+void NoteInterrupt(int) { interrupted = true; }
 
 }  // namespace
 
@@ -35,16 +39,24 @@ void PrepareProcess() {
     for (const int signalNumber : {SIGPIPE, SIGXFSZ}) std::signal(signalNumber, SIG_IGN);
 }
 
-std::vector<std::string> ProgramArguments(int argc, char** argv) { return {argv, argv + argc}; }
-
 bool ShellsLeavePatterns() noexcept { return false; }
 
-bool IsInterrupted() noexcept { return interrupted != 0; }
+bool IsInterrupted() noexcept { return interrupted; }
 
 // One that was not there leads to the null device by now.
 bool OutputIsThere() noexcept { return true; }
 
 bool InputIsTerminal() noexcept { return ::isatty(STDIN_FILENO) != 0; }
+
+// A signal ends the wait of one thread only, which need not be this one.
+bool AwaitInput() noexcept {
+    constexpr int lookAgain = 100;  // milliseconds
+    pollfd input{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
+    while (!IsInterrupted()) {
+        if (::poll(&input, 1, lookAgain) > 0) return true;
+    }
+    return false;
+}
 
 bool ErrorIsTerminal() noexcept { return ::isatty(STDERR_FILENO) != 0; }
 

@@ -2,13 +2,10 @@
 #include <io.h>
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include <atomic>
 #include <cstdio>
 
 #include "cli/Process.h"
-#include "core/WideText_windows.h"
 
 namespace korvande {
 
@@ -57,15 +54,6 @@ void PrepareProcess() {
     ::SetConsoleCtrlHandler(NoteInterrupt, TRUE);
 }
 
-std::vector<std::string> ProgramArguments(int, char**) {
-    int count = 0;
-    wchar_t** const words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
-    std::vector<std::string> arguments;
-    for (int i = 0; words != nullptr && i < count; ++i) arguments.push_back(ToUtf8(FromWide(words[i])));
-    ::LocalFree(words);
-    return arguments;
-}
-
 bool ShellsLeavePatterns() noexcept { return true; }
 
 bool IsInterrupted() noexcept { return interrupted; }
@@ -73,6 +61,9 @@ bool IsInterrupted() noexcept { return interrupted; }
 bool OutputIsThere() noexcept { return IsThere(stdout); }
 
 bool InputIsTerminal() noexcept { return IsConsole(STD_INPUT_HANDLE); }
+
+// An interrupt ends a wait for the console, whatever thread it is on.
+bool AwaitInput() noexcept { return !IsInterrupted(); }
 
 bool ErrorIsTerminal() noexcept { return FollowsEscapeSequences(STD_ERROR_HANDLE); }
 
