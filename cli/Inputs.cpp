@@ -1,16 +1,12 @@
 #include "cli/Inputs.h"
 
-#include <cerrno>
-#include <cstdio>
+#include <utility>
 
 #include "cli/Arguments.h"
 #include "cli/Print.h"
 #include "cli/Process.h"
-#include "core/LineReader.h"
-#include "core/NativePath.h"
 #include "core/RuntimeError.h"
 #include "host/modFileHandling.h"
-#include "run/Recognise.h"
 #include "run/Steps.h"
 #include "translation/ProblemBlock.h"
 #include "translation/Translation.h"
@@ -23,65 +19,20 @@ Answer ReadingScreen::ShowMessage(const MessageBox& box) {
     return box.buttons == Buttons::YesNoCancel ? ConsoleScreen::ShowMessage(box) : Answer::Ok;
 }
 
-namespace {
-
-// All that an input gives until its end.
-std::string ReadOnce(Screen& screen, const Text& name) {
-    constexpr std::size_t blockSize = std::size_t{1} << 16;
-    const FileHandle file(OpenNativeFile(name, OpenMode::Read));
-    std::setvbuf(file.get(), nullptr, _IONBF, 0);
-    std::string bytes;
-    while (true) {
-        const std::size_t before = bytes.size();
-        bytes.resize(before + blockSize);
-        const std::size_t count = std::fread(bytes.data() + before, 1, blockSize, file.get());
-        bytes.resize(before + count);
-        if (count == blockSize) continue;
-        if (std::ferror(file.get()) == 0) return bytes;
-        // A signal may end the wait for more.
-        if (errno != EINTR) throw RuntimeError(ErrorNumberOf(errno));
-        std::clearerr(file.get());
-        screen.PumpEvents();
+void RefuseClash(const Text& output, const Text& input, TextView words) {
+    if (!input.empty() && FileIdentity(output) == FileIdentity(input)) {
+        throw UsageError{Concat(words, u" zijn hetzelfde bestand:\n", output)};
     }
 }
-
-// The format of an input, or a message why there is none.
-std::optional<Format> FormatOf(Screen& screen, const Text& name, const std::optional<std::string>& bytes) {
-    LineReader file;
-    if (bytes) {
-        file.OpenBytes(*bytes);
-    } else {
-        file.Open(name, &screen);
-    }
-    const std::optional<Format> format = file.IsUtf16() ? std::nullopt : Recognise(file);
-    if (format) return format;
-    const Text reason =
-        file.IsUtf16() ? Sentence({.kind = ProblemKind::InputIsUtf16}) : Text(u"geen IDEX, NEN1878 of SUF2 bestand");
-    PrintErrorLine(Concat(name, u": ", reason, u"."));
-    return {};
-}
-
-}  // namespace
 
 std::optional<InputDrawing> FindInput(Screen& screen, const Text& name) {
-    InputDrawing input;
-    try {
-        if (!IsRegularFileOrMissing(name)) input.bytes = ReadOnce(screen, name);
-        const std::optional<Format> format = FormatOf(screen, name, input.bytes);
-        if (!format) return {};
-        input.format = *format;
-    } catch (const RuntimeError& error) {
-        PrintErrorLine(
-            Concat(u"Kon bestand: '", name, u"' niet openen;\nFoutcode: ", error.Number(), u"\n", error.Description()));
-        return {};
-    }
-    return input;
+    FoundInput found = LookAtInput(screen, name);
+    if (!found.input) PrintErrorLine(found.whyNot);
+    return std::move(found.input);
 }
 
 void TakeInput(const InputDrawing& input, const Text& name, const ReadingOptions& reading, Translation& translation) {
-    translation.mode = ModeReading(input.format);
-    (input.format == Format::Idex ? translation.IdexFileName : translation.SufNenFileName) = name;
-    translation.inputBytes = input.bytes;
+    TakeInput(input, name, translation);
     translation.readsWithoutLayers = reading.fromInstrument;
 }
 

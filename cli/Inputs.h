@@ -1,11 +1,10 @@
 #pragma once
 
 #include <optional>
-#include <string>
 
 #include "cli/ConsoleScreen.h"
 #include "core/Text.h"
-#include "translation/Mode.h"
+#include "run/InputDrawing.h"
 
 // Drawings that are read and not translated.
 namespace korvande {
@@ -22,11 +21,8 @@ class ReadingScreen : public ConsoleScreen {
     Answer ShowMessage(const MessageBox& box) override;
 };
 
-// An input whose format was recognised by its content; with its bytes, when it can be read only once, such as a pipe.
-struct InputDrawing {
-    std::optional<std::string> bytes;
-    Format format = Format::Idex;
-};
+// An output that is a file that is read is a UsageError, in these words; an empty name is no file.
+void RefuseClash(const Text& output, const Text& input, TextView words);
 
 // Looks at an input. When it cannot be read, or is of no format, standard error tells why, and the result is nothing.
 std::optional<InputDrawing> FindInput(Screen& screen, const Text& name);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cli/Arguments.h"
+#include "cli/InputFiles.h"
 #include "core/Text.h"
 #include "translation/Mode.h"
 
@@ -16,10 +17,12 @@ struct Job {
     Text logBook;  // empty: none
 };
 
-// What is to be translated, in the order given; a UsageError when the options do not go together.
-std::vector<Job> JobsFor(const TranslateOptions& options, const ModeNames& mode);
+// What is to be translated of the inputs that were found for the options, in their order; a UsageError when the options
+// do not go together. With an output folder, what came from a folder goes into the same folders below it.
+std::vector<Job> JobsFor(const TranslateOptions& options, const ModeNames& mode, const InputFiles& inputs);
 
 // No run may write over an input or the control table, nor two writers over the same file: a UsageError when one would.
-void RefuseClashes(const std::vector<Job>& jobs, const std::string& project);
+// `project` and `report` may be empty.
+void RefuseClashes(const std::vector<Job>& jobs, const std::string& project, const std::string& report);
 
 }  // namespace korvande

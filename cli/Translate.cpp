@@ -1,152 +1,44 @@
 #include "cli/Translate.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <optional>
-#include <utility>
 
 #include "cli/ConsoleScreen.h"
+#include "cli/InputFiles.h"
 #include "cli/Jobs.h"
+#include "cli/JsonDocument.h"
 #include "cli/OptionValues.h"
 #include "cli/Print.h"
 #include "cli/Process.h"
 #include "cli/Projects.h"
-#include "project/Grid.h"
-#include "run/TranslateFiles.h"
-#include "translation/ClosingSentence.h"
-#include "translation/ProblemBlock.h"
-#include "translation/Translation.h"
+#include "cli/TranslateBatch.h"
+#include "project/Project.h"
 
 namespace korvande {
 
 namespace {
 
-// Asks on the terminal until the answer is one; the end of the input cancels.
-Answer AskOnTerminal(const MessageBox& box) {
-    while (true) {
-        PrintErrorLine(Concat(box.text, u" [j]a / [n]ee / [a]nnuleren"));
-        const int first = std::getchar();
-        for (int c = first; c != '\n' && c != EOF;) c = std::getchar();
-        switch (first) {
-            case 'j':
-            case 'J':
-                return Answer::Yes;
-            case 'n':
-            case 'N':
-                return Answer::No;
-            case 'a':
-            case 'A':
-            case EOF:
-                return Answer::Cancel;
-            default:
-                break;
-        }
-    }
-}
-
-// Questions are asked on a terminal. Elsewhere, or with an answer given beforehand, question and answer are told.
-void PrepareScreen(ConsoleScreen& screen, std::optional<Answer> fixed) {
-    screen.isInterrupted = IsInterrupted;
-    screen.answerQuestion = [fixed](const MessageBox& box) {
-        if (!fixed && InputIsTerminal()) return AskOnTerminal(box);
-        const Answer answer = fixed.value_or(Answer::Yes);
-        const TextView word = answer == Answer::Yes ? u"ja" : answer == Answer::No ? u"nee" : u"annuleren";
-        PrintErrorLine(Concat(box.text, u" ", word));
-        return answer;
-    };
-}
-
-// The objects of which the unknown rows of the tables were the answer.
-std::int64_t UnknownObjects(const CodeTables& codes) {
-    std::int64_t count = 0;
-    for (const CodeTable* table : {&codes.points, &codes.lines, &codes.texts}) {
-        if (!table->rows.empty()) count += table->rows.front().Count;
-    }
-    return count;
-}
-
-void PrintResult(const Translation& translation) {
-    const Drawing& drawing = translation.drawing;
-    PrintLine(Concat(OutputName(translation), u": ", drawing.Points.UpperBound(), u" punten, ",
-                     drawing.Lines.UpperBound(), u" lijnstrings, ", drawing.Edges.UpperBound(), u" lijnsegmenten, ",
-                     drawing.Texts.UpperBound(), u" teksten, ", UnknownObjects(translation.codes),
-                     u" onbekende objecten, ", translation.problems.errors, u" fouten"));
-    std::fflush(stdout);
-}
-
-void PrintLines(const std::vector<Text>& lines) {
-    for (const Text& line : lines) PrintErrorLine(line);
-}
-
-// Nothing that went wrong is kept quiet: where the log book tells more, it is named.
-void PrintTroubles(const Translation& translation) {
-    if (WentWell(translation)) return;
-    const bool hasLogBook = !translation.LogFileName.empty() && !translation.outcome.logBookFailed;
-    const Text seeLogBook = hasLogBook ? Concat(u" Zie het logboek: ", translation.LogFileName) : Text();
-    PrintErrorLine(Concat(ClosingSentence(translation), seeLogBook));
-}
-
-void TakeJob(const Job& job, Mode mode, Translation& translation) {
-    const bool isFromIdex = mode.direction == Direction::FromIdex;
-    translation.mode = mode;
-    translation.modeText = NamesOf(mode).text;
-    translation.IdexFileName = isFromIdex ? job.input : job.output;
-    translation.SufNenFileName = isFromIdex ? job.output : job.input;
-    translation.LogFileName = job.logBook;
-}
-
-// The code tables are handed on from file to file.
-int TranslateOne(ConsoleScreen& screen, const Project& project, CodeTables& codes, const Job& job, Mode mode,
-                 const TranslateOptions& options) {
-    Translation translation(screen, project, std::move(codes));
-    TakeJob(job, mode, translation);
-    translation.readsWithoutLayers = options.reading.fromInstrument;
-    // Without a log book the errors are told here.
-    if (job.logBook.empty()) {
-        translation.problems.onError = [&screen](const Problem& problem) {
-            screen.ClearProgress();
-            PrintErrorLine(Concat(u"FOUT:  ", Sentence(problem)));
-        };
-    }
-    TranslateFiles(translation);
-    screen.ClearProgress();
-    const bool hasFailed = translation.outcome.Failed();
-    if (!hasFailed) PrintResult(translation);
-    PrintLines(options.quiet ? LossLines(translation) : ProblemLines(translation));
-    if (!options.quiet) PrintLines(AccountLines(translation));
-    PrintTroubles(translation);
-    codes = std::move(translation.codes);
-    if (hasFailed) return status::failed;
-    const Problems& problems = translation.problems;
-    return problems.errors > 0 || problems.HasDamage() ? status::withErrors : status::done;
-}
-
-int TranslateAll(ConsoleScreen& screen, const Project& project, const std::vector<Job>& jobs, Mode mode,
-                 const TranslateOptions& options) {
-    int worst = status::done;
-    CodeTables codes = project.codes;
-    PassThroughGrids(codes);
-    for (const Job& job : jobs) {
-        const int result = TranslateOne(screen, project, codes, job, mode, options);
-        worst = std::max(worst, jobs.size() > 1 && result == status::failed ? status::withErrors : result);
-        if (!IsInterrupted()) continue;
-        if (&job != &jobs.back()) PrintErrorLine(u"De bestanden die volgen, zijn niet vertaald.");
-        break;
-    }
-    return worst;
+// Only into an output folder several are translated; without it the second name is that of the output.
+InputFiles FindInputs(Screen& screen, const TranslateOptions& options, Mode mode) {
+    if (options.outputFolder.empty()) return PlainInputFiles(options.files);
+    return FindInputFiles(screen, options.files,
+                          {.goesDeep = options.batch.goesDeep,
+                           .except = FromUtf8(options.outputFolder),
+                           .isWanted = [mode](Format format) { return format == InputFormat(mode); }});
 }
 
 }  // namespace
 
 int Translate(const TranslateOptions& options) {
     const Mode mode = ModeOf(options.mode);
-    const std::optional<Answer> answer = FixedAnswer(options.answer);
+    FixedAnswer(options.answer);
     const bool choosesUnknowns = !options.unknowns.empty();
     const bool withUnknowns = choosesUnknowns && YesOrNo(u"--onbekend", options.unknowns);
-    const std::vector<Job> jobs = JobsFor(options, NamesOf(mode));
-
-    ConsoleScreen screen(!options.quiet && ErrorIsTerminal());
-    PrepareScreen(screen, answer);
+    ConsoleScreen screen(false);
+    screen.isInterrupted = IsInterrupted;
+    Batch batch;
+    batch.inputs = FindInputs(screen, options, mode);
+    batch.jobs = JobsFor(options, NamesOf(mode), batch.inputs);
+    batch.workers = WorkersFor(options.batch.atATime, batch.inputs);
     Project project;
     // Selection and source are no part of a control table, so loading one leaves them as they are.
     if (!options.selection.empty()) {
@@ -157,8 +49,10 @@ int Translate(const TranslateOptions& options) {
     }
     if (!options.source.empty()) TakeSource(options.source, project.options);
     TakeReading(options.reading, project.options);
-    RefuseClashes(jobs, options.project);
-    if (!LoadControlTable(screen, project, options.project)) return status::failed;
+    RefuseClashes(batch.jobs, options.project, options.batch.report);
+    JsonDocument document(options.asJson, "vertaal");
+    document.BeginList("bestanden");
+    if (!LoadControlTable(screen, project, options.project)) return document.End(status::failed);
     if (choosesUnknowns) project.options.chkExportUnknowns = project.options.chkImportUnknowns = withUnknowns;
     if (options.threePointArcs) {
         project.options.chkThreePointArcs = true;
@@ -166,7 +60,9 @@ int Translate(const TranslateOptions& options) {
             PrintErrorLine(u"--driepuntsbogen geldt alleen voor een vertaling uit IDEX.");
         }
     }
-    return TranslateAll(screen, project, jobs, mode, options);
+    TellFolders(batch.inputs, u"Er is geen bestand dat bij de modus past.");
+    const int result = TranslateBatch(batch, project, mode, options, document);
+    return document.End(batch.inputs.unreadFolders.empty() ? result : std::max(result, status::withErrors));
 }
 
 }  // namespace korvande
