@@ -5,117 +5,104 @@
 #include <utility>
 
 #include "cli/Arguments.h"
+#include "cli/BatchReport.h"
+#include "cli/BatchSummary.h"
+#include "cli/CheckFile.h"
 #include "cli/ConsoleScreen.h"
-#include "cli/Inputs.h"
+#include "cli/DrawingBatch.h"
+#include "cli/JsonDocument.h"
 #include "cli/OptionValues.h"
+#include "cli/OrderedJobs.h"
+#include "cli/OrderedProblems.h"
 #include "cli/Print.h"
+#include "cli/Process.h"
 #include "cli/Projects.h"
-#include "core/Picture.h"
-#include "project/Grid.h"
-#include "run/Check.h"
-#include "translation/ProblemBlock.h"
-#include "translation/Translation.h"
-#include "translation/UnknownObjects.h"
+#include "core/RuntimeError.h"
+#include "project/Project.h"
+#include "report/CheckJson.h"
 
 namespace korvande {
 
 namespace {
 
-// What is wrong with the file being checked, one line each.
-class Findings {
+// The files of a command, some at a time.
+class Checks {
  public:
-    void Add(TextView message) {
-        ++count;
-        PrintLine(Concat(u"  ", message));
+    Checks(const CheckOptions& itsOptions, const Project& itsProject, const DrawingBatch& itsBatch,
+           const JsonDocument& itsDocument)
+        : options(itsOptions),
+          document(itsDocument),
+          project(itsProject),
+          batch(itsBatch),
+          results(itsBatch.inputs.files.size()),
+          codes(itsBatch.workers, FreshTables(itsProject)),
+          problems(itsBatch.inputs.files.size()) {}
+
+    // False when an interrupt came.
+    bool Do() {
+        DoInOrder({.jobs = results.size(), .workers = batch.workers, .progress = batch.progress},
+                  [this](std::size_t job, std::size_t worker, OrderedLines&) {
+                      if (!IsInterrupted()) DoOne(job, worker);
+                      document.Element(job, JsonOf(job));
+                  });
+        return std::all_of(results.begin(), results.end(), [](const auto& result) { return result.has_value(); });
     }
-    std::int64_t Count() const noexcept { return count; }
+
+    // Of the files that were checked, in their order.
+    std::vector<CheckedFile> Checked() const {
+        std::vector<CheckedFile> checked;
+        for (std::size_t job = 0; job < results.size(); ++job) {
+            if (results[job]) checked.push_back({batch.inputs.files[job].name, *results[job]});
+        }
+        return checked;
+    }
+
+    const Problems& AllProblems() const noexcept { return problems.All(); }
 
  private:
-    std::int64_t count = 0;
+    // Of a file that was not checked its name and that it failed.
+    std::string JsonOf(std::size_t job) {
+        if (!options.asJson) return {};
+        if (results[job] && !results[job]->json.empty()) return std::exchange(results[job]->json, {});
+        return FailedCheckJson(batch.inputs.files[job].name, status::failed);
+    }
+
+    void DoOne(std::size_t job, std::size_t worker) {
+        try {
+            results[job] = CheckFile(project, codes[worker], options, batch.inputs.files[job].name);
+        } catch (const TranslationAborted&) {
+            return;
+        } catch (const std::exception&) {
+            if (!batch.IsMany()) throw;
+            // One that nothing in a check expects ends that one only.
+            PrintErrorLine(Concat(batch.inputs.files[job].name, u": ", CurrentError().Description()));
+            codes[worker] = FreshTables(project);
+            results[job] = CheckResult();
+        }
+        problems.Take(job, std::exchange(results[job]->problems, {}));
+    }
+
+    const CheckOptions& options;
+    const JsonDocument& document;
+    const Project& project;
+    const DrawingBatch& batch;
+    std::vector<std::optional<CheckResult>> results;
+    std::vector<CodeTables> codes;  // of each worker
+    OrderedProblems problems;
 };
 
-Text QuestionWithLine(Text question, std::int64_t line) {
-    std::replace(question.begin(), question.end(), u'\n', u' ');
-    return line > 0 ? Concat(question, u" (regel ", line, u")") : question;
-}
-
-void PrintCounts(const Drawing& drawing) {
-    PrintLine(Concat(u"Aantallen: ", drawing.Points.UpperBound(), u" punten, ", drawing.Lines.UpperBound(),
-                     u" lijnstrings, ", drawing.Edges.UpperBound(), u" lijnsegmenten, ", drawing.Texts.UpperBound(),
-                     u" teksten"));
-    const auto& points = drawing.Points;
-    if (points.UpperBound() == 0) return;
-    double minX = points[1].East;
-    double maxX = minX;
-    double minY = points[1].North;
-    double maxY = minY;
-    for (std::int32_t index = 2; index <= points.UpperBound(); ++index) {
-        minX = std::min(minX, points[index].East);
-        maxX = std::max(maxX, points[index].East);
-        minY = std::min(minY, points[index].North);
-        maxY = std::max(maxY, points[index].North);
+BatchReport ReportOf(const std::vector<CheckedFile>& files) {
+    BatchReport report{.command = u"controleer",
+                       .columns = {"invoer", "formaat", "status", "punten", "lijnstrings", "lijnsegmenten", "teksten",
+                                   "onbekend", "problemen", "fouten", "meldingen"},
+                       .rows = {}};
+    for (const auto& [name, result] : files) {
+        const Text lines = result.format.empty() ? Text(u"niet te lezen, of geen IDEX, NEN1878 of SUF2 bestand")
+                                                 : InOneValue(result.losses);
+        report.rows.push_back({name, result.format, std::int64_t{result.status}, result.points, result.lineStrings,
+                               result.edges, result.texts, result.unknown, result.findings, result.errors, lines});
     }
-    const auto metres = [](double value) { return FormatPicture(value, "0.000"); };
-    PrintLine(
-        Concat(u"Omvang: X ", metres(minX), u" tot ", metres(maxX), u", Y ", metres(minY), u" tot ", metres(maxY)));
-}
-
-void PrintCodes(TextView heading, const CodeTable& table) {
-    bool isFirst = true;
-    for (std::size_t row = 1; row < table.rows.size(); ++row) {
-        const CodeRow& code = table.rows[row];
-        if (code.Count == 0) continue;
-        if (isFirst) PrintLine(heading);
-        isFirst = false;
-        PrintLine(Concat(u"  ", code.LiscadCode.View(), u" = ", code.LkiCode.View(), u" ", code.Description.View(),
-                         u" ", code.Count, u" maal"));
-    }
-}
-
-// The codes that the control table does not know; each is a problem.
-void AddUnknownCodes(UnknownCodeTally& unknowns, Findings& findings) {
-    unknowns.Sort();
-    for (const UnknownCodeRec& unknown : unknowns.Entries()) findings.Add(UnknownCodeSentence(unknown));
-}
-
-// Goes through the drawing and tells all there is to tell of it; the exit status. The code tables are handed on.
-int CheckFile(ReadingScreen& screen, const Project& project, CodeTables& codes, const CheckOptions& options,
-              const Text& name, const InputDrawing& input) {
-    Findings findings;
-    Translation translation(screen, project, std::move(codes));
-    TakeInput(input, name, options.reading, translation);
-    // What is told at the end is told one by one as well when that is asked for.
-    auto& listener = options.listsAll ? translation.problems.onProblem : translation.problems.onError;
-    listener = [&findings](const Problem& problem) { findings.Add(SentenceWithLine(problem)); };
-    // A question about the format is a problem, after which the check goes on with what is proposed.
-    screen.answerQuestion = [&findings, &translation](const MessageBox& box) {
-        findings.Add(QuestionWithLine(box.text, translation.inputLine));
-        return Answer::Yes;
-    };
-    PrintLine(Concat(u"Bestand: ", name, u" (", NameOf(input.format), u")"));
-    PrintLine(u"Problemen:");
-    CheckDrawing(translation);
-    if (translation.outcome.cancelled) throw TranslationAborted();
-    AddUnknownCodes(translation.unknowns, findings);
-    if (findings.Count() == 0) PrintLine(u"  geen");
-    for (const Text& line : ProblemLines(translation)) PrintLine(line);
-    PrintLine(u"Objectbalans:");
-    for (const Text& line : AccountLines(translation)) PrintLine(Concat(u"  ", line));
-    PrintCounts(translation.drawing);
-    PrintCodes(u"Lijncodes:", translation.codes.lines);
-    PrintCodes(u"Puntcodes:", translation.codes.points);
-    PrintCodes(u"Tekstcodes:", translation.codes.texts);
-    codes = std::move(translation.codes);
-    if (translation.outcome.inputUnreadable || translation.outcome.wrongFormat) return status::failed;
-    const bool isGood = findings.Count() == 0 && !translation.problems.HasLoss();
-    return isGood ? status::done : status::withErrors;
-}
-
-int CheckOne(const Project& project, CodeTables& codes, const CheckOptions& options, const Text& name) {
-    ReadingScreen screen;
-    const std::optional<InputDrawing> input = FindInput(screen, name);
-    if (!input) return status::failed;
-    return CheckFile(screen, project, codes, options, name, *input);
+    return report;
 }
 
 }  // namespace
@@ -124,18 +111,21 @@ int Check(const CheckOptions& options) {
     Project settings;
     ConsoleScreen screen(false);
     TakeReading(options.reading, settings.options);
-    if (!LoadControlTable(screen, settings, options.project)) return status::failed;
-    int worst = status::done;
-    CodeTables codes = settings.codes;
-    PassThroughGrids(codes);
-    for (const std::string& file : options.files) {
-        try {
-            worst = std::max(worst, CheckOne(settings, codes, options, FromUtf8(file)));
-        } catch (const TranslationAborted&) {
-            return status::failed;
-        }
-    }
-    return worst;
+    const DrawingBatch batch = FindDrawings(options.files, options.batch, options.project, u"Controleren:");
+    JsonDocument document(options.asJson, "controleer");
+    document.BeginList("bestanden");
+    if (!LoadControlTable(screen, settings, options.project)) return document.End(status::failed);
+    TellFolders(batch.inputs, u"Er is geen tekening gevonden.");
+    Checks checks(options, settings, batch, document);
+    const bool areAllDone = checks.Do();
+    const std::vector<CheckedFile> files = checks.Checked();
+    const std::string& report = options.batch.report;
+    const bool isReported = report.empty() || WriteReport(FromUtf8(report), ReportOf(files));
+    if (!areAllDone || batch.inputs.files.empty()) return document.End(status::failed);
+    if (batch.IsMany() && !options.batch.quiet) TellChecked(batch.inputs, files, checks.AllProblems());
+    int worst = isReported && batch.inputs.unreadFolders.empty() ? status::done : status::withErrors;
+    for (const CheckedFile& file : files) worst = std::max(worst, file.result.status);
+    return document.End(worst);
 }
 
 }  // namespace korvande
