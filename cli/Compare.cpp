@@ -4,10 +4,12 @@
 
 #include "cli/Arguments.h"
 #include "cli/Inputs.h"
+#include "cli/JsonDocument.h"
 #include "cli/OptionValues.h"
 #include "cli/Print.h"
 #include "cli/Projects.h"
 #include "picture/DifferenceSentence.h"
+#include "report/ComparisonJson.h"
 #include "translation/Translation.h"
 
 namespace korvande {
@@ -46,34 +48,60 @@ bool WasReadWhole(const Translation& translation) {
     return translation.problems.errors == 0 && !translation.problems.HasDamage();
 }
 
+void Tell(const Comparison& comparison, bool areWhole) {
+    PrintCounts(comparison);
+    if (comparison.AreEqual()) {
+        PrintLine(areWhole ? u"Geen verschillen." : u"Geen verschillen in wat er te lezen is.");
+        return;
+    }
+    PrintLine(u"Verschillen:");
+    for (const Difference& difference : comparison.differences) PrintDifference(difference);
+}
+
+void TellAsJson(const Comparison& comparison, JsonDocument& document) {
+    document.Member("gelijk", comparison.AreEqual() ? "true" : "false");
+    document.Member("tellingen", ComparisonCountsJson(comparison));
+    document.BeginList("verschillen");
+    std::size_t place = 0;
+    for (const Difference& difference : comparison.differences) {
+        document.Element(place++, DifferenceJson(difference));
+    }
+}
+
 }  // namespace
 
 int CompareDrawings(const CompareOptions& options) {
     Project project;
     ReadingScreen screen;
     TakeReading(options.reading, project.options);
-    if (!LoadControlTable(screen, project, options.project)) return status::failed;
+    JsonDocument document(options.asJson, "vergelijk");
+    if (!LoadControlTable(screen, project, options.project)) return document.End(status::failed);
     const std::array<Text, 2> names = {FromUtf8(options.first), FromUtf8(options.second)};
     Translation first(screen, project);
     Translation second(screen, project);
     for (Translation* translation : {&first, &second}) {
-        const Text& name = names[translation == &first ? 0 : 1];
+        const bool isFirst = translation == &first;
+        const Text& name = names[isFirst ? 0 : 1];
         const std::optional<InputDrawing> input = FindInput(screen, name);
-        if (!input || !ReadInputDrawing(screen, *input, name, options.reading, *translation)) return status::failed;
-        PrintLine(Concat(translation == &first ? u"Eerste: " : u"Tweede: ", name, u" (", NameOf(input->format), u")"));
+        if (!input || !ReadInputDrawing(screen, *input, name, options.reading, *translation)) {
+            return document.End(status::failed);
+        }
+        if (options.asJson) {
+            document.Member(isFirst ? "eerste" : "tweede",
+                            ComparedDrawingJson(name, input->format, WasReadWhole(*translation)));
+        } else {
+            PrintLine(Concat(isFirst ? u"Eerste: " : u"Tweede: ", name, u" (", NameOf(input->format), u")"));
+        }
         // Its bytes go with the input.
         translation->inputBytes.reset();
     }
     const Comparison comparison = Compare(first, second);
-    PrintCounts(comparison);
-    if (comparison.AreEqual()) {
-        const bool isWhole = WasReadWhole(first) && WasReadWhole(second);
-        PrintLine(isWhole ? u"Geen verschillen." : u"Geen verschillen in wat er te lezen is.");
-        return status::done;
+    if (options.asJson) {
+        TellAsJson(comparison, document);
+    } else {
+        Tell(comparison, WasReadWhole(first) && WasReadWhole(second));
     }
-    PrintLine(u"Verschillen:");
-    for (const Difference& difference : comparison.differences) PrintDifference(difference);
-    return status::withErrors;
+    return document.End(comparison.AreEqual() ? status::done : status::withErrors);
 }
 
 }  // namespace korvande
