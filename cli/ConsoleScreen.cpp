@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "cli/Print.h"
 #include "core/ConsoleText.h"
 #include "core/RuntimeError.h"
 
@@ -50,7 +51,7 @@ Answer ConsoleScreen::ShowMessage(const MessageBox& box) {
     if (box.buttons == Buttons::YesNoCancel && answerQuestion) return answerQuestion(box);
     // What such a question offers is an option of the command line here.
     if (box.buttons == Buttons::YesNo) return Answer::No;
-    PutError(ForTerminal(box.text) + "\n");
+    PrintErrorLine(box.text);
     return box.buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
 }
 
@@ -60,14 +61,16 @@ void ConsoleScreen::ClearProgress() {
 }
 
 void ConsoleScreen::DrawProgress() {
-    constexpr std::int64_t barWidth = 30;
     if (!showsProgress) return;
-    const auto filled = static_cast<std::size_t>(value * barWidth / maximum);
-    std::string line = "\r\x1B[K" + ForTerminal(status) + " [" + std::string(filled, '#') +
-                       std::string(static_cast<std::size_t>(barWidth) - filled, '.') + "] " +
-                       std::to_string(value * 100 / maximum) + "%";
-    PutError(line);
+    PutError("\r\x1B[K" + ForTerminal(status) + " " + ProgressBar(value, maximum));
     isDrawn = true;
+}
+
+std::string ProgressBar(std::int64_t value, std::int64_t maximum) {
+    constexpr std::int64_t width = 30;
+    const auto filled = static_cast<std::size_t>(value * width / maximum);
+    return "[" + std::string(filled, '#') + std::string(static_cast<std::size_t>(width) - filled, '.') + "] " +
+           std::to_string(value * 100 / maximum) + "%";
 }
 
 std::string ForTerminal(TextView text) {

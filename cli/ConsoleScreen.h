@@ -42,6 +42,9 @@ class ConsoleScreen : public Screen {
     std::int64_t value = 0;
 };
 
+// A bar of progress with its percentage behind it.
+std::string ProgressBar(std::int64_t value, std::int64_t maximum);
+
 // A text as a terminal may show it: control characters and bytes that are no UTF-8 become "?", so that no file can send
 // it escape codes, and every line end a line feed.
 std::string ForTerminal(TextView text);

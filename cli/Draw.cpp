@@ -53,12 +53,6 @@ void TakePixels(const std::optional<int>& asked, PictureFrame& frame) {
     }
 }
 
-void RefuseClash(const Text& output, const Text& input, TextView words) {
-    if (!input.empty() && FileIdentity(output) == FileIdentity(input)) {
-        throw UsageError{Concat(words, u" zijn hetzelfde bestand:\n", output)};
-    }
-}
-
 // The part of a drawing that was asked for.
 PictureBox BoxFor(const PictureOrigin& origin, const Rectangle& asked) {
     const auto lower = origin.From(asked.minX, asked.minY);

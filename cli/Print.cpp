@@ -1,7 +1,7 @@
 #include "cli/Print.h"
 
-#include <cstdio>
 #include <exception>
+#include <utility>
 
 #include "cli/ConsoleScreen.h"
 #include "core/ConsoleText.h"
@@ -9,9 +9,24 @@
 
 namespace korvande {
 
-void PrintLine(TextView text) { PutText(stdout, ForTerminal(text) + "\n"); }
+namespace {
 
-void PrintErrorLine(TextView text) { PutText(stderr, ForTerminal(text) + "\n"); }
+thread_local const PrintsElsewhere::Listener* elsewhere = nullptr;
+
+void Put(std::FILE* stream, TextView text) {
+    std::string line = ForTerminal(text) + "\n";
+    if (elsewhere == nullptr || !*elsewhere) {
+        PutText(stream, line);
+    } else {
+        (*elsewhere)(stream, std::move(line));
+    }
+}
+
+}  // namespace
+
+void PrintLine(TextView text) { Put(stdout, text); }
+
+void PrintErrorLine(TextView text) { Put(stderr, text); }
 
 void PrintCurrentError() noexcept {
     try {
@@ -20,5 +35,10 @@ void PrintCurrentError() noexcept {
         std::fputs("Onvoldoende geheugen\n", stderr);
     }
 }
+
+PrintsElsewhere::PrintsElsewhere(Listener itsListener)
+    : listener(std::move(itsListener)), before(std::exchange(elsewhere, &listener)) {}
+
+PrintsElsewhere::~PrintsElsewhere() { elsewhere = before; }
 
 }  // namespace korvande

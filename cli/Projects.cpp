@@ -6,11 +6,14 @@
 
 #include "cli/Arguments.h"
 #include "cli/ConsoleScreen.h"
+#include "cli/JsonDocument.h"
 #include "cli/Print.h"
 #include "host/modFileHandling.h"
 #include "project/ControlTable.h"
 #include "project/Grid.h"
+#include "project/OptionText.h"
 #include "project/Project.h"
+#include "report/ProjectJson.h"
 
 namespace korvande {
 
@@ -21,33 +24,6 @@ void PrintValue(TextView label, TextView value) {
     Text line(label);
     line.resize(std::max(width, line.size() + 1), u' ');
     PrintLine(TrimRight(TextView(Concat(line, value))));
-}
-
-TextView ReportText(const Options& options) {
-    return options.optReportDisk      ? u"schijf"
-           : options.optReportPrinter ? u"printer"
-           : options.optReportNone    ? u"geen"
-                                      : u"scherm";
-}
-
-Text DateText(const Options& options) {
-    if (options.optDateNow) return u"vandaag";
-    if (options.optDateAlt) return Concat(u"alternatief: ", options.txtAltDatum);
-    return u"uit het bestand";
-}
-
-// An option as a person reads it; what belongs to it is told with it.
-Text ValueText(const Options& options, const Option& option) {
-    switch (option.kind) {
-        case OptionKind::Report:
-            return Text(ReportText(options));
-        case OptionKind::DateText:
-            return DateText(options);
-        default:
-            break;
-    }
-    if (const auto* const text = std::get_if<Text Options::*>(&option.member)) return options.**text;
-    return options.*std::get<bool Options::*>(option.member) ? u"ja" : u"nee";
 }
 
 // What a control table has no line for is not shown either.
@@ -65,7 +41,7 @@ void PrintSettings(const Options& options) {
             section = option.section;
             PrintLine(Concat(u"[", section == generalSection ? "Algemeen" : section, u"]"));
         }
-        PrintValue(option.label, ValueText(options, option));
+        PrintValue(option.label, OptionText(options, option));
     }
 }
 
@@ -95,6 +71,12 @@ bool LoadControlTable(Screen& screen, Project& project, const std::string& file)
     return true;
 }
 
+CodeTables FreshTables(const Project& project) {
+    CodeTables codes = project.codes;
+    PassThroughGrids(codes);
+    return codes;
+}
+
 int MakeProject(const std::string& file) {
     const Text name = FromUtf8(file);
     if (!IsFreeName(name)) {
@@ -106,15 +88,22 @@ int MakeProject(const std::string& file) {
     return SaveProjectFile(screen, project, name) ? status::done : status::failed;
 }
 
-int ShowProject(const std::string& file) {
+int ShowProject(const std::string& file, bool asJson) {
     ConsoleScreen screen(false);
     Project project;
-    if (!LoadControlTable(screen, project, file)) return status::failed;
+    JsonDocument document(asJson, "project toon");
+    document.Member("bestand", JsonString(FromUtf8(file)));
+    if (!LoadControlTable(screen, project, file)) return document.End(status::failed);
+    if (asJson) {
+        document.Member("instellingen", SettingsJson(project));
+        document.Member("codetabellen", CodeTablesJson(project));
+        return document.End(status::done);
+    }
     PrintSettings(project.options);
     PrintTable(u"Puntobjecten", gridHeader, project.codes.points);
     PrintTable(u"Lijnobjecten", gridHeader, project.codes.lines);
     PrintTable(u"Tekstobjecten", textGridHeader, project.codes.texts);
-    return status::done;
+    return document.End(status::done);
 }
 
 }  // namespace korvande

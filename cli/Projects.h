@@ -4,6 +4,7 @@
 
 namespace korvande {
 
+struct CodeTables;
 struct Project;
 class Screen;
 
@@ -11,8 +12,11 @@ class Screen;
 // be read; the message has been shown.
 bool LoadControlTable(Screen& screen, Project& project, const std::string& file);
 
+// The code tables of a project, as grids would give them back: what a translation begins with.
+CodeTables FreshTables(const Project& project);
+
 // `project maak` and `project toon`: the exit status. A UsageError is thrown before anything is written.
 int MakeProject(const std::string& file);
-int ShowProject(const std::string& file);
+int ShowProject(const std::string& file, bool asJson);
 
 }  // namespace korvande

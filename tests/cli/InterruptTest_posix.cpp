@@ -105,6 +105,15 @@ TEST_F(AnInterrupt, OfACheckEndsTheCheckOfAllFiles) {
     EXPECT_EQ(result.error, "");
 }
 
+TEST_F(AnInterrupt, WhileOneOfManyDrawingsIsReadLeavesNoGeoPackage) {
+    folder.Write("a.idx", smallIdex);
+    const ProgramResult result = WhileReading(HalfIdex(), {"geopackage", "--lokaal", "a.idx", "pijp", "uit.gpkg"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.error, "Afgebroken.\n");
+    EXPECT_TRUE(Has(namesMeanwhile, "~korvande-")) << namesMeanwhile;  // what is written to meanwhile
+    EXPECT_EQ(folder.Listing(), "a.idx");
+}
+
 TEST_F(AnInterrupt, LeavesTheInputsThatFollowAlone) {
     folder.Write("a.idx", smallIdex);
     std::filesystem::create_directory(folder.Path() + "/uit");

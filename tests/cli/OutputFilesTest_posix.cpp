@@ -105,6 +105,16 @@ TEST_F(PosixOutputFiles, AFullDiskIsToldInALogBookElsewhere) {
     EXPECT_EQ(folder.Listing(), "a.idx b.idx uit.LOG");
 }
 
+TEST_F(PosixOutputFiles, AFullDiskKeepsAnEarlierGeoPackage) {
+    folder.Write("uit.gpkg", "van gisteren");
+    const ProgramResult result =
+        Run({"geopackage", "--lokaal", "--overschrijf", "a.idx", "uit.gpkg"}, {.largestFile = 20'000});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_TRUE(Has(result.error, "Kon bestand: 'uit.gpkg' niet opslaan;\nFoutcode: 61\nSchijf vol\n")) << result.error;
+    EXPECT_EQ(Bytes("uit.gpkg"), "van gisteren");
+    EXPECT_EQ(folder.Listing(), "a.idx uit.gpkg");
+}
+
 TEST_F(PosixOutputFiles, ALogBookOnAFullDiskIsAFailure) {
     const ProgramResult result = Translate("idex-nen1878", {"--logboek", "/dev/full", "a.idx", "uit.sfn"});
     EXPECT_EQ(result.status, 3);

@@ -26,6 +26,7 @@ std::string Replaced(std::string text, std::string_view from, std::string_view t
 std::string OnPage(TextView sentence, bool isOne) {
     std::string text = Replaced(ToUtf8(sentence), "{n}", isOne ? "1" : "<n>");
     text = Replaced(text, "{wat}", isOne ? "<object>" : "<objecten>");
+    text = Replaced(text, "{, vanaf regel}", ", vanaf regel <n>");
     return Replaced(Replaced(text, "{woorden}", "<woorden>"), "{regel}", "<n>");
 }
 
