@@ -81,15 +81,16 @@ TEST_F(ProcessFaults, HoweverLittleMemoryThereIsTheProgramEndsInOrder) {
 TEST_F(ProcessFaults, ManyTranslationsFitInTheRoomOfOne) {
     constexpr int inputs = 500;
     fs::create_directory(Path("uit"));
-    std::vector<std::string> arguments = {"vertaal", "--modus", "idex-nen1878", "--project",
-                                          "t.nst",   "--stil",  "--uitvoermap", "uit"};
+    std::vector<std::string> arguments = {"vertaal", "--modus", "idex-nen1878", "--project", "t.nst", "--stil",
+                                          "--taken", "1",       "--uitvoermap", "uit"};
     for (int i = 0; i < inputs; ++i) {
         const std::string name = std::to_string(i) + ".idx";
         fs::create_hard_link(Path("a.idx"), Path(name));
         fs::permissions(Path(name), fs::perms::owner_read | fs::perms::owner_write);
         arguments.push_back(name);
     }
-    // Eight open files, and for each input some 50 KB of memory at most beyond what the first one takes.
+    // Eight open files for one at a time, and for each input some 50 KB of memory at most beyond what the first one
+    // takes.
     const ProgramResult result = RunProgram(Limited("ulimit -n 8 -v 40000", arguments));
     EXPECT_EQ(result.status, 0) << result.error.substr(0, 1000);
     EXPECT_EQ(std::distance(fs::directory_iterator(Path("uit")), fs::directory_iterator()), 2 * inputs);
