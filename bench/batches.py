@@ -5,20 +5,22 @@ import statistics
 import subprocess
 import time
 
-from runs import CLI, FOLDER, MODES, OUTPUTS, environment, medians, remove_outputs, run, translation
+from runs import CLI, FOLDER, MODES, OUTPUTS, Drawing, environment, medians, remove_outputs, run, translation
 
 FILES = 10_000  # in one folder
 SAMPLE = 300  # of them, each translated by a process of its own
 BATCH = 400  # files in one batch
+AT_A_TIME = 200  # files of so many objects, translated one and two at a time
+OBJECTS = 5_000
 
 
-def folder_of_files(drawing):
+def folder_of_files(drawing, name="files", files=FILES):
     """A folder with so many copies of a drawing, which are made once."""
-    folder = FOLDER / "files"
+    folder = FOLDER / name
     if not (folder / "made").exists():
         shutil.rmtree(folder, ignore_errors=True)
         folder.mkdir(parents=True)
-        for number in range(FILES):
+        for number in range(files):
             shutil.copyfile(drawing.file("idx"), folder / ("f%d.idx" % number))
         (folder / "made").touch()
     return folder
@@ -58,7 +60,7 @@ def file_of_batch(drawing, table):
         for _ in range(5):
             remove_outputs()
             times.append(processor_time([CLI, "vertaal", "--modus", MODES[0].option, "--project", table, "--stil",
-                                         "--uitvoermap", OUTPUTS] + names))
+                                         "--taken", "1", "--uitvoermap", OUTPUTS] + names))
         return statistics.median(times)
 
     return 1000 * (batch(BATCH) - batch(1)) / (BATCH - 1)
@@ -85,6 +87,26 @@ def of_small_files(few):
     yield ("%d objects, batch of %d files, a control table of 3 × 20,000 rows: processor time a file"
            % (few.objects, BATCH), "≤ 1 ms", "0.6 ms",
            "%.2f ms (of 300 rows: %.2f ms)" % (file_of_batch(few, large), file_of_batch(few, few.table)))
+
+
+def two_at_a_time(runs):
+    """A row of the goals: how many times as fast a batch is with two workers as with one."""
+    drawing = Drawing(OBJECTS)
+    folder = folder_of_files(drawing, "batch", AT_A_TIME)
+    times = {workers: [] for workers in (1, 2)}
+    for _ in range(runs + 1):
+        for workers, taken in times.items():
+            remove_outputs()
+            start = time.perf_counter()
+            cpu = processor_time([CLI, "vertaal", "--modus", MODES[0].option, "--project", drawing.table, "--stil",
+                                  "--taken", workers, "--uitvoermap", OUTPUTS, folder])
+            taken.append((time.perf_counter() - start, cpu))
+    wall, cpu = ({workers: statistics.median(time[kind] for time in taken[1:]) for workers, taken in times.items()}
+                 for kind in (0, 1))
+    return ("%d files of %s objects, two at a time over one at a time: times as fast"
+            % (AT_A_TIME, format(OBJECTS, ",")), "≥ 1.8", "",
+            "%.2f (processor %.2f; processors in use %.2f and %.2f)"
+            % (wall[1] / wall[2], cpu[1] / cpu[2], cpu[2] / wall[2], cpu[1] / wall[1]))
 
 
 def copy_of(path):

@@ -9,7 +9,7 @@ import subprocess
 import sys
 
 sys.dont_write_bytecode = True
-from batches import of_small_files, over_copies  # noqa: E402
+from batches import of_small_files, over_copies, two_at_a_time  # noqa: E402
 from runs import (MICRO, MODES, ROOT, Drawing, floor_translation, instructions, medians,  # noqa: E402
                   peak_memory, remove_outputs, run, run_on_terminal, translation)
 from window import over_console  # noqa: E402
@@ -115,7 +115,7 @@ class Figures:
         goal("whole process on %d objects, slowest mode" % FEW, "≤ 10 ms", "5 ms",
              "%.1f ms (processor %.1f ms)" % (slowest.wall * 1000, slowest.cpu * 1000))
         self.say("many small files")
-        for row in [*of_small_files(self.few), *self.large_tables()]:
+        for row in [*of_small_files(self.few), two_at_a_time(self.runs), *self.large_tables()]:
             goal(*row)
         for mode in (MODES[0], MODES[2]):
             self.say("progress on a terminal, " + mode.name)
