@@ -44,9 +44,7 @@ void PrintDifference(const Difference& difference) {
 }
 
 // What a damaged file has lost may be a difference.
-bool WasReadWhole(const Translation& translation) {
-    return translation.problems.errors == 0 && !translation.problems.HasDamage();
-}
+bool WasReadWhole(const Translation& translation) { return !translation.problems.HasFaults(); }
 
 void Tell(const Comparison& comparison, bool areWhole) {
     PrintCounts(comparison);

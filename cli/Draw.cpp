@@ -118,8 +118,7 @@ int DrawDrawing(const DrawOptions& options) {
         return status::failed;
     }
     PrintPicture(list, counts, output);
-    const Problems& problems = translation.problems;
-    return problems.errors > 0 || problems.HasDamage() ? status::withErrors : status::done;
+    return translation.problems.HasFaults() ? status::withErrors : status::done;
 }
 
 }  // namespace korvande

@@ -99,7 +99,7 @@ void GeoPackageInputs::AddDrawing(std::size_t job, ReadingScreen& screen, const 
     if (!turns.Await(job)) return;
     result.counts = file.Add(translation, list, [&screen] { screen.PumpEvents(); });
     result.notShown = list.notShown;
-    result.status = itsProblems.errors > 0 || itsProblems.HasDamage() ? status::withErrors : status::done;
+    result.status = itsProblems.HasFaults() ? status::withErrors : status::done;
     PrintCounts(name, result.counts);
     PrintNotShown(name, list.notShown);
 }

@@ -58,8 +58,7 @@ void TakeJob(const Job& job, Mode mode, Translation& translation) {
 
 int StatusOf(const Translation& translation) {
     if (translation.outcome.Failed()) return status::failed;
-    const Problems& problems = translation.problems;
-    return problems.errors > 0 || problems.HasDamage() ? status::withErrors : status::done;
+    return translation.problems.HasFaults() ? status::withErrors : status::done;
 }
 
 TranslateRow RowOf(const Translation& translation, const Job& job) {

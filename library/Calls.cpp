@@ -54,8 +54,7 @@ Text ErrorText(const CallbackScreen& screen, TextView closingSentence) {
 
 int StatusOf(const Translation& translation) {
     if (translation.outcome.Failed()) return KORVANDE_FAILED;
-    const Problems& problems = translation.problems;
-    return problems.errors > 0 || problems.HasDamage() ? KORVANDE_WITH_ERRORS : KORVANDE_DONE;
+    return translation.problems.HasFaults() ? KORVANDE_WITH_ERRORS : KORVANDE_DONE;
 }
 
 // The account of a call as JSON. What was done stays done when there is no memory to tell of it. The library of JSON

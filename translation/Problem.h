@@ -178,6 +178,9 @@ class Problems {
     bool HasLoss() const noexcept { return hasLoss; }
     bool HasDamage() const noexcept { return hasDamage; }
 
+    // Whether something went wrong, so that who asked for the translation must look into it.
+    bool HasFaults() const noexcept { return errors > 0 || hasDamage; }
+
     // What a list tells, damage first; and as lines.
     std::vector<ProblemCount> Counts(ProblemList list) const;
     std::vector<Text> Lines(ProblemList list) const;

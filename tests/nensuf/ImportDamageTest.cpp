@@ -24,7 +24,7 @@ class ImportDamage : public ImportTest {
         ImportBytes(bytes);
         return {.drawing = Points() + Lines() + Edges() + Texts(),
                 .isTold = translation.problems.errors > 0 || translation.problems.HasLoss(),
-                .isDamage = translation.problems.errors > 0 || translation.problems.HasDamage()};
+                .isDamage = translation.problems.HasFaults()};
     }
 
     // The lines of the file, from the first of the header to the closing record.

@@ -100,7 +100,7 @@ TEST_P(CutSample, IsNeverTranslatedAsIfItWereWhole) {
     for (std::size_t i = 0; i <= places; ++i) {
         const std::size_t length = end * i / places;
         TranslateBytes(GetParam().mode, whole.substr(0, length));
-        const bool isToldAsDamaged = last->outcome.Failed() || last->problems.errors > 0 || last->problems.HasDamage();
+        const bool isToldAsDamaged = last->outcome.Failed() || last->problems.HasFaults();
         EXPECT_TRUE(isToldAsDamaged) << GetParam().name << " behind byte " << length;
     }
 }
