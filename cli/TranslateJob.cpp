@@ -64,12 +64,10 @@ int StatusOf(const Translation& translation) {
 TranslateRow RowOf(const Translation& translation, const Job& job) {
     TranslateRow row = FailedRow(job);
     row.status = StatusOf(translation);
-    for (std::size_t kind = 0; kind < objectKinds; ++kind) {
-        const KindAccount& account = translation.account[static_cast<ObjectKind>(kind)];
-        row.read += account.read;
-        row.written += account.written;
-        row.leftOut += account.LeftOutTotal();
-    }
+    const KindAccount total = translation.account.Total();
+    row.read = total.read;
+    row.written = total.written;
+    row.leftOut = total.LeftOutTotal();
     row.unknown = UnknownObjects(translation.codes);
     row.errors = translation.problems.errors;
     std::vector<Text> lines = translation.problems.Lines(ProblemList::Loss);

@@ -16,36 +16,19 @@ const char* EndingOf(const RunOutcome& outcome) noexcept {
     return outcome.outputFailed ? "uitvoer niet geschreven" : "vertaald";
 }
 
-struct Totals {
-    std::int64_t read = 0;
-    std::int64_t written = 0;
-    std::int64_t leftOut = 0;
-};
-
-Totals TotalsOf(const ObjectAccount& account) {
-    Totals totals;
-    for (std::size_t kind = 0; kind < objectKinds; ++kind) {
-        const KindAccount& of = account[static_cast<ObjectKind>(kind)];
-        totals.read += of.read;
-        totals.written += of.written;
-        totals.leftOut += of.LeftOutTotal();
-    }
-    return totals;
-}
-
 }  // namespace
 
 std::string TranslationJson(const Translation& translation, std::int64_t status, std::span<const Problem> errors) {
-    const Totals totals = TotalsOf(translation.account);
+    const KindAccount total = translation.account.Total();
     return OnOneLine({{"invoer", JsonText(InputName(translation))},
                       {"uitvoer", JsonText(OutputName(translation))},
                       {"logboek", TextOrNull(translation.LogFileName)},
                       {"modus", NamesOf(translation.mode).shortName},
                       {"afloop", EndingOf(translation.outcome)},
                       {"status", status},
-                      {"gelezen", totals.read},
-                      {"geschreven", totals.written},
-                      {"weggelaten", totals.leftOut},
+                      {"gelezen", total.read},
+                      {"geschreven", total.written},
+                      {"weggelaten", total.LeftOutTotal()},
                       {"slotzin", JsonText(ClosingSentence(translation))},
                       {"aantallen", CountsJson(translation.drawing)},
                       {"balans", AccountJson(translation.account)},

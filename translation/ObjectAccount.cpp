@@ -27,6 +27,17 @@ bool ObjectAccount::Balances() const noexcept {
     return std::all_of(kinds.begin(), kinds.end(), [](const KindAccount& kind) { return kind.Balances(); });
 }
 
+KindAccount ObjectAccount::Total() const noexcept {
+    KindAccount total;
+    for (const KindAccount& kind : kinds) {
+        total.read += kind.read;
+        total.kept += kind.kept;
+        total.written += kind.written;
+        for (std::size_t reason = 0; reason < leftOutReasons; ++reason) total.leftOut[reason] += kind.leftOut[reason];
+    }
+    return total;
+}
+
 void ObjectAccount::KeptAreWritten() noexcept {
     for (KindAccount& kind : kinds) kind.written += kind.kept;
 }

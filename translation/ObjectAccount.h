@@ -52,6 +52,9 @@ class ObjectAccount {
 
     bool Balances() const noexcept;
 
+    // All kinds together.
+    KindAccount Total() const noexcept;
+
     // What was kept in the drawing has been written.
     void KeptAreWritten() noexcept;
 
