@@ -44,7 +44,7 @@ EarlierBatch::EarlierBatch(const TranslateOptions& options)
     }
 }
 
-std::optional<TranslateRow> EarlierBatch::RowOf(const Job& job) const {
+std::optional<TranslateRow> EarlierBatch::RowOf(const RunNames& job) const {
     if (rows.empty()) return {};
     const auto found = rows.find(FileIdentity(job.output));
     if (found == rows.end()) return {};

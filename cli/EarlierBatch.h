@@ -18,7 +18,7 @@ class EarlierBatch {
 
     // The row of a job that need not be done again: it went well enough to have an output, with the same options, and
     // the output is newer than the input and the control table.
-    std::optional<TranslateRow> RowOf(const Job& job) const;
+    std::optional<TranslateRow> RowOf(const RunNames& job) const;
 
     // A mark of all options on which outputs and log books depend.
     const Text& Mark() const noexcept { return mark; }

@@ -9,21 +9,20 @@ namespace korvande {
 
 namespace {
 
-Job JobFor(const TranslateOptions& options, const ModeNames& mode, const InputFile& input) {
-    Job job;
+RunNames JobFor(const TranslateOptions& options, Mode mode, const InputFile& input) {
+    RunNames job;
     job.input = input.name;
     if (!options.outputFolder.empty()) {
         const Text name = FileNameOf(job.input);
         const std::size_t dot = name.rfind(u'.');
         const Text stem = name.substr(0, dot == 0 ? Text::npos : dot);
-        job.output =
-            Concat(FolderWithSeparator(FromUtf8(options.outputFolder)), input.below, stem, u".", mode.extension);
+        job.output = Concat(FolderWithSeparator(FromUtf8(options.outputFolder)), input.below, stem, u".",
+                            NamesOf(mode).extension);
     } else {
-        job.output = options.files.size() > 1 ? FromUtf8(options.files[1])
-                                              : WithLastThreeReplaced(job.input, mode.derivedExtension);
+        job.output = options.files.size() > 1 ? FromUtf8(options.files[1]) : OutputBeside(job.input, mode);
     }
     if (options.withoutLogBook) return job;
-    job.logBook = options.logBook.empty() ? WithLastThreeReplaced(job.output, u"LOG") : FromUtf8(options.logBook);
+    job.logBook = options.logBook.empty() ? LogBookBeside(job.output) : FromUtf8(options.logBook);
     return job;
 }
 
@@ -40,7 +39,7 @@ void RefuseBatchOptions(const TranslateOptions& options) {
 
 }  // namespace
 
-std::vector<Job> JobsFor(const TranslateOptions& options, const ModeNames& mode, const InputFiles& inputs) {
+std::vector<RunNames> JobsFor(const TranslateOptions& options, Mode mode, const InputFiles& inputs) {
     if (options.files.empty()) throw UsageError{u"Er ontbreekt een invoerbestand."};
     RefuseBatchOptions(options);
     if (options.withoutLogBook && !options.logBook.empty()) {
@@ -53,20 +52,20 @@ std::vector<Job> JobsFor(const TranslateOptions& options, const ModeNames& mode,
         throw UsageError{u"--logboek gaat samen met een invoerbestand; elk bestand krijgt zijn eigen logboek."};
     }
     const std::size_t count = options.outputFolder.empty() ? 1 : inputs.files.size();
-    std::vector<Job> jobs;
+    std::vector<RunNames> jobs;
     for (std::size_t i = 0; i < count; ++i) jobs.push_back(JobFor(options, mode, inputs.files[i]));
     return jobs;
 }
 
-void RefuseClashes(const std::vector<Job>& jobs, const std::string& project, const std::string& report) {
+void RefuseClashes(const std::vector<RunNames>& jobs, const std::string& project, const std::string& report) {
     const auto refuse = [](TextView what, TextView name) {
         throw UsageError{Concat(what, u" zijn hetzelfde bestand:\n", name)};
     };
     std::unordered_set<std::string> inputs;
-    for (const Job& job : jobs) inputs.insert(FileIdentity(job.input));
+    for (const RunNames& job : jobs) inputs.insert(FileIdentity(job.input));
     const std::string table = project.empty() ? std::string() : FileIdentity(FromUtf8(project));
     std::unordered_set<std::string> written;
-    for (const Job& job : jobs) {
+    for (const RunNames& job : jobs) {
         const std::string output = FileIdentity(job.output);
         if (inputs.contains(output)) refuse(u"Invoer en uitvoer", job.output);
         if (output == table) refuse(u"Controletabel en uitvoer", job.output);
@@ -80,7 +79,7 @@ void RefuseClashes(const std::vector<Job>& jobs, const std::string& project, con
         if (identity == table) refuse(u"Controletabel en verslag", FromUtf8(report));
         if (!written.insert(identity).second) refuse(u"Uitvoer en verslag", FromUtf8(report));
     }
-    for (const Job& job : jobs) {
+    for (const RunNames& job : jobs) {
         if (job.logBook.empty()) continue;
         const std::string logBook = FileIdentity(job.logBook);
         if (inputs.contains(logBook)) refuse(u"Invoer en logboek", job.logBook);

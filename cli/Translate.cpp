@@ -37,7 +37,7 @@ int Translate(const TranslateOptions& options) {
     screen.isInterrupted = IsInterrupted;
     Batch batch;
     batch.inputs = FindInputs(screen, options, mode);
-    batch.jobs = JobsFor(options, NamesOf(mode), batch.inputs);
+    batch.jobs = JobsFor(options, mode, batch.inputs);
     batch.workers = WorkersFor(options.batch.atATime, batch.inputs);
     Project project;
     // Selection and source are no part of a control table, so loading one leaves them as they are.

@@ -75,7 +75,7 @@ class ManyJobs {
 
  private:
     Problems Translate(std::size_t place, std::size_t worker, OrderedLines& lines) {
-        const Job& job = batch.jobs[place];
+        const RunNames& job = batch.jobs[place];
         ConsoleScreen screen(false);
         AnswerQuestions(screen, FixedAnswer(options.answer), [&](const std::function<void()>& ask) {
             lines.Alone([&] {
@@ -97,7 +97,7 @@ class ManyJobs {
     }
 
     // An error that nothing in a translation expects ends that one only.
-    JobResult TranslateTo(ConsoleScreen& screen, const Job& job, std::size_t worker) {
+    JobResult TranslateTo(ConsoleScreen& screen, const RunNames& job, std::size_t worker) {
         try {
             if (batch.inputs.hasFolders) MakeFolders(FolderOf(job.output));
         } catch (const RuntimeError&) {
@@ -140,7 +140,7 @@ int TranslateMany(const Batch& batch, const Project& project, Mode mode, const T
     return isAllWell && areAllDone && isReported ? status::done : status::withErrors;
 }
 
-int TranslateOnly(const Job& job, const Project& project, Mode mode, const TranslateOptions& options,
+int TranslateOnly(const RunNames& job, const Project& project, Mode mode, const TranslateOptions& options,
                   const JsonDocument& document) {
     ConsoleScreen screen(!options.batch.quiet && ErrorIsTerminal());
     AnswerQuestions(screen, FixedAnswer(options.answer), [](const std::function<void()>& ask) { ask(); });

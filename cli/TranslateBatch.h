@@ -15,7 +15,7 @@ struct Project;
 
 struct Batch {
     InputFiles inputs;
-    std::vector<Job> jobs;
+    std::vector<RunNames> jobs;
     std::size_t workers = 1;  // translations at a time
 };
 

@@ -47,21 +47,12 @@ void PrintTroubles(const Translation& translation) {
     PrintErrorLine(Concat(ClosingSentence(translation), seeLogBook));
 }
 
-void TakeJob(const Job& job, Mode mode, Translation& translation) {
-    const bool isFromIdex = mode.direction == Direction::FromIdex;
-    translation.mode = mode;
-    translation.modeText = NamesOf(mode).text;
-    translation.IdexFileName = isFromIdex ? job.input : job.output;
-    translation.SufNenFileName = isFromIdex ? job.output : job.input;
-    translation.LogFileName = job.logBook;
-}
-
 int StatusOf(const Translation& translation) {
     if (translation.outcome.Failed()) return status::failed;
     return translation.problems.HasFaults() ? status::withErrors : status::done;
 }
 
-TranslateRow RowOf(const Translation& translation, const Job& job) {
+TranslateRow RowOf(const Translation& translation, const RunNames& job) {
     TranslateRow row = FailedRow(job);
     row.status = StatusOf(translation);
     const KindAccount total = translation.account.Total();
@@ -77,7 +68,7 @@ TranslateRow RowOf(const Translation& translation, const Job& job) {
 }
 
 // Without a log book the errors are told here; for JSON they are kept.
-void ListenToErrors(ConsoleScreen& screen, const Job& job, const TranslateOptions& options, Problems& problems,
+void ListenToErrors(ConsoleScreen& screen, const RunNames& job, const TranslateOptions& options, Problems& problems,
                     std::vector<Problem>& errors) {
     if (!job.logBook.empty() && !options.asJson) return;
     problems.onError = [&screen, &errors, isTold = job.logBook.empty(),
@@ -91,7 +82,7 @@ void ListenToErrors(ConsoleScreen& screen, const Job& job, const TranslateOption
 
 }  // namespace
 
-TranslateRow FailedRow(const Job& job) {
+TranslateRow FailedRow(const RunNames& job) {
     TranslateRow row;
     row.input = job.input;
     row.output = job.output;
@@ -100,10 +91,10 @@ TranslateRow FailedRow(const Job& job) {
     return row;
 }
 
-JobResult TranslateJob(ConsoleScreen& screen, const Project& project, CodeTables& codes, const Job& job, Mode mode,
+JobResult TranslateJob(ConsoleScreen& screen, const Project& project, CodeTables& codes, const RunNames& job, Mode mode,
                        const TranslateOptions& options) {
     Translation translation(screen, project, std::move(codes));
-    TakeJob(job, mode, translation);
+    TakeNames(job, mode, translation);
     translation.readsWithoutLayers = options.reading.fromInstrument;
     std::vector<Problem> errors;
     ListenToErrors(screen, job, options, translation.problems, errors);

@@ -20,11 +20,11 @@ struct JobResult {
 };
 
 // The row of a job that nothing came of.
-TranslateRow FailedRow(const Job& job);
+TranslateRow FailedRow(const RunNames& job);
 
 // Translates a job, and tells on the standard streams what became of it. The code tables, those of the project that
 // were taken as grids would give them back, are handed on from job to job.
-JobResult TranslateJob(ConsoleScreen& screen, const Project& project, CodeTables& codes, const Job& job, Mode mode,
+JobResult TranslateJob(ConsoleScreen& screen, const Project& project, CodeTables& codes, const RunNames& job, Mode mode,
                        const TranslateOptions& options);
 
 }  // namespace korvande
