@@ -1,6 +1,5 @@
 #include "cli/CheckFile.h"
 
-#include <algorithm>
 #include <optional>
 #include <span>
 #include <utility>
@@ -32,8 +31,12 @@ class Findings {
             kept.push_back(std::move(finding));
         }
     }
-    void Add(const Problem& problem) {
-        Add({.kind = NameOf(problem.kind), .line = problem.line, .text = Sentence(problem)}, SentenceWithLine(problem));
+    void Add(const Problem& problem) { Add(FindingOf(problem), SentenceWithLine(problem)); }
+    // What a run would have asked is a problem.
+    void AddQuestion(TextView question, std::int64_t line) {
+        CheckFinding finding = FindingOfQuestion(question, line);
+        const Text withLine = line > 0 ? Concat(finding.text, u" (regel ", line, u")") : finding.text;
+        Add(std::move(finding), withLine);
     }
     // JSON has these in a list of their own.
     void AddUnknownCode(TextView sentence) {
@@ -48,13 +51,6 @@ class Findings {
     std::int64_t count = 0;
     std::vector<CheckFinding> kept;
 };
-
-// What a run would have asked is a problem.
-void AddQuestion(Text question, std::int64_t line, Findings& findings) {
-    std::replace(question.begin(), question.end(), u'\n', u' ');
-    const Text withLine = line > 0 ? Concat(question, u" (regel ", line, u")") : question;
-    findings.Add({.kind = "Question", .line = line, .text = question}, withLine);
-}
 
 void PrintCounts(const Drawing& drawing) {
     PrintLine(Concat(u"Aantallen: ", drawing.Points.UpperBound(), u" punten, ", drawing.Lines.UpperBound(),
@@ -125,7 +121,7 @@ CheckResult CheckInput(ReadingScreen& screen, const Project& project, CodeTables
     listener = [&findings](const Problem& problem) { findings.Add(problem); };
     // A question about the format is a problem, after which the check goes on with what is proposed.
     screen.answerQuestion = [&findings, &translation](const MessageBox& box) {
-        AddQuestion(box.text, translation.inputLine, findings);
+        findings.AddQuestion(box.text, translation.inputLine);
         return Answer::Yes;
     };
     if (!options.asJson) {

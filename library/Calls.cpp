@@ -1,6 +1,5 @@
 #include "library/Calls.h"
 
-#include <algorithm>
 #include <exception>
 #include <memory>
 #include <utility>
@@ -15,7 +14,6 @@
 #include "run/InputDrawing.h"
 #include "run/TranslateFiles.h"
 #include "translation/ClosingSentence.h"
-#include "translation/ProblemSentences.h"
 #include "translation/Translation.h"
 
 namespace korvande {
@@ -74,13 +72,9 @@ void TellResult(korvande_handle& handle, std::size_t problems, MakeJson makeJson
 
 // Gathers what is wrong with a file that is checked.
 void Listen(Translation& translation, CallbackScreen& screen, std::vector<CheckFinding>& findings) {
-    translation.problems.onError = [&findings](const Problem& problem) {
-        findings.push_back({SentenceOf(problem.kind).name, problem.line, Sentence(problem)});
-    };
+    translation.problems.onError = [&findings](const Problem& problem) { findings.push_back(FindingOf(problem)); };
     screen.answerQuestion = [&findings, &translation](const MessageBox& box) {
-        Text question = box.text;
-        std::replace(question.begin(), question.end(), u'\n', u' ');
-        findings.push_back({"Question", translation.inputLine, question});
+        findings.push_back(FindingOfQuestion(box.text, translation.inputLine));
         return Answer::Yes;
     };
 }

@@ -1,5 +1,7 @@
 #include "report/CheckJson.h"
 
+#include <algorithm>
+
 #include "picture/RdArea.h"
 #include "report/JsonParts.h"
 #include "translation/Translation.h"
@@ -23,6 +25,16 @@ Json ExtentJson(const std::optional<DrawingExtent>& extent) {
 }
 
 }  // namespace
+
+CheckFinding FindingOf(const Problem& problem) {
+    return {.kind = NameOf(problem.kind), .line = problem.line, .text = Sentence(problem)};
+}
+
+CheckFinding FindingOfQuestion(TextView question, std::int64_t line) {
+    CheckFinding finding{.kind = "Question", .line = line, .text = Text(question)};
+    std::replace(finding.text.begin(), finding.text.end(), u'\n', u' ');
+    return finding;
+}
 
 std::string CheckJson(const Translation& translation, TextView name, Format format, std::int64_t status,
                       std::span<const CheckFinding> findings) {

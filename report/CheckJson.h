@@ -7,6 +7,7 @@
 
 #include "core/Text.h"
 #include "translation/Mode.h"
+#include "translation/Problem.h"
 
 namespace korvande {
 
@@ -18,6 +19,9 @@ struct CheckFinding {
     std::int64_t line = 0;  // of the file; 0: none
     Text text;
 };
+
+CheckFinding FindingOf(const Problem& problem);
+CheckFinding FindingOfQuestion(TextView question, std::int64_t line);
 
 // What a check came to, as a JSON object on one line: the file, its format, the exit status, what is wrong, what a
 // translation would leave out, the counts, what the drawing covers (metres) and the codes, those that the code tables
