@@ -31,11 +31,7 @@ std::string TakeProject(FormKORVANDE& form) {
 }
 
 // What a save writes when nothing is changed in the grids.
-std::string TextOfLoaded(const Project& project) {
-    CodeTables codes = project.codes;
-    PassThroughGrids(codes);
-    return ControlTableText(project.options, codes);
-}
+std::string TextOfLoaded(const Project& project) { return ControlTableText(project.options, FreshTables(project)); }
 
 bool ReplaceQuietly(TextView name, std::string_view bytes) {
     try {

@@ -7,7 +7,6 @@
 #include "cli/Inputs.h"
 #include "cli/OrderedJobs.h"
 #include "cli/Print.h"
-#include "cli/Projects.h"
 #include "core/RuntimeError.h"
 #include "geopackage/GeoPackageFile.h"
 #include "picture/MakeDisplayList.h"

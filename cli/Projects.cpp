@@ -66,15 +66,8 @@ void PrintTable(TextView heading, TextView header, const CodeTable& table) {
 
 bool LoadControlTable(Screen& screen, Project& project, const std::string& file) {
     if (!file.empty()) return LoadProjectFile(screen, project, FromUtf8(file));
-    LoadEmptyProject(project);
-    project.options.chkExportUnknowns = project.options.chkImportUnknowns = true;
+    LoadProjectWithoutTable(project);
     return true;
-}
-
-CodeTables FreshTables(const Project& project) {
-    CodeTables codes = project.codes;
-    PassThroughGrids(codes);
-    return codes;
 }
 
 int MakeProject(const std::string& file) {

@@ -4,16 +4,12 @@
 
 namespace korvande {
 
-struct CodeTables;
 struct Project;
 class Screen;
 
 // Loads a control table, or the defaults with unknown objects taken along when no file is named. False when it cannot
 // be read; the message has been shown.
 bool LoadControlTable(Screen& screen, Project& project, const std::string& file);
-
-// The code tables of a project, as grids would give them back: what a translation begins with.
-CodeTables FreshTables(const Project& project);
 
 // `project maak` and `project toon`: the exit status. A UsageError is thrown before anything is written.
 int MakeProject(const std::string& file);

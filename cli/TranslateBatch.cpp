@@ -15,7 +15,6 @@
 #include "cli/OrderedProblems.h"
 #include "cli/Print.h"
 #include "cli/Process.h"
-#include "cli/Projects.h"
 #include "cli/TranslateJob.h"
 #include "core/RuntimeError.h"
 #include "host/Folders.h"

@@ -7,7 +7,7 @@
 
 #include "library/CallbackScreen.h"
 #include "project/ControlTable.h"
-#include "project/Grid.h"
+#include "project/Project.h"
 #include "report/CheckJson.h"
 #include "report/TranslationJson.h"
 #include "run/Check.h"
@@ -39,9 +39,7 @@ CodeTables TakeCodes(korvande_handle& handle) {
         handle.codes.reset();
         return codes;
     }
-    CodeTables codes = handle.project.codes;
-    PassThroughGrids(codes);
-    return codes;
+    return FreshTables(handle.project);
 }
 
 // The messages of a call that did not go well, and the sentence that closes it.
@@ -94,8 +92,7 @@ int OpenTable(korvande_handle& handle, const std::optional<Text>& name) {
         handle.tableName = *name;
         handle.isOpen = LoadProjectFile(screen, handle.project, *name);
     } else {
-        LoadEmptyProject(handle.project);
-        handle.project.options.chkExportUnknowns = handle.project.options.chkImportUnknowns = true;
+        LoadProjectWithoutTable(handle.project);
         handle.isOpen = true;
     }
     TellError(handle, screen.Messages());

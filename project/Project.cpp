@@ -1,5 +1,6 @@
 #include "project/Project.h"
 
+#include "project/Grid.h"
 #include "project/OwnerBoxes.h"
 
 namespace korvande {
@@ -13,6 +14,17 @@ void ResetProject(Project& project) {
 void LoadEmptyProject(Project& project) {
     ResetProject(project);
     FinishLoad(project);
+}
+
+void LoadProjectWithoutTable(Project& project) {
+    LoadEmptyProject(project);
+    project.options.chkExportUnknowns = project.options.chkImportUnknowns = true;
+}
+
+CodeTables FreshTables(const Project& project) {
+    CodeTables codes = project.codes;
+    PassThroughGrids(codes);
+    return codes;
 }
 
 void FinishLoad(Project& project) {

@@ -20,6 +20,12 @@ void ResetProject(Project& project);
 // The project as after loading a control table without any key.
 void LoadEmptyProject(Project& project);
 
+// The same for who has none: objects whose codes nobody knows are to be taken along.
+void LoadProjectWithoutTable(Project& project);
+
+// The code tables of a project, as grids would give them back: what a translation begins with.
+CodeTables FreshTables(const Project& project);
+
 // The last steps of every load: a source for an owner without one, and the owner in its boxes.
 void FinishLoad(Project& project);
 

@@ -2,14 +2,10 @@
 
 #include <utility>
 
-#include "project/Grid.h"
-
 namespace korvande {
 
 Translation::Translation(Screen& itsScreen, const Project& project)
-    : screen(itsScreen), options(project.options), owner(project.owner), codes(project.codes) {
-    PassThroughGrids(codes);
-}
+    : screen(itsScreen), options(project.options), owner(project.owner), codes(FreshTables(project)) {}
 
 Translation::Translation(Screen& itsScreen, const Project& project, CodeTables tablesOfProject)
     : screen(itsScreen), options(project.options), owner(project.owner), codes(std::move(tablesOfProject)) {
