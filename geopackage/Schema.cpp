@@ -97,13 +97,8 @@ INSERT INTO gpkg_spatial_ref_sys VALUES
    'Rijksdriehoeksmeting');
 )sql";
 
-// The columns that say where an object comes from stand behind those of its own. Directions are degrees, clockwise from
-// north. "@" is the kind of geometry of lines.
-constexpr std::string_view layerTables = R"sql(
-CREATE TABLE punten (
-  fid INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL,
-  geom POINT,
-  code TEXT,
+// What every layer tells of its objects, before what is their own.
+constexpr std::string_view commonColumns = R"sql(  code TEXT,
   lki_code TEXT,
   omschrijving TEXT,
   bekend BOOLEAN NOT NULL,
@@ -115,7 +110,15 @@ CREATE TABLE punten (
   inwinning TEXT,
   status TEXT,
   bestand TEXT NOT NULL,
-  regel INTEGER,
+  regel INTEGER,)sql";
+
+// "#" stands for those columns, and "@" for the kind of geometry of lines. Directions are degrees, clockwise from
+// north.
+constexpr std::string_view layerTables = R"sql(
+CREATE TABLE punten (
+  fid INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL,
+  geom POINT,
+#
   puntnummer TEXT,
   hoogte DOUBLE,
   richting DOUBLE
@@ -123,38 +126,14 @@ CREATE TABLE punten (
 CREATE TABLE lijnen (
   fid INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL,
   geom @,
-  code TEXT,
-  lki_code TEXT,
-  omschrijving TEXT,
-  bekend BOOLEAN NOT NULL,
-  p SMALLINT,
-  i SMALLINT,
-  b SMALLINT,
-  datum DATE,
-  bron TEXT,
-  inwinning TEXT,
-  status TEXT,
-  bestand TEXT NOT NULL,
-  regel INTEGER,
+#
   lijnnummer INTEGER,
   zonder_hoogte INTEGER NOT NULL
 );
 CREATE TABLE teksten (
   fid INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL,
   geom POINT,
-  code TEXT,
-  lki_code TEXT,
-  omschrijving TEXT,
-  bekend BOOLEAN NOT NULL,
-  p SMALLINT,
-  i SMALLINT,
-  b SMALLINT,
-  datum DATE,
-  bron TEXT,
-  inwinning TEXT,
-  status TEXT,
-  bestand TEXT NOT NULL,
-  regel INTEGER,
+#
   tekst TEXT NOT NULL,
   richting DOUBLE,
   anker SMALLINT
@@ -212,16 +191,16 @@ BEGIN
 END;
 )sql";
 
-std::string WithName(std::string_view statements, std::string_view name) {
-    std::string named;
+std::string WithFilledIn(std::string_view statements, char mark, std::string_view text) {
+    std::string filled;
     for (const char character : statements) {
-        if (character == '@') {
-            named += name;
+        if (character == mark) {
+            filled += text;
         } else {
-            named.push_back(character);
+            filled.push_back(character);
         }
     }
-    return named;
+    return filled;
 }
 
 void PutSide(Statement& statement, const Envelope& extent, double side) {
@@ -238,7 +217,7 @@ void MakeTables(Database& database, std::string_view lineGeometry) {
     database.Execute(marks);
     database.Execute(commonTables);
     database.Execute(referenceSystems);
-    database.Execute(WithName(layerTables, lineGeometry));
+    database.Execute(WithFilledIn(WithFilledIn(layerTables, '#', commonColumns), '@', lineGeometry));
 }
 
 void RegisterLayer(Database& database, const LayerTotal& layer, std::int32_t referenceSystem, std::string_view moment) {
@@ -256,7 +235,7 @@ void RegisterLayer(Database& database, const LayerTotal& layer, std::int32_t ref
                         "INSERT INTO gpkg_extensions VALUES (?, 'geom', 'gpkg_rtree_index', "
                         "'http://www.geopackage.org/spec120/#extension_rtree', 'write-only')");
     extension.Put(layer.name).Run();
-    database.Execute(WithName(indexTriggers, layer.name));
+    database.Execute(WithFilledIn(indexTriggers, '@', layer.name));
 }
 
 void RegisterKind(Database& database, std::string_view layer, std::string_view geometry) {
