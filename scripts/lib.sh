@@ -22,7 +22,8 @@ WrongUsage() {
 # Our own source files, one per line: the rooms that exist, the tests and the benchmarks.
 Sources() {
     local folders=() folder
-    for folder in core host project translation idex nensuf picture geopackage report run app ui cli library examples tests bench; do
+    for folder in core host project translation idex nensuf picture geopackage report run app ui cli library examples \
+        tests bench; do
         if [ -d "$folder" ]; then folders+=("$folder"); fi
     done
     find "${folders[@]}" -type f \( -name '*.h' -o -name '*.cpp' \) | LC_ALL=C sort
