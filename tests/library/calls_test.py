@@ -6,7 +6,7 @@ import pathlib
 import threading
 
 import korvande
-from case import LibraryTest, golden, library, samples, table
+from case import LibraryTest, cases, golden, library, samples, table
 from korvande import CANCEL, DONE, FAILED, NO, WITH_ERRORS, WRONG_USE, YES
 
 
@@ -183,7 +183,6 @@ class CallbacksTest(LibraryTest):
 
 class ThreadsTest(LibraryTest):
     def test_four_threads_with_handles_of_their_own_give_the_bytes_of_the_console(self):
-        cases = ResultsTest.cases
         expected = []
         for mode, control, source, target, _, words in cases:
             project = ["--project", control] if control else []

@@ -10,49 +10,13 @@ import textwrap
 import unittest
 
 import korvande
-from case import LibraryTest, golden, library, program, root, samples, table
+from case import LibraryTest, cases, golden, library, program, root, samples, table
 from korvande import DONE, WITH_ERRORS, WRONG_USE
 
 
 class ResultsTest(LibraryTest):
-    cases = (
-        ("idex-nen1878", table, samples / "straat.idx", "uit.sfn", {}, []),
-        ("idex-suf2", table, samples / "straat.idx", "uit.sf2", {"three_point_arcs": 1}, ["--driepuntsbogen"]),
-        ("nen1878-idex", table, samples / "straat.sfn", "uit.idx", {}, []),
-        ("suf2-idex", table, samples / "straat.sf2", "uit.idx", {"unknown_objects": 2}, ["--onbekend", "nee"]),
-        ("nen1878-idex", None, samples / "kruispunt.sfn", "uit.idx", {}, []),
-        (
-            "nen1878-idex",
-            table,
-            samples / "kruispunt.sfn",
-            "uit.idx",
-            {"has_selection": 1, "min_x": 121000.125, "min_y": 487000, "max_x": 121200.75, "max_y": 487500.5},
-            ["--selectie", "121000.125,487000,121200.75,487500.5"],
-        ),
-        (
-            "idex-nen1878",
-            golden / "klein.nst",
-            golden / "lijnen.idx",
-            "uit.sfn",
-            {"source_kind": 3, "unknown_objects": 1},
-            ["--bronvermelding", "3", "--onbekend", "ja"],
-        ),
-        (
-            "idex-nen1878",
-            table,
-            samples / "straat.idx",
-            "uit.sfn",
-            {"without_log_book": 1, "without_zeroes": 1, "character_set": 2},
-            ["--geen-logboek", "--zonder-nullen", "--tekenset", "cp850"],
-        ),
-        ("idex-nen1878", table, golden / "geen_layers.idx", "uit.sfn", {"from_instrument": 1}, ["--instrument"]),
-        ("idex-nen1878", table, golden / "geen_layers.idx", "uit.sfn", {}, []),
-        ("idex-nen1878", golden / "klein.nst", golden / "fouten.idx", "uit.sfn", {}, []),
-        ("nen1878-idex", golden / "klein.nst", golden / "oud.sfn", "uit.idx", {}, []),
-    )
-
     def test_every_option_gives_the_bytes_and_the_status_of_the_console_program(self):
-        for mode, control, source, target, options, words in self.cases:
+        for mode, control, source, target, options, words in cases:
             with self.subTest(mode=mode, source=source.name, options=options):
                 project = ["--project", control] if control else []
                 status, files = self.console("vertaal", "--modus", mode, *project, *words, source, target)
@@ -67,7 +31,7 @@ class ResultsTest(LibraryTest):
 
     def test_options_change_what_comes_out(self):
         def made(number):
-            mode, control, source, target, options, _ = self.cases[number]
+            mode, control, source, target, options, _ = cases[number]
             with korvande.Handle(library, control) as handle:
                 handle.translate(mode, source, target, options=options)
                 changed = pathlib.Path(target).read_bytes()
