@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "tests/windows/Controls.h"
+#include "tests/windows/Life.h"
 #include "tests/windows/Looks.h"
 
 namespace {
@@ -33,6 +34,10 @@ constexpr const char* usage =
     "                                          width and height on the screen\n"
     "       windowtool looks TITLE             the frames that are seen, then what is wrong: a frame that is not\n"
     "                                          drawn, a control that is cut; status 1 when something is\n"
+    "       windowtool life TITLE CAPTION BOX TIMES\n"
+    "                                          presses a button so many times, and OK in each box that comes;\n"
+    "                                          tells now and then what the window's program uses: times, memory in\n"
+    "                                          kilobytes, handles, GDI objects, seconds of the processor\n"
     "       windowtool close TITLE\n";
 
 // Some windows have a blank behind their title, which nobody sees.
@@ -51,8 +56,7 @@ HWND FindTitle(const std::wstring& wanted) {
     return found == all.end() ? nullptr : *found;
 }
 
-bool WaitUntil(unsigned long seconds, const std::function<bool()>& condition) {
-    constexpr DWORD pause = 50;  // milliseconds
+bool WaitUntil(unsigned long seconds, const std::function<bool()>& condition, DWORD pause = 50 /* milliseconds */) {
     const ULONGLONG end = ::GetTickCount64() + 1000ULL * seconds;
     while (!condition()) {
         if (::GetTickCount64() >= end) return false;
@@ -191,6 +195,31 @@ bool Press(HWND window, const std::wstring& caption) {
     return false;
 }
 
+bool LiveLong(HWND window, const std::wstring& caption, const std::wstring& box, const std::wstring& times) {
+    constexpr unsigned long seconds = 30;
+    constexpr int between = 100;  // times from line to line
+    constexpr DWORD pause = 2;    // milliseconds
+    DWORD process = 0;
+    ::GetWindowThreadProcessId(window, &process);
+    const long count = std::wcstol(times.c_str(), nullptr, 10);
+    if (!CanTellWhatIsUsed()) return false;
+    for (int i = 1; i <= count; ++i) {
+        if (!WaitUntil(
+                seconds, [&] { return Press(window, caption); }, pause))
+            return false;
+        HWND shown = nullptr;
+        const auto isShown = [&] { return (shown = FindTitle(box)) != nullptr; };
+        const auto isGone = [&] { return FindTitle(box) == nullptr; };
+        if (!WaitUntil(seconds, isShown, pause)) return false;
+        if (!WaitUntil(
+                seconds, [&] { return Press(shown, L"OK"); }, pause))
+            return false;
+        if (!WaitUntil(seconds, isGone, pause)) return false;
+        if (i % between == 0 && !PrintWhatIsUsed(process, i)) return false;
+    }
+    return true;
+}
+
 bool PrintPlace(HWND window, const std::wstring& name) {
     for (HWND const control : ControlsOfClass(window, name.c_str())) {
         if (!ControlsOf(control).empty()) continue;
@@ -238,6 +267,7 @@ int Run(const std::vector<std::wstring>& words) {
     if (command == L"fill" && count == 4) return status([&] { return Fill(window, words[2], words[3]); });
     if (command == L"place" && count == 3) return status([&] { return PrintPlace(window, words[2]); });
     if (command == L"press" && count == 3) return status([&] { return Press(window, words[2]); });
+    if (command == L"life" && count == 5) return status([&] { return LiveLong(window, words[2], words[3], words[4]); });
     if (command == L"close" && count == 2) {
         return status([&] { return ::PostMessageW(window, WM_CLOSE, 0, 0) != 0; });
     }
