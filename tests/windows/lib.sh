@@ -45,6 +45,11 @@ StopWine() {
     WINEPREFIX=$KORVANDE_WINEPREFIX /usr/lib/wine/wineserver64 -w
 }
 
+# Whether grep finds it in what it reads, to the end: a program that still writes to one that has gone ends with a failure.
+Has() {
+    [ -n "$(grep "$@")" ]
+}
+
 # Fails unless two texts are the same.
 Equal() {
     local what=$1 expected=$2 actual=$3
@@ -124,7 +129,7 @@ Finish() {
 
 # Waits until a preview tells this of its drawing.
 Tells() {
-    Tool text "$1" | grep -qF -- "$2"
+    Tool text "$1" | Has -F -- "$2"
 }
 WaitForPicture() {
     WaitFor "$1"
