@@ -52,7 +52,7 @@ def milliseconds_of_one(moments):
 
 def expect_no_growth(test, life, translations, name):
     """Fails when a process was seen to use more and more, from the second tenth of its life to the last: a leak of some
-    fifty bytes a translation would be seen, a handle a thousand translations, and work that grows with what was done."""
+    fifty bytes a translation would be seen, a handle in a thousand of them, and work that grows with what was done."""
     test.assertGreaterEqual(life.moments[-1][0], 0.95 * translations, "it was not watched to its end")
     early, late = life.tenth(2), life.tenth(10)
     test.assertGreater(min(len(early), len(late)), 4, "it was not looked at often enough")

@@ -5,6 +5,6 @@
 // Whether GDI objects can be counted here: tried on some that are made for it.
 bool CanTellWhatIsUsed();
 
-// A line of a process: so many times, its memory in kilobytes, its handles, its GDI objects, and the processor's seconds
-// that it has taken. False when something of it cannot be told.
+// A line of a process: so many times, its memory in kilobytes, its handles, its GDI objects, and the seconds of the
+// processor that it has taken. False when something of it cannot be told.
 bool PrintWhatIsUsed(unsigned long process, int times);

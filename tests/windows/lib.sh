@@ -45,7 +45,7 @@ StopWine() {
     WINEPREFIX=$KORVANDE_WINEPREFIX /usr/lib/wine/wineserver64 -w
 }
 
-# Whether grep finds it in what it reads, to the end: a program that still writes to one that has gone ends with a failure.
+# Whether grep finds it in what it reads, to the end: a program that still writes when its reader has gone has failed.
 Has() {
     [ -n "$(grep "$@")" ]
 }
