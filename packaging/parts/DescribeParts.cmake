@@ -1,8 +1,9 @@
-# Read by CPack when what it packs lies in its place: adds what each package is made of, and gives everything the time of
-# the sources.
+# Read by CPack when what it packs lies in its place: adds what each package is made of, and gives everything the time
+# of the sources.
 function(describe name version folder staged)
-  execute_process(COMMAND ${CPACK_KORVANDE_PYTHON} -B ${CPACK_KORVANDE_PARTS}/describe.py --build ${CPACK_KORVANDE_BUILD}
-                          --name ${name} --version ${version} ${ARGN} --folder=${folder} ${staged}
+  execute_process(COMMAND ${CPACK_KORVANDE_PYTHON} -B ${CPACK_KORVANDE_PARTS}/describe.py
+                          --build ${CPACK_KORVANDE_BUILD} --name ${name} --version ${version} ${ARGN}
+                          --folder=${folder} ${staged}
                   COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 

@@ -1,5 +1,5 @@
-"""Of what a program, a shared library or a static one is made: told by the file itself, by the map that was made when it
-was linked, and by the headers that its objects were compiled with."""
+"""Of what a program, a shared library or a static one is made: told by the file itself, by the map that was made when
+it was linked, and by the headers that its objects were compiled with."""
 
 import re
 import subprocess
@@ -65,7 +65,7 @@ class Build:
         for folder, part in self.built.items():
             if path.startswith(f"{folder}/"):
                 # Nothing else was built into it: such a library would have a name of its own.
-                if path.endswith(".a") and not re.fullmatch(r"libwx(base|_msw).*|libsqlite3\.a", Path(path).name):
+                if path.endswith(".a") and not re.fullmatch(r"libwx_(base|msw).*|libsqlite3\.a", Path(path).name):
                     raise debian.Unknown(path)
                 return part
         return None if Path(path).is_relative_to(self.source) else debian.owner(path)

@@ -24,6 +24,7 @@ def _system() -> str:
 
 def _part(part: debian.Package, names: set[str]) -> dict:
     licence, debian_name = part.licence()
+    version = part.source_version.replace("+", "%2B")
     described = {
         "SPDXID": _identifier("Part", part.source),
         "name": part.source,
@@ -37,7 +38,7 @@ def _part(part: debian.Package, names: set[str]) -> dict:
         "externalRefs": [{
             "referenceCategory": "PACKAGE-MANAGER",
             "referenceType": "purl",
-            "referenceLocator": f"pkg:deb/{_system()}/{part.source}@{part.source_version.replace('+', '%2B')}?arch=source",
+            "referenceLocator": f"pkg:deb/{_system()}/{part.source}@{version}?arch=source",
         }],
     }
     if debian_name:

@@ -1,7 +1,7 @@
 """What is wrong with the software bill of materials of a package: bill.py FOLDER BILL BUILD [FILE...]
 
-FOLDER holds what the package holds, BILL is the bill's place in it, in BUILD it was built; the files named are made when
-the package is installed. It looks into the programs with tools of their own, not with what made the bill."""
+FOLDER holds what the package holds, BILL is the bill's place in it, in BUILD it was built; the files named are made
+when the package is installed. It looks into the programs itself, without what made the bill."""
 
 import hashlib
 import json
@@ -23,7 +23,8 @@ def tool(*command: str) -> str:
 def form(bill: dict) -> list[str]:
     """What SPDX 2.3 asks of every document."""
     wrong = []
-    for name, pattern in {"spdxVersion": r"SPDX-2\.3", "dataLicense": r"CC0-1\.0", "SPDXID": "SPDXRef-DOCUMENT", "name": ".+",
+    for name, pattern in {"spdxVersion": r"SPDX-2\.3", "dataLicense": r"CC0-1\.0", "SPDXID": "SPDXRef-DOCUMENT",
+                          "name": ".+",
                           "documentNamespace": r"urn:uuid:[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}"}.items():
         if not re.fullmatch(pattern, bill.get(name, "")):
             wrong.append(f"{name} is {bill.get(name)!r}")
@@ -77,7 +78,8 @@ def files(bill: dict, folder: Path, own: str, made: list[str]) -> list[str]:
     described = [one for one in bill["packages"] if one["filesAnalyzed"]]
     if len(described) != 1:
         return wrong + [f"{len(described)} packages are described"]
-    sums = sorted(one["checksumValue"] for file in told.values() for one in file["checksums"] if one["algorithm"] == "SHA1")
+    sums = sorted(one["checksumValue"] for file in told.values() for one in file["checksums"]
+                  if one["algorithm"] == "SHA1")
     code = described[0]["packageVerificationCode"]
     if code["packageVerificationCodeValue"] != hashlib.sha1("".join(sums).encode()).hexdigest():
         wrong.append("the verification code is another")
@@ -133,8 +135,8 @@ def licences(bill: dict, folder: Path, own: str) -> list[str]:
         if package["SPDXID"] not in inside or package["filesAnalyzed"]:
             continue
         beside = (folder / own).parent
-        text = next((one for one in (beside / "parts" / package["name"], beside / "licenties" / f"{package['name']}.txt")
-                     if one.is_file()), None)
+        places = (beside / "parts" / package["name"], beside / "licenties" / f"{package['name']}.txt")
+        text = next((one for one in places if one.is_file()), None)
         overview = beside / ("copyright" if (beside / "copyright").is_file() else "licenties.txt")
         if text is None or len(text.read_bytes()) < 500 or b"opyright" not in text.read_bytes():
             wrong.append(f"{package['name']} has no terms in the package")
@@ -150,7 +152,8 @@ def licences(bill: dict, folder: Path, own: str) -> list[str]:
 
 def private(text: str, build: Path) -> list[str]:
     """No person, no address, no place on the network or on this machine."""
-    patterns = (r"https?:", r"\w@[A-Za-z]+\.[A-Za-z]", r"Person:", r"Organization:", "/home/", "/tmp/", "/root/", re.escape(str(build)))
+    patterns = (r"https?:", r"\w@[A-Za-z]+\.[A-Za-z]", r"Person:", r"Organization:", "/home/", "/tmp/", "/root/",
+                re.escape(str(build)))
     return [f"the bill tells of {found.group()!r}" for found in (re.search(one, text) for one in patterns) if found]
 
 

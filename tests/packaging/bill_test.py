@@ -45,8 +45,8 @@ class BillTest(unittest.TestCase):
                 folder, own = self.unpack(name)
                 told = json.loads((folder / own).read_text())
                 names = {one["SPDXID"]: one["name"] for one in told["packages"]}
-                related = [(one["relationshipType"], names.get(one["spdxElementId"]), names.get(one["relatedSpdxElement"]))
-                           for one in told["relationships"]]
+                related = [(one["relationshipType"], names.get(one["spdxElementId"]),
+                            names.get(one["relatedSpdxElement"])) for one in told["relationships"]]
                 self.assertEqual({other for relation, _, other in related if relation == "STATIC_LINK"}, INSIDE[name])
                 beside = {other for relation, _, other in related if relation == "DYNAMIC_LINK"}
                 beside |= {one for relation, one, _ in related if relation == "RUNTIME_DEPENDENCY_OF"}
@@ -95,7 +95,8 @@ class BillTest(unittest.TestCase):
                 told = json.loads(whole)
                 damage(told)
                 (folder / own).write_text(json.dumps(told))
-                self.assertTrue(any(expected in one for one in self.complaints(folder, own)), self.complaints(folder, own))
+                found = self.complaints(folder, own)
+                self.assertTrue(any(expected in one for one in found), found)
 
     def test_terms_that_are_missing_are_seen(self):
         """A part whose terms are not in the package is complained of."""
