@@ -8,7 +8,7 @@ import tempfile
 import time
 import unittest
 
-from life import Life, expect_no_growth, golden, release, samples, table
+from life import Life, expect_no_growth, golden, memory, release, samples, table
 
 TRANSLATIONS = 100_000
 FOLDER_SIZE = 1_000  # drawings
@@ -43,7 +43,7 @@ def done_so_far(outputs):
 
 class BatchTest(unittest.TestCase):
     def test_a_hundred_thousand_drawings_in_one_batch_use_no_more_and_more(self):
-        with tempfile.TemporaryDirectory() as name:
+        with tempfile.TemporaryDirectory(dir=memory) as name:
             folder = pathlib.Path(name)
             inputs, outputs = make_inputs(folder), folder / "uit"
             outputs.mkdir()

@@ -6,7 +6,7 @@ import sys
 import tempfile
 import unittest
 
-from life import Life, expect_no_growth, golden, release, root, table
+from life import Life, expect_no_growth, golden, memory, release, root, table
 
 sys.path.insert(0, str(root / "tests/library"))
 import korvande  # noqa: E402
@@ -27,7 +27,7 @@ class LibraryTest(unittest.TestCase):
             ("nen1878-idex", golden / "lijnen.idx"),  # of another format: refused
             ("suf2-idex", golden / "weg.sf2"),  # missing
         ]
-        with tempfile.TemporaryDirectory() as folder, korvande.Handle(library, str(table)) as handle:
+        with tempfile.TemporaryDirectory(dir=memory) as folder, korvande.Handle(library, str(table)) as handle:
             output = pathlib.Path(folder) / "uit"
             life = Life()
             statuses = set()
