@@ -73,7 +73,8 @@ int CompareDrawings(const CompareOptions& options) {
     ReadingScreen screen;
     TakeReading(options.reading, project.options);
     JsonDocument document(options.asJson, "vergelijk");
-    if (!LoadControlTable(screen, project, options.project)) return document.End(status::failed);
+    ConsoleScreen console(false);
+    if (!LoadControlTable(console, project, options.project)) return document.End(status::failed);
     const std::array<Text, 2> names = {FromUtf8(options.first), FromUtf8(options.second)};
     Translation first(screen, project);
     Translation second(screen, project);

@@ -96,7 +96,8 @@ int DrawDrawing(const DrawOptions& options) {
     Project project;
     ReadingScreen screen;
     TakeReading(options.reading, project.options);
-    if (!LoadControlTable(screen, project, options.project)) return status::failed;
+    ConsoleScreen console(false);
+    if (!LoadControlTable(console, project, options.project)) return status::failed;
     Translation translation(screen, project);
     const std::optional<InputDrawing> found = FindInput(screen, input);
     if (!found || !ReadInputDrawing(screen, *found, input, options.reading, translation)) return status::failed;

@@ -73,6 +73,12 @@ TEST_F(CompareCommand, WhatIsNoDrawingGivesStatusThree) {
     EXPECT_EQ(Run({"vergelijk", "--project", "weg.nst", "klein.idx", "klein.idx"}).status, 3);
 }
 
+TEST_F(CompareCommand, AControlTableThatIsNotThereIsTold) {
+    const ProgramResult result = Run({"vergelijk", "--project", "weg.nst", "klein.idx", "klein.sfn"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.error, "Kon bestand: 'weg.nst' niet openen;\nFoutcode: 53\nBestand niet gevonden\n");
+}
+
 TEST_F(CompareCommand, TwoDrawingsAreNeeded) {
     ExpectRefused({"vergelijk"}, "Er ontbreekt een argument: eerste");
     ExpectRefused({"vergelijk", "klein.idx"}, "Er ontbreekt een argument: tweede");

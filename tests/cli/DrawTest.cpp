@@ -107,6 +107,13 @@ TEST_F(DrawCommand, APictureThatCannotBeWrittenIsTold) {
     EXPECT_TRUE(Has(result.error, "Kon bestand: 'nergens/beeld.svg' niet opslaan;\nFoutcode: 76\n")) << result.error;
 }
 
+TEST_F(DrawCommand, AControlTableThatIsNotThereIsTold) {
+    const ProgramResult result = Run({"teken", "--project", "weg.nst", "klein.idx", "beeld.svg"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.error, "Kon bestand: 'weg.nst' niet openen;\nFoutcode: 53\nBestand niet gevonden\n");
+    EXPECT_FALSE(IsThere("beeld.svg"));
+}
+
 TEST_F(DrawCommand, WrongUsageIsRefusedBeforeAnythingIsRead) {
     ExpectRefused({"teken"}, "Er ontbreekt een argument: invoer");
     ExpectRefused({"teken", "klein.idx"}, "Er ontbreekt een argument: uitvoer");
