@@ -102,11 +102,8 @@ int RunCommandLine(const std::vector<std::string>& arguments) {
     return Do(app, commands);
 }
 
-}  // namespace
-
-int Main(int argc, char** argv) {
-    std::setlocale(LC_ALL, "");
-    PrepareProcess();
+// Memory may run out while it tells why.
+int RunOrRefuse(int argc, char** argv) {
     try {
         return RunCommandLine(ProgramArguments(argc, argv));
     } catch (const UsageError& error) {
@@ -114,6 +111,17 @@ int Main(int argc, char** argv) {
         return status::wrongUsage;
     } catch (const TranslationAborted&) {
         PrintErrorLine(u"Afgebroken.");
+        return status::failed;
+    }
+}
+
+}  // namespace
+
+int Main(int argc, char** argv) {
+    std::setlocale(LC_ALL, "");
+    PrepareProcess();
+    try {
+        return RunOrRefuse(argc, argv);
     } catch (const std::exception&) {
         PrintCurrentError();
     }
