@@ -11,6 +11,16 @@ namespace {
 
 constexpr std::size_t bufferSize = std::size_t{1} << 17;
 
+// How many of the bytes were written, to a file without a buffer of its own.
+std::size_t WriteBytes(std::FILE* file, std::string_view bytes) {
+    std::size_t count = std::fwrite(bytes.data(), 1, bytes.size(), file);
+    while (count < bytes.size() && IsOnlyInterrupted(file)) {
+        std::clearerr(file);
+        count += std::fwrite(bytes.data() + count, 1, bytes.size() - count, file);
+    }
+    return count;
+}
+
 }  // namespace
 
 LineWriter::~LineWriter() { Abandon(); }
@@ -100,8 +110,9 @@ void LineWriter::Close() {
     }
     const bool isFile = sink == Sink::File;
     sink = Sink::None;
-    // What failed before was told then; closing may fail of the same once more.
-    if (isFile && std::fclose(file.release()) != 0 && !failed) {
+    // What failed before was told then; closing may fail of the same once more. One that a signal came between is
+    // closed.
+    if (isFile && std::fclose(file.release()) != 0 && !failed && errno != EINTR) {
         failed = true;
         throw RuntimeError(ErrorNumberOf(errno));
     }
@@ -119,7 +130,7 @@ void LineWriter::Flush() {
     used = 0;
     if (failed || size == 0) return;
     if (sink == Sink::Memory) memory->append(buffer.data(), size);
-    if (sink == Sink::File && std::fwrite(buffer.data(), 1, size, file.get()) != size) {
+    if (sink == Sink::File && WriteBytes(file.get(), {buffer.data(), size}) != size) {
         failed = true;
         throw RuntimeError(ErrorNumberOf(errno));
     }

@@ -25,6 +25,10 @@ std::FILE* OpenNativeFile(TextView name, OpenMode mode);
 // the system refuses is a run-time error.
 std::FILE* CreateNativeFile(TextView name, TextView rightsOf);
 
+// Whether a read or write of a regular file failed only for a signal that came (errno tells), and is to be done again;
+// a wait for a pipe or a terminal is ended by one.
+bool IsOnlyInterrupted(std::FILE* file) noexcept;
+
 // Has what was written to a file, or the names in a folder, reach the disk before it goes on. A disk that fails is a
 // run-time error. A folder is passed over where the system knows no such thing, or lets nobody read it.
 void FlushToDisk(std::FILE* file);

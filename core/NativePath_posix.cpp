@@ -90,6 +90,29 @@ void TakeRights(int descriptor, const struct stat& other) {
     if (::fchmod(descriptor, rights) != 0) throw RuntimeError(ErrorNumberOf(errno));
 }
 
+// Anything else keeps whoever opens it waiting, until a signal ends that.
+bool IsRegularOrMissing(const char* path) {
+    struct stat status {};
+    return ::stat(path, &status) != 0 || S_ISREG(status.st_mode);
+}
+
+std::FILE* OpenUninterrupted(const char* path, const char* how) {
+    std::FILE* file = nullptr;
+    do {
+        errno = 0;
+        file = std::fopen(path, how);
+    } while (file == nullptr && errno == EINTR && IsRegularOrMissing(path));
+    return file;
+}
+
+int CreateUninterrupted(const char* path, mode_t rights) {
+    int descriptor = 0;
+    do {
+        descriptor = ::open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights);
+    } while (descriptor < 0 && errno == EINTR);
+    return descriptor;
+}
+
 // Until it is done, or what stopped it is no signal.
 int Synchronise(int descriptor) {
     int result = 0;
@@ -112,7 +135,7 @@ std::FILE* OpenNativeFile(TextView name, OpenMode mode) {
     std::optional<OwnChange> change;
     if (mode != OpenMode::Read) change.emplace(path);
     const char* const how = mode == OpenMode::Read ? "rbe" : mode == OpenMode::Write ? "wbe" : "abe";
-    std::FILE* const file = std::fopen(path.c_str(), how);
+    std::FILE* const file = OpenUninterrupted(path.c_str(), how);
     if (file == nullptr) {
         const int number = ErrorNumberOf(errno);
         const bool folderMissing = number == errors::fileNotFound && mode != OpenMode::Read;
@@ -125,9 +148,10 @@ std::FILE* CreateNativeFile(TextView name, TextView rightsOf) {
     const std::string path = NewPath(name);
     struct stat other {};
     const bool takesRights = ::stat(NativePath(rightsOf).c_str(), &other) == 0;
+    if (!takesRights && errno != ENOENT && errno != ENOTDIR) throw RuntimeError(ErrorNumberOf(errno));
     const OwnChange change(path);
     // Whoever may not read the other file never may read this one.
-    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, takesRights ? 0600 : 0666);
+    const int descriptor = CreateUninterrupted(path.c_str(), takesRights ? 0600 : 0666);
     if (descriptor < 0 && errno == EEXIST) return nullptr;
     if (descriptor < 0) throw RuntimeError(errno == ENOENT ? errors::pathNotFound : ErrorNumberOf(errno));
     try {
@@ -140,6 +164,12 @@ std::FILE* CreateNativeFile(TextView name, TextView rightsOf) {
         ::unlink(path.c_str());
         throw;
     }
+}
+
+bool IsOnlyInterrupted(std::FILE* file) noexcept {
+    if (errno != EINTR) return false;
+    struct stat status {};
+    return ::fstat(::fileno(file), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 void FlushToDisk(std::FILE* file) {

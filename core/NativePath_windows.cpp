@@ -137,6 +137,9 @@ std::FILE* CreateNativeFile(TextView name, TextView rightsOf) {
     throw RuntimeError(ErrorNumberOfOpening(systemError, name, OpenMode::Write));
 }
 
+// No signal ends a read or write here.
+bool IsOnlyInterrupted(std::FILE*) noexcept { return false; }
+
 void FlushToDisk(std::FILE* file) {
     const auto handle = reinterpret_cast<HANDLE>(::_get_osfhandle(::_fileno(file)));
     if (::FlushFileBuffers(handle) == 0) throw RuntimeError(errors::pathAccess);
