@@ -67,6 +67,10 @@ bool RegCloseKeyHandle(RegKey key) {
     return true;
 }
 
+bool RegKeyIsKnown(RegKey key) noexcept {
+    return (key >= hives::classesRoot && key <= hives::users) || FindOpenKey(key) != OpenKeys().end();
+}
+
 Text RegKeyName(RegKey key) {
     if (key >= hives::classesRoot && key <= hives::users) return Text(hiveNames[key - hives::classesRoot]);
     const auto known = FindOpenKey(key);

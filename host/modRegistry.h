@@ -52,6 +52,9 @@ std::int32_t RegEnumSubKey(RegKey key, std::uint32_t index, Text& name);
 // number to another key.
 bool RegCloseKeyHandle(RegKey key);
 
+// Whether a handle is a hive's or that of an open key.
+bool RegKeyIsKnown(RegKey key) noexcept;
+
 // The full name, such as "HKEY_CURRENT_USER\Software"; empty for a handle that is not open.
 Text RegKeyName(RegKey key);
 

@@ -110,7 +110,7 @@ std::int32_t CreateKey(RegKey parent, TextView name, RegKey& key) {
     });
 }
 
-std::int32_t CloseKey(RegKey key) { return RegKeyName(key).empty() ? regcodes::invalidHandle : regcodes::success; }
+std::int32_t CloseKey(RegKey key) { return RegKeyIsKnown(key) ? regcodes::success : regcodes::invalidHandle; }
 
 std::int32_t EnumKey(RegKey key, std::uint32_t index, Text& name) {
     return Guarded([&] {
