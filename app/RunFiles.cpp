@@ -28,7 +28,7 @@ Roles RolesOf(Conversion& conversion) {
 }  // namespace
 
 bool InputIsThere(const FormKORVANDE& form, const Text& name) {
-    if (FileExistsAt(name)) return true;
+    if (!FileIsMissing(name)) return true;
     ShowMessage(form.screen, Concat(u"Invoerbestand niet gevonden:\n'", name, u"'"));
     return false;
 }

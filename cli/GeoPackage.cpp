@@ -29,7 +29,7 @@ void RefuseOutput(const GeoPackageOptions& options, const DrawingBatch& batch, c
     for (const InputFile& input : batch.inputs.files) RefuseClash(output, input.name, u"Invoer en uitvoer");
     RefuseClash(output, FromUtf8(options.project), u"Controletabel en uitvoer");
     if (IsFreeName(output)) return;
-    if (!IsRegularFileOrMissing(output)) throw UsageError{Concat(u"De uitvoer is geen gewoon bestand: ", output)};
+    if (!MayBeReplaced(output)) throw UsageError{Concat(u"De uitvoer is geen gewoon bestand: ", output)};
     if (!options.overwrites) {
         throw UsageError{Concat(u"Er bestaat al een bestand met deze naam (zie --overschrijf):\n", output)};
     }

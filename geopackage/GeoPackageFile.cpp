@@ -1,10 +1,11 @@
 #include "geopackage/GeoPackageFile.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 
 #include "core/Clock.h"
-#include "core/LineWriter.h"
+#include "core/LineReader.h"
 #include "core/NativePath.h"
 #include "core/Picture.h"
 #include "core/RuntimeError.h"
@@ -31,29 +32,29 @@ std::string_view LineGeometryOf(const GeoPackageChoice& choice) {
     return choice.isStraight ? "MULTILINESTRING" : "MULTICURVE";
 }
 
-// A name that nobody has is taken by somebody else now and then.
-Text CreateBeside(TextView name) {
-    while (true) {
-        Text temporary = TemporaryNameBeside(name);
-        if (temporary.empty()) throw RuntimeError(errors::pathNotFound);
-        LineWriter writer;
-        if (!writer.Create(temporary, name)) continue;
-        writer.Close();
-        return temporary;
-    }
+// An empty file, with the rights of another one; false when anything has its name already.
+bool Create(TextView name, TextView rightsOf) {
+    const FileHandle file(CreateNativeFile(name, rightsOf));
+    return file != nullptr;
 }
 
 }  // namespace
 
-FileBeside::FileBeside(TextView itsName) : name(itsName), temporary(CreateBeside(itsName)) {}
+// A name that nobody has is taken by somebody else now and then.
+FileBeside::FileBeside(TextView itsName) : name(itsName) {
+    do {
+        temporary = TemporaryNameBeside(name);
+        temporaryPath = NativePath(temporary);
+    } while (!Create(temporary, name));
+}
 
 FileBeside::~FileBeside() {
-    if (!temporary.empty()) DeleteFileAt(temporary);
+    if (!temporary.empty() && !DeleteFileAt(temporary)) std::remove(temporaryPath.c_str());
 }
 
 void FileBeside::PutInPlace(Replace replace) {
     FlushToDisk(FileHandle(OpenNativeFile(temporary, OpenMode::Append)).get());
-    if (!RenameFileAt(temporary, name, replace)) throw RuntimeError(errors::accessDenied);
+    PutFileAt(temporary, name, replace);
     const Text folder = FolderOf(temporary);
     temporary.clear();
     FlushFolderToDisk(folder);

@@ -38,6 +38,7 @@ class FileBeside {
  private:
     Text name;
     Text temporary;
+    std::string temporaryPath;  // by which the system removes it, also when there is no memory to find it again
 };
 
 // A GeoPackage of the layers "punten", "lijnen" and "teksten", of any number of drawings: of each everything that is in

@@ -15,7 +15,7 @@ namespace korvande {
 namespace {
 
 struct NewFile {
-    Text name;  // empty: none can be made
+    Text name;
     std::string path;
 };
 
@@ -30,7 +30,6 @@ NewFile CreateBeside(LineWriter& writer, TextView name) {
     while (true) {
         NewFile file;
         file.name = TemporaryNameBeside(name);
-        if (file.name.empty()) return file;
         file.path = PathOf(file.name);
         if (writer.Create(file.name, name)) return file;
     }
@@ -40,7 +39,7 @@ NewFile CreateBeside(LineWriter& writer, TextView name) {
 
 void FileReplacement::Open(LineWriter& writer) {
     Drop();
-    if (IsRegularFileOrMissing(name)) {
+    if (MayBeReplaced(name)) {
         const bool isThere = FileExistsAt(name);
         // One that may not be written is not replaced either.
         if (isThere) std::fclose(OpenNativeFile(name, OpenMode::Append));
@@ -64,10 +63,11 @@ void FileReplacement::PutInPlace() {
     if (!isOpened) throw RuntimeError(errors::badFileName);
     if (temporary.empty()) return;
     const Text folder = FolderOf(temporary);
-    const bool isInPlace = RenameFileAt(temporary, name);
-    if (!isInPlace) {
+    try {
+        PutFileAt(temporary, name);
+    } catch (const std::exception&) {
         Drop();
-        throw RuntimeError(errors::accessDenied);
+        throw;
     }
     temporary.clear();
     FlushFolderToDisk(folder);
@@ -83,9 +83,14 @@ std::string FileBytesOf(TextView name) {
     const FileHandle file(OpenNativeFile(name, OpenMode::Read));
     std::string bytes;
     char block[4096];
-    while (const std::size_t count = std::fread(block, 1, sizeof block, file.get())) bytes.append(block, count);
-    if (std::ferror(file.get()) != 0) throw RuntimeError(ErrorNumberOf(errno));
-    return bytes;
+    while (true) {
+        const std::size_t count = std::fread(block, 1, sizeof block, file.get());
+        bytes.append(block, count);
+        if (count == sizeof block) continue;
+        if (std::ferror(file.get()) == 0) return bytes;
+        if (!IsOnlyInterrupted(file.get())) throw RuntimeError(ErrorNumberOf(errno));
+        std::clearerr(file.get());
+    }
 }
 
 void ReplaceFile(TextView name, std::string_view bytes) {

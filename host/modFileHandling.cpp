@@ -32,6 +32,18 @@ fs::path BehindLinks(fs::path path) {
     return path;
 }
 
+RuntimeError SystemError(const std::error_code& problem) {
+    return RuntimeError(ErrorNumberOf(problem.default_error_condition().value()));
+}
+
+// What a path leads to.
+fs::file_type TypeOf(const fs::path& path) {
+    std::error_code problem;
+    const fs::file_type type = fs::status(path, problem).type();
+    if (type == fs::file_type::none) throw SystemError(problem);
+    return type;
+}
+
 // The result of an action, or what stands for its failure.
 template <class Result, class Action>
 Result OrOnFailure(Result failure, Action action) {
@@ -128,6 +140,18 @@ bool FileExistsAt(TextView name) {
     });
 }
 
+bool FileIsMissing(TextView name) {
+    try {
+        std::error_code ignored;
+        const fs::file_type type = fs::status(PathOf(name), ignored).type();
+        return type == fs::file_type::not_found || type == fs::file_type::directory;
+    } catch (const RuntimeError&) {
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
 bool IsFreeName(TextView name) {
     return OrOnFailure(true, [name] {
         std::error_code ignored;
@@ -136,12 +160,14 @@ bool IsFreeName(TextView name) {
 }
 
 bool IsRegularFileOrMissing(TextView name) {
-    return OrOnFailure(false, [name] {
-        const fs::path path = PathOf(name);
-        if (IsUnlistedDevice(path)) return false;
-        const fs::file_type type = fs::status(path).type();
-        return type == fs::file_type::regular || type == fs::file_type::not_found;
-    });
+    return OrOnFailure(false, [name] { return MayBeReplaced(name); });
+}
+
+bool MayBeReplaced(TextView name) {
+    const fs::path path = PathOf(name);
+    if (IsUnlistedDevice(path)) return false;
+    const fs::file_type type = TypeOf(path);
+    return type == fs::file_type::regular || type == fs::file_type::not_found;
 }
 
 bool SameFile(TextView name1, TextView name2) { return FileIdentity(name1) == FileIdentity(name2); }
@@ -215,29 +241,38 @@ bool DeleteFileAt(TextView name) {
 
 bool RenameFileAt(TextView from, TextView to, Replace replace) {
     return OrOnFailure(false, [&] {
-        if (replace == Replace::No && !IsFreeName(to)) return false;
-        const fs::path source = PathOf(from);
-        const fs::path target = BehindLinks(PathOf(to));
-        if (FileExistsAt(to)) {
-            // To the system a file that may not be written may well be replaced; to its owner it may not.
-            const FileHandle writable(OpenNativeFile(to, OpenMode::Append));
-        }
-        const OwnChange leaving(ToUtf8(NameOf(source)));
-        const OwnChange arriving(ToUtf8(NameOf(target)));
-        fs::rename(source, target);
+        PutFileAt(from, to, replace);
         return true;
     });
 }
 
+void PutFileAt(TextView from, TextView to, Replace replace) {
+    if (replace == Replace::No && !IsFreeName(to)) throw RuntimeError(errors::accessDenied);
+    const fs::path source = PathOf(from);
+    const fs::path target = BehindLinks(PathOf(to));
+    const fs::file_type type = TypeOf(target);
+    if (type == fs::file_type::directory) throw RuntimeError(errors::pathAccess);
+    if (type != fs::file_type::not_found) {
+        // To the system a file that may not be written may well be replaced; to its owner it may not.
+        const FileHandle writable(OpenNativeFile(to, OpenMode::Append));
+    }
+    const OwnChange leaving(ToUtf8(NameOf(source)));
+    const OwnChange arriving(ToUtf8(NameOf(target)));
+    std::error_code problem;
+    fs::rename(source, target, problem);
+    if (problem) throw SystemError(problem);
+}
+
 Text TemporaryNameBeside(TextView name) {
-    return OrOnFailure(Text(), [name] {
-        const fs::path folder = BehindLinks(PathOf(name)).parent_path();
-        std::random_device random;
-        while (true) {
-            const fs::path path = folder / ("~korvande-" + std::to_string(random()) + ".tmp");
-            if (!fs::exists(fs::symlink_status(path))) return NameOf(path);
-        }
-    });
+    const fs::path folder = BehindLinks(PathOf(name)).parent_path();
+    std::random_device random;
+    while (true) {
+        const fs::path path = folder / ("~korvande-" + std::to_string(random()) + ".tmp");
+        std::error_code problem;
+        const fs::file_type type = fs::symlink_status(path, problem).type();
+        if (type == fs::file_type::none) throw SystemError(problem);
+        if (type == fs::file_type::not_found) return NameOf(path);
+    }
 }
 
 std::vector<Text> ListFiles(TextView folder, TextView pattern) {

@@ -7,8 +7,8 @@
 #include "host/modRegistry.h"
 
 // Files and single registry values. File names are as the user gives them, with "\" or "/" between their components;
-// they reach the system through NativePath. None of these procedures raises an error: what fails gives false or
-// nothing.
+// they reach the system through NativePath. What fails gives false or nothing, unless it is said to be a run-time
+// error.
 namespace korvande {
 
 class Screen;
@@ -16,12 +16,18 @@ class Screen;
 // Whether there is a file of this name; a folder is no file.
 bool FileExistsAt(TextView name);
 
+// Whether it is certain that there is none. What the system does not tell may be a file, and opening it tells more.
+bool FileIsMissing(TextView name);
+
 // Whether nothing at all, file or folder, has this name yet.
 bool IsFreeName(TextView name);
 
 // Whether the name belongs to a regular file or to nothing yet, so that a finished file may be renamed to it. Devices,
 // pipes and folders are neither.
 bool IsRegularFileOrMissing(TextView name);
+
+// The same; what the system does not tell is a run-time error.
+bool MayBeReplaced(TextView name);
 
 // Whether two names mean the same file, under whatever names and links; for files that do not exist yet, whether
 // creating both would create one file (case does not count then, as in every search for a file).
@@ -59,8 +65,11 @@ bool DeleteFileAt(TextView name);
 enum class Replace { No, Yes };
 bool RenameFileAt(TextView from, TextView to, Replace replace = Replace::Yes);
 
+// The same; a failure is a run-time error.
+void PutFileAt(TextView from, TextView to, Replace replace = Replace::Yes);
+
 // A name that nothing has yet, for a file that is to be renamed to the name given: in the same folder, beside the file
-// itself when the name is a link.
+// itself when the name is a link. A run-time error when the system does not tell one.
 Text TemporaryNameBeside(TextView name);
 
 // The names (without folder) of a folder's files that match a pattern with "*" and "?", ignoring case, and sorted

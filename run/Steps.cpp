@@ -34,7 +34,7 @@ bool RunStep(Translation& translation, void (*step)(Translation&)) {
 
 bool InputIsThere(Translation& translation) {
     const Text& input = InputName(translation);
-    if (translation.inputBytes || FileExistsAt(input)) return true;
+    if (translation.inputBytes || !FileIsMissing(input)) return true;
     ReportVanishedInput(translation, input);
     return false;
 }
