@@ -50,18 +50,20 @@ void CloseLogBook(Translation& translation) {
     if (!translation.log.HasFailed()) return;
     translation.outcome.logBookFailed = true;
     ShowMessage(translation.screen,
-                Concat(u"Het logboek kon niet volledig worden geschreven:\n", translation.LogFileName));
+                Concat(u"Het logboek kon niet volledig worden geschreven:\n", translation.LogFileName, u"\n",
+                       RuntimeError(translation.log.Failure()).Description()));
 }
 
 // The log book is closed by now, so this goes behind its end.
-void ReportNotInPlace(Translation& translation) {
+void ReportNotInPlace(Translation& translation, const RuntimeError& error) {
     LogBook& log = translation.log;
     try {
         if (!translation.LogFileName.empty()) log.Reopen(translation.LogFileName);
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         // The message tells it too.
     }
-    const Problem problem{.kind = ProblemKind::OutputNotPutInPlace, .name = OutputName(translation)};
+    const Problem problem{
+        .kind = ProblemKind::OutputNotPutInPlace, .number = error.Number(), .name = OutputName(translation)};
     Report(translation, problem);
     if (log.IsOpen()) log.Close();
     ShowMessage(translation.screen, Sentence(problem));
@@ -79,9 +81,9 @@ void PutInPlace(Translation& translation) {
     if (translation.outcome.Failed()) return translation.replacement->Drop();
     try {
         translation.replacement->PutInPlace();
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         translation.outcome.outputFailed = true;
-        ReportNotInPlace(translation);
+        ReportNotInPlace(translation, CurrentError());
     }
 }
 

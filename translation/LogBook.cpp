@@ -19,7 +19,11 @@ void LogBook::Reopen(TextView name) {
 void LogBook::Close() noexcept {
     try {
         file.Close();
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
+        failure = error.Number();
+        file.Abandon();
+    } catch (const std::exception&) {
+        failure = errors::outOfMemory;
         file.Abandon();
     }
 }
@@ -69,8 +73,8 @@ void LogBook::Put(std::string_view bytes) {
     if (!IsOpen() || HasFailed()) return;
     try {
         file.Put(bytes);
-    } catch (const RuntimeError&) {
-        return;
+    } catch (const RuntimeError& error) {
+        failure = error.Number();
     }
 }
 

@@ -19,6 +19,8 @@ class LogBook {
 
     bool IsOpen() const noexcept { return file.IsOpen(); }
     bool HasFailed() const noexcept { return file.HasFailed(); }
+    // The number of the run-time error that says why.
+    int Failure() const noexcept { return failure; }
     void Close() noexcept;
 
     // Ends the line with this text. A carriage return or a line feed inside it becomes CR LF.
@@ -44,6 +46,7 @@ class LogBook {
     void Put(std::string_view bytes);
 
     LineWriter file;
+    int failure = 0;
     int column = 1;  // where the next character goes
 };
 

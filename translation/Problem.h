@@ -23,7 +23,7 @@ enum class ProblemKind {
     EscapedError,         // an error that ended a reader or writer: words, and the line when there is one
     FileNotOpened,        // number, words (its description), name
     ExportNotOpened,      // number, name
-    OutputNotPutInPlace,  // name
+    OutputNotPutInPlace,  // name, number
     NoHeader,             // IDEX: no HEADER, LAYERS or DATABASE
     NoLayers,
     NoDatabase,

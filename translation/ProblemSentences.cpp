@@ -15,7 +15,7 @@ constexpr KindSentence sentences[] = {
     {ProblemKind::ExportNotOpened, "ExportNotOpened", ProblemList::Errors, false,
      u"Kon bestand: '{naam}' niet opslaan;\nFoutcode: {getal}", u""},
     {ProblemKind::OutputNotPutInPlace, "OutputNotPutInPlace", ProblemList::Errors, false,
-     u"Kon bestand: '{naam}' niet opslaan", u""},
+     u"Kon bestand: '{naam}' niet opslaan;\nFoutcode: {getal}", u""},
     {ProblemKind::NoHeader, "NoHeader", ProblemList::Errors, false, u"Geen HEADER gevonden in het IDEX bestand", u""},
     {ProblemKind::NoLayers, "NoLayers", ProblemList::Errors, false, u"Geen LAYERS gevonden in het IDEX bestand", u""},
     {ProblemKind::NoDatabase, "NoDatabase", ProblemList::Errors, false, u"Geen DATABASE gevonden in het IDEX bestand",

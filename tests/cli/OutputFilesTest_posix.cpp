@@ -118,7 +118,8 @@ TEST_F(PosixOutputFiles, AFullDiskKeepsAnEarlierGeoPackage) {
 TEST_F(PosixOutputFiles, ALogBookOnAFullDiskIsAFailure) {
     const ProgramResult result = Translate("idex-nen1878", {"--logboek", "/dev/full", "a.idx", "uit.sfn"});
     EXPECT_EQ(result.status, 3);
-    EXPECT_TRUE(Has(result.error, "Het logboek kon niet volledig worden geschreven:\n/dev/full\n")) << result.error;
+    EXPECT_TRUE(Has(result.error, "Het logboek kon niet volledig worden geschreven:\n/dev/full\nSchijf vol\n"))
+        << result.error;
     EXPECT_EQ(folder.Listing(), "a.idx");
 }
 

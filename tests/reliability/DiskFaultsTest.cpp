@@ -50,7 +50,7 @@ TEST_F(DiskFaults, AnOutputFolderThatGoesDuringARunIsAFailedOutput) {
          {Case{"idex-nen1878", smallIdex, "FOUT:  Kon bestand: 'uit/a' niet opslaan; Foutcode: 76\n"},
           Case{"idex-suf2", smallIdex, "FOUT:  Kon bestand: 'uit/a' niet opslaan; Foutcode: 76\n"},
           Case{"nen1878-idex", smallNen1878, "FOUT:  Error:76 - Pad niet gevonden uit/a\n"},
-          Case{"nen1878-idex", ManyPoints(), "FOUT:  Kon bestand: 'uit/a' niet opslaan\n"}}) {
+          Case{"nen1878-idex", ManyPoints(), "FOUT:  Kon bestand: 'uit/a' niet opslaan; Foutcode: 76\n"}}) {
         const ProgramResult result = WhileTheFolderGoes(mode, input);
         EXPECT_EQ(result.status, 3) << mode;
         EXPECT_EQ(result.output, "");

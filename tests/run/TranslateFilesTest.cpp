@@ -98,7 +98,8 @@ TEST_F(TranslateFilesTest, ALogBookThatCannotBeWrittenDoesNotEndTheRun) {
     EXPECT_TRUE(TranslateFiles(translation));
     EXPECT_NE(translation.outputBytes.find("X121000500Y487000250"), std::string::npos);
     EXPECT_TRUE(translation.outcome.logBookFailed);
-    EXPECT_EQ(screen.messages, std::vector<std::string>{"Het logboek kon niet volledig worden geschreven:\n/dev/full"});
+    EXPECT_EQ(screen.messages,
+              std::vector<std::string>{"Het logboek kon niet volledig worden geschreven:\n/dev/full\nSchijf vol"});
 }
 
 TEST_F(TranslateFilesTest, ALogBookThatCannotBeOpenedIsAskedAboutAndAfterCancelNothingIsDone) {
@@ -202,9 +203,9 @@ TEST_F(TranslateFilesTest, AnOutputThatCannotTakeItsPlaceIsToldBehindTheEndOfThe
     translation.LogFileName = logName;
     EXPECT_TRUE(TranslateFiles(translation));
     EXPECT_TRUE(translation.outcome.outputFailed);
-    const std::string message = "Kon bestand: '" + folder.Path() + "/uit.idx' niet opslaan";
-    EXPECT_TRUE(LogText().ends_with("03:00:00\nFOUT:  " + message + "\n")) << LogText();
-    EXPECT_EQ(taking.messages, std::vector<std::string>{message});
+    const std::string message = "Kon bestand: '" + folder.Path() + "/uit.idx' niet opslaan;";
+    EXPECT_TRUE(LogText().ends_with("03:00:00\nFOUT:  " + message + " Foutcode: 75\n")) << LogText();
+    EXPECT_EQ(taking.messages, std::vector<std::string>{message + "\nFoutcode: 75"});
     EXPECT_EQ(folder.Listing(), "in test.log uit.idx");
 }
 
