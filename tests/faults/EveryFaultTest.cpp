@@ -70,17 +70,18 @@ struct Planned {
     std::int64_t number;
 };
 
-std::vector<Planned> AllOf(const Requests& requests) {
+std::vector<Planned> AllOf(const Requests& requests, bool triesMemory) {
     std::vector<Planned> all;
     for (const Way& way : ways) {
+        if (way.operation == Operation::Memory && !triesMemory) continue;
         const std::int64_t count = requests.counts[static_cast<std::size_t>(way.operation)];
         for (std::int64_t number = 1; number <= count; ++number) all.push_back({&way, number});
     }
     return all;
 }
 
-// In the ordinary tests some of them: with a step that depends on how many there are, from a place that differs from one
-// scenario to another.
+// In the ordinary tests some of them: with a step that depends on how many there are, from a place that differs from
+// one scenario to another.
 std::vector<Planned> Some(const std::vector<Planned>& all, const std::string& name, std::size_t most) {
     const std::size_t step = std::max<std::size_t>(1, (all.size() + most - 1) / most);
     std::vector<Planned> some;
@@ -112,7 +113,7 @@ TEST_P(EveryFault, IsSurvivedAndTold) {
     std::size_t requests = 0;
     for (const std::int64_t count : good.requests.counts) requests += static_cast<std::size_t>(count);
     ASSERT_GT(requests, 0U) << "nothing was counted";
-    const std::vector<Planned> planned = Some(AllOf(good.requests), scenario.name, MostRuns());
+    const std::vector<Planned> planned = Some(AllOf(good.requests, scenario.triesMemory), scenario.name, MostRuns());
     std::map<std::string, std::vector<std::string>> complaints;  // by what they have in common
     std::size_t failures = 0;
     for (const auto& [way, number] : planned) {

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <csignal>
 #include <initializer_list>
+#include <sstream>
 
 #include "core/CharacterSet.h"
 
@@ -43,16 +44,29 @@ std::string Told(const Scenario& scenario, const Trial& trial) {
     return told;
 }
 
+// The settings of the window: that they could not be kept is told to nobody, but each value is the old or the new one.
+bool IsSettings(const std::string& name) { return name.ends_with(".reg"); }
+
+bool HasEachLineIn(const std::string& text, const std::string& old, const std::string& now) {
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        if (!Has(old, line) && !Has(now, line)) return false;
+    }
+    return text.ends_with('\n');
+}
+
 bool IsTemporary(const std::string& name) { return Has(name, "~korvande-"); }
 
 // What cannot be told when these are what fails.
 bool HitsStandardStreams(const Trial& trial) { return Has(trial.requests.place, "memfd:"); }
 
+// Also a log book that was to be thrown away.
 bool MayRemain(const Fault& fault) { return fault.operation == Operation::Remove; }
 
 std::string FirstDifference(const Files& expected, const Files& actual) {
     for (const auto& [name, bytes] : expected) {
         const auto found = actual.find(name);
+        if (IsSettings(name)) continue;
         if (found == actual.end()) return name + " is missing";
         if (found->second != bytes) return name + " is another";
     }
@@ -74,18 +88,18 @@ std::string FaultOfFiles(const Scenario& scenario, const Trial& good, const Faul
         const bool isInput = whenGood != good.after.end() && whenGood->second == bytes;
         if (now->second == bytes || isNew) continue;
         if (isInput) return name + " is an input and was changed";
+        if (IsSettings(name) && HasEachLineIn(now->second, bytes, whenGood->second)) continue;
         const bool isTold = trial.status == 1 && IsWhole(now->second);
         if (IsReplaced(name, whenGood->second) && !isTold) return name + " is neither old nor new";
     }
     for (const auto& [name, bytes] : trial.after) {
         if (scenario.before.contains(name)) continue;
-        if (IsTemporary(name)) {
-            if (!MayRemain(fault)) return name + " remains";
-            continue;
-        }
+        if (MayRemain(fault)) continue;
+        if (IsTemporary(name)) return name + " remains";
         const auto whenGood = good.after.find(name);
-        const bool isNew = whenGood != good.after.end() &&
-                           (bytes == whenGood->second || !IsReplaced(name, whenGood->second));
+        const bool isNew =
+            whenGood != good.after.end() && (bytes == whenGood->second || !IsReplaced(name, whenGood->second));
+        if (IsLogBook(bytes) && trial.status > 0) continue;  // one that is thrown away when all goes well
         if (!isNew && (trial.status != 1 || !IsWhole(bytes))) return name + " is not whole";
     }
     return {};
@@ -93,24 +107,39 @@ std::string FaultOfFiles(const Scenario& scenario, const Trial& good, const Faul
 
 // A failed run's log book says so, unless it is the log book that fails, or only what is told after the run.
 std::string FaultOfLogBooks(const Scenario& scenario, const Trial& good, const Fault& fault, const Trial& trial) {
-    if (trial.status != 3 || trial.after == good.after || fault.manner == Manner::FailsFromHereOn) return {};
+    if (trial.status != 3 || fault.manner == Manner::FailsFromHereOn) return {};
     for (const auto& [name, bytes] : trial.after) {
         if (scenario.before.contains(name) || !IsLogBook(bytes)) continue;
+        const auto whenGood = good.after.find(name);
+        if (whenGood != good.after.end() && whenGood->second == bytes) continue;
         const bool itself = Has(trial.requests.place, name) || Has(trial.error, "logboek kon niet volledig");
         if (!itself && !HasAny(bytes, {"FOUT:", "==>"})) return name + " does not tell that the run failed";
     }
     return {};
 }
 
+// As its beginning says how many pages there are.
+bool IsWholeDatabase(const std::string& bytes) {
+    constexpr std::size_t pageSizePlace = 16;
+    constexpr std::size_t pagesPlace = 28;
+    if (!bytes.starts_with("SQLite format 3") || bytes.size() < pagesPlace + 4) return false;
+    const auto number = [&bytes](std::size_t place, int size) {
+        std::size_t value = 0;
+        for (int i = 0; i < size; ++i) value = value << 8U | static_cast<unsigned char>(bytes[place++]);
+        return value;
+    };
+    return number(pageSizePlace, 2) * number(pagesPlace, 4) == bytes.size();
+}
+
 }  // namespace
 
 bool IsReplaced(const std::string& name, const std::string& bytes) {
-    return !IsLogBook(bytes) && !name.ends_with(".csv") && !name.ends_with(".reg");
+    return !IsLogBook(bytes) && !name.ends_with(".csv");
 }
 
 bool IsWhole(const std::string& bytes) {
     return bytes.ends_with("99" + std::string(62, ' ') + "\r\n") || bytes.ends_with("END DATABASE\r\n") ||
-           bytes.ends_with("</svg>\n");
+           bytes.ends_with("</svg>\n") || bytes.ends_with("[End]\r\n") || IsWholeDatabase(bytes);
 }
 
 std::string FaultOf(const Scenario& scenario, const Trial& good, const Fault& fault, const Trial& trial) {
@@ -130,6 +159,7 @@ std::string FaultOf(const Scenario& scenario, const Trial& good, const Fault& fa
     if (isGood) return {};
     if (std::string log = FaultOfLogBooks(scenario, good, fault, trial); !log.empty()) return log;
     if (HitsStandardStreams(trial) || fault.manner == Manner::FailsFromHereOn) return {};
+    if (MayRemain(fault)) return {};
     if (trial.status == 0) return "nobody is told that " + difference;
     return NamesCause(Told(scenario, trial), fault.error) ? "" : "no word of the cause";
 }

@@ -78,24 +78,24 @@ struct Kind {
     Operation operation;
 };
 constexpr std::array kinds = {
-    Kind{SYS_open, Operation::Open},           Kind{SYS_openat, Operation::Open},
-    Kind{SYS_creat, Operation::Create},        Kind{SYS_mkdir, Operation::Create},
-    Kind{SYS_mkdirat, Operation::Create},      Kind{SYS_read, Operation::Read},
-    Kind{SYS_pread64, Operation::Read},        Kind{SYS_readv, Operation::Read},
-    Kind{SYS_write, Operation::Write},         Kind{SYS_pwrite64, Operation::Write},
-    Kind{SYS_writev, Operation::Write},        Kind{SYS_ftruncate, Operation::Resize},
-    Kind{SYS_truncate, Operation::Resize},     Kind{SYS_fallocate, Operation::Resize},
-    Kind{SYS_fsync, Operation::Flush},         Kind{SYS_fdatasync, Operation::Flush},
-    Kind{SYS_close, Operation::Close},         Kind{SYS_rename, Operation::Rename},
-    Kind{SYS_renameat, Operation::Rename},     Kind{SYS_renameat2, Operation::Rename},
-    Kind{SYS_unlink, Operation::Remove},       Kind{SYS_unlinkat, Operation::Remove},
-    Kind{SYS_rmdir, Operation::Remove},        Kind{SYS_stat, Operation::Look},
-    Kind{SYS_lstat, Operation::Look},          Kind{SYS_fstat, Operation::Look},
-    Kind{SYS_newfstatat, Operation::Look},     Kind{SYS_statx, Operation::Look},
-    Kind{SYS_access, Operation::Look},         Kind{SYS_faccessat, Operation::Look},
-    Kind{SYS_faccessat2, Operation::Look},     Kind{SYS_readlink, Operation::Look},
-    Kind{SYS_readlinkat, Operation::Look},     Kind{SYS_getdents64, Operation::List},
-    Kind{SYS_fchmod, Operation::Rights},       Kind{SYS_fchown, Operation::Rights},
+    Kind{SYS_open, Operation::Open},       Kind{SYS_openat, Operation::Open},
+    Kind{SYS_creat, Operation::Create},    Kind{SYS_mkdir, Operation::Create},
+    Kind{SYS_mkdirat, Operation::Create},  Kind{SYS_read, Operation::Read},
+    Kind{SYS_pread64, Operation::Read},    Kind{SYS_readv, Operation::Read},
+    Kind{SYS_write, Operation::Write},     Kind{SYS_pwrite64, Operation::Write},
+    Kind{SYS_writev, Operation::Write},    Kind{SYS_ftruncate, Operation::Resize},
+    Kind{SYS_truncate, Operation::Resize}, Kind{SYS_fallocate, Operation::Resize},
+    Kind{SYS_fsync, Operation::Flush},     Kind{SYS_fdatasync, Operation::Flush},
+    Kind{SYS_close, Operation::Close},     Kind{SYS_rename, Operation::Rename},
+    Kind{SYS_renameat, Operation::Rename}, Kind{SYS_renameat2, Operation::Rename},
+    Kind{SYS_unlink, Operation::Remove},   Kind{SYS_unlinkat, Operation::Remove},
+    Kind{SYS_rmdir, Operation::Remove},    Kind{SYS_stat, Operation::Look},
+    Kind{SYS_lstat, Operation::Look},      Kind{SYS_fstat, Operation::Look},
+    Kind{SYS_newfstatat, Operation::Look}, Kind{SYS_statx, Operation::Look},
+    Kind{SYS_access, Operation::Look},     Kind{SYS_faccessat, Operation::Look},
+    Kind{SYS_faccessat2, Operation::Look}, Kind{SYS_readlink, Operation::Look},
+    Kind{SYS_readlinkat, Operation::Look}, Kind{SYS_getdents64, Operation::List},
+    Kind{SYS_fchmod, Operation::Rights},   Kind{SYS_fchown, Operation::Rights},
 };
 
 Operation OperationOf(const Call& call) {
@@ -125,12 +125,13 @@ void NotePlace(const Call& call) {
                       call.number == SYS_faccessat || call.number == SYS_faccessat2 || call.number == SYS_statx;
     const auto* const name = reinterpret_cast<const char*>(call.arguments[isAt ? 1 : 0]);
     const Operation operation = OperationOf(call);
-    const bool isOpen = operation == Operation::Read || operation == Operation::Write || operation == Operation::Flush ||
-                        operation == Operation::Close || operation == Operation::List ||
-                        operation == Operation::Rights || call.number == SYS_ftruncate || call.number == SYS_fstat;
+    const bool isOpen = operation == Operation::Read || operation == Operation::Write ||
+                        operation == Operation::Flush || operation == Operation::Close ||
+                        operation == Operation::List || operation == Operation::Rights ||
+                        call.number == SYS_ftruncate || call.number == SYS_fstat;
     const bool isUnnamed = call.number == SYS_newfstatat && name != nullptr && *name == '\0';
     if (!isOpen && !isUnnamed) {
-        std::strncpy(requests.place, name, sizeof requests.place - 1);
+        std::strncpy(requests.place, name == nullptr ? "?" : name, sizeof requests.place - 1);
         return;
     }
     char path[64];
@@ -298,7 +299,8 @@ void HandOver() {
 }
 
 void* SharedMemory(std::size_t size) {
-    void* const memory = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    void* const memory =
+        ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     Require(memory != MAP_FAILED, "mmap");
     return memory;
 }

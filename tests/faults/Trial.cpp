@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -32,6 +33,20 @@ std::string BytesIn(int file) {
     std::string bytes(static_cast<std::size_t>(::lseek(file, 0, SEEK_END)), '\0');
     if (::pread(file, bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) return "(unread)";
     return bytes;
+}
+
+std::map<std::uint64_t, std::string> NumbersBelow(const std::string& folder) {
+    std::map<std::uint64_t, std::string> numbers;
+    const auto add = [&](const fs::path& path, const std::string& name) {
+        struct stat status {};
+        if (::stat(path.c_str(), &status) == 0) numbers[status.st_ino] = name;
+    };
+    add(folder, "");
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        const std::string name = entry.path().lexically_relative(folder).generic_string();
+        add(entry.path(), entry.is_directory() ? name + "/" : name);
+    }
+    return numbers;
 }
 
 }  // namespace
@@ -68,6 +83,8 @@ void Bench::BeTheProgram(const std::function<void()>& prepare) const noexcept {
 
 Trial Bench::Do(const std::function<void()>& prepare) {
     if (!isLaidOut) LayOut();
+    Trial trial;
+    trial.numbers = NumbersBelow(folder.Path());
     Empty(output);
     Empty(error);
     SharedRequests() = {};
@@ -78,7 +95,6 @@ Trial Bench::Do(const std::function<void()>& prepare) {
     int status = 0;
     while (::waitpid(process, &status, 0) < 0) {
     }
-    Trial trial;
     trial.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     trial.output = BytesIn(output);
     trial.error = BytesIn(error);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 
 #include "tests/cli/GoldenCases.h"
@@ -14,6 +16,7 @@ struct Scenario {
     std::string name;
     Files before;
     std::function<int()> run;
+    bool triesMemory = true;  // whether requests for memory go wrong too
 };
 
 // What came of it.
@@ -23,12 +26,19 @@ struct Trial {
     std::string error;
     Files after;
     Requests requests{};
+    std::map<std::uint64_t, std::string> numbers;  // of the files and folders before, by which the system knows them
 };
 
 // A folder in which a scenario is tried again and again.
 class Bench {
  public:
     explicit Bench(const Scenario& itsScenario);
+
+    // Tries another one from here on.
+    void Take(const Scenario& newScenario) {
+        scenario = newScenario;
+        isLaidOut = false;
+    }
 
     Trial Try(const Fault& fault = {}) {
         return Do([&fault] { BeginRequests(fault); });
