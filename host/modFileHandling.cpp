@@ -260,6 +260,8 @@ void PutFileAt(TextView from, TextView to, Replace replace) {
     const OwnChange arriving(ToUtf8(NameOf(target)));
     std::error_code problem;
     fs::rename(source, target, problem);
+    // What was written is gone with its folder.
+    if (problem == std::errc::no_such_file_or_directory) throw RuntimeError(errors::pathNotFound);
     if (problem) throw SystemError(problem);
 }
 

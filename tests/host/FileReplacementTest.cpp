@@ -64,7 +64,7 @@ TEST_F(Replacement, APlaceThatAFolderTookMeanwhileIsAnErrorAndNothingStays) {
     replacement.Open(writer);
     writer.Close();
     std::filesystem::create_directory(folder.Path() + "/kaart.sfn");
-    EXPECT_EQ(ErrorOf([&] { replacement.PutInPlace(); }), errors::accessDenied);
+    EXPECT_EQ(ErrorOf([&] { replacement.PutInPlace(); }), errors::pathAccess);
     EXPECT_EQ(folder.Listing(), "kaart.sfn");
 }
 

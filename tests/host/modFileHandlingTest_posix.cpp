@@ -11,6 +11,8 @@
 
 #include "core/LineReader.h"
 #include "core/NativePath.h"
+#include "core/RuntimeError.h"
+#include "tests/core/ErrorOf.h"
 #include "tests/support/RecordingScreen.h"
 #include "tests/support/TestFiles.h"
 
@@ -92,7 +94,8 @@ TEST_F(PosixFiles, LinksAndDrivesLeadToTheSameFile) {
 
 TEST_F(PosixFiles, ADriveWithoutAFolderHasNoFiles) {
     const EnvironmentValue noDrive("KORVANDE_DRIVE_Q", std::nullopt);
-    EXPECT_EQ(TemporaryNameBeside(u"Q:\\KAART.SFN"), u"");
+    EXPECT_EQ(ErrorOf([] { TemporaryNameBeside(u"Q:\\KAART.SFN"); }), errors::deviceNotReady);
+    EXPECT_TRUE(FileIsMissing(u"Q:\\KAART.SFN"));
     EXPECT_FALSE(IsRegularFileOrMissing(u"Q:\\KAART.SFN"));
 }
 
