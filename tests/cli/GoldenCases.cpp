@@ -38,9 +38,7 @@ std::vector<std::string> Words(const std::string& line) {
 
 }  // namespace
 
-fs::path GoldenFolder(const std::string& name) {
-    return fs::path(KORVANDE_SOURCE_DIR) / "tests" / "golden" / name;
-}
+fs::path GoldenFolder(const std::string& name) { return fs::path(KORVANDE_SOURCE_DIR) / "tests" / "golden" / name; }
 
 std::vector<std::string> GoldenNames() {
     std::vector<std::string> names;
@@ -51,7 +49,9 @@ std::vector<std::string> GoldenNames() {
     return names;
 }
 
-std::vector<std::string> GoldenWords(const std::string& name) { return Words(BytesOf(GoldenFolder(name) / optionsFile)); }
+std::vector<std::string> GoldenWords(const std::string& name) {
+    return Words(BytesOf(GoldenFolder(name) / optionsFile));
+}
 
 void LayOutInputs(const std::string& name, const fs::path& folder) {
     for (const auto& entry : fs::directory_iterator(GoldenFolder(name))) {

@@ -60,6 +60,15 @@ bool IsTemporary(const std::string& name) { return Has(name, "~korvande-"); }
 // What cannot be told when these are what fails.
 bool HitsStandardStreams(const Trial& trial) { return Has(trial.requests.place, "memfd:"); }
 
+// What other libraries read by themselves, such as fonts: how they go on is theirs to say.
+bool HitsSystemFiles(const Trial& trial) {
+    const std::string place = trial.requests.place;
+    return place.starts_with("/usr/") || place.starts_with("/etc/") || place.starts_with("/var/");
+}
+
+// A window whose settings cannot be read does not find LISCAD, and says that.
+bool HitsSettings(const Trial& trial) { return IsSettings(trial.requests.place); }
+
 // Also a log book that was to be thrown away.
 bool MayRemain(const Fault& fault) { return fault.operation == Operation::Remove; }
 
@@ -99,7 +108,8 @@ std::string FaultOfFiles(const Scenario& scenario, const Trial& good, const Faul
         const auto whenGood = good.after.find(name);
         const bool isNew =
             whenGood != good.after.end() && (bytes == whenGood->second || !IsReplaced(name, whenGood->second));
-        if (IsLogBook(bytes) && trial.status > 0) continue;  // one that is thrown away when all goes well
+        if ((IsLogBook(bytes) || name.ends_with(".LOG")) && trial.status > 0)
+            continue;  // one that is thrown away when all goes well
         if (!isNew && (trial.status != 1 || !IsWhole(bytes))) return name + " is not whole";
     }
     return {};
@@ -151,14 +161,16 @@ std::string FaultOf(const Scenario& scenario, const Trial& good, const Fault& fa
     // How many requests there are depends a little on how fast the run is, for what it keeps of folders ages.
     const bool isNoFailure = !trial.requests.isStruck || fault.manner == Manner::IsShort ||
                              (fault.manner == Manner::IsInterrupted && !HitsStandardStreams(trial));
-    if (isNoFailure) {
+    if (isNoFailure && !HitsSystemFiles(trial)) {
         if (!isGood) return "status " + std::to_string(trial.status) + ", " + difference;
         return trial.error == good.error ? "" : "other messages";
     }
     if (std::string files = FaultOfFiles(scenario, good, fault, trial); !files.empty()) return files;
     if (isGood) return {};
     if (std::string log = FaultOfLogBooks(scenario, good, fault, trial); !log.empty()) return log;
-    if (HitsStandardStreams(trial) || fault.manner == Manner::FailsFromHereOn) return {};
+    if (HitsStandardStreams(trial) || HitsSystemFiles(trial) || HitsSettings(trial) ||
+        fault.manner == Manner::FailsFromHereOn)
+        return {};
     if (MayRemain(fault)) return {};
     if (trial.status == 0) return "nobody is told that " + difference;
     return NamesCause(Told(scenario, trial), fault.error) ? "" : "no word of the cause";
