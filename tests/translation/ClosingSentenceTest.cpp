@@ -45,6 +45,31 @@ TEST_F(ClosingSentenceTest, ObjectsThatTheSettingsLeftOutAreNotLost) {
     EXPECT_TRUE(WentWell(translation));
 }
 
+TEST_F(ClosingSentenceTest, APointThatIsLostCountsAsAnyOther) {
+    LeaveOut(translation, ObjectKind::Point, LeftOut::NoReference);
+    EXPECT_EQ(ObjectsLost(translation), 1);
+}
+
+TEST_F(ClosingSentenceTest, TheLineOfAnOutputAddsUpTheObjectsOfAllKinds) {
+    translation.SufNenFileName = u"/kaarten/straat.sfn";
+    translation.account[ObjectKind::Point] = {.read = 400, .written = 398};
+    translation.account[ObjectKind::TextObject] = {.read = 14, .written = 13};
+    translation.account[ObjectKind::Other] = {.read = 1, .written = 1};
+    EXPECT_EQ(ToUtf8(OutcomeLine(translation)), "412 van 415 objecten vertaald, 3 weggelaten, 0 fouten — straat.sfn");
+}
+
+TEST_F(ClosingSentenceTest, TheLineOfAnOutputTellsOneInTheSingular) {
+    translation.SufNenFileName = u"straat.sfn";
+    translation.account[ObjectKind::Arc].read = 1;
+    Report(translation, {.kind = ProblemKind::InvalidArc});
+    EXPECT_EQ(ToUtf8(OutcomeLine(translation)), "0 van 1 object vertaald, 1 weggelaten, 1 fout — straat.sfn");
+}
+
+TEST_F(ClosingSentenceTest, TheLineOfAnOutputThatWasNotMadeSaysWhy) {
+    translation.outcome.cancelled = true;
+    EXPECT_EQ(OutcomeLine(translation), ClosingSentence(translation));
+}
+
 TEST_F(ClosingSentenceTest, ARunThatFailedSaysWhy) {
     const auto said = [this](bool RunOutcome::*what) {
         translation.outcome = {};

@@ -66,6 +66,18 @@ TEST_F(LogBookTest, EmptyLinesBehindAFinishedLineAreJustThat) {
     EXPECT_EQ(Bytes(), "heel\r\n\r\n\r\n");
 }
 
+TEST_F(LogBookTest, ALineOfOneCharacterIsEndedToo) {
+    log.Write(u"x");
+    log.WriteEmptyLines(1);
+    EXPECT_EQ(Bytes(), "x\r\n\r\n");
+}
+
+TEST_F(LogBookTest, WhatIsDroppedTakesNoColumns) {
+    log.Close();
+    log.Write(u"na");
+    EXPECT_EQ(log.Column(), 1);
+}
+
 TEST_F(LogBookTest, ATextGoesToItsPrintColumn) {
     log.WriteAtColumn(5, u"GEEN");
     log.WriteAtColumn(12, u"x");
@@ -106,6 +118,7 @@ TEST_F(LogBookTest, WhatIsWrittenWhileItIsNotOpenIsDropped) {
 
 TEST_F(LogBookTest, ALogBookThatWasNeverOpenedTakesWhatIsWritten) {
     LogBook unopened;
+    EXPECT_EQ(unopened.Column(), 1);
     unopened.WriteLine(u"nergens");
     unopened.WriteError(u"nergens");
     unopened.Close();

@@ -57,12 +57,13 @@ TEST(ObjectAccount, TheTotalAddsUpAllKindsAndReasons) {
     account[ObjectKind::Other] = {.read = 20, .kept = 10, .written = 4};
     account.Leave(ObjectKind::Point, LeftOut::Dummy, 2);
     account.Leave(ObjectKind::Other, LeftOut::Dummy, 30);
+    account.Leave(ObjectKind::Arc, LeftOut::UnknownCode, 1000);
     account.Leave(ObjectKind::Arc, LeftOut::Unfinished, 100);
     const KindAccount total = account.Total();
     EXPECT_EQ(total.read, 25);
     EXPECT_EQ(total.kept, 13);
     EXPECT_EQ(total.written, 5);
-    EXPECT_EQ(total.LeftOutTotal(), 132);
+    EXPECT_EQ(total.LeftOutTotal(), 1132);
     EXPECT_EQ(total.leftOut[static_cast<std::size_t>(LeftOut::Dummy)], 32);
 }
 

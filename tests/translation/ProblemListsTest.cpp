@@ -42,6 +42,44 @@ TEST_F(ProblemLists, ProblemsOfOneKindAreALineWithTheirCountAndTheirFirstLine) {
     EXPECT_EQ(Loss(), (Lines{"3 punten zonder coördinaten (de eerste op regel 17)"}));
 }
 
+TEST_F(ProblemLists, TheFirstLineOfAllIsALineToo) {
+    Tell(translation, {.kind = ProblemKind::ShortLine, .line = 1});
+    Tell(translation, {.kind = ProblemKind::RestNotRead, .line = 1});
+    EXPECT_EQ(Loss(), (Lines{"1 te korte regel overgeslagen (op regel 1)",
+                             "de rest van het bestand is niet gelezen, vanaf regel 1"}));
+}
+
+TEST_F(ProblemLists, AProblemWithoutALineChangesNothingOfTheFirst) {
+    for (const std::int64_t line : {0, 5, 0, 1, 0}) {
+        Tell(translation, {.kind = ProblemKind::NoCoordinates, .object = ObjectKind::Point, .line = line});
+        if (line == 5) {
+            EXPECT_EQ(Loss(), Lines{"2 punten zonder coördinaten (de eerste op regel 5)"});
+        }
+    }
+    EXPECT_EQ(Loss(), Lines{"5 punten zonder coördinaten (de eerste op regel 1)"});
+}
+
+TEST_F(ProblemLists, AnObjectWithoutALineChangesNothingOfTheFirst) {
+    for (const std::int64_t line : {0, 0, 5, 0, 1, 0}) {
+        LeaveOut(translation, ObjectKind::Point, LeftOut::Dummy, line);
+        if (line == 5) {
+            EXPECT_EQ(Wanted(), Lines{"3 punten van het type DUMMY (de eerste op regel 5)"});
+        }
+    }
+    EXPECT_EQ(Wanted(), Lines{"6 punten van het type DUMMY (de eerste op regel 1)"});
+}
+
+TEST_F(ProblemLists, AnObjectIsOfTheLineBeingReadUnlessItHasOne) {
+    const auto leaveOutAt = [this](std::int64_t inputLine, std::int64_t line) {
+        translation.inputLine = inputLine;
+        LeaveOut(translation, ObjectKind::Point, LeftOut::Dummy, line);
+        return Wanted().front();
+    };
+    EXPECT_EQ(leaveOutAt(8, 0), "1 punt van het type DUMMY (op regel 8)");
+    EXPECT_EQ(leaveOutAt(3, 0), "2 punten van het type DUMMY (de eerste op regel 3)");
+    EXPECT_EQ(leaveOutAt(9, 1), "3 punten van het type DUMMY (de eerste op regel 1)");
+}
+
 TEST_F(ProblemLists, ASingleProblemIsToldInTheSingular) {
     Tell(translation, {.kind = ProblemKind::NoCoordinates, .object = ObjectKind::Point, .line = 17});
     Tell(translation, {.kind = ProblemKind::NumberTwice});
@@ -102,6 +140,22 @@ TEST_F(ProblemLists, EveryReasonToLeaveAnObjectOutHasAKindOfProblem) {
     }
 }
 
+TEST_F(ProblemLists, OnlyAPolygonIsAKindThatIsNeverTranslated) {
+    EXPECT_EQ(KindOf(LeftOut::NotTranslated, ObjectKind::Polygon), ProblemKind::PolygonNotTranslated);
+    EXPECT_EQ(KindOf(LeftOut::NotTranslated, ObjectKind::Other), ProblemKind::KindNotTranslated);
+}
+
+TEST_F(ProblemLists, AnErrorOrDamageMustBeLookedIntoAndOtherLossNot) {
+    EXPECT_FALSE(translation.problems.HasFaults());
+    Tell(translation, {.kind = ProblemKind::NumberTwice});
+    EXPECT_FALSE(translation.problems.HasFaults());
+    Problems damaged;
+    damaged.Add({.kind = ProblemKind::RestNotRead});
+    EXPECT_TRUE(damaged.HasFaults());
+    Report(translation, {.kind = ProblemKind::InvalidArc});
+    EXPECT_TRUE(translation.problems.HasFaults());
+}
+
 TEST_F(ProblemLists, DamageOfTheInputStandsFirst) {
     Tell(translation, {.kind = ProblemKind::NumberTwice, .line = 3});
     EXPECT_TRUE(translation.problems.HasLoss());
@@ -140,6 +194,17 @@ TEST_F(ProblemLists, ThoseOfSeveralTranslationsAddUpWithoutTheirLines) {
     EXPECT_EQ(InUtf8(all.Lines(ProblemList::Wanted)), (Lines{"het bestand is gelezen als UTF-8 (2 maal)"}));
 }
 
+TEST_F(ProblemLists, WhatATranslationHasOnceIsToldWithoutACount) {
+    const Problem problem{.kind = ProblemKind::RestNotRead, .line = 12};
+    for (int i = 0; i < 2; ++i) translation.problems.Add(problem);
+    EXPECT_EQ(Loss(), Lines{"de rest van het bestand is niet gelezen, vanaf regel 12"});
+    Problems one;
+    one.Add(problem);
+    Problems sum;
+    sum.AddAll(one);
+    EXPECT_EQ(InUtf8(sum.Lines(ProblemList::Loss)), Lines{"de rest van het bestand is niet gelezen"});
+}
+
 TEST_F(ProblemLists, BehindTwentyDifferentWordsTheOthersAreToldTogether) {
     for (int i = 0; i < 100; ++i) {
         Tell(translation, {.kind = ProblemKind::RecordPassedOver, .words = Concat(10 + i), .line = i + 1});
@@ -162,10 +227,22 @@ TEST_F(ProblemLists, WhoListensHearsEachOfThem) {
     EXPECT_EQ(translation.problems.errors, 0);
 }
 
+TEST_F(ProblemLists, WhoListensHearsOfEachObjectThatIsLeftOut) {
+    int told = 0;
+    translation.problems.onProblem = [&told](const Problem&) { ++told; };
+    for (int i = 0; i < 3; ++i) LeaveOut(translation, ObjectKind::Point, LeftOut::Dummy, 4);
+    EXPECT_EQ(told, 3);
+    EXPECT_EQ(Wanted(), Lines{"3 punten van het type DUMMY (de eerste op regel 4)"});
+}
+
 TEST_F(ProblemLists, ObjectsThatTheEndOfTheRunLeftAreToldByTheirNumber) {
+    translation.account[ObjectKind::LineSegment].read = 12;
+    translation.account[ObjectKind::Arc].read = 1;
     LeaveUnfinished(translation, ObjectKind::LineSegment, 12);
+    LeaveUnfinished(translation, ObjectKind::Arc, 1);
     LeaveUnfinished(translation, ObjectKind::Point, 0);
-    EXPECT_EQ(Loss(), (Lines{"12 lijnsegmenten niet voltooid"}));
+    EXPECT_EQ(Loss(), (Lines{"12 lijnsegmenten niet voltooid", "1 boog niet voltooid"}));
+    EXPECT_TRUE(translation.account.Balances());
 }
 
 TEST_F(ProblemLists, ARunWithoutLossGetsNoBlock) {
@@ -175,6 +252,7 @@ TEST_F(ProblemLists, ARunWithoutLossGetsNoBlock) {
 
 TEST_F(ProblemLists, TheBlockHoldsTheListsAndTheAccountBehindEmptyLines) {
     translation.account[ObjectKind::Point] = {.read = 5, .written = 4};
+    translation.account[ObjectKind::Arc] = {.read = 2, .written = 2};
     LeaveOut(translation, ObjectKind::Point, LeftOut::Dummy, 3);
     Tell(translation, {.kind = ProblemKind::NoCoordinates, .object = ObjectKind::Point, .line = 17}, 3);
     EXPECT_EQ(Block(),
@@ -186,7 +264,8 @@ TEST_F(ProblemLists, TheBlockHoldsTheListsAndTheAccountBehindEmptyLines) {
               "  1 punt van het type DUMMY (op regel 3)\n"
               "\n"
               "Objectbalans:\n"
-              "Punten: 5 gelezen, 4 geschreven, 1 weggelaten (1 type DUMMY)\n");
+              "Punten: 5 gelezen, 4 geschreven, 1 weggelaten (1 type DUMMY)\n"
+              "Bogen: 2 gelezen, 2 geschreven, 0 weggelaten\n");
 }
 
 TEST_F(ProblemLists, AnEmptySecondListHasNoTitle) {

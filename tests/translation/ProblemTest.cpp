@@ -91,6 +91,11 @@ TEST(Problem, WhatVariesIsTakenAsItIsWhateverItsCharacters) {
     EXPECT_EQ(Sentence(problem), u"Error:-1 - {naam}\n{getal}.idx");
 }
 
+TEST(Problem, ANumberThatNobodyGaveIsNought) {
+    EXPECT_EQ(Sentence({.kind = ProblemKind::ExportNotOpened, .name = u"A"}),
+              u"Kon bestand: 'A' niet opslaan;\nFoutcode: 0");
+}
+
 TEST(Problem, AnErrorThatEscapesIsToldByItsDescription) {
     const Problem problem = EscapedError(RuntimeError(errors::subscriptOutOfRange));
     EXPECT_EQ(problem.kind, ProblemKind::EscapedError);

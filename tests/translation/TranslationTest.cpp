@@ -32,6 +32,10 @@ TEST_F(TranslationStateTest, ItBeginsWithAProjectsBeginnings) {
     EXPECT_EQ(&translation.screen, &screen);
     EXPECT_FALSE(translation.outcome.Failed());
     EXPECT_TRUE(translation.account.Balances());
+    EXPECT_TRUE(translation.withDiagnosticFiles);
+    EXPECT_FALSE(translation.readsWithoutLayers);
+    EXPECT_FALSE(translation.keepsUnknownCodes);
+    EXPECT_EQ(translation.crossingsFound, 0);
 }
 
 TEST_F(TranslationStateTest, ItTakesAProjectsTablesAsGridsWouldGiveThemBack) {
@@ -52,6 +56,15 @@ TEST_F(TranslationStateTest, ItTakesAProjectsTablesAsGridsWouldGiveThemBack) {
     EXPECT_EQ(made.codes.points.rows[1].Description.TrimmedRight(), u"Boom");
     EXPECT_EQ(made.codes.points.rows[1].Count, 0);
     EXPECT_EQ(project.codes.points.rows[1].Count, 7) << "the project itself stays as it is";
+}
+
+TEST_F(TranslationStateTest, TablesThatServedAnotherTranslationBeginWithoutItsCounts) {
+    Project project;
+    ResetProject(project);
+    CodeTables tables = FreshTables(project);
+    CountUse(tables.points, 0, 7);
+    const Translation made(screen, project, std::move(tables));
+    EXPECT_EQ(made.codes.points.rows[0].Count, 0);
 }
 
 TEST_F(TranslationStateTest, TheModeTellsWhichNameIsTheInputs) {
