@@ -86,6 +86,8 @@ TEST_F(CellCheck, WhatComesBackIsNotRefused) {
         TextView text;
     } cells[] = {{Grid::Description, u"\"BOOM, LOOF\""},
                  {Grid::Description, u"\"EEN \"\"BOOM\"\", LOOF\" OF NIET"},
+                 {Grid::Description, u"\"DE \"\"BOOM\"\"\""},
+                 {Grid::Description, u"\"BOOM,\""},
                  {Grid::Description, u"ZOGENAAMD \"BOOM\""},
                  {Grid::Description, u"A=B [X] UNKNOWN"},
                  {Grid::Lki, u"[X=1"},
@@ -101,6 +103,13 @@ TEST_F(CellCheck, WhatComesBackIsNotRefused) {
         EXPECT_EQ(ToUtf8(WhyCellIsRefused(column, u"-3,5 #\"")), "");
         EXPECT_EQ(AfterSaveAndLoad(column, u"-3,5 #\""), u"-3");
     }
+}
+
+TEST_F(CellCheck, TextsHaveWidthsAndNumbersNone) {
+    for (std::size_t column = 0; column < textWidths.size(); ++column) {
+        EXPECT_EQ(WidthOfColumn(static_cast<Grid::Column>(column)), textWidths[column]);
+    }
+    for (const Grid::Column column : {Grid::P, Grid::I, Grid::B}) EXPECT_EQ(WidthOfColumn(column), 0U);
 }
 
 // Cells of any characters that mean something to a control table, or to the files of the system.

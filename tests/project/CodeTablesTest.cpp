@@ -185,6 +185,14 @@ TEST_F(CodeTablesTest, AResetTableIsNotMetByAnOldMemory) {
     EXPECT_EQ(FindLiscadCode(pointTable, Key(u"A")), 1);
 }
 
+TEST_F(CodeTablesTest, ANewTableHasSearchedNothingAndRemembersNothing) {
+    CodeTable table(u'P');
+    EXPECT_EQ(table.byLiscad.SearchCount(), 0);
+    table.rows.resize(2);
+    EXPECT_EQ(FindLiscadCode(table, table.rows[1].LiscadCode), 1) << "a code that was never filled is one too";
+    EXPECT_EQ(table.byLiscad.SearchCount(), 1);
+}
+
 TEST_F(CodeTablesTest, CaseMatters) {
     AddRow(pointTable, u"AB", u"Q1");
     EXPECT_EQ(FindLiscadCode(pointTable, Key(u"ab")), 0);

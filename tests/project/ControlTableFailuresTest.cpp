@@ -38,6 +38,13 @@ class ControlTableFailures : public ProjectTest {
         EXPECT_EQ(pointerScreen.boxes.back().buttons, Buttons::RetryCancel);
     }
 
+    // So many that events come while they are read, now and then.
+    static std::string ManyLines() {
+        std::string lines;
+        for (int i = 0; i < 20'000; ++i) lines += "; een regel\n";
+        return lines;
+    }
+
     PointerScreen pointerScreen;
     std::vector<std::string>& messages = pointerScreen.messages;
 };
@@ -163,10 +170,17 @@ TEST_F(ControlTableFailures, WaitingEventsRunDuringALoad) {
     EXPECT_GT(pointerScreen.pumps, 0);
 }
 
+TEST_F(ControlTableFailures, ALoadThatFailsHalfWayLeavesTheResetState) {
+    const Text name = folder.Write("lang.nst", "[Export]\nIncludeUnknown = 1\n" + ManyLines());
+    pointerScreen.onPump = [] { throw RuntimeError(errors::outOfMemory); };
+    // Events come by time, so that some loads may be done before.
+    for (int i = 0; i < 1000 && LoadFile(name); ++i) messages.clear();
+    EXPECT_EQ(messages.size(), 1U);
+    EXPECT_FALSE(options.chkExportUnknowns);
+}
+
 TEST_F(ControlTableFailures, ALoadThatAPersonEndsIsNoError) {
-    std::string lines;
-    for (int i = 0; i < 20'000; ++i) lines += "; een regel\n";
-    const Text name = folder.Write("lang.nst", lines);
+    const Text name = folder.Write("lang.nst", ManyLines());
     pointerScreen.onPump = [] { throw TranslationAborted(); };
     const std::ptrdiff_t before = OpenFiles();
     bool aborted = false;

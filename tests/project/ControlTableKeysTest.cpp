@@ -88,6 +88,13 @@ TEST_F(ControlTable, OnlyFileNonePrinterAreListingDestinationsBesideTheScreen) {
     }
 }
 
+TEST_F(ControlTable, TheListingDestinationIsNoCheckBoxAndNoKeyOfTheOwner) {
+    Load("[NEN1878]\nReporting = Printer\nTown = ELDERS\n[End]\n");
+    EXPECT_TRUE(options.optReportPrinter);
+    Load("[NEN1878]\nReporting = 0\n[End]\n");
+    EXPECT_TRUE(options.optReportScreen);
+}
+
 TEST_F(ControlTable, AnOlderFolderKeyFillsTheIdexNameOnlyWhenThatIsEmpty) {
     Load("[NEN1878]\nIDEXFile = \nSUF2Path = d:\\werk\\\n[End]\n");
     EXPECT_EQ(options.txtFileSUFNEN, u"D:\\WERK\\Voorbeeld.sfn");

@@ -19,6 +19,10 @@ TEST_F(ControlTable, TheOlderRotatedPointTypeIsRenamed) {
     EXPECT_EQ(UnknownRow('P', "UNKNOWN = AB, ROT.PUN, PUNT, X, 1, 2, 3\n"), "AB|ROT.PNT|PUNT|X|1|2|3");
 }
 
+TEST_F(ControlTable, TheOlderTypeIsRenamedInAShortRowToo) {
+    EXPECT_EQ(Rows('P', "AB = Q20, ROT.PUN\n"), "AB|Q20|ROT.PNT|0|0|0|0\n");
+}
+
 TEST_F(ControlTable, MissingNumbersAreZero) {
     EXPECT_EQ(Rows('T', "T1 = Z19, NAAM\n"), "T1|Z19||NAAM|0|0|0\n");
     EXPECT_EQ(Rows('P', "AB = Q20, PUNT, BOOM\n"), "AB|Q20|PUNT|BOOM|0|0|0\n");
@@ -54,6 +58,9 @@ TEST_F(ControlTable, AMissingLastFieldOfTheUnknownRowLeavesWhatIsThere) {
     EXPECT_EQ(UnknownRow('P', "Unknown = A, Q9, PUNT, X, 1, 2, 3\nUnknown = B, Q8, DUMMY, Y, 4, 5\n"),
               "B|Q8|DUMMY|Y|4|5|3");
     EXPECT_EQ(UnknownRow('T', "Unknown = A, Z9, X, 1, 2, 3\nUnknown = B, Z8, Y, 4, 5\n"), "B|Z8||Y|4|5|3");
+    EXPECT_EQ(UnknownRow('P', "Unknown = A, Q9, PUNT, X, 1, 2, 3\nUnknown = B, Q8, DUMMY, Y, 4\n"),
+              "B|Q8|DUMMY|Y|4|0|0");
+    EXPECT_EQ(UnknownRow('T', "Unknown = A, Z9, X, 1, 2, 3\nUnknown = B, Z8, Y, 4\n"), "B|Z8||Y|4|0|0");
     EXPECT_EQ(UnknownRow('P', "Unknown = A, Q9, PUNT, X\n"), "A|Q9|PUNT|X|0|0|0");
     EXPECT_EQ(UnknownRow('P', "Unknown = A\n"), "A|0|0|0|0|0|0");
     EXPECT_EQ(UnknownRow('L', "Unknown =\n"), "0|0|0|ONBEKEND LIJNOBJECT|0|0|0");
