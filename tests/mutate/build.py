@@ -13,6 +13,7 @@ root = pathlib.Path(__file__).resolve().parents[2]
 rooms = ("project", "translation", "idex", "nensuf")
 folder = root / "build/mutate"
 sources = folder / "sources"
+commands = folder / "compile_commands.json"
 complaint = re.compile(r"^(?:\S*/)?sources/(\S+?):(\d+):(\d+): (?:error: |  required from here)", re.M)
 
 
@@ -24,8 +25,8 @@ def files():
 
 def arguments():
     """How a compiler finds what the rooms include, as CMake tells it."""
-    commands = json.loads((folder / "compile_commands.json").read_text())
-    words = shlex.split(next(entry["command"] for entry in commands if "/nensuf/" in entry["file"]))
+    entries = json.loads(commands.read_text())
+    words = shlex.split(next(entry["command"] for entry in entries if "/nensuf/" in entry["file"]))
     kept = [word for word in words if re.match(r"-(I|std|D)", word) and str(sources) not in word]
     return kept + [word for at, word in enumerate(words) if at and words[at - 1] == "-isystem"]
 
@@ -80,10 +81,13 @@ class Mutants:
         return written.Writer(source, self.points[name], self.by_file[name], self.dropped).text()
 
     def write(self):
-        """Writes what has changed."""
+        """Writes what has changed, and removes what is of no file any more."""
         self.put(sources / "on.h", (root / "tests/mutate/on.h").read_bytes())
         for name in self.points:
             self.put(sources / name, written.compiled(name, self.text(name)))
+        for path in sources.glob("*/*"):
+            if str(path.relative_to(sources)) not in self.points:
+                path.unlink()
         dropped = [mutant.key for mutant in self.every() if mutant.number in self.dropped]
         self.dropped_file.write_text(json.dumps(dropped))
 

@@ -11,8 +11,7 @@ import book
 import build
 import runs
 
-targets = ["korvande-cli", *(f"test_{name}" for names in runs.programs.values() for name in names),
-           *(f"test_{name}" for name in runs.whole)]  # fmt: skip
+killed = ("killed", "timeout")
 
 
 def call(*words):
@@ -22,21 +21,18 @@ def call(*words):
     return result.stdout, result.returncode == 0
 
 
-def built(jobs):
-    """The mutants, all in the programs but those that do not compile."""
+def make(mutants, programs, jobs):
+    """Builds test programs, with all mutants but those that do not compile."""
     configure = ["cmake", "--preset", "mutate"]
-    make = ["cmake", "--build", "--preset", "mutate", "--parallel", str(jobs), "--target", *targets, "--", "-k", "0"]
-    log, success = call(*configure)
-    if not success:
-        raise SystemExit(log)
-    mutants = build.Mutants()
+    targets = [f"test_{name}" for name in programs]
+    words = ["cmake", "--build", "--preset", "mutate", "--parallel", str(jobs), "--target", *targets, "--", "-k", "0"]
     while True:
         mutants.write()
         log, success = call(*configure)
         if success:
-            log, success = call(*make)
+            log, success = call(*words)
         if success:
-            return mutants
+            return
         dropped = mutants.drop(log)
         if dropped == 0:
             raise SystemExit(log)
@@ -45,6 +41,7 @@ def built(jobs):
 
 def sampled(mutants, count):
     """So many of each room, chosen by what they are: the same ones as long as their lines stay."""
+
     def draw(mutant):
         return hashlib.sha256("\t".join([mutant.file, mutant.source, mutant.change]).encode()).digest()
 
@@ -60,11 +57,19 @@ def stages(room):
     return [(runs.programs[room], runs.quick), (runs.programs[room], runs.slow), (runs.whole, runs.any_time)]
 
 
-def tried(mutants, notes, tests, jobs, anew=False):
-    """Tries mutants, and writes down what became of each."""
-    left = mutants
+def tried(left, mutants, notes, equal, jobs, anew=False):
+    """Tries those that are left, and writes down what became of each. Equivalents meet the tests of their room, none of
+    which may notice them."""
+    tests = runs.Tests(mutants.size, jobs)
     for stage in range(3):
-        for name in sorted({name for mutant in left for name in stages(mutant.room)[stage][0]}):
+        if stage == 2:
+            left = [mutant for mutant in left if not equal.reason(mutant)]
+        if not left:
+            return
+        programs = sorted({name for mutant in left for name in stages(mutant.room)[stage][0]})
+        if stage != 1:
+            make(mutants, programs, jobs)
+        for name in programs:
             tests.watch(name)
         passed = [] if anew else [mutant for mutant in left if notes.stages(mutant) > stage]
         trying = left if anew else [mutant for mutant in left if notes.stages(mutant) <= stage]
@@ -89,7 +94,7 @@ def count(mutants, notes, equal):
         for mutant in mutants:
             if mutant.room == room:
                 outcome, by = notes.outcome(mutant) or ("to be tried", "")
-                if outcome in book.alive and equal.reason(mutant):
+                if outcome not in killed and equal.reason(mutant):
                     outcome = "equivalent"
                 elif outcome == "killed" and by.split(".")[0].split(":")[0] in runs.whole:
                     outcome = "by whole runs"
@@ -122,6 +127,8 @@ def main():
 
     equal = book.Equivalents()
     if options.list:
+        if not book.results.exists():
+            raise SystemExit("scripts/mutate has tried none yet")
         mutants = build.Mutants()
         of_rooms = [mutant for mutant in mutants.compiled() if mutant.room in options.rooms]
         notes = book.Book()
@@ -129,22 +136,30 @@ def main():
         count(of_rooms, notes, equal)
         return
 
-    mutants = built(options.jobs)
+    if not build.commands.exists():
+        log, success = call("cmake", "--preset", "mutate")
+        if not success:
+            raise SystemExit(log)
+    mutants = build.Mutants()
     of_rooms = [mutant for mutant in mutants.compiled() if mutant.room in options.rooms]
     notes = book.Book()
-    tests = runs.Tests(mutants.size, options.jobs)
     if options.sample:
         of_rooms = sampled(of_rooms, options.sample)
-        tried(of_rooms, notes, tests, options.jobs, anew=True)
+        tried(of_rooms, mutants, notes, equal, options.jobs, anew=True)
     else:
-        tried([mutant for mutant in of_rooms if notes.outcome(mutant) is None], notes, tests, options.jobs)
+        left = [mutant for mutant in of_rooms if notes.outcome(mutant) is None]
+        tried(left, mutants, notes, equal, options.jobs)
     alive = survivors(of_rooms, notes, equal)
     tell(alive, notes)
     count(of_rooms, notes, equal)
-    stale = equal.without_mutant(mutants.compiled())
-    for row in stale:
-        print("no mutant for this row of equivalents: " + "\t".join(row))
-    if alive or stale:
+    wrong = ["\t".join(["no mutant for this row of equivalents", *row])
+             for row in equal.without_mutant(mutants.compiled())]  # fmt: skip
+    for mutant in of_rooms:
+        outcome, by = notes.outcome(mutant) or ("", "")
+        if outcome in killed and equal.reason(mutant):
+            wrong.append(f"{mutant.place}: no equivalent, as {by} tells: {mutant.change}")
+    print(*wrong, sep="\n")
+    if alive or wrong:
         sys.exit(1)
 
 

@@ -45,8 +45,8 @@ def limit(seconds):
 
 
 def work():
-    """The seconds of a processor that ended processes took. Of tests that are watched at the same time, each is given the
-    work of those that end meanwhile: no test is taken for a quick one that is none."""
+    """The seconds of a processor that ended processes took. Of tests that are watched at the same time, each is given
+    the work of those that end meanwhile: no test is taken for a quick one that is none."""
     used = resource.getrusage(resource.RUSAGE_CHILDREN)
     return used.ru_utime + used.ru_stime
 
@@ -110,7 +110,7 @@ class Tests:
         if name in self.reaching:
             return
         kept = build.folder / f"reached-{name}.json"
-        stamp = [program(name).stat().st_mtime_ns, (build.folder / "cli/korvande-cli").stat().st_mtime_ns]
+        stamp = program(name).stat().st_mtime_ns
         told = json.loads(kept.read_text()) if kept.exists() else {}
         if told.get("stamp") != stamp:
             print(f"Watching the tests of {name}", flush=True)
