@@ -136,6 +136,14 @@ TEST(ReadIni, GivesTheNextPairAndKeepsTheSection) {
     EXPECT_EQ(pairs.Next(), "END||");
 }
 
+TEST(ReadIni, ASectionMayHaveAnyName) {
+    Pairs pairs("[A]\n[B=C]\nkey = 1\n[X]\nkey = 2\n[]\nkey = 3\n[\nkey = 4\n");
+    EXPECT_EQ(pairs.Next(), "B=C|KEY|1");
+    EXPECT_EQ(pairs.Next(), "X|KEY|2");
+    EXPECT_EQ(pairs.Next(), "|KEY|3");
+    EXPECT_EQ(pairs.Next(), "|KEY|4");
+}
+
 TEST(ReadIni, TheEndOfTheFileIsTheEndOfTheData) {
     Pairs pairs("[Een]\nkey = 1");
     EXPECT_EQ(pairs.Next(), "EEN|KEY|1");

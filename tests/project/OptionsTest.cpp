@@ -59,6 +59,7 @@ TEST_F(OptionsTest, TheyBeginWithTheirDefaults) {
     EXPECT_TRUE(start.StartedInteractively);
     EXPECT_EQ(start.lstSource, 0);
     EXPECT_TRUE(start.optReportScreen);
+    EXPECT_FALSE(start.optReportDisk || start.optReportPrinter || start.optReportNone);
     EXPECT_TRUE(start.chkImportUnknowns);
     EXPECT_FALSE(start.chkExportUnknowns);
     EXPECT_TRUE(start.optDateSEE);
