@@ -33,6 +33,15 @@ TEST_F(ControlTable, AnEmptyProjectIsAsAFileWithItsEndOnly) {
     EXPECT_EQ(Differences(loaded, State()), "");
 }
 
+TEST_F(ControlTable, WithoutOneUnknownObjectsAreTakenBothWaysAndListed) {
+    pointTable.rows.resize(5);
+    options.chkExportUnknowns = options.chkImportUnknowns = false;
+    LoadProjectWithoutTable(project);
+    EXPECT_EQ(pointTable.rows.size(), 1U);
+    EXPECT_TRUE(options.chkExportUnknowns);
+    EXPECT_TRUE(options.chkImportUnknowns);
+}
+
 TEST_F(ControlTable, AFileIsReadAsItsBytesInMemory) {
     const std::string bytes = FileBytes(FromUtf8(KORVANDE_SOURCE_DIR "/samples/voorbeeld.nst"));
     LoadBytes(bytes);

@@ -168,6 +168,14 @@ TEST_F(GridTest, PassingThroughGridsIsLoadingAndSavingThem) {
     }
 }
 
+TEST_F(GridTest, ATranslationGetsTablesAsGridsWouldGiveThemBack) {
+    CodeRow row{};
+    row.LiscadCode = u" AB";
+    pointTable.rows.push_back(row);
+    EXPECT_EQ(FreshTables(project).points.rows.back().LiscadCode.View(), u"AB     ");
+    EXPECT_EQ(pointTable.rows.back().LiscadCode.View(), u" AB    ") << "those of the project stay";
+}
+
 TEST_F(GridTest, PassingThroughGridsForgetsTheLookupsMemories) {
     // A code that a grid cuts the blanks in front of.
     Edit(pointTable, 2, {u"A", u"Q1"});
