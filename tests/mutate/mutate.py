@@ -158,7 +158,8 @@ def main():
         outcome, by = notes.outcome(mutant) or ("", "")
         if outcome in killed and equal.reason(mutant):
             wrong.append(f"{mutant.place}: no equivalent, as {by} tells: {mutant.change}")
-    print(*wrong, sep="\n")
+    for line in wrong:
+        print(line)
     if alive or wrong:
         sys.exit(1)
 
