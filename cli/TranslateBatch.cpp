@@ -34,6 +34,12 @@ std::string JsonOf(const TranslateRow& row) {
                                  .isEarlier = row.isSkipped});
 }
 
+// What the account of all of them needs: an archive may have a hundred thousand drawings.
+TranslateRow NumbersOf(TranslateRow row) {
+    for (Text* const text : {&row.input, &row.output, &row.logBook, &row.problems, &row.options}) Text().swap(*text);
+    return row;
+}
+
 // Several jobs, some at a time.
 class ManyJobs {
  public:
@@ -86,7 +92,7 @@ class ManyJobs {
         JobResult result = TranslateTo(screen, job, worker);
         document.Element(place, result.json);
         result.row.options = earlier.Mark();
-        rows[place] = std::move(result.row);
+        rows[place] = options.batch.report.empty() ? NumbersOf(std::move(result.row)) : std::move(result.row);
         return std::move(result.problems);
     }
 
