@@ -21,13 +21,6 @@ namespace korvande {
 
 namespace {
 
-template <class Window>
-void Replace(wxWeakRef<Window>& old, Window* window) {
-    if (old != nullptr) old->Destroy();
-    old = window;
-    window->Show();
-}
-
 bool HasDialog() {
     return std::any_of(wxTopLevelWindows.begin(), wxTopLevelWindows.end(), [](const wxWindow* window) {
         const auto* const dialog = dynamic_cast<const wxDialog*>(window);
@@ -51,6 +44,16 @@ RunWindows::RunWindows(wxFrame& itsFrame, FormKORVANDE& itsForm, Work itsWork)
         if ((key != WXK_F7 && key != WXK_F8) || event.HasAnyModifiers() || !MayBegin()) return event.Skip();
         work([this, key] { key == WXK_F7 ? Check() : ShowPreview(); });
     });
+}
+
+template <class Window>
+void RunWindows::Replace(wxWeakRef<Window>& old, Window* window) {
+    if (old != nullptr) old->Destroy();
+    old = window;
+    // What was asked for stays before the main window, which would come to the front a while after a project changed.
+    form.Timer1Enabled = false;
+    TellChanged(form);
+    window->Show();
 }
 
 void RunWindows::Check() {

@@ -44,6 +44,9 @@ class RunWindows {
     void Open(PreviewOrder order);
     void TakeFiles(const std::vector<Text>& names);
     void TranslateBatch(const std::vector<Text>& names);
+    // Shows a window in the place of the one of its kind that was shown before, if any.
+    template <class Window>
+    void Replace(wxWeakRef<Window>& old, Window* window);
 
     wxFrame& frame;
     FormKORVANDE& form;

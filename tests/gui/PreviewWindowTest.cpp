@@ -73,6 +73,16 @@ TEST_F(PreviewWindowTest, TheCodesStandInTheListUnknownOnesFirstAndRed) {
     WaitUntil("the red point", [] { return HasColour(View(), IsRed); });
 }
 
+TEST_F(PreviewWindowTest, StaysBeforeTheMainWindowThatHasAProjectSinceAMoment) {
+    Open();
+    Type("txtFileIDEX", ToUtf8(Street()));
+    form.Timer1Enabled = true;
+    window->ShowForm();
+    Press("cmdPreview");
+    EXPECT_FALSE(form.Timer1Enabled);
+    WaitForDrawing();
+}
+
 TEST_F(PreviewWindowTest, AClickShowsWhatAnObjectIs) {
     Open();
     ShowPreview(Street());
