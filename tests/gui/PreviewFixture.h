@@ -1,5 +1,7 @@
 #pragma once
 
+#include <wx/stopwatch.h>
+
 #include "tests/gui/TranslationFixture.h"
 #include "ui/PreviewWindow.h"
 
@@ -60,6 +62,22 @@ class PreviewFixture : public TranslationFixture {
         ASSERT_NE(Preview(), nullptr);
         WaitUntil("the drawing", [] {
             return Preview()->IsShownOnScreen() && !Preview()->IsReading() && View().HasDrawing() && View().IsExact();
+        });
+        WaitUntilStill();
+    }
+    // A window manager gives a new window its frame and its place when it is already shown, and moves the drawing with
+    // it: what is pointed at before that is somewhere else a moment later.
+    static void WaitUntilStill() {
+        constexpr long stillFor = 300;  // milliseconds
+        wxRect place;
+        wxStopWatch watch;
+        WaitUntil("a window that stays where it is", [&] {
+            const wxRect now = View().GetScreenRect();
+            if (now != place) {
+                place = now;
+                watch.Start();
+            }
+            return watch.Time() >= stillFor;
         });
     }
 };
