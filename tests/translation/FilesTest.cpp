@@ -63,7 +63,8 @@ TEST_F(FilesTest, BytesStandForWhatTheOptionsSay) {
 }
 
 TEST_F(FilesTest, LinesAreCountedAndAreProgress) {
-    ASSERT_TRUE(Open(std::string(256, 'x') + "\ntwee\n"));
+    const std::string contents = std::string(256, 'x') + "\ntwee\n";
+    ASSERT_TRUE(Open(contents));
     std::string_view line;
     ASSERT_TRUE(NextLine(translation, file, line));
     EXPECT_EQ(translation.inputLine, 1);
