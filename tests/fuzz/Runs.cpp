@@ -1,3 +1,5 @@
+#include "tests/fuzz/Runs.h"
+
 #include "idex/modImportIDEX.h"
 #include "nensuf/modImportSUFNEN.h"
 #include "run/TranslateFiles.h"
@@ -7,23 +9,18 @@
 
 namespace korvande::fuzz {
 
-namespace {
+Choice TakeChoice(std::string_view& input) {
+    const auto byte = input.empty() ? 0U : static_cast<unsigned char>(input.front());
+    input.remove_prefix(input.empty() ? 0 : 1);
+    return {modes[byte % modes.size()].mode, (byte & 4U) != 0 ? Answer::No : Answer::Yes, (byte & 8U) != 0,
+            static_cast<std::int32_t>((byte >> 4U) % 6)};
+}
 
-// The options of a run in its first byte.
-struct Choice {
-    Mode mode;
-    Answer answer = Answer::Yes;
-    bool withSelection = false;
-    std::int32_t source = 0;  // place in the list of source kinds
+void ApplyChoice(const Choice& choice, Options& options) {
+    options.chkSelectXY = choice.withSelection;
+    options.lstSource = choice.source;
+}
 
-    explicit Choice(unsigned char byte)
-        : mode(modes[byte % modes.size()].mode),
-          answer((byte & 4U) != 0 ? Answer::No : Answer::Yes),
-          withSelection((byte & 8U) != 0),
-          source((byte >> 4U) % 6) {}
-};
-
-// Takes the control table in front of the drawing, up to its "[End]" line. Without one the drawing is all there is.
 std::string_view TakeTable(std::string_view& input) {
     constexpr std::string_view tableEnd = "[End]\r\n";
     const std::size_t end = input.find(tableEnd);
@@ -32,6 +29,8 @@ std::string_view TakeTable(std::string_view& input) {
     input.remove_prefix(table.size());
     return table;
 }
+
+namespace {
 
 std::int64_t CountOf(std::string_view text, std::string_view part) {
     std::int64_t count = 0;
@@ -101,13 +100,11 @@ void ReadIdexBack(const Translation& there, const Project& project) {
 }  // namespace
 
 void TryRun(std::string_view input) {
-    const Choice choice(input.empty() ? 0 : static_cast<unsigned char>(input.front()));
-    input = input.substr(input.empty() ? 0 : 1);
+    const Choice choice = TakeChoice(input);
     const std::string_view table = TakeTable(input);
     AnsweringScreen screen(choice.answer);
     Project project = ProjectOf(screen, table);
-    project.options.chkSelectXY = choice.withSelection;
-    project.options.lstSource = choice.source;
+    ApplyChoice(choice, project.options);
     Translation translation(screen, project);
     translation.mode = choice.mode;
     translation.modeText = NamesOf(choice.mode).text;

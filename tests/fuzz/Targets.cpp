@@ -3,11 +3,9 @@
 namespace korvande::fuzz {
 
 const std::vector<Target>& Targets() {
-    static const std::vector<Target> targets = {{"idex", TryIdex},
-                                                {"exchange", TryExchange},
-                                                {"run", TryRun},
-                                                {"table", TryControlTable},
-                                                {"command", TryCommandLine}};
+    static const std::vector<Target> targets = {
+        {"idex", TryIdex},          {"exchange", TryExchange},   {"run", TryRun},
+        {"table", TryControlTable}, {"command", TryCommandLine}, {"compare", TryComparison}};
     return targets;
 }
 

@@ -18,10 +18,11 @@ inline void Require(bool holds, const std::string& what) {
     if (!holds) throw Finding(what);
 }
 
-// In these three the input's first byte chooses options and the rest is a file.
+// In these the input's first byte chooses options and the rest is a file.
 void TryIdex(std::string_view input);      // an IDEX file is read
 void TryExchange(std::string_view input);  // a NEN1878 or SUF2 file is read
 void TryRun(std::string_view input);  // a control table up to its "[End]", then a drawing, in one of the four modes
+void TryComparison(std::string_view input);  // the same, and the reference translator makes the same of it
 
 void TryControlTable(std::string_view input);  // a control table is loaded and saved
 void TryCommandLine(std::string_view input);   // arguments, separated by line feeds, in UTF-8

@@ -168,7 +168,6 @@ Settings SettingsOf(const Project& project, const Translation& begun, korvande::
     settings.heights = options.chkExport3D;
     settings.heightsAsText = options.chkExportHeightAsText;
     settings.exportsToNorth = options.chkExportSymRotation;
-    settings.threePointArcs = options.chkThreePointArcs;
     settings.nameCode = Bytes(options.txtPnoTxtLKI);
     settings.heightCode = Bytes(options.txtEleTxtLKI);
     if (options.optDateNow) settings.dateFrom = DateFrom::Today;

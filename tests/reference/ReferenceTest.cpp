@@ -49,9 +49,11 @@ class Comparing : public FileRunTest {
             options.chkExportUnknowns = take();
             options.chkExportPointnoAsField = take();
             options.chkExport3D = take();
-            options.chkThreePointArcs = take();
             options.chkExportPointnoAsText = options.chkExportHeightAsText = take();
+            options.txtPnoTxtLKI = u"Z30";
+            options.txtEleTxtLKI = u"Z31LANG";
             options.chkExportSymRotation = take();
+            options.lstSource = take() ? 3 : 0;
         }
     }
 
@@ -96,6 +98,13 @@ TEST_F(Comparing, EveryGoldenFileAndSampleOfTheExchangeFormatsBecomesTheSame) {
     }
 }
 
+TEST_F(Comparing, EveryGoldenFileAndSampleOfIdexBecomesTheSame) {
+    for (const std::string table : {"tests/golden/klein.nst", "samples/voorbeeld.nst"}) {
+        LoadTable(FileBytes(FromUtf8(KORVANDE_SOURCE_DIR "/" + table)));
+        for (const auto& [name, bytes] : GoldenAndSamples({".idx"})) ExpectTheSameInAnyWay(allExports, name, bytes);
+    }
+}
+
 // How many generated drawings are tried, as they are and damaged.
 unsigned HowMany() {
     const char* const wanted = std::getenv("KORVANDE_DAMAGES");
@@ -116,6 +125,20 @@ TEST_F(Comparing, GeneratedExchangeFilesAndDamagedOnesBecomeTheSame) {
         Choose(Direction::ToIdex, seed / 2 % 16);
         ExpectTheSame(mode, good, "generated " + std::to_string(seed));
         const Damaged damaged = DamageExchange(chance, good);
+        ExpectTheSame(mode, damaged.bytes, "generated " + std::to_string(seed) + ", " + damaged.what);
+    }
+}
+
+TEST_F(Comparing, GeneratedIdexFilesAndDamagedOnesBecomeTheSame) {
+    LoadTable(RandomTable());
+    const unsigned count = HowMany();
+    for (unsigned seed = 1; seed <= count && !HasFailure(); ++seed) {
+        const Mode mode = seed % 2 == 0 ? idexToNen : idexToSuf;
+        Choose(Direction::FromIdex, seed / 2 % 64);
+        const std::string good = RandomDrawing(seed / 4).AsIdex();
+        Chance chance(seed);
+        ExpectTheSame(mode, good, "generated " + std::to_string(seed));
+        const Damaged damaged = DamageIdex(chance, good);
         ExpectTheSame(mode, damaged.bytes, "generated " + std::to_string(seed) + ", " + damaged.what);
     }
 }

@@ -3,6 +3,8 @@
 #include <cstdio>
 
 #include "tests/reference/ExchangeReader.h"
+#include "tests/reference/ExchangeWriter.h"
+#include "tests/reference/IdexReader.h"
 #include "tests/reference/IdexWriter.h"
 #include "tests/reference/Texts.h"
 
@@ -27,14 +29,20 @@ Result ReadDrawing(const std::string& file, Direction direction, Format format, 
         result.isOfTheFormat = false;
     } else if (direction == Direction::ToIdex) {
         ReadExchange(file, format, settings, result);
+    } else {
+        ReadIdex(file, settings, result);
     }
     return result;
 }
 
-void WriteDrawing(Result& result, Direction direction, Format, Settings&) {
+void WriteDrawing(Result& result, Direction direction, Format format, Settings& settings) {
     if (!result.isOfTheFormat) return;
     try {
-        if (direction == Direction::ToIdex) result.output = WriteIdex(result.drawing);
+        if (direction == Direction::ToIdex) {
+            result.output = WriteIdex(result.drawing);
+        } else {
+            WriteExchange(format, settings, result);
+        }
     } catch (const Error& error) {
         result.log.push_back("FOUT:  " + std::string(error.what()));
         result.isOfTheFormat = false;

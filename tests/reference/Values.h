@@ -56,7 +56,6 @@ struct Settings {
     bool heights = false;
     bool heightsAsText = false;
     bool exportsToNorth = false;
-    bool threePointArcs = false;
     std::string nameCode;
     std::string heightCode;
     DateFrom dateFrom = DateFrom::File;
@@ -111,7 +110,6 @@ struct Label {
     int position = 0;
     std::string code;  // 7
     std::string text;  // 47
-    bool isGenerated = false;
 };
 
 // Element 0 of each is no object of the drawing.
