@@ -124,6 +124,14 @@ std::string CountsOf(const CodeTable& table) {
     return counts;
 }
 
+// Control characters would hide what stands behind them.
+std::string Shown(std::string line) {
+    for (char& c : line) {
+        if (static_cast<unsigned char>(c) < 0x20) c = '?';
+    }
+    return line;
+}
+
 std::string FirstDifference(const std::string& what, const std::string& product, const std::string& reference) {
     if (product == reference) return "";
     std::istringstream ours(product);
@@ -134,8 +142,8 @@ std::string FirstDifference(const std::string& what, const std::string& product,
         const bool hasOur = static_cast<bool>(std::getline(ours, our));
         const bool hasTheir = static_cast<bool>(std::getline(theirs, their));
         if (hasOur != hasTheir || our != their || !hasOur) {
-            return what + ", line " + std::to_string(number) + "\n  product:   " + (hasOur ? our : "(none)") +
-                   "\n  reference: " + (hasTheir ? their : "(none)") + "\n";
+            return what + ", line " + std::to_string(number) + "\n  program:   " + (hasOur ? Shown(our) : "(none)") +
+                   "\n  reference: " + (hasTheir ? Shown(their) : "(none)") + "\n";
         }
     }
 }

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "tests/reference/Texts.h"
+
 namespace korvande::reference {
 
 double Bearing(double east, double north) {
@@ -20,6 +22,6 @@ double DirectionOfBearing(double bearing) { return Normalized(100 - bearing * 20
 
 double BearingOfDirection(double grads) { return Normalized(100 - grads) * pi / 200; }
 
-double Distance(double east, double north) { return std::sqrt(east * east + north * north); }
+double Distance(double east, double north) { return Finite(std::sqrt(east * east + north * north)); }
 
 }  // namespace korvande::reference

@@ -347,9 +347,9 @@ class Reader {
 
     // Values
 
-    double East(const Field& field) const { return factorXY * LeadingNumber(field.value) + originX; }
-    double North(const Field& field) const { return factorXY * LeadingNumber(field.value) + originY; }
-    double Height(const Field& field) const { return factorZ * LeadingNumber(field.value) + originZ; }
+    double East(const Field& field) const { return Finite(factorXY * LeadingNumber(field.value) + originX); }
+    double North(const Field& field) const { return Finite(factorXY * LeadingNumber(field.value) + originY); }
+    double Height(const Field& field) const { return Finite(factorZ * LeadingNumber(field.value) + originZ); }
 
     bool IsTaken(const Table& table, int row) const { return !table.empty() && (row != 0 || settings.acceptUnknown); }
     static const Row& RowOf(const Table& table, int row) { return table[static_cast<std::size_t>(row)]; }

@@ -89,8 +89,6 @@ class Reader {
         if (!Skip([&keyword](const std::string& line) { return Starts(line, keyword); })) TakeLine();
     }
 
-    void SkipBlock() { SkipTo("END"); }
-
     static std::string KeywordOf(const std::string& line) {
         const std::string text = Capitals(Trimmed(line, idexBlanks));
         return text.substr(0, text.find_first_of(idexBlanks));
@@ -110,13 +108,35 @@ class Reader {
 
     Fields Split(const std::string& row) const { return FieldsOf(row, separator, terminator); }
 
-    // A word and a list of names between parentheses.
-    bool IsBlock(const std::string& row) const {
-        const std::size_t open = row.find('(');
-        if (open == std::string::npos || open == 0 || !EndsWith(row, ")")) return false;
-        if (row.find(terminator) != std::string::npos) return false;
-        const std::string word = Capitals(TrimmedRight(row.substr(0, open), idexBlanks));
-        return word.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_") == std::string::npos;
+    // Blocks inside tables
+
+    // The word of a line that opens a block: it consists of that and of names between parentheses. Empty when the line
+    // is another.
+    std::string BlockOf(const std::string& row) const {
+        const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+        const std::string ofNames = letters + "0123456789_";
+        const std::string text = Capitals(row);
+        const std::size_t open = text.find('(');
+        const std::string word = TrimmedRight(text.substr(0, open), idexBlanks);
+        const bool isWord = word.find_first_not_of(ofNames) == std::string::npos && !word.empty() &&
+                            letters.find(word[0]) != std::string::npos;
+        if (open == std::string::npos || !isWord || BeginsWith(word, "EXTRAINFO") || !EndsWith(text, ")")) return "";
+        const std::string names = text.substr(open + 1, text.size() - open - 2);
+        const bool areNames = names.find_first_not_of(ofNames + idexBlanks + separator) == std::string::npos;
+        return areNames && text.find(terminator) == std::string::npos ? word : "";
+    }
+
+    // Reads over the block that a line opens; true when its end is that of the table as well.
+    bool IsEndedByBlock(const std::string& word) {
+        for (;;) {
+            const std::string row = TakeRow();
+            const std::string name = RestOf(row);
+            if (!Starts(row, "END")) continue;
+            if (name.empty() || name == word) return false;
+            for (const char* const table : {"POINTS", "LINES", "EDGES", "POLYGONS", "TEXT", "DATABASE"}) {
+                if (name == table) return true;
+            }
+        }
     }
 
     // Header and layers
@@ -177,7 +197,10 @@ class Reader {
             keyword = keyword.substr(0, keyword.find('('));
             if (keyword == "POINTS") ReadPoints();
             if (keyword == "LINES") ReadLines();
-            if (keyword == "POLYGONS") SkipBlock();
+            if (keyword == "POLYGONS") {
+                ColumnsOfTable();
+                SkipTo("END");
+            }
             if (keyword == "TEXT") ReadTexts();
         }
     }
@@ -192,8 +215,8 @@ class Reader {
                 updates = true;
                 continue;
             }
-            if (IsBlock(row)) {
-                SkipBlock();
+            if (!BlockOf(row).empty()) {
+                if (IsEndedByBlock(BlockOf(row))) break;
                 continue;
             }
             const Fields fields = Split(Escaped(Capitals(WithNextLine(row))));
@@ -210,7 +233,7 @@ class Reader {
         if (row.find(terminator) != std::string::npos) return row;
         const std::size_t here = next;
         const std::string more = TakeRow();
-        if (!Starts(more, "END") && !IsBlock(more)) return row + more;
+        if (!Starts(more, "END") && BlockOf(more).empty()) return row + more;
         next = here;
         return row;
     }
@@ -286,8 +309,8 @@ class Reader {
                 ReadEdges();
                 continue;
             }
-            if (IsBlock(row)) {
-                SkipBlock();
+            if (!BlockOf(row).empty()) {
+                if (IsEndedByBlock(BlockOf(row))) break;
                 continue;
             }
             const Fields fields = Split(Capitals(row));
@@ -317,8 +340,12 @@ class Reader {
     void ReadEdges() {
         const TableColumns column = ColumnsOfTable();
         for (std::string row = TakeRow(); !Starts(row, "END"); row = TakeRow()) {
-            if (Starts(row, "EXTRAINFO") || IsBlock(row)) {
-                SkipBlock();
+            if (Starts(row, "EXTRAINFO")) {
+                SkipTo("END");
+                continue;
+            }
+            if (!BlockOf(row).empty()) {
+                if (IsEndedByBlock(BlockOf(row))) break;
                 continue;
             }
             const Fields fields = Split(Capitals(row));

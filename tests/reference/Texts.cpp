@@ -146,6 +146,11 @@ bool EndsWith(const std::string& text, const std::string& end) {
 
 bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
+double Finite(double number) {
+    if (!std::isfinite(number)) throw Error("Overloop");
+    return number;
+}
+
 double LeadingNumber(const std::string& text) {
     const auto isDigit = [&text](std::size_t at) { return at < text.size() && text[at] >= '0' && text[at] <= '9'; };
     std::size_t at = 0;
@@ -172,8 +177,7 @@ double LeadingNumber(const std::string& text) {
             while (isDigit(digit)) number += text[digit++];
         }
     }
-    const double value = std::strtod(number.c_str(), nullptr);
-    if (std::isinf(value)) throw Error("Overloop");
+    const double value = Finite(std::strtod(number.c_str(), nullptr));
     return value == 0 ? 0 : value;
 }
 
@@ -186,7 +190,7 @@ std::int32_t Rounded(double number) {
 std::int32_t WholeNumber(const std::string& text) { return Rounded(LeadingNumber(text)); }
 
 std::string Written(double number, int decimals) {
-    if (!std::isfinite(number)) throw Error("Overloop");
+    Finite(number);
     char digits[40];
     std::snprintf(digits, sizeof digits, "%.14e", std::fabs(number));  // D.DDDDDDDDDDDDDDe±XX
     std::string significant = digits[0] + std::string(digits + 2, 14);

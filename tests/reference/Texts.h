@@ -29,6 +29,7 @@ bool BeginsWith(const std::string& text, const std::string& beginning);
 bool EndsWith(const std::string& text, const std::string& end);
 bool Contains(const std::string& text, const std::string& part);
 
+double Finite(double number);  // or else an error
 double LeadingNumber(const std::string& text);
 std::int32_t WholeNumber(const std::string& text);
 std::int32_t Rounded(double number);  // halves to the even one

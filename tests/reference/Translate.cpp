@@ -1,5 +1,6 @@
 #include "tests/reference/Translate.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "tests/reference/ExchangeReader.h"
@@ -72,6 +73,8 @@ std::string Dump(const Drawing& drawing) {
         text += "text" + Whole(static_cast<long long>(i)) + Whole(label.anchor) + Whole(label.position) + " " +
                 Number(label.direction) + " [" + label.code + "][" + label.text + "]\n";
     }
+    // A text that was never filled holds characters 0, and is blank.
+    std::replace(text.begin(), text.end(), '\0', ' ');
     return text;
 }
 
