@@ -15,18 +15,17 @@ namespace korvande::reference {
 
 namespace {
 
+// A text of fixed width that was never filled holds characters 0, and is blank.
 std::string Bytes(TextView text) {
     std::string bytes;
-    for (const char16_t c : text) bytes += c == u'\0' ? ' ' : ToWindows1252(c);
+    const bool isFilled = !text.empty() && text.front() != 0;
+    for (const char16_t c : text) bytes += isFilled ? ToWindows1252(c) : ' ';
     return bytes;
 }
 
 std::string Filled(std::string_view bytes) {
-    std::string filled(bytes);
-    for (char& c : filled) {
-        if (c == '\0') c = ' ';
-    }
-    return filled;
+    const bool isFilled = bytes.find_first_not_of('\0') != std::string_view::npos;
+    return isFilled ? std::string(bytes) : std::string(bytes.size(), ' ');
 }
 
 Table TableOf(const CodeTable& table) {
@@ -52,10 +51,13 @@ Drawing DrawingOf(const Translation& run) {
                              Filled(point.PointIDBytes().View()), Filled(from.CodeBytes(point).View()),
                              Filled(from.DescriptionBytes(point).View())});
     }
+    to.lines.resize(static_cast<std::size_t>(std::max(from.Lines.UpperBound(), 0)) + 1);
     for (std::int32_t i = 1; i <= from.Lines.UpperBound(); ++i) {
         const LineRec& line = from.Lines[i];
-        to.lines.push_back({Filled(from.CodeBytes(line).View()), Filled(from.DescriptionBytes(line).View()),
-                            line.Flags1, line.Flags2});
+        const bool isBlank = from.CodeBytes(line).IsBlank() && from.DescriptionBytes(line).IsBlank();
+        if (isBlank && line.Flags1 == 0 && line.Flags2 == 0) continue;
+        to.lines[static_cast<std::size_t>(i)] = {Filled(from.CodeBytes(line).View()),
+                                                 Filled(from.DescriptionBytes(line).View()), line.Flags1, line.Flags2};
     }
     for (std::int32_t i = 1; i <= from.Edges.UpperBound(); ++i) {
         const EdgeRec& edge = from.Edges[i];
@@ -204,6 +206,8 @@ std::string DifferenceFrom(const Translation& run, const std::string& logBook, S
     const Direction direction =
         run.mode.direction == korvande::Direction::ToIdex ? Direction::ToIdex : Direction::FromIdex;
     Result result = ReadDrawing(input, direction, format, settings);
+    // What a person's Yes makes of a file without LAYERS is no part of the reference.
+    if (result.lacksLayers && settings.answer == Answer::Yes) return "";
     const Drawing drawing = DrawingOf(run);
     Settle(drawing, result.drawing);
     std::string difference = FirstDifference("drawing", Dump(drawing), Dump(result.drawing));

@@ -297,7 +297,7 @@ class Reader {
         Label label;
         label.anchor = first;
         label.code = RowOf(settings.texts, row).liscad;
-        label.text = Left(Trimmed(code == "Z01" ? Columns(characters, 14, 62) : Columns(characters, 7, 62)), 47);
+        label.text = Left(code == "Z01" ? Trimmed(Columns(characters, 14, 62)) : Columns(characters, 7, 62), 47);
         label.position = AnchorPosition(position);
         if (HasDirection(places)) {
             label.direction = static_cast<float>(DirectionOf(places));

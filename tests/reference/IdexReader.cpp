@@ -40,16 +40,14 @@ class Reader {
             return Log("Geen HEADER gevonden in het IDEX bestand");
         }
         ReadHeader();
+        const auto isLayers = [](const std::string& line) { return Starts(line, "LAYERS"); };
+        const auto isDatabase = [](const std::string& line) { return Contains(Capitals(line), "DATABASE"); };
         const std::size_t behindHeader = next;
-        const bool hasLayers = Skip([](const std::string& line) { return Starts(line, "LAYERS"); });
-        if (hasLayers) ReadLayers();
-        // Without them it is a file of an instrument, when a person says so.
-        if (!hasLayers) next = behindHeader;
-        const bool hasDatabase = Skip([](const std::string& line) { return Contains(Capitals(line), "DATABASE"); });
-        if (!hasLayers && (!hasDatabase || settings.answer != Answer::Yes)) {
-            return Log("Geen LAYERS gevonden in het IDEX bestand");
-        }
-        if (!hasDatabase) return Log("Geen DATABASE gevonden in het IDEX bestand");
+        const bool hasLayers = Skip(isLayers);
+        for (std::size_t i = behindHeader; i < next; ++i) result.lacksLayers |= isDatabase(lines[i]);
+        if (!hasLayers) return Log("Geen LAYERS gevonden in het IDEX bestand");
+        ReadLayers();
+        if (!Skip(isDatabase)) return Log("Geen DATABASE gevonden in het IDEX bestand");
         ReadDatabase();
     }
 
@@ -102,6 +100,7 @@ class Reader {
     TableColumns ColumnsOfTable() {
         std::string text = lines[next - 1];
         while (!Contains(text, ")")) text += TakeLine();
+        if (!Contains(text, "(")) return {"", separator, terminator};
         const std::size_t begin = text.find('(') + 1;
         return {text.substr(begin, text.find(')', begin) - begin), separator, terminator};
     }
@@ -120,7 +119,7 @@ class Reader {
         const std::string word = TrimmedRight(text.substr(0, open), idexBlanks);
         const bool isWord = word.find_first_not_of(ofNames) == std::string::npos && !word.empty() &&
                             letters.find(word[0]) != std::string::npos;
-        if (open == std::string::npos || !isWord || BeginsWith(word, "EXTRAINFO") || !EndsWith(text, ")")) return "";
+        if (open == std::string::npos || !isWord || !EndsWith(text, ")")) return "";
         const std::string names = text.substr(open + 1, text.size() - open - 2);
         const bool areNames = names.find_first_not_of(ofNames + idexBlanks + separator) == std::string::npos;
         return areNames && text.find(terminator) == std::string::npos ? word : "";
@@ -130,8 +129,8 @@ class Reader {
     bool IsEndedByBlock(const std::string& word) {
         for (;;) {
             const std::string row = TakeRow();
-            const std::string name = RestOf(row);
             if (!Starts(row, "END")) continue;
+            const std::string name = Capitals(TrimmedLeft(row.substr(3), idexBlanks));
             if (name.empty() || name == word) return false;
             for (const char* const table : {"POINTS", "LINES", "EDGES", "POLYGONS", "TEXT", "DATABASE"}) {
                 if (name == table) return true;
@@ -233,7 +232,7 @@ class Reader {
         if (row.find(terminator) != std::string::npos) return row;
         const std::size_t here = next;
         const std::string more = TakeRow();
-        if (!Starts(more, "END") && BlockOf(more).empty()) return row + more;
+        if (!Starts(more, "END") && (BlockOf(more).empty() || Starts(more, "EXTRAINFO"))) return row + more;
         next = here;
         return row;
     }
@@ -316,10 +315,7 @@ class Reader {
             const Fields fields = Split(Capitals(row));
             ++lineRows;
             const auto number = static_cast<std::size_t>(Index(column(fields, "LINENO"), lineRows));
-            Line blank;
-            blank.code = Left("", 7);
-            blank.description = Left("", 53);
-            while (drawing.lines.size() <= number) drawing.lines.push_back(blank);
+            if (drawing.lines.size() <= number) drawing.lines.resize(number + 1);
             Line& line = drawing.lines[number];
             line.code = Left(Unquoted(column(fields, "CODE")), 7);
             line.description = Left(Unquoted(column(fields, "DESCRIPTION")), 53);
@@ -425,7 +421,7 @@ class Reader {
         int rows = 0;
         for (std::string row = TakeRow(); !Starts(row, "END"); row = TakeRow()) {
             const Fields fields = Split(row);
-            const std::int32_t number = Index(fields.empty() ? "" : fields[0], ++rows);
+            const std::int32_t number = Index(row, ++rows);
             Box box;
             box.anchor = WholeNumber(column(fields, "ANCHORPOINTNO"));
             box.position = WholeNumber(column(fields, "ANCHORPOSITION"));

@@ -12,6 +12,8 @@ const std::string lineEnd = "\r\n";
 
 // A text between quotes, without what a reader would take for structure.
 std::string Quoted(std::string text) {
+    // One that was never filled begins with a character 0.
+    if (BeginsWith(text, std::string(1, '\0'))) text.clear();
     for (char& c : text) {
         if (c == '"') c = '\'';
         if (c == ';') c = ',';

@@ -105,6 +105,146 @@ TEST_F(Comparing, EveryGoldenFileAndSampleOfIdexBecomesTheSame) {
     }
 }
 
+// Tables in a file that has all else.
+std::string IdexOf(const std::string& tables) {
+    return WithCrLf(
+        "HEADER\nFIELD_DATE 1-2-24\nEND HEADER\nLAYERS (LayerNo,Name)\n0,\"NAAM\";\n3,\"A\";\nEND\nDATABASE\n" +
+        tables);
+}
+
+TEST_F(Comparing, OddRowsOfIdexBecomeTheSame) {
+    LoadTable(RandomTable());
+    const std::string points = "POINTS (PointNo,East,North,PointID,Code)\n5,1,1,\"A\",X;\n6,2,2,B,X;\nEND\n";
+    const std::string boxes = "TEXT\nBOX_ON_POINT (TextBoxNo,AnchorPointNo,LayerNo)\n";
+    const std::string edges = "LINES (LineNo)\n1;\nEDGES (LineNo,StartPt,EndPt,LineType)\n";
+    const std::string tables[] = {
+        points + "POINTS (PointNo,East)\n7,3;\nEND\n" + edges + "1,5,6,STRAIGHT;\n1,7,6,STRAIGHT;\nEND\nEND\n",
+        points + edges + "1,5.0,6E0,STRAIGHT;\n1,+5,.6D1,STRAIGHT;\n1,5.,6,STRAIGHT;\nEND\n",
+        points + edges + "1,5 ,6,STRAIGHT;\n1,\"5\",6,STRAIGHT;\n",
+        points + edges + "1,,6,STRAIGHT;\n",
+        points + edges + "1,-1,6,STRAIGHT;\n",
+        points + edges + "1,9999999999,6,STRAIGHT;\n",
+        points + edges + "EDGES (A)\n1;\nEND LINES\n1,5,6,STRAIGHT;\nEND\n2;\nEND\n",
+        points + edges + "EXTRAINFO\n1;\nEND LINES\n1,5,6,STRAIGHT;\nEND\nEXTRAINFO (LineNo)\n7;\nEND\n8;\nEND\n",
+        edges + "1,0,0,STRAIGHT;\n",
+        points + boxes +
+            "1,5,0;\nEND\nITEMS (TextBoxNo,LineNo,TextItem)\n1,1,\" x\";\n9,2,\"y \";\n1,01.0,z\nEND\nEND\n" + boxes +
+            "2,6,0;\nEND\nITEMS (TextBoxNo,LineNo,TextItem)\n1,1,q;\nEND\n",
+        points + boxes + "1,5,1;\n2,5,2;\n3,5,4;\n",
+        points + boxes + "x,5,0;\n-1,5,0;\n",
+        boxes + "1000001,5,0;\n",
+        "LINES (LineNo,Flags1,Flags2)\n1,1 1x1,11111111111111111111111111111111111;\n1000001;\n",
+        "LINES (LineNo,Code)\n0,NUL;\n2.5,TWEE;\n3.5,VIER;\n2147483648;\n",
+        "POINTS (PointNo,PointNo,East)\n1,2,3;\n,5,6;\n-1;\n",
+        "POINTS [PointNo,East)\n7,1;\nEND\n",
+        "POINTS\n7,1;\nEND)\n8;\nEND\n",
+        "POINTSX (PointNo)\n7;\nEND\nPOINTS(PointNo)\n8;\nEND\nEOFX\nEOF X\nPOINTS (PointNo)\n9;\nEND\n",
+        "POINTS (PointNo,East,PointID)\n1,\"2\",\"a\"\"b\",x;\n2,3,\"open,x;\n3,4,\"a\"b,c;\n4,5,a\"b,c\"d;\nEND\n",
+        "POINTS (PointNo,Description,PointID)\n1,\"a \\\"b\\\"\",\"c\\\"\";\n2,\\\"a,b\\@\\;\nEND\n",
+        "POINTS (PointNo,East)\n1,1E400;\n",
+        "POINTS (PointNo,East,North)\n1,1e3,2d2\n,9;\n3,.,-;\n4,1.5.5,1E+;\n5,\t7 8,+9;\nEND\n",
+    };
+    for (const std::string& some : tables) {
+        for (const unsigned choice : {0U, 63U}) {
+            Choose(Direction::FromIdex, choice);
+            ExpectTheSame(idexToNen, IdexOf(some), some);
+        }
+    }
+}
+
+TEST_F(Comparing, OddRecordsBecomeTheSame) {
+    LoadTable(RandomTable());
+    const std::string header =
+        "010NEN1878    V202405202405       0101Proef                   01\n"
+        "020102150201         1         2         1         0         101\n";
+    const auto record = [](std::string data, const char* end) {
+        data.resize(62, ' ');
+        return data + end + "\n";
+    };
+    const std::string line = record("03MT01      G12", "00");
+    const std::string arc = record("03MV01      G13", "00");
+    const std::string point = record("03ME01      G01", "00");
+    const std::string files[] = {
+        line + record("04Y        1Z        2X      1e3Y    \t 2d1X   1.5 6 Y        -", "01"),
+        line + record("04N1        Y        1X        1N2        N3        X        2", "01") + line +
+            record("04", "01"),
+        line + record("04X        1I 4       X        1I4.0", "01") + point + record("04X        1X        2", "01"),
+        arc + record("04X        0Y        0X        0Y        0X       10Y       10", "01"),
+        arc + record("04X        0Y        0X        0Y        0X        0Y       10", "01"),
+        arc + record("04X        0Y     -100X      100Y        0X     -100Y        0", "01"),
+        arc + record("04X        0Y     -100X      100Y        0X        0Y      100", "01"),
+        arc + record("04X        0Y        0X      100Y        0X      200Y        0", "01"),
+        arc + record("04X        0Y        0X      100Y        0", "01") + arc + record("04", "01") + arc + line,
+        record("03M   T01   G1 G12        M          ", "00") + record("04X        1", "01"),
+        record("03G01       MT01      G12       G13", "00") + record("04X        1", "00") +
+            record("05KE01      F112      X        1F111      F6 2", "00") + record("06A01Tx", "01") +
+            record("05KZ01      F 1       X        1Y        1X        1Y        2", "00") +
+            record("06A01T1234567890", "01"),
+        record("05KZ02      F9 1      X        1X        1X        3X        4X        5X        6", "00") +
+            record("05N1        N2        X        1Y        2Z        3", "00") + record("06A01T  x  ", "00") +
+            record("06A01Tvervolg", "01"),
+        point + record("04X    1E400", "01") + point,
+        point + record("04X    1E308X        1", "01") + point,
+        "99\n\n" + line,
+        "99 x\n\n",
+        "9\n",
+        record("9", "00"),
+        record("0", "01").substr(1),
+        " " + line,
+        line + " \n99",
+    };
+    for (const std::string& file : files) {
+        for (unsigned choice = 0; choice < 8; ++choice) {
+            Choose(Direction::ToIdex, choice);
+            ExpectTheSame(nenToIdex, WithCrLf(header + file), file);
+        }
+    }
+    for (const std::string some :
+         {"", "\n", "01", "01\n02", " 1\n02", "\t\n01\n\n02", "01\n2", std::string(62, '0').c_str()}) {
+        ExpectTheSame(nenToIdex, some, some);
+        ExpectTheSame(sufToIdex, WithCrLf(some + "\n" + line), some);
+    }
+    for (const std::string month : {"000001", "000101", "202413", "202400", "2024 1", "202401"}) {
+        const std::string first = "010           V      " + month;
+        ExpectTheSame(sufToIdex,
+                      WithCrLf(first + "\n02010201             0         0         1         0         101\n"), month);
+    }
+}
+
+TEST_F(Comparing, FieldworkDatesBecomeTheSame) {
+    for (const std::string date :
+         {"",          "1-2-24",       "01/02.1999",       "2024:12:31:5", "2024-2-30",    "1-2-3",    "1-2-103",
+          "1-2-12345", "\"20240229\"", "\" 1 - 2 - 24 \"", "-1-2-2024",    "1-2",          "x-2-2024", "0-1-2024",
+          "1-13-24",   "29-2-1900",    "1-2-0000",         "1-2-2024 x",   "001-002-2024", "20240132", "1--2024",
+          "2024-1-1-"}) {
+        const std::string text =
+            "HEADER\nFIELD_DATE " + date + "\nEND HEADER\nLAYERS (A)\nEND\nDATABASE\nPOINTS (PointNo)\n1;\nEND\n";
+        Choose(Direction::FromIdex, 1);
+        ExpectTheSame(idexToNen, WithCrLf(text), date);
+    }
+}
+
+TEST_F(Comparing, FilesInOtherCharactersBecomeTheSame) {
+    LoadTable(RandomTable());
+    const std::string exchange = WithCrLf(
+        "010NEN1878    V202405202405       0101Proef                   01\n"
+        "020102150201         0         0         1         0         101\n"
+        "03MZ02           01                                           01\n"
+        "05F111      X     1000Y     2000X     2000Y     2000KZ02      01\n");
+    for (const std::string mark : {"", "\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}) {
+        for (const std::string text :
+             {"Caf\xE9", "Caf\xC3\xA9", "\xE2\x82\xAC \xF0\x9F\x98\x80", "\xC3", "\xE2\x82", "\x80\x81\xC0\xAF"}) {
+            std::string line = "06A10T" + text;
+            line.resize(62, ' ');
+            for (const unsigned choice : {1U, 9U}) {
+                Choose(Direction::ToIdex, choice);
+                ExpectTheSame(nenToIdex, mark + exchange + line + "01\r\n99\x1A", mark + text);
+            }
+            ExpectTheSame(idexToNen, mark + IdexOf("POINTS (PointID)\n\"" + text + "\";\nEND\n"), mark + text);
+        }
+    }
+}
+
 // How many generated drawings are tried, as they are and damaged.
 unsigned HowMany() {
     const char* const wanted = std::getenv("KORVANDE_DAMAGES");

@@ -58,8 +58,12 @@ std::string Dump(const Drawing& drawing) {
                 point.code + "][" + point.description + "] " + Number(point.east) + " " + Number(point.north) + " " +
                 Number(point.height) + " " + Number(point.direction) + "\n";
     }
+    text += "lines" + Whole(static_cast<long long>(drawing.lines.size()) - 1) + "\n";
     for (std::size_t i = 1; i < drawing.lines.size(); ++i) {
         const Line& line = drawing.lines[i];
+        // A gap of numbers may have a million of them.
+        const bool isBlank = (line.code + line.description).find_first_not_of(' ') == std::string::npos;
+        if (isBlank && line.flags1 == 0 && line.flags2 == 0) continue;
         text += "line" + Whole(static_cast<long long>(i)) + " [" + line.code + "][" + line.description + "]" +
                 Whole(line.flags1) + Whole(line.flags2) + "\n";
     }

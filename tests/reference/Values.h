@@ -89,6 +89,7 @@ struct Point {
     double doubt = 0;         // by which its place may be another, metres: arithmetic ends somewhere
 };
 
+// One in a gap of numbers has empty texts.
 struct Line {
     std::string code;         // 7
     std::string description;  // 53
@@ -130,6 +131,7 @@ struct Result {
     std::vector<std::string> log;  // problems, questions and answers
     bool isOfTheFormat = true;     // and not cancelled: there is an output
     std::string output;
+    bool lacksLayers = false;  // before DATABASE: an IDEX file of an instrument, perhaps
 };
 
 // An error that ends a reader or a writer.
