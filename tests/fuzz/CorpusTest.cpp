@@ -17,7 +17,7 @@ class Corpus : public ::testing::TestWithParam<fuzz::Target> {
  protected:
     // The files of one of this target's folders, in the order of their names.
     static std::vector<fs::path> Files() {
-        const fs::path folder = fs::path(KORVANDE_SOURCE_DIR) / "tests/fuzz/corpus" / std::string(GetParam().name);
+        const fs::path folder = fs::path(KORVANDE_SOURCE_DIR) / "tests/fuzz/corpus" / std::string(GetParam().inputs);
         std::vector<fs::path> files;
         for (const auto& entry : fs::directory_iterator(folder)) files.push_back(entry.path());
         std::sort(files.begin(), files.end());

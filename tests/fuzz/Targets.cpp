@@ -4,8 +4,8 @@ namespace korvande::fuzz {
 
 const std::vector<Target>& Targets() {
     static const std::vector<Target> targets = {
-        {"idex", TryIdex},          {"exchange", TryExchange},   {"run", TryRun},
-        {"table", TryControlTable}, {"command", TryCommandLine}, {"compare", TryComparison}};
+        {"idex", TryIdex, "idex"},           {"exchange", TryExchange, "exchange"},  {"run", TryRun, "run"},
+        {"table", TryControlTable, "table"}, {"command", TryCommandLine, "command"}, {"compare", TryComparison, "run"}};
     return targets;
 }
 

@@ -30,6 +30,7 @@ void TryCommandLine(std::string_view input);   // arguments, separated by line f
 struct Target {
     std::string_view name;
     void (*attempt)(std::string_view input);
+    std::string_view inputs;  // whose inputs were kept for it
 };
 const std::vector<Target>& Targets();
 
