@@ -4,7 +4,7 @@
 #include <limits>
 #include <set>
 
-#include "tests/reference/IdexRows.h"
+#include "tests/reference/IdexLines.h"
 #include "tests/reference/Texts.h"
 
 namespace korvande::reference {
@@ -23,131 +23,46 @@ struct Box {
 class Reader {
  public:
     Reader(const std::string& file, const Settings& itsSettings, Result& itsResult)
-        : settings(itsSettings), result(itsResult), lines(LinesOf(file)) {}
+        : settings(itsSettings), result(itsResult), lines(file) {}
 
     void Read() {
         try {
             ReadFile();
         } catch (const Error& error) {
-            Log(std::string(error.what()) + " (regel " + std::to_string(next) + ")");
+            Log(std::string(error.what()) + " (regel " + std::to_string(lines.Number()) + ")");
         }
     }
 
  private:
     void ReadFile() {
-        if (!Skip([](const std::string& line) { return Contains(Capitals(line), "HEADER"); })) {
+        if (!lines.Skip([](const std::string& line) { return Contains(Capitals(line), "HEADER"); })) {
             result.isOfTheFormat = false;
             return Log("Geen HEADER gevonden in het IDEX bestand");
         }
         ReadHeader();
-        const auto isLayers = [](const std::string& line) { return Starts(line, "LAYERS"); };
         const auto isDatabase = [](const std::string& line) { return Contains(Capitals(line), "DATABASE"); };
-        const std::size_t behindHeader = next;
-        const bool hasLayers = Skip(isLayers);
-        for (std::size_t i = behindHeader; i < next; ++i) result.lacksLayers |= isDatabase(lines[i]);
+        const bool hasLayers = lines.Skip([this, &isDatabase](const std::string& line) {
+            result.lacksLayers = result.lacksLayers || isDatabase(line);
+            return Starts(line, "LAYERS");
+        });
         if (!hasLayers) return Log("Geen LAYERS gevonden in het IDEX bestand");
         ReadLayers();
-        if (!Skip(isDatabase)) return Log("Geen DATABASE gevonden in het IDEX bestand");
+        if (!lines.Skip(isDatabase)) return Log("Geen DATABASE gevonden in het IDEX bestand");
         ReadDatabase();
     }
 
-    // Lines
-
     void Log(const std::string& problem) { result.log.push_back("FOUT:  " + problem); }
-
-    static bool Starts(const std::string& line, const std::string& keyword) {
-        return BeginsWith(Capitals(Trimmed(line, idexBlanks)), keyword);
-    }
-
-    bool IsAtEnd() const { return next == lines.size(); }
-
-    // The next line; its end is an error.
-    std::string TakeLine() {
-        if (IsAtEnd()) throw Error("Invoer voorbij het einde van het bestand");
-        return lines[next++];
-    }
-
-    // The next line of a table that is not empty, without blanks at its ends.
-    std::string TakeRow() {
-        std::string line;
-        while (line.empty()) line = Trimmed(TakeLine(), idexBlanks);
-        return line;
-    }
-
-    // Up to the line that is looked for, which is taken; whether there is one.
-    template <class Test>
-    bool Skip(Test isIt) {
-        while (!IsAtEnd()) {
-            if (isIt(lines[next++])) return true;
-        }
-        return false;
-    }
-
-    void SkipTo(const std::string& keyword) {
-        if (!Skip([&keyword](const std::string& line) { return Starts(line, keyword); })) TakeLine();
-    }
-
-    static std::string KeywordOf(const std::string& line) {
-        const std::string text = Capitals(Trimmed(line, idexBlanks));
-        return text.substr(0, text.find_first_of(idexBlanks));
-    }
-    static std::string RestOf(const std::string& line) {
-        const std::string text = Capitals(Trimmed(line, idexBlanks));
-        return Trimmed(text.substr(KeywordOf(line).size()), idexBlanks);
-    }
-
-    // Of the line read last, the column list, with as many lines as it takes.
-    TableColumns ColumnsOfTable() {
-        std::string text = lines[next - 1];
-        while (!Contains(text, ")")) text += TakeLine();
-        if (!Contains(text, "(")) return {"", separator, terminator};
-        const std::size_t begin = text.find('(') + 1;
-        return {text.substr(begin, text.find(')', begin) - begin), separator, terminator};
-    }
-
-    Fields Split(const std::string& row) const { return FieldsOf(row, separator, terminator); }
-
-    // Blocks inside tables
-
-    // The word of a line that opens a block: it consists of that and of names between parentheses. Empty when the line
-    // is another.
-    std::string BlockOf(const std::string& row) const {
-        const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-        const std::string ofNames = letters + "0123456789_";
-        const std::string text = Capitals(row);
-        const std::size_t open = text.find('(');
-        const std::string word = TrimmedRight(text.substr(0, open), idexBlanks);
-        const bool isWord = word.find_first_not_of(ofNames) == std::string::npos && !word.empty() &&
-                            letters.find(word[0]) != std::string::npos;
-        if (open == std::string::npos || !isWord || !EndsWith(text, ")")) return "";
-        const std::string names = text.substr(open + 1, text.size() - open - 2);
-        const bool areNames = names.find_first_not_of(ofNames + idexBlanks + separator) == std::string::npos;
-        return areNames && text.find(terminator) == std::string::npos ? word : "";
-    }
-
-    // Reads over the block that a line opens; true when its end is that of the table as well.
-    bool IsEndedByBlock(const std::string& word) {
-        for (;;) {
-            const std::string row = TakeRow();
-            if (!Starts(row, "END")) continue;
-            const std::string name = Capitals(TrimmedLeft(row.substr(3), idexBlanks));
-            if (name.empty() || name == word) return false;
-            for (const char* const table : {"POINTS", "LINES", "EDGES", "POLYGONS", "TEXT", "DATABASE"}) {
-                if (name == table) return true;
-            }
-        }
-    }
 
     // Header and layers
 
     void ReadHeader() {
         drawing.date.clear();
-        while (!IsAtEnd()) {
-            const std::string line = lines[next++];
+        while (!lines.IsAtEnd()) {
+            const std::string line = lines.Take();
             const std::string keyword = KeywordOf(line);
             const std::string rest = RestOf(line);
-            if (keyword == "SEPARATOR") separator = SecondOf(rest);
-            if (keyword == "TERMINATOR") terminator = SecondOf(rest);
+            if (keyword == "SEPARATOR") lines.separator = SecondOf(rest);
+            if (keyword == "TERMINATOR") lines.terminator = SecondOf(rest);
             if (keyword == "FIELD_DATE") drawing.date = DateOf(rest);
             if ((keyword == "END" && rest == "HEADER") || keyword == "EOF") break;
         }
@@ -169,10 +84,10 @@ class Reader {
     }
 
     void ReadLayers() {
-        const TableColumns column = ColumnsOfTable();
+        const TableColumns column = lines.ColumnsOfTable();
         int rows = 0;
-        for (std::string row = TakeRow(); !Starts(row, "END"); row = TakeRow()) {
-            const Fields fields = Split(Capitals(row));
+        for (std::string row = lines.TakeRow(); !Starts(row, "END"); row = lines.TakeRow()) {
+            const Fields fields = lines.Split(Capitals(row));
             const std::int32_t number = Index(column(fields, "LAYERNO"), ++rows);
             if (number > highestLayer) highestLayer = number;
             layers[number] = Unquoted(column(fields, "NAME"));
@@ -190,51 +105,41 @@ class Reader {
     // Tables
 
     void ReadDatabase() {
-        while (!IsAtEnd()) {
-            std::string keyword = KeywordOf(lines[next++]);
+        while (!lines.IsAtEnd()) {
+            std::string keyword = KeywordOf(lines.Take());
             if (keyword == "EOF") return;
             keyword = keyword.substr(0, keyword.find('('));
             if (keyword == "POINTS") ReadPoints();
             if (keyword == "LINES") ReadLines();
             if (keyword == "POLYGONS") {
-                ColumnsOfTable();
-                SkipTo("END");
+                lines.ColumnsOfTable();
+                lines.SkipTo("END");
             }
             if (keyword == "TEXT") ReadTexts();
         }
     }
 
     void ReadPoints() {
-        TableColumns column = ColumnsOfTable();
+        TableColumns column = lines.ColumnsOfTable();
         bool updates = false;
         std::size_t place = 0;
-        for (std::string row = TakeRow(); !Starts(row, "END"); row = TakeRow()) {
+        for (std::string row = lines.TakeRow(); !Starts(row, "END"); row = lines.TakeRow()) {
             if (Starts(row, "EXTRAINFO")) {
-                column = ColumnsOfTable();
+                column = lines.ColumnsOfTable();
                 updates = true;
                 continue;
             }
-            if (!BlockOf(row).empty()) {
-                if (IsEndedByBlock(BlockOf(row))) break;
+            if (!lines.BlockOf(row).empty()) {
+                if (lines.IsEndedByBlock(lines.BlockOf(row))) break;
                 continue;
             }
-            const Fields fields = Split(Escaped(Capitals(WithNextLine(row))));
+            const Fields fields = lines.Split(Escaped(Capitals(lines.WithNextLine(row))));
             const std::string number = column(fields, "POINTNO");
             ++place;
             if (updates) place = PlaceOf(WholeNumber(number));
             StorePoint(place, PointOf(column, fields, place));
         }
         AddGeneratedTexts();
-    }
-
-    // A row of points that has no terminator goes on in the next line, but not in one that ends or begins a block.
-    std::string WithNextLine(const std::string& row) {
-        if (row.find(terminator) != std::string::npos) return row;
-        const std::size_t here = next;
-        const std::string more = TakeRow();
-        if (!Starts(more, "END") && (BlockOf(more).empty() || Starts(more, "EXTRAINFO"))) return row + more;
-        next = here;
-        return row;
     }
 
     static std::string Escaped(std::string row) {
@@ -302,17 +207,17 @@ class Reader {
     }
 
     void ReadLines() {
-        const TableColumns column = ColumnsOfTable();
-        for (std::string row = TakeRow(); !Starts(row, "END"); row = TakeRow()) {
+        const TableColumns column = lines.ColumnsOfTable();
+        for (std::string row = lines.TakeRow(); !Starts(row, "END"); row = lines.TakeRow()) {
             if (Starts(row, "EDGES")) {
                 ReadEdges();
                 continue;
             }
-            if (!BlockOf(row).empty()) {
-                if (IsEndedByBlock(BlockOf(row))) break;
+            if (!lines.BlockOf(row).empty()) {
+                if (lines.IsEndedByBlock(lines.BlockOf(row))) break;
                 continue;
             }
-            const Fields fields = Split(Capitals(row));
+            const Fields fields = lines.Split(Capitals(row));
             ++lineRows;
             const auto number = static_cast<std::size_t>(Index(column(fields, "LINENO"), lineRows));
             if (drawing.lines.size() <= number) drawing.lines.resize(number + 1);
@@ -334,17 +239,17 @@ class Reader {
     }
 
     void ReadEdges() {
-        const TableColumns column = ColumnsOfTable();
-        for (std::string row = TakeRow(); !Starts(row, "END"); row = TakeRow()) {
+        const TableColumns column = lines.ColumnsOfTable();
+        for (std::string row = lines.TakeRow(); !Starts(row, "END"); row = lines.TakeRow()) {
             if (Starts(row, "EXTRAINFO")) {
-                SkipTo("END");
+                lines.SkipTo("END");
                 continue;
             }
-            if (!BlockOf(row).empty()) {
-                if (IsEndedByBlock(BlockOf(row))) break;
+            if (!lines.BlockOf(row).empty()) {
+                if (lines.IsEndedByBlock(lines.BlockOf(row))) break;
                 continue;
             }
-            const Fields fields = Split(Capitals(row));
+            const Fields fields = lines.Split(Capitals(row));
             Edge edge;
             edge.line = WholeNumber(column(fields, "LINENO"));
             edge.start = PlaceNamed(column(fields, "STARTPT"));
@@ -389,12 +294,12 @@ class Reader {
     }
 
     void ReadTexts() {
-        SkipTo("BOX_ON_POINT");
+        lines.SkipTo("BOX_ON_POINT");
         const std::map<std::int32_t, Box> boxes = ReadBoxes();
-        SkipTo("ITEMS");
-        const TableColumns column = ColumnsOfTable();
-        for (std::string row = TakeRow(); !Starts(row, "END"); row = TakeRow()) {
-            const Fields fields = Split(row);
+        lines.SkipTo("ITEMS");
+        const TableColumns column = lines.ColumnsOfTable();
+        for (std::string row = lines.TakeRow(); !Starts(row, "END"); row = lines.TakeRow()) {
+            const Fields fields = lines.Split(row);
             const std::string text = Unquoted(column(fields, "TEXTITEM"));
             if (LeadingNumber(column(fields, "LINENO")) == 1) {
                 const auto box = boxes.find(WholeNumber(column(fields, "TEXTBOXNO")));
@@ -407,7 +312,7 @@ class Reader {
                 label.text = Left(text, 47);
                 drawing.labels.push_back(label);
             } else if (drawing.labels.size() == 1) {
-                Log("Tekstregel zonder tekst (regel " + std::to_string(next) + ")");
+                Log("Tekstregel zonder tekst (regel " + std::to_string(lines.Number()) + ")");
             } else {
                 Label& label = drawing.labels.back();
                 label.text = Left(Trimmed(label.text) + " " + text, 47);
@@ -417,10 +322,10 @@ class Reader {
 
     std::map<std::int32_t, Box> ReadBoxes() {
         std::map<std::int32_t, Box> boxes;
-        const TableColumns column = ColumnsOfTable();
+        const TableColumns column = lines.ColumnsOfTable();
         int rows = 0;
-        for (std::string row = TakeRow(); !Starts(row, "END"); row = TakeRow()) {
-            const Fields fields = Split(row);
+        for (std::string row = lines.TakeRow(); !Starts(row, "END"); row = lines.TakeRow()) {
+            const Fields fields = lines.Split(row);
             const std::int32_t number = Index(row, ++rows);
             Box box;
             box.anchor = WholeNumber(column(fields, "ANCHORPOINTNO"));
@@ -442,10 +347,7 @@ class Reader {
     const Settings& settings;
     Result& result;
     Drawing& drawing = result.drawing;
-    std::vector<std::string> lines;
-    std::size_t next = 0;
-    char separator = ',';
-    char terminator = ';';
+    IdexLines lines;
     std::map<std::int32_t, std::string> layers;
     std::int32_t highestLayer = -1;
     int lineRows = 0;
