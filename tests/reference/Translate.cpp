@@ -51,6 +51,7 @@ void WriteDrawing(Result& result, Direction direction, Format format, Settings& 
 }
 
 std::string Dump(const Drawing& drawing) {
+    const std::string blanks(" \0", 2);  // a text that was never filled holds characters 0
     std::string text;
     for (std::size_t i = 1; i < drawing.points.size(); ++i) {
         const Point& point = drawing.points[i];
@@ -62,7 +63,7 @@ std::string Dump(const Drawing& drawing) {
     for (std::size_t i = 1; i < drawing.lines.size(); ++i) {
         const Line& line = drawing.lines[i];
         // A gap of numbers may have a million of them.
-        const bool isBlank = (line.code + line.description).find_first_not_of(' ') == std::string::npos;
+        const bool isBlank = (line.code + line.description).find_first_not_of(blanks) == std::string::npos;
         if (isBlank && line.flags1 == 0 && line.flags2 == 0) continue;
         text += "line" + Whole(static_cast<long long>(i)) + " [" + line.code + "][" + line.description + "]" +
                 Whole(line.flags1) + Whole(line.flags2) + "\n";
@@ -77,7 +78,6 @@ std::string Dump(const Drawing& drawing) {
         text += "text" + Whole(static_cast<long long>(i)) + Whole(label.anchor) + Whole(label.position) + " " +
                 Number(label.direction) + " [" + label.code + "][" + label.text + "]\n";
     }
-    // A text that was never filled holds characters 0, and is blank.
     std::replace(text.begin(), text.end(), '\0', ' ');
     return text;
 }
