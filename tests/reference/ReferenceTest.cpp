@@ -136,6 +136,9 @@ TEST_F(Comparing, OddRowsOfIdexBecomeTheSame) {
         "LINES (LineNo,Flags1,Flags2)\n1,1 1x1,11111111111111111111111111111111111;\n1000001;\n",
         "LINES (LineNo,Code)\n0,NUL;\n2.5,TWEE;\n3.5,VIER;\n2147483648;\n",
         "POINTS (PointNo,PointNo,East)\n1,2,3;\n,5,6;\n-1;\n",
+        "POINTS (PointNo,East)\n1,2\nEXTRAINFO (PointNo,East)\n1,3;\nEND\n",
+        "POINTS (PointNo,East)\n1,2;\nEXTRAINFO (PointNo,East)\n1,3;\n7,4;\nEND\nEND\n",
+        "POINTS (PointNo)\n1\nTHEM (A B,C)\n2;\nEND X\nEND THEM\n3;\nLINES (A)\n4;\nEND EDGES\n5;\nEND\n",
         "POINTS [PointNo,East)\n7,1;\nEND\n",
         "POINTS\n7,1;\nEND)\n8;\nEND\n",
         "POINTSX (PointNo)\n7;\nEND\nPOINTS(PointNo)\n8;\nEND\nEOFX\nEOF X\nPOINTS (PointNo)\n9;\nEND\n",
@@ -183,6 +186,8 @@ TEST_F(Comparing, OddRecordsBecomeTheSame) {
         record("05KZ02      F9 1      X        1X        1X        3X        4X        5X        6", "00") +
             record("05N1        N2        X        1Y        2Z        3", "00") + record("06A01T  x  ", "00") +
             record("06A01Tvervolg", "01"),
+        point + record("04X        1X        2", "01") + point + record("04X        2X        3", "01") + point +
+            record("04X        3X        4", "01") + point + record("04X        4X        4", "01"),
         point + record("04X    1E400", "01") + point,
         point + record("04X    1E308X        1", "01") + point,
         "99\n\n" + line,
