@@ -44,7 +44,8 @@ void IdexLines::SkipTo(const std::string& keyword) {
 }
 
 std::string IdexLines::WithNextLine(const std::string& row) {
-    if (row.find(terminator) != std::string::npos) return row;
+    // In capitals, for the terminator may be a letter.
+    if (Capitals(row).find(terminator) != std::string::npos) return row;
     const std::size_t here = next;
     const std::string more = TakeRow();
     if (!Starts(more, "END") && (BlockOf(more).empty() || Starts(more, "EXTRAINFO"))) return row + more;

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <locale>
+#include <sstream>
 
 #include "tests/reference/Values.h"
 
@@ -177,7 +179,11 @@ double LeadingNumber(const std::string& text) {
             while (isDigit(digit)) number += text[digit++];
         }
     }
-    const double value = Finite(std::strtod(number.c_str(), nullptr));
+    std::istringstream digits(number);
+    digits.imbue(std::locale::classic());
+    double value = 0;
+    digits >> value;
+    if (digits.fail()) throw Error("Overloop");
     return value == 0 ? 0 : value;
 }
 
