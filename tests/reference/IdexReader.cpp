@@ -232,7 +232,7 @@ class Reader {
     static std::int32_t FlagsOf(const std::string& field) {
         std::uint32_t flags = 0;
         for (const char c : field) {
-            if (c == ' ' || c == '\t') continue;
+            if (c == ' ') continue;
             flags = flags * 2 + (c == '1' ? 1 : 0);
         }
         return static_cast<std::int32_t>(flags);

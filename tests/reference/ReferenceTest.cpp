@@ -136,7 +136,7 @@ TEST_F(Comparing, OddRowsOfIdexBecomeTheSame) {
         points + boxes + "1,5,1;\n2,5,2;\n3,5,4;\n",
         points + boxes + "x,5,0;\n-1,5,0;\n",
         boxes + "1000001,5,0;\n",
-        "LINES (LineNo,Flags1,Flags2)\n1,1 1x1,11111111111111111111111111111111111;\n1000001;\n",
+        "LINES (LineNo,Flags1,Flags2)\n1,1 1\t1x1,11111111111111111111111111111111111;\n1000001;\n",
         "LINES (LineNo,Code)\n0,NUL;\n2.5,TWEE;\n3.5,VIER;\n2147483648;\n",
         "POINTS (PointNo,PointNo,East)\n1,2,3;\n,5,6;\n-1;\n",
         "POINTS (PointNo,East)\n1,2\nEXTRAINFO (PointNo,East)\n1,3;\nEND\n",
