@@ -115,9 +115,9 @@ class Reader {
             if (field.letter == 'G') kinds.insert(LeadingNumber(field.value.substr(0, 2)));
         }
         if (code.empty()) return;
-        if (kinds.count(1) > 0) ReadPoint(code);
-        if (kinds.count(3) + kinds.count(5) + kinds.count(12) > 0) ReadLine(code);
-        if (kinds.count(4) + kinds.count(13) > 0) ReadArcs(code);
+        if (kinds.contains(1)) ReadPoint(code);
+        if (kinds.contains(3) || kinds.contains(5) || kinds.contains(12)) ReadLine(code);
+        if (kinds.contains(4) || kinds.contains(13)) ReadArcs(code);
     }
 
     void ReadPlacement(const Group& group) {
@@ -210,7 +210,7 @@ class Reader {
                 AddEdge(LastPoint() - 1, LastPoint(), "STRAIGHT");
             }
             if (field.letter == 'I' && LeadingNumber(field.value) == 4) {
-                result.log.push_back("FOUT:  Boog in lijnstring wordt niet ondersteund");
+                result.log.emplace_back("FOUT:  Boog in lijnstring wordt niet ondersteund");
             }
         }
         const bool hasPoint = drawing.points.size() > pointsBefore;
@@ -254,7 +254,7 @@ class Reader {
             }
         }
         if (drawing.points.size() - 1 < end) {
-            result.log.push_back("FOUT:  Ongeldige boog");
+            result.log.emplace_back("FOUT:  Ongeldige boog");
         } else {
             FinishArc(static_cast<std::int32_t>(end));
         }
@@ -281,7 +281,7 @@ class Reader {
     void ReadText(const Group& placement, const std::string& code, const std::string& position) {
         const Group group = records.Look().substr(0, 2) == "04" ? records.TakeGroup() : placement;
         if (records.Look().substr(0, 2) != "06") {
-            result.log.push_back("FOUT:  Tekst, 06 record ontbreekt");
+            result.log.emplace_back("FOUT:  Tekst, 06 record ontbreekt");
             return;
         }
         const std::string characters = records.Take();

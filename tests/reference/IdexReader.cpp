@@ -78,7 +78,7 @@ class Reader {
     static char SecondOf(const std::string& rest) { return rest.size() < 2 ? ' ' : rest[1]; }
 
     static std::string DateOf(const std::string& text) {
-        const std::string date = Trimmed(Unquoted(text), idexBlanks);
+        std::string date = Trimmed(Unquoted(text), idexBlanks);
         if (date.size() != 8 || date.find_first_not_of("0123456789") != std::string::npos) return date;
         return date.substr(6) + "-" + date.substr(4, 2) + "-" + date.substr(0, 4);
     }

@@ -153,37 +153,42 @@ double Finite(double number) {
     return number;
 }
 
+namespace {
+
+// What stands at a place and is left behind: a character of these, or none; digits, or none; an exponent, or none.
+std::string TakeOneOf(const std::string& characters, const std::string& text, std::size_t& at) {
+    if (at == text.size() || !Contains(characters, text.substr(at, 1))) return "";
+    return text.substr(at++, 1);
+}
+
+std::string TakeDigits(const std::string& text, std::size_t& at) {
+    const std::size_t from = at;
+    while (!TakeOneOf("0123456789", text, at).empty()) continue;
+    return text.substr(from, at - from);
+}
+
+std::string TakeExponent(const std::string& text, std::size_t at) {
+    if (TakeOneOf("EDed", text, at).empty()) return "";
+    const std::string sign = TakeOneOf("+-", text, at);
+    const std::string digits = TakeDigits(text, at);
+    return digits.empty() ? "" : "e" + sign + digits;
+}
+
+}  // namespace
+
 double LeadingNumber(const std::string& text) {
-    const auto isDigit = [&text](std::size_t at) { return at < text.size() && text[at] >= '0' && text[at] <= '9'; };
     std::size_t at = 0;
-    std::string number;
-    while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) ++at;
-    if (at < text.size() && (text[at] == '+' || text[at] == '-')) number += text[at++];
-    bool hasDigit = false;
-    bool hasPoint = false;
-    while (isDigit(at) || (at < text.size() && text[at] == '.' && !hasPoint)) {
-        if (text[at] == '.') {
-            hasPoint = true;
-        } else {
-            hasDigit = true;
-        }
-        number += text[at++];
-    }
-    if (!hasDigit) return 0;
-    if (at < text.size() && std::string("EeDd").find(text[at]) != std::string::npos) {
-        const bool hasSign = at + 1 < text.size() && (text[at + 1] == '+' || text[at + 1] == '-');
-        std::size_t digit = at + (hasSign ? 2 : 1);
-        if (isDigit(digit)) {
-            number += 'e';
-            if (hasSign) number += text[at + 1];
-            while (isDigit(digit)) number += text[digit++];
-        }
-    }
-    std::istringstream digits(number);
-    digits.imbue(std::locale::classic());
+    while (!TakeOneOf(" \t", text, at).empty()) continue;
+    const std::string sign = TakeOneOf("+-", text, at);
+    const std::string whole = TakeDigits(text, at);
+    const std::string point = TakeOneOf(".", text, at);
+    const std::string behind = TakeDigits(text, at);
+    if (whole.empty() && behind.empty()) return 0;
+    std::istringstream number(sign + whole + point + behind + TakeExponent(text, at));
+    number.imbue(std::locale::classic());
     double value = 0;
-    digits >> value;
-    if (digits.fail()) throw Error("Overloop");
+    number >> value;
+    if (number.fail()) throw Error("Overloop");
     return value == 0 ? 0 : value;
 }
 
