@@ -4,7 +4,7 @@ import os
 import subprocess
 import unittest
 
-from life import Life, expect_no_growth, release, root
+from life import Life, expect_no_growth, memory, release, root
 
 TRANSLATIONS = 10_000
 DISPLAY = ["xvfb-run", "-a", "-s", "-screen 0 1280x1024x24"]
@@ -24,6 +24,8 @@ class WindowTest(unittest.TestCase):
 
     def test_ten_thousand_translations_in_one_window_use_no_more_and_more(self):
         environment = {"KORVANDE_TRANSLATIONS": str(TRANSLATIONS), "LANGUAGE": "C", "GSETTINGS_BACKEND": "memory"}
+        if memory:
+            environment["TMPDIR"] = memory
         life = Life()
         for words in self.lines_of([str(release / "tests/gui/long_life"), "--gtest_brief=1"], environment):
             if words[:1] == ["process"]:

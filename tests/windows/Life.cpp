@@ -5,6 +5,7 @@
 #include <psapi.h>
 #include <winternl.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -48,8 +49,37 @@ std::optional<int> GdiObjectsOf(HANDLE process) {
     return count;
 }
 
+// GetProcessHandleCount would tell, but says 0 under Wine.
+std::optional<int> HandlesOf(DWORD process) {
+    constexpr std::size_t most = 1'000'000;
+    for (std::size_t room = 1'000; room <= most; room *= 2) {
+        std::vector<SYSTEM_HANDLE_ENTRY> told(room);
+        ULONG needed = 0;
+        if (::NtQuerySystemInformation(SystemHandleInformation, told.data(),
+                                       static_cast<ULONG>(room * sizeof told.front()), &needed) != 0)
+            continue;
+        const auto* const all = reinterpret_cast<const SYSTEM_HANDLE_INFORMATION*>(told.data());
+        const SYSTEM_HANDLE_ENTRY* const first = all->Handle;
+        return static_cast<int>(std::count_if(first, first + all->Count, [process](const SYSTEM_HANDLE_ENTRY& entry) {
+            return entry.OwnerPid == process;
+        }));
+    }
+    return {};
+}
+
 // A count that does not see what this program makes itself sees no other's either.
-bool CountsWhatIsMade() {
+bool CountsHandlesThatAreMade() {
+    constexpr int made = 25;
+    const DWORD self = ::GetCurrentProcessId();
+    const std::optional<int> before = HandlesOf(self);
+    HANDLE events[made] = {};
+    for (HANDLE& event : events) event = ::CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    const std::optional<int> with = HandlesOf(self);
+    for (HANDLE const event : events) ::CloseHandle(event);
+    return before && with && *with == *before + made && HandlesOf(self) == before;
+}
+
+bool CountsObjectsThatAreMade() {
     constexpr int made = 25;
     const std::optional<int> before = GdiObjectsOf(::GetCurrentProcess());
     HPEN pens[made] = {};
@@ -66,24 +96,23 @@ double SecondsOf(const FILETIME& time) {
 
 }  // namespace
 
-bool CanTellWhatIsUsed() { return CountsWhatIsMade(); }
+bool CanTellWhatIsUsed() { return CountsHandlesThatAreMade() && CountsObjectsThatAreMade(); }
 
 bool PrintWhatIsUsed(unsigned long process, int times) {
     HANDLE const handle = ::OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, process);
     if (handle == nullptr) return false;
     PROCESS_MEMORY_COUNTERS memory{};
-    DWORD handles = 0;
     FILETIME made{};
     FILETIME ended{};
     FILETIME kernel{};
     FILETIME user{};
+    const std::optional<int> handles = HandlesOf(process);
     const std::optional<int> objects = GdiObjectsOf(handle);
     const bool isTold = ::GetProcessMemoryInfo(handle, &memory, sizeof memory) != 0 &&
-                        ::GetProcessHandleCount(handle, &handles) != 0 &&
-                        ::GetProcessTimes(handle, &made, &ended, &kernel, &user) != 0 && objects;
+                        ::GetProcessTimes(handle, &made, &ended, &kernel, &user) != 0 && handles && objects;
     ::CloseHandle(handle);
     if (!isTold) return false;
-    std::printf("%d %llu %lu %d %.2f\n", times, static_cast<unsigned long long>(memory.PagefileUsage / 1024), handles,
+    std::printf("%d %llu %d %d %.2f\n", times, static_cast<unsigned long long>(memory.PagefileUsage / 1024), *handles,
                 *objects, SecondsOf(kernel) + SecondsOf(user));
     std::fflush(stdout);
     return true;

@@ -2,7 +2,7 @@
 
 // What another program uses, for tests of a long life.
 
-// Whether GDI objects can be counted here: tried on some that are made for it.
+// Whether handles and GDI objects can be counted here: tried on some that are made for it.
 bool CanTellWhatIsUsed();
 
 // A line of a process: so many times, its memory in kilobytes, its handles, its GDI objects, and the seconds of the
