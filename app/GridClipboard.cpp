@@ -154,6 +154,8 @@ Text TextOfCells(const EditedGrid& edited, const CellBlock& block) {
         }
         if (place < block.bottom) text.push_back(u'\n');
     }
+    // The break behind the last line does not count, so an empty line needs one more.
+    if (text.ends_with(u'\n')) text.push_back(u'\n');
     return text;
 }
 

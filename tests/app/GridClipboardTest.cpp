@@ -38,6 +38,15 @@ TEST_F(GridClipboardTest, WhatIsCopiedPastesAsItWas) {
     }
 }
 
+TEST_F(GridClipboardTest, AnEmptyCellAtTheEndOfAColumnPastesAsOne) {
+    const CellBlock column = {0, Grid::Lki, 1, Grid::Lki};
+    ASSERT_EQ(Cell(edited, 2, Grid::Lki), "");
+    EXPECT_TRUE(PasteCells(form, edited, column, TextOfCells(edited, column)));
+    EXPECT_EQ(Cell(edited, 1, Grid::Lki), "Q20");
+    EXPECT_EQ(Cell(edited, 2, Grid::Lki), "");
+    EXPECT_EQ(Codes(edited), "STANDRD BOOM PAAL ");
+}
+
 TEST_F(GridClipboardTest, CellsOfASpreadsheetAreReadInAnyLineEnds) {
     EXPECT_TRUE(Paste(1, Grid::Liscad, u"EIK\tQ30\tpunt\r\nBEUK\tQ31\tsymbool\r\n"));
     EXPECT_EQ(Codes(edited), "STANDRD EIK BEUK ");
