@@ -3,6 +3,7 @@
 #include "idex/modImportIDEX.h"
 #include "nensuf/modImportSUFNEN.h"
 #include "run/TranslateFiles.h"
+#include "tests/fuzz/Mutators.h"
 #include "tests/fuzz/Targets.h"
 #include "tests/fuzz/Workplace.h"
 #include "translation/Translation.h"
@@ -22,12 +23,9 @@ void ApplyChoice(const Choice& choice, Options& options) {
 }
 
 std::string_view TakeTable(std::string_view& input) {
-    constexpr std::string_view tableEnd = "[End]\r\n";
-    const std::size_t end = input.find(tableEnd);
-    if (end == std::string_view::npos) return someTable;
-    const std::string_view table = input.substr(0, end + tableEnd.size());
+    const std::string_view table = input.substr(0, EndOfTable(input));
     input.remove_prefix(table.size());
-    return table;
+    return table.empty() ? someTable : table;
 }
 
 namespace {

@@ -1,11 +1,14 @@
 #include "tests/fuzz/Targets.h"
 
+#include "tests/fuzz/Mutators.h"
+
 namespace korvande::fuzz {
 
 const std::vector<Target>& Targets() {
     static const std::vector<Target> targets = {
-        {"idex", TryIdex, "idex"},           {"exchange", TryExchange, "exchange"},  {"run", TryRun, "run"},
-        {"table", TryControlTable, "table"}, {"command", TryCommandLine, "command"}, {"compare", TryComparison, "run"}};
+        {"idex", TryIdex, MutateDrawing},     {"exchange", TryExchange, MutateDrawing},
+        {"run", TryRun, MutateRun},           {"table", TryControlTable, MutateTable},
+        {"command", TryCommandLine},          {"compare", TryComparison, MutateRun, "run"}};
     return targets;
 }
 

@@ -30,7 +30,11 @@ void TryCommandLine(std::string_view input);   // arguments, separated by line f
 struct Target {
     std::string_view name;
     void (*attempt)(std::string_view input);
-    std::string_view inputs;  // whose inputs were kept for it
+
+    // What knows how its inputs are built; nothing when their bytes are changed as they come.
+    std::string (*mutate)(std::string_view input, unsigned seed, std::size_t limit) = nullptr;
+
+    std::string_view inputs = name;  // whose inputs were kept for it
 };
 const std::vector<Target>& Targets();
 
