@@ -8,7 +8,9 @@ const std::vector<Target>& Targets() {
     static const std::vector<Target> targets = {
         {"idex", TryIdex, MutateDrawing},     {"exchange", TryExchange, MutateDrawing},
         {"run", TryRun, MutateRun},           {"table", TryControlTable, MutateTable},
-        {"command", TryCommandLine},          {"compare", TryComparison, MutateRun, "run"}};
+        {"command", TryCommandLine},          {"roundtrip", TryRoundTrip, MutateDrawing},
+        {"library", TryLibrary, MutateCalls}, {"grid", TryGrid},
+        {"compare", TryComparison, MutateRun, "run"}};
     return targets;
 }
 

@@ -27,6 +27,10 @@ void TryComparison(std::string_view input);  // the same, and the reference tran
 void TryControlTable(std::string_view input);  // a control table is loaded and saved
 void TryCommandLine(std::string_view input);   // arguments, separated by line feeds, in UTF-8
 
+void TryRoundTrip(std::string_view input);  // a byte of options and a drawing, which goes to the other format and back
+void TryLibrary(std::string_view input);    // calls of the C interface, a byte each, up to a line feed; then a drawing
+void TryGrid(std::string_view input);       // keys and words for the grids of a control table
+
 struct Target {
     std::string_view name;
     void (*attempt)(std::string_view input);

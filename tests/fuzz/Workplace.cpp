@@ -7,6 +7,7 @@
 
 #include "core/LineReader.h"
 #include "project/ControlTable.h"
+#include "tests/fuzz/Targets.h"
 
 namespace korvande::fuzz {
 
@@ -57,6 +58,9 @@ class Folder {
         fs::remove_all(path, ignored);
     }
     std::string File(std::string_view name) const { return (path / name).string(); }
+    void Empty() const {
+        for (const auto& entry : fs::directory_iterator(path)) fs::remove_all(entry.path());
+    }
 
  private:
     fs::path path;
@@ -100,5 +104,13 @@ std::string FileBytes(std::string_view name) {
     }
     return bytes;
 }
+
+void WriteFile(std::string_view name, std::string_view bytes) {
+    const FileHandle file(std::fopen(TheFolder().File(name).c_str(), "wb"));
+    Require(file != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size(),
+            "a file of the fuzzer's own cannot be written");
+}
+
+void EmptyFolder() { TheFolder().Empty(); }
 
 }  // namespace korvande::fuzz

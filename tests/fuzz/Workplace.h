@@ -15,6 +15,10 @@ Project ProjectOf(Screen& screen, std::string_view table);
 // A file's name in a folder that goes with the program, and a file of it; "" when it is not there.
 Text NameOf(std::string_view name);
 std::string FileBytes(std::string_view name);
+void WriteFile(std::string_view name, std::string_view bytes);
+
+// Removes what an input before left there.
+void EmptyFolder();
 
 // A control table with a code of every kind.
 extern const std::string_view someTable;
