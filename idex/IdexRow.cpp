@@ -19,8 +19,11 @@ bool LosesDigits(std::string_view number, std::size_t width) noexcept {
     return number.find('.') > width || number.find_first_not_of(".0", width) != std::string_view::npos;
 }
 
-// Whether the value of a fixed-width text is that of one never assigned; see FixedText.
-bool IsNeverFilled(std::string_view value) noexcept { return value.starts_with('\0'); }
+// Whether the value of a fixed-width text is that of one never assigned; see FixedText. One of a file may begin with a
+// character 0 too.
+bool IsNeverFilled(std::string_view value) noexcept {
+    return value.starts_with('\0') && value.find_first_not_of('\0') == std::string_view::npos;
+}
 
 }  // namespace
 

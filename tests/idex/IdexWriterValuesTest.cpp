@@ -165,6 +165,11 @@ TEST_F(IdexWriterValues, TextsThatWereNeverFilledAreEmpty) {
     EXPECT_EQ(Write().find('\0'), std::string::npos);
 }
 
+TEST_F(IdexWriterValues, ATextThatBeginsWithACharacterZeroIsWrittenWhole) {
+    using namespace std::string_view_literals;
+    EXPECT_EQ(Item(u"\0straat"sv), "\"\0straat\";"sv);
+}
+
 TEST_F(IdexWriterValues, FlagWordsHaveSixteenBits) {
     AddLine(drawing, u"A", 65535, 65536);
     AddLine(drawing, u"B", -1, 0x1234);

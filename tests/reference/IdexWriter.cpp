@@ -12,8 +12,8 @@ const std::string lineEnd = "\r\n";
 
 // A text between quotes, without what a reader would take for structure.
 std::string Quoted(std::string text) {
-    // One that was never filled begins with a character 0.
-    if (BeginsWith(text, std::string(1, '\0'))) text.clear();
+    // One that was never filled holds nothing but characters 0.
+    if (text.find_first_not_of('\0') == std::string::npos) text.clear();
     for (char& c : text) {
         if (c == '"') c = '\'';
         if (c == ';') c = ',';
