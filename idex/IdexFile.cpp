@@ -129,10 +129,11 @@ bool IdexFile::SkipToContaining(std::string_view keyword, std::string& line) {
 
 std::string_view IdexFile::NameOfBlock(std::string_view row) const noexcept {
     if (row.size() < 3 || !IsLetter(row.front()) || row.back() != ')') return {};
+    // The parenthesis at its end is no part of a word, nor a blank.
     std::size_t end = 0;
-    while (end < row.size() && IsOfWord(row[end])) ++end;
+    while (IsOfWord(row[end])) ++end;
     const std::size_t open = row.find_first_not_of(blanks, end);
-    if (open == std::string_view::npos || row[open] != '(' || row.find(terminator) != std::string_view::npos) return {};
+    if (row[open] != '(' || row.find(terminator) != std::string_view::npos) return {};
     const std::string_view names = row.substr(open + 1, row.size() - open - 2);
     const bool isList = std::all_of(names.begin(), names.end(), [this](char byte) {
         return IsOfWord(byte) || byte == separator || blanks.find(byte) != std::string_view::npos;
@@ -142,7 +143,7 @@ std::string_view IdexFile::NameOfBlock(std::string_view row) const noexcept {
 
 bool IdexFile::SkipNestedBlock(std::string_view row, std::string_view table) {
     // Of nearly every row the last character tells that it opens none.
-    if (row.empty() || row.back() != ')') return false;
+    if (row.back() != ')') return false;
     const std::string name = ToCapitals(NameOfBlock(row));
     if (name.empty()) return false;
     const std::int64_t line = rowLine;

@@ -29,7 +29,7 @@ void GrowLinesTo(Drawing& drawing, std::int32_t lineNo, std::int64_t rowsRead) {
 // A line type that is cut to one of other characters, not one that is unknown with or without its end, which is told
 // when it is looked up.
 void TellLineTypeCut(IdexTable& table, std::string_view lineType, std::size_t width) {
-    if (lineType.size() > width && lineType[width - 1] == ' ') table.Tell(ProblemKind::LineTypeCut);
+    if (lineType[width - 1] == ' ') table.Tell(ProblemKind::LineTypeCut);
 }
 
 void ReadEdges(Translation& translation, IdexFile& file, std::string_view headerLine) {

@@ -30,11 +30,10 @@ class FirstPoints {
         return index != 0 ? index : drawing.Points.UpperBound() + 1;
     }
 
-    // Notes that the point at this index has (from now on) this number; before it had another one, or was not there.
+    // Notes that the point at this index has (from now on) this number; before it had another one, of which it was the
+    // first, or was not there.
     void Note(std::int32_t index, std::int32_t numberBefore, std::int32_t pointNo) {
-        if (numberBefore != pointNo && firsts.Find(numberBefore) == index) {
-            firsts.Set(numberBefore, NextWith(numberBefore, index + 1));
-        }
+        if (numberBefore != pointNo) firsts.Set(numberBefore, NextWith(numberBefore, index + 1));
         const std::int32_t first = firsts.Find(pointNo);
         if (first == 0 || index < first) firsts.Set(pointNo, index);
     }

@@ -46,7 +46,7 @@ IdexRow& IdexRow::PutDecimal(double value, int decimals, std::size_t width) {
         ScaledDecimal(value, decimals, scaled)) {
         char* const end = WriteScaled(at, scaled, decimals);
         const auto length = static_cast<std::size_t>(end - at);
-        if (length > width && LosesDigits({at, length}, width)) ++cut;
+        if (LosesDigits({at, length}, width)) ++cut;
         // More blanks than are needed, and a number that is too long, are written over by what comes behind.
         std::memset(end, ' ', widest);
         at += width;

@@ -206,7 +206,7 @@ void IdexTable::TellNoNumber(std::string_view field, std::size_t end, ProblemKin
 }
 
 void IdexTable::TellWhenCut(std::string_view value, std::size_t width, ProblemKind kind) {
-    if (value.find_last_not_of(' ') != std::string_view::npos && value.find_last_not_of(' ') >= width) Tell(kind);
+    if (value.find_first_not_of(' ', width) != std::string_view::npos) Tell(kind);
 }
 
 std::string_view IdexTable::WithSingleQuotes(std::string_view value) {

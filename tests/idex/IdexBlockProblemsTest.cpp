@@ -32,6 +32,12 @@ TEST_F(IdexBlockProblems, ABlockMayBeginDirectlyBeforeItsParenthesisAndEndByENDO
     EXPECT_EQ(Lost(), Told{"1 regel van blok NOTES overgeslagen (op regel 9)"});
 }
 
+TEST_F(IdexBlockProblems, TheNameOfABlockMayHoldDigitsAndUnderscores) {
+    ASSERT_EQ(ReadPoints("THEME_2 (PointNo)\n1;\nEND THEME_2\n1,5,5,\"\";\n"), "");
+    EXPECT_EQ(drawing.Points.UpperBound(), 1);
+    EXPECT_EQ(Lost(), Told{"1 regel van blok THEME_2 overgeslagen (op regel 9)"});
+}
+
 TEST_F(IdexBlockProblems, AnEmptyBlockIsNoLoss) {
     ASSERT_EQ(ReadPoints("THEMINFO (PointNo)\n\nEND THEMINFO\n1,5,5,\"\";\n"), "");
     EXPECT_EQ(drawing.Points.UpperBound(), 1);
@@ -69,12 +75,27 @@ TEST_F(IdexBlockProblems, ABlockBehindAPointWithoutItsTerminatorIsNoPartOfIt) {
               (Told{"1 rij zonder afsluitteken (op regel 9)", "1 regel van blok THEMINFO overgeslagen (op regel 10)"}));
 }
 
+TEST_F(IdexBlockProblems, AnExtraInfoBehindAPointWithoutItsTerminatorIsTakenForItsRest) {
+    ASSERT_EQ(ReadPoints("1,5,5,\"\"\nEXTRAINFO (PointNo,Code)\n1,\"X\";\nEND EXTRAINFO\n"), "");
+    EXPECT_EQ(drawing.Points.UpperBound(), 2);
+    EXPECT_EQ(Lost().front(), "1 rij zonder afsluitteken (op regel 9)");
+    EXPECT_TRUE(HasDamage());
+}
+
 TEST_F(IdexBlockProblems, ALineWithATerminatorOrOtherSignsOpensNoBlock) {
     ASSERT_EQ(ReadTables("LINES (LineNo,Code)\nA (1);\nB (\"x\")\n1,\"C\";\nEND\n"), "");
     EXPECT_EQ(drawing.Lines.UpperBound(), 1);
     EXPECT_EQ(Lost(),
               (Told{"1 rij met een ander aantal velden dan de tabel kolommen heeft (op regel 9)",
                     "1 waarde die geen getal is (op regel 9)", "1 regel in een tabel die geen rij is (op regel 10)"}));
+}
+
+TEST_F(IdexBlockProblems, ARowThatEndsInAParenthesisOpensNoBlock) {
+    ASSERT_EQ(ReadTables("LINES (LineNo,Code)\n1,\"A\"; (old)\nB (1;2)\nC:D (x)\n2,\"E\";\nEND\n"), "");
+    EXPECT_EQ(drawing.Lines.UpperBound(), 2);
+    EXPECT_EQ(Lost(),
+              (Told{"2 rijen met tekens achter het afsluitteken, die niet zijn gelezen (de eerste op regel 9)",
+                    "1 waarde die geen getal is (op regel 10)", "1 regel in een tabel die geen rij is (op regel 11)"}));
 }
 
 TEST_F(IdexBlockProblems, BlocksInsideLinesAndEdgesAreReadOverAndTold) {
@@ -121,6 +142,11 @@ TEST_F(IdexBlockProblems, OtherLinesBetweenTablesAreToldByTheirFirstWord) {
     EXPECT_TRUE(HasDamage());
 }
 
+TEST_F(IdexBlockProblems, AParenthesisBetweenTablesOpensNoBlock) {
+    ASSERT_EQ(ReadTables("(1)\n(2)\n"), "");
+    EXPECT_EQ(Lost(), (Told{"1 regel overgeslagen: (1) (op regel 8)", "1 regel overgeslagen: (2) (op regel 9)"}));
+}
+
 TEST_F(IdexBlockProblems, TheRowsBehindTheEndOfATableAreTold) {
     ASSERT_EQ(ReadPoints("1,5,5,\"\";\nEND\n2,6,6,\"\";\n"), "");
     EXPECT_EQ(drawing.Points.UpperBound(), 1);
@@ -142,6 +168,18 @@ TEST_F(IdexBlockProblems, RowsBehindTheEndOfThePolygonsAreNone) {
     ASSERT_EQ(ReadTables("POLYGONS (LineNo,Code)\nEDGES (LineNo)\nEND EDGES\nEND POLYGONS\n2,\"B\";\n"), "");
     EXPECT_EQ(translation.account[ObjectKind::Polygon].read, 0);
     EXPECT_EQ(Lost(), Told{"1 regel overgeslagen: 2,\"B\"; (op regel 12)"});
+}
+
+TEST_F(IdexBlockProblems, AnEmptyLineBehindTheEdgesOfPolygonsIsNone) {
+    ASSERT_EQ(ReadTables("POLYGONS (LineNo)\nEDGES (LineNo)\nEND EDGES\n\n1;\n\nEND POLYGONS\n"), "");
+    EXPECT_EQ(translation.account[ObjectKind::Polygon].read, 1);
+    EXPECT_TRUE(Lost().empty());
+}
+
+TEST_F(IdexBlockProblems, RowsBehindTheEndOfTheDatabaseAreNoPolygons) {
+    ASSERT_EQ(ReadTables("POLYGONS (LineNo)\nEDGES (LineNo)\nEND EDGES\n1;\nEDGES (LineNo)\nEND DATABASE\n2;\n"), "");
+    EXPECT_EQ(translation.account[ObjectKind::Polygon].read, 1);
+    EXPECT_EQ(Lost(), Told{"1 regel overgeslagen: 2; (op regel 14)"});
 }
 
 }  // namespace

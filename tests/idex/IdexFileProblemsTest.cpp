@@ -93,6 +93,13 @@ TEST_F(IdexFileProblems, LayersBehindTheDatabaseAreTold) {
     EXPECT_EQ(translation.problems.errors, 0);
 }
 
+TEST_F(IdexFileProblems, LayersBehindADatabaseWithoutAnEndAreTold) {
+    ASSERT_EQ(Read("HEADER\nEND HEADER\nDATABASE\n" + std::string(layers) + std::string(onePoint)), "");
+    EXPECT_EQ(drawing.Points.UpperBound(), 0);
+    EXPECT_EQ(Lost(), Told{"LAYERS staat achter DATABASE; de tekening is niet gelezen (op regel 4)"});
+    EXPECT_EQ(translation.problems.errors, 1);
+}
+
 TEST_F(IdexFileProblems, LayersBehindAFirstDatabaseAreNotToldWhenAnotherOneFollows) {
     ASSERT_EQ(Read("HEADER\nEND HEADER\nDATABASE version 2\n" + std::string(layers) + "DATABASE\n" +
                    std::string(onePoint) + "END DATABASE\n"),

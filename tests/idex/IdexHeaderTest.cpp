@@ -36,7 +36,8 @@ TEST_F(IdexHeader, ItsSeparatorAndTerminatorHoldForTheRestOfTheFile) {
 }
 
 TEST_F(IdexHeader, ItsSeparatorAndTerminatorMayBeLettersOfAnyCase) {
-    for (const std::string_view letters : {"SEPARATOR 'q'\nTERMINATOR 'x'\n", "SEPARATOR 'Q'\nTERMINATOR 'X'\n"}) {
+    for (const std::string_view letters :
+         {"SEPARATOR 'q'\nTERMINATOR 'x'\n", "SEPARATOR 'Q'\nTERMINATOR 'X'\n", "TERMINATOR 'x'\nSEPARATOR 'q'\n"}) {
         ASSERT_EQ(Read("HEADER\n" + std::string(letters) +
                        "END HEADER\n"
                        "LAYERS (LayerNoqName)\n0qAx\n1QBX\nEND LAYERS\nDATABASE\n"

@@ -26,6 +26,12 @@ TEST_F(IdexLines, ARowGivesEveryFieldOfALineString) {
     EXPECT_EQ(Line(1).Flags2, 1);
 }
 
+TEST_F(IdexLines, ATabBetweenDigitsOfAFlagWordIsABlank) {
+    ASSERT_EQ(ReadLines("1,\"A\",\"\",00000000\t00000101,00000001;\n"), "");
+    EXPECT_EQ(Line(1).Flags1, 5);
+    EXPECT_TRUE(Lost().empty());
+}
+
 TEST_F(IdexLines, GapsInTheNumbersAreBlankLines) {
     ASSERT_EQ(ReadLines("1,\"A\";\n2,\"B\";\n5,\"E\";\n"), "");
     ASSERT_EQ(drawing.Lines.UpperBound(), 5);

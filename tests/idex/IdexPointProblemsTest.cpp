@@ -20,6 +20,11 @@ TEST_F(IdexPointProblems, PointsWithoutAnEastOrANorthAreTold) {
     EXPECT_FALSE(HasDamage());
 }
 
+TEST_F(IdexPointProblems, BlanksBetweenQuotesAreNoCoordinate) {
+    ASSERT_EQ(ReadPoints("1,\"\",\" \",5,0,\"\";\n2,\"\",5,\"\t\",0,\"\";\n"), "");
+    EXPECT_EQ(Lost(), Told{"2 punten zonder coördinaten (de eerste op regel 9)"});
+}
+
 TEST_F(IdexPointProblems, PointsOfATableWithoutANorthAreTold) {
     ASSERT_EQ(ReadTables("POINTS (PointNo,East,Code)\n1,5,\"\";\n2,6,\"\";\nEND\n"), "");
     EXPECT_EQ(Lost(), (Told{"kolom NORTH in POINTS ontbreekt (op regel 8)",
@@ -74,6 +79,14 @@ TEST_F(IdexPointProblems, ASecondTableThatOverwritesPointsIsTold) {
     EXPECT_EQ(Lost(), Told{"2 punten vervangen door een volgende tabel POINTS (de eerste op regel 13)"});
 }
 
+TEST_F(IdexPointProblems, ANumberOfAPointThatWasReplacedComesForTheFirstTime) {
+    ASSERT_EQ(ReadPoints("1,\"\",5,5,0,\"\";\n2,\"\",5,5,0,\"\";\n",
+                         "POINTS (PointNo,East,North,Code)\n7,6,6,\"\";\n1,6,6,\"\";\nEND\n"),
+              "");
+    EXPECT_EQ(drawing.PointIndex[1], 2);
+    EXPECT_EQ(Lost(), Told{"2 punten vervangen door een volgende tabel POINTS (de eerste op regel 12)"});
+}
+
 TEST_F(IdexPointProblems, ATableThatOverwritesPointsIsToldThoughAnErrorEndsIt) {
     EXPECT_EQ(ReadPoints("1,\"\",5,5,0,\"\";\n", "POINTS (PointNo,East,North,Code)\n1,6,6,\"\";\n-1,6,6,\"\";\nEND\n"),
               "error 9 in line 13");
@@ -102,6 +115,32 @@ TEST_F(IdexPointProblems, ARowThatUpdatesAndTakesValuesAwayIsToldOnce) {
     EXPECT_EQ(Point(1).East, 0);
     EXPECT_EQ(Lost(),
               Told{"1 punt waarvan een rij van EXTRAINFO zonder alle kolommen waarden heeft gewist (op regel 12)"});
+}
+
+TEST_F(IdexPointProblems, ARowThatUpdatesIsToldWhicheverValueItTakesAway) {
+    const std::vector<std::string> values = {"\"A\"", "5", "6", "7", "8", "\"X\"", "\"Y\""};
+    const auto row = [&values](std::size_t left, std::string_view instead) {
+        std::string fields = "1";
+        for (std::size_t at = 0; at < values.size(); ++at) fields.append(",").append(at == left ? instead : values[at]);
+        return fields + ";\n";
+    };
+    const std::string list = "(PointNo,PointID,East,North,Elevation,SymDir,Code,Description)\n";
+    const auto read = [&](std::string_view before, std::string_view update) {
+        translation.problems = {};
+        return ReadTables("POINTS " + list + std::string(before) + "EXTRAINFO " + list + std::string(update) + "END\n");
+    };
+    const std::string whole = row(values.size(), {});
+    for (std::size_t left = 0; left < values.size(); ++left) {
+        ASSERT_EQ(read(whole, row(left, "\"\"")), "");
+        EXPECT_EQ(Lost(),
+                  Told{"1 punt waarvan een rij van EXTRAINFO zonder alle kolommen waarden heeft gewist (op regel 11)"})
+            << values[left];
+        const std::string without = row(left, left == 0 || left > 4 ? "\"\"" : "0");
+        ASSERT_EQ(read(without, row(left, "")), "");
+        EXPECT_TRUE(Lost().empty()) << values[left];
+    }
+    ASSERT_EQ(read(whole, whole), "");
+    EXPECT_TRUE(Lost().empty());
 }
 
 TEST_F(IdexPointProblems, ARowThatUpdatesIsReadWhateverTheOption) {

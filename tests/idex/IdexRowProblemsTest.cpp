@@ -85,11 +85,21 @@ TEST_F(IdexRowProblems, WhatStandsBehindATerminatorIsTold) {
     EXPECT_TRUE(HasDamage());
 }
 
+TEST_F(IdexRowProblems, WhatStandsBehindATerminatorIsToldOfAnEmptyLastFieldToo) {
+    ASSERT_EQ(ReadLines("1, ; \"B\"\n"), "");
+    EXPECT_EQ(Lost(), Told{"1 rij met tekens achter het afsluitteken, die niet zijn gelezen (op regel 9)"});
+}
+
 TEST_F(IdexRowProblems, ATerminatorInsideQuotesIsToldAsAValueCut) {
     ASSERT_EQ(ReadLines("1,\"A;B\";\n2,\"say \"\"x;y\"\"\";\n"), "");
     EXPECT_EQ(Shown(drawing.Code(Line(1))), "A");
     EXPECT_EQ(Lost().front(), "2 waarden afgekapt bij een afsluitteken (de eerste op regel 9)");
     EXPECT_FALSE(HasDamage());
+}
+
+TEST_F(IdexRowProblems, ATerminatorInsideTheQuotesAtTheEndOfALineIsNoOther) {
+    ASSERT_EQ(ReadLines("1,\"A;B\"\n"), "");
+    EXPECT_EQ(Lost(), Told{"1 waarde afgekapt bij een afsluitteken (op regel 9)"});
 }
 
 TEST_F(IdexRowProblems, ATerminatorBehindAnUnclosedQuoteEndsTheRow) {
@@ -139,6 +149,18 @@ TEST_F(IdexRowProblems, AWordThatTakesTheNextPointIsTold) {
     EXPECT_EQ(Lost(), Told{"1 regel in een tabel die geen rij is (op regel 9)"});
 }
 
+TEST_F(IdexRowProblems, AWordBeforeACommentedPointIsToldWithIt) {
+    ASSERT_EQ(ReadPoints("comment\n! 1,\"A\",10,20,\"\";\n2,\"B\",30,40,\"\";\n"), "");
+    EXPECT_EQ(Lost(), Told{"2 regels in een tabel die geen rij zijn (de eerste op regel 9)"});
+}
+
+TEST_F(IdexRowProblems, ACommentedPointBehindOneWithoutItsTerminatorIsToldToo) {
+    ASSERT_EQ(ReadPoints("1,\"A\",10,20,\"\"\n! 2,\"B\",30,40,\"\";\n"), "");
+    EXPECT_EQ(Point(1).North, 20);
+    EXPECT_EQ(Lost(),
+              (Told{"1 rij zonder afsluitteken (op regel 9)", "1 regel in een tabel die geen rij is (op regel 10)"}));
+}
+
 TEST_F(IdexRowProblems, ACommentBehindAPointWithoutItsTerminatorIsToldToo) {
     ASSERT_EQ(ReadPoints("1,\"A\",10,20,\"\"\n-- comment\n# one\n/* two */\n"), "");
     EXPECT_EQ(Lost(), (Told{"1 rij zonder afsluitteken (op regel 9)",
@@ -147,9 +169,10 @@ TEST_F(IdexRowProblems, ACommentBehindAPointWithoutItsTerminatorIsToldToo) {
 
 TEST_F(IdexRowProblems, ASignThatSeparatesOrEndsBeginsNoComment) {
     ASSERT_EQ(Read("HEADER\nSEPARATOR '#'\nTERMINATOR '!'\nEND HEADER\nLAYERS (LayerNo#Name)\nEND\nDATABASE\n"
-                   "LINES (Code#LineNo#Flags1)\n#1#1!\nEND\nEND DATABASE\n"),
+                   "LINES (Code#LineNo#Flags1)\n#1#1!\n!2\nEND\nEND DATABASE\n"),
               "");
-    EXPECT_TRUE(Lost().empty());
+    EXPECT_EQ(Lost(), (Told{"1 rij met tekens achter het afsluitteken, die niet zijn gelezen (op regel 10)",
+                            "1 lijnstring met nummer 0, dat geen nummer is (op regel 10)"}));
 }
 
 TEST_F(IdexRowProblems, RowsOfLayersAreToldToo) {

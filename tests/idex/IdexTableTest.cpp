@@ -83,6 +83,13 @@ TEST_F(IdexTable, AListThatNeverOpensHasNoColumns) {
     EXPECT_EQ(Point(1).East, 0);
 }
 
+TEST_F(IdexTable, AListThatClosesBeforeItOpensHasNoColumns) {
+    ASSERT_EQ(ReadTables("POINTS )(PointNo,East\n7,1;\nEND POINTS\n"), "");
+    ASSERT_EQ(drawing.Points.UpperBound(), 1);
+    EXPECT_EQ(Point(1).PointNo, 1);
+    EXPECT_EQ(Point(1).East, 0);
+}
+
 TEST_F(IdexTable, TheKeywordMayStandDirectlyBeforeTheList) {
     ASSERT_EQ(ReadTables("\tPOINTS(PointNo,East)\n\t7,1;\n\tEND POINTS\n"
                          "\tLINES(LineNo,Code)\n\t1,\"A\";\n\tEDGES(LineNo,StartPt,EndPt)\n\t1,7,7;\n\tEND\n\tEND\n"

@@ -41,9 +41,9 @@ TEST_F(IdexValueProblems, ADecimalCommaIsToldAndIsNoDamage) {
 
 TEST_F(IdexValueProblems, ACommaThatIsNotBetweenDigitsMakesNoNumber) {
     ASSERT_EQ(Read("HEADER\nSEPARATOR '|'\nEND HEADER\nLAYERS (LayerNo|Name)\nEND\nDATABASE\n"
-                   "POINTS (PointNo|East|North|Code)\n1|1,|2,5X|\"\";\nEND\nEND DATABASE\n"),
+                   "POINTS (PointNo|East|North|Code)\n1|1,|2,5X|\"\";\n2|5.,5|,5|\"\";\nEND\nEND DATABASE\n"),
               "");
-    EXPECT_EQ(Lost(), Told{"2 coördinaten die geen getal zijn (de eerste op regel 8)"});
+    EXPECT_EQ(Lost(), Told{"4 coördinaten die geen getal zijn (de eerste op regel 8)"});
 }
 
 TEST_F(IdexValueProblems, NumbersOfLineStringsAreTold) {
@@ -70,6 +70,12 @@ TEST_F(IdexValueProblems, NamesCodesAndDescriptionsThatAreCutAreTold) {
 TEST_F(IdexValueProblems, BlanksBehindAValueAreNotCut) {
     const std::string description(80, 'x');
     ASSERT_EQ(ReadPoints("1,\"123456789   \",5,5,0,\"1234567 \",\"" + description + "  \",0;\n"), "");
+    EXPECT_TRUE(Lost().empty());
+}
+
+TEST_F(IdexValueProblems, BlanksAloneAreNotCutEither) {
+    ASSERT_EQ(ReadPoints("1,\"          \",5,5,0,\"        \",\"\",0;\n"), "");
+    EXPECT_TRUE(Point(1).PointID().IsBlank());
     EXPECT_TRUE(Lost().empty());
 }
 
