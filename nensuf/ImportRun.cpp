@@ -1,7 +1,5 @@
 #include "nensuf/ImportRun.h"
 
-#include <cmath>
-
 #include "core/Numbers.h"
 #include "core/modScreen.h"
 #include "nensuf/ImportProblems.h"
@@ -61,8 +59,7 @@ class CodeTaker {
 int KindIn(std::string_view value) {
     const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
     if (isDigit(value[0]) && isDigit(value[1])) return 10 * (value[0] - '0') + (value[1] - '0');
-    const double kind = LeadingNumber(value.substr(0, 2));
-    return kind == std::floor(kind) ? static_cast<int>(kind) : 0;
+    return static_cast<int>(LeadingNumber(value.substr(0, 2)));
 }
 
 // In the value of a G field, behind the kind of geometry: how the object was measured, and its status.

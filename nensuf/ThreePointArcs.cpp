@@ -89,7 +89,6 @@ bool TakeArc(const Drawing& drawing, const LinePiece& piece, ThreePointArc& arc)
     const PointRec& end = drawing.Points[piece.end];
     const Position centre = PlaceOf(drawing.Points[piece.centre]);
     const Arc shape = ArcAbout(Written(PlaceOf(start)), centre, Written(PlaceOf(end)), piece.isAnticlockwise);
-    if (!(std::fabs(shape.sweep) > 0) || !std::isfinite(shape.radius)) return false;
     const Position middle = MiddleOf(shape);
     const Readback back = ReadBack(PlaceOf(start), middle, PlaceOf(end), centre, piece.isAnticlockwise);
     arc.middle = NamelessAt(middle, MeanHeight(start, end));
@@ -104,7 +103,6 @@ bool TakeCircle(const Drawing& drawing, const LinePiece& piece, ThreePointArc& a
     const Position opposite = Written({2 * centre.east - from.east, 2 * centre.north - from.north});
     const Arc first = ArcAbout(from, centre, opposite, piece.isAnticlockwise);
     const Arc second = ArcAbout(opposite, centre, from, piece.isAnticlockwise);
-    if (!std::isfinite(first.radius) || !(std::fabs(first.sweep) > 0) || !(std::fabs(second.sweep) > 0)) return false;
     const Position middle1 = MiddleOf(first);
     const Position middle2 = MiddleOf(second);
     const Readback back1 = ReadBack(from, middle1, opposite, centre, piece.isAnticlockwise);

@@ -31,6 +31,19 @@ class ExportArcs : public ExportTest {
         AddSegment({.type = type, .line = line, .start = first + 1, .end = first + 2});
     }
 
+    // A quarter circle of this radius (metres), and as a second line string the whole circle.
+    void AddArcAndCircle(double radius) {
+        for (const Position place : {Position{radius, 0}, Position{radius, radius}, Position{0, radius}}) {
+            AddPoint({.code = u"", .east = place.east, .north = place.north});
+        }
+        AddLine(u"KANT");
+        AddSegment({.type = u"ARC_CENT", .start = 1, .end = 2});
+        AddSegment({.type = u"ARC_CENT", .start = 2, .end = 3});
+        AddLine(u"KANT");
+        AddSegment({.type = u"CIRCLE_CENT", .line = 2, .start = 1, .end = 2});
+        AddSegment({.type = u"CIRCLE_CENT", .line = 2, .start = 2, .end = 1});
+    }
+
     static double Rounded(double metres) { return std::round(metres * 1000) / 1000; }
 
     // What reads the export back.
@@ -158,6 +171,54 @@ TEST_F(ExportArcs, WhatIsNoArcStaysSegmentBySegment) {
     EXPECT_EQ(Told(), "3 lijnsegmenten van bogen, per segment geschreven\n");
 }
 
+TEST_F(ExportArcs, ArcsAndCirclesWithoutARadiusStaySegmentBySegment) {
+    AddArc({100, 100}, 0, 0, 1.5);
+    AddPoint({.code = u"", .east = 10, .north = 20});
+    AddPoint({.code = u"", .east = 10, .north = 20});
+    AddLine(u"KANT");
+    AddSegment({.type = u"CIRCLE_CENT", .line = 2, .start = 4, .end = 5});
+    AddSegment({.type = u"CIRCLE_CENT", .line = 2, .start = 5, .end = 4});
+    ExportObjects();
+    EXPECT_EQ(Told(), "4 lijnsegmenten van bogen, per segment geschreven\n");
+}
+
+TEST_F(ExportArcs, AnArcWhoseEndsAreWrittenAsOnePlaceStaysSegmentBySegment) {
+    AddPoint({.code = u"", .east = 9.9996, .north = 20});
+    AddPoint({.code = u"", .east = 10, .north = 15});
+    AddPoint({.code = u"", .east = 10.0004, .north = 20});
+    AddLine(u"KANT");
+    AddSegment({.type = u"ARC_CENT", .start = 1, .end = 2});
+    AddSegment({.type = u"ARC_CENT", .start = 2, .end = 3});
+    ExportObjects();
+    EXPECT_EQ(Told(), "2 lijnsegmenten van bogen, per segment geschreven\n");
+}
+
+TEST_F(ExportArcs, ThoseTooLargeToFindTheirCentreAgainStaySegmentBySegment) {
+    AddArcAndCircle(1e200);
+    ExportObjects();
+    EXPECT_EQ(Told(),
+              "12 coördinaten van lijnsegmenten die niet in negen posities passen\n"
+              "4 lijnsegmenten van bogen, per segment geschreven\n");
+}
+
+TEST_F(ExportArcs, ThoseThatLoseDigitsAreToldOfTheirCentresToo) {
+    AddArcAndCircle(1e17);
+    ExportObjects();
+    EXPECT_EQ(Told(),
+              "13 coördinaten van lijnsegmenten die niet in negen posities passen\n"
+              "2 bogen waarvan het middelpunt uit drie punten niet op de millimeter terugkomt\n");
+}
+
+TEST_F(ExportArcs, ACircleOfHalfAMillimetreStaysSegmentBySegment) {
+    AddPoint({.code = u"", .east = 0.0016, .north = 0.0049});
+    AddPoint({.code = u"", .east = 0.0011, .north = 0.0049});
+    AddLine(u"KANT");
+    AddSegment({.type = u"CIRCLE_CENT", .start = 1, .end = 2});
+    AddSegment({.type = u"CIRCLE_CENT", .start = 2, .end = 1});
+    ExportObjects();
+    EXPECT_EQ(Told(), "2 lijnsegmenten van bogen, per segment geschreven\n");
+}
+
 TEST_F(ExportArcs, AnArcOfAnUnknownCodeIsLeftOutWhole) {
     AddArc({100, 100}, 5, 0, 1.5);
     translation.drawing.SetCode(translation.drawing.Lines[1], TextView(u"VREEMD"));
@@ -180,6 +241,19 @@ TEST_F(ExportArcs, HeightsOfBothEndsAreMeantInThePlaceBetween) {
                        "I4        NNAAM12346X    15000Y    15000Z     2000Q"),
               std::string::npos)
         << all;
+}
+
+TEST_F(ExportArcs, TheHeightOfOneEndIsThatOfThePlaceBetween) {
+    translation.options.chkExport3D = true;
+    AddPoint({.code = u"", .east = 10, .north = 20, .elevation = 1});
+    AddPoint({.code = u"", .east = 10, .north = 15});
+    AddPoint({.code = u"", .east = 15, .north = 15});
+    AddLine(u"KANT");
+    AddSegment({.type = u"ARC_CENT", .start = 1, .end = 2});
+    AddSegment({.type = u"ARC_CENT", .start = 2, .end = 3});
+    std::string all;
+    for (const std::string& line : SplitLines(ExportObjects())) all += line.substr(2, 60);
+    EXPECT_NE(all.find("X    13374Y    18690Z     1000"), std::string::npos) << all;
 }
 
 }  // namespace

@@ -104,6 +104,23 @@ TEST_F(ImportObjectProblems, ObjectsMarkedAsToBeDeletedOrChangedAreToldAndImport
     }
 }
 
+TEST_F(ImportObjectProblems, AnObjectIsMarkedByAnyOfItsFieldsAndToldOnce) {
+    const std::string firstOfTwo = Group("03", "MP10      " + Field('G', "010113") + Field('G', "010111"));
+    EXPECT_EQ(LossOfGroups(firstOfTwo + Geometry(At(1, 1)) +
+                           Group("05", Field('F', "131") + Field('F', "111") + Field('K', "Z10") + At(1, 1)) +
+                           TextRecord("Weg")),
+              "1 punt gemarkeerd als te verwijderen of te wijzigen, en toch overgenomen (op regel 3)\n"
+              "1 tekst gemarkeerd als te verwijderen of te wijzigen, en toch overgenomen (op regel 5)\n");
+}
+
+TEST_F(ImportObjectProblems, AKindThatIsNoWholeNumberIsNone) {
+    for (const std::string kind : {".5", "x1", "-3"}) {
+        EXPECT_EQ(LossOfGroups(Head("P10", kind) + Geometry(At(1, 1))),
+                  LossOfGroups(Head("P10", "00") + Geometry(At(1, 1))))
+            << kind;
+    }
+}
+
 TEST_F(ImportObjectProblems, ACoordinateThatIsNotWhollyANumberIsToldWhateverTheObject) {
     for (const std::string bad : {"12l023", "abc", "", "1,5", "12 3", "1-2", "123456 78", "1234567a9", "-"}) {
         const std::string place = Field('X', bad) + Field('Y', 5);

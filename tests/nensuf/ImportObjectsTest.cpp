@@ -93,6 +93,13 @@ TEST_F(ImportObjects, AnUnknownPointIsDroppedOrImportedAsTheUnknownRow) {
     EXPECT_EQ(translation.codes.points.rows[0].Count, 2);
 }
 
+TEST_F(ImportObjects, AnUnknownObjectOfADrawingThatIsOnlyReadKeepsItsCode) {
+    translation.options.chkImportUnknowns = translation.keepsUnknownCodes = true;
+    Import(Point("ONB", At(1, 1)) + Point("P10", At(2, 2)));
+    EXPECT_EQ(CodeOf(1), "ONB");
+    EXPECT_EQ(CodeOf(2), "BOOM");
+}
+
 TEST_F(ImportObjects, APointWithoutCoordinatesIsLookedUpAndLeftOut) {
     Import(Point("P10", Field('Y', 1)) + Point("P10", "") + Symbol("P20", ""));
     EXPECT_EQ(Points(), "");

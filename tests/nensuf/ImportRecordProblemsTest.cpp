@@ -121,6 +121,9 @@ TEST_F(ImportRecordProblems, WhatStandsBehindTheClosingRecordIsToldWithItsFirstL
               "de rest van het bestand is niet gelezen, vanaf regel 8\n");
     ExpectDamage();
     EXPECT_EQ(LossOfFile(NenHeader() + point + closing + "\r\n   "), "");
+    EXPECT_EQ(LossOfFile(NenHeader() + point + closing + "99\r\n99   \r\n"), "");
+    EXPECT_EQ(LossOfFile(NenHeader() + point + closing + "99\r\n99 M\r\n"),
+              "de rest van het bestand is niet gelezen, vanaf regel 7\n");
 }
 
 TEST_F(ImportRecordProblems, AGroupWhoseLastRecordSaysThatItGoesOnIsNotClosed) {
