@@ -1,5 +1,7 @@
 #include "run/Check.h"
 
+#include "run/Steps.h"
+
 #include <algorithm>
 
 #include "tests/run/RunTest.h"
@@ -100,6 +102,22 @@ TEST_F(CheckTest, AnInputThatIsNotThereIsMarked) {
     CheckDrawing(Begin(nenToIdex, folder / "weg.sfn", folder / "uit.idx"));
     EXPECT_TRUE(last->outcome.inputUnreadable);
     EXPECT_EQ(folder.Listing(), "");
+}
+
+TEST_F(CheckTest, ADrawingIsReadOnlyAndKeepsItsCodes) {
+    ReadDrawing(BeginInMemory(idexToNen, OnePoint()));
+    EXPECT_EQ(last->drawing.Points.UpperBound(), 1);
+    options.chkExportUnknowns = true;
+    TranslateFiles(BeginInMemory(idexToNen, OnePoint()));
+    ReadDrawing(BeginInMemory(nenToIdex, std::string(last->outputBytes)));
+    ASSERT_EQ(last->drawing.Points.UpperBound(), 1);
+    EXPECT_EQ(ToUtf8(last->drawing.Code(last->drawing.Points[1]).TrimmedRight()), "Q20");
+    EXPECT_EQ(last->outputBytes, "");
+    ReadDrawing(Begin(idexToNen, folder / "weg.idx"));
+    EXPECT_TRUE(last->outcome.inputUnreadable);
+    screen.onPump = [] { throw TranslationAborted(); };
+    ReadDrawing(BeginInMemory(idexToNen, OnePoint()));
+    EXPECT_TRUE(last->outcome.cancelled);
 }
 
 TEST_F(CheckTest, APersonCanEndIt) {

@@ -37,6 +37,17 @@ TEST(InputDrawing, WhatIsNoDrawingIsTold) {
     EXPECT_FALSE(missing.input);
     EXPECT_EQ(missing.whyNot,
               Concat(u"Kon bestand: '", folder / "weg", u"' niet openen;\nFoutcode: 53\nBestand niet gevonden"));
+    EXPECT_FALSE(LookAtInput(screen, folder / "").input);
+}
+
+TEST(InputDrawing, OneInUtf16IsToldAsSuch) {
+    using namespace std::string_view_literals;
+    SilentScreen screen;
+    const TestFolder folder;
+    const Text name = folder.Write("tekening.idx", "\xFF\xFEH\0E\0A\0D\0E\0R\0"sv);
+    const FoundInput found = LookAtInput(screen, name);
+    EXPECT_FALSE(found.input);
+    EXPECT_NE(found.whyNot.find(u"UTF-16"), Text::npos) << ToUtf8(found.whyNot);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/RuntimeError.h"
+#include "tests/support/RecordingScreen.h"
 #include "tests/support/TestFiles.h"
 
 namespace korvande::testing {
@@ -91,6 +92,16 @@ TEST(Recognise, AFileCutOffAnywhereIsItsFormatOrNothing) {
         }
         EXPECT_TRUE(wasRecognised);
     }
+}
+
+TEST(Recognise, AFileIsLookedAtByItsNameAndWhatIsNoneIsNothing) {
+    using namespace std::string_view_literals;
+    RecordingScreen screen;
+    const TestFolder folder;
+    EXPECT_EQ(FormatOfFile(screen, folder.Write("a", "HEADER\n")), Format::Idex);
+    EXPECT_EQ(FormatOfFile(screen, folder.Write("b", "\xFF\xFEH\0E\0A\0D\0E\0R\0"sv)), std::nullopt);
+    EXPECT_EQ(FormatOfFile(screen, folder / "weg"), std::nullopt);
+    EXPECT_EQ(FormatOfFile(screen, folder / ""), std::nullopt);
 }
 
 TEST(Recognise, AReaderThatIsNotOpenIsARunTimeError) {

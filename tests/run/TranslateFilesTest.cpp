@@ -209,6 +209,62 @@ TEST_F(TranslateFilesTest, AnOutputThatCannotTakeItsPlaceIsToldBehindTheEndOfThe
     EXPECT_EQ(folder.Listing(), "in test.log uit.idx");
 }
 
+TEST_F(TranslateFilesTest, AnOutputThatCannotTakeItsPlaceIsToldWithoutALogBookToo) {
+    class TakingScreen : public RecordingScreen {
+     public:
+        explicit TakingScreen(std::string path) : place(std::move(path)) {}
+        void ShowStatus(TextView) override { std::filesystem::create_directory(place); }
+        std::string place;
+    };
+    TranslateFiles(BeginInMemory(idexToNen, OnePoint()));
+    DeleteFileAt(logName);
+    TakingScreen taking(folder.Path() + "/uit.idx");
+    Translation translation(taking, project);
+    translation.mode = nenToIdex;
+    translation.SufNenFileName = folder.Write("in", last->outputBytes);
+    translation.IdexFileName = folder / "uit.idx";
+    translation.withDiagnosticFiles = false;
+    EXPECT_TRUE(TranslateFiles(translation));
+    EXPECT_TRUE(translation.outcome.outputFailed);
+    EXPECT_EQ(taking.messages.size(), 1U);
+    EXPECT_EQ(folder.Listing(), "in uit.idx");
+}
+
+// Ends the run when the points have been written.
+class EndingAtLines : public RecordingScreen {
+ public:
+    void ShowStatus(TextView text) override {
+        if (text == u"Schrijven Exportbestand: Lijnen") throw TranslationAborted();
+    }
+};
+
+TEST_F(TranslateFilesTest, WhatAnEndedRunWroteStandsInTheFileThatAFrontEndNamed) {
+    EndingAtLines ending;
+    Translation translation(ending, project);
+    translation.mode = idexToNen;
+    translation.IdexFileName = folder.Write("in", OnePoint());
+    translation.SufNenFileName = folder / "uit.sfn";
+    translation.temporaryOutput = folder / "tijdelijk";
+    EXPECT_TRUE(TranslateFiles(translation));
+    EXPECT_TRUE(translation.outcome.cancelled);
+    EXPECT_NE(FileBytes(translation.temporaryOutput).find("X121000500Y487000250"), std::string::npos);
+    EXPECT_EQ(folder.Listing(), "in tijdelijk");
+}
+
+TEST_F(TranslateFilesTest, AnEndedRunWhoseOutputIsFullTellsThatToo) {
+    EndingAtLines ending;
+    Translation translation(ending, project);
+    translation.mode = idexToNen;
+    translation.IdexFileName = folder.Write("in", OnePoint());
+    translation.SufNenFileName = folder / "uit.sfn";
+    translation.temporaryOutput = u"/dev/full";
+    translation.LogFileName = logName;
+    EXPECT_TRUE(TranslateFiles(translation));
+    EXPECT_TRUE(translation.outcome.cancelled);
+    EXPECT_TRUE(translation.outcome.outputFailed);
+    EXPECT_NE(LogText().find("FOUT:  Schijf vol\n"), std::string::npos) << LogText();
+}
+
 TEST_F(TranslateFilesTest, FilesAreTranslatedAsTheirBytesAre) {
     const Text name = folder.Write("in.idx", OnePoint());
     TranslateFiles(Begin(idexToNen, name, folder / "uit.sfn"));
