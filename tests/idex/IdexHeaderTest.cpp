@@ -79,11 +79,15 @@ TEST_F(IdexHeader, OneLetterIsEnoughAndAccentedOnesAreLettersToo) {
     EXPECT_EQ(Point(1).East, 1);
     EXPECT_EQ(Point(2).East, 2);
     EXPECT_EQ(ToUtf8(drawing.LayerNames.at(0)), "A");
-    ASSERT_EQ(Read("HEADER\nTERMINATOR 'x'\nEND HEADER\nLAYERS ()\nEND\nDATABASE\n"
-                   "POINTS (PointID,East)\na,1x,\nb,\n2x\nEND\n"),
-              "");
-    ASSERT_EQ(drawing.Points.UpperBound(), 2);
-    EXPECT_EQ(Point(2).East, 2);
+    for (const std::string_view letter : {"TERMINATOR 'x'\n", "TERMINATOR 'x'\nSEPARATOR ','\n"}) {
+        ASSERT_EQ(Read("HEADER\n" + std::string(letter) +
+                       "END HEADER\nLAYERS ()\nEND\nDATABASE\n"
+                       "POINTS (PointID,East)\na,1x,\nb,\n2x\nEND\n"),
+                  "")
+            << letter;
+        ASSERT_EQ(drawing.Points.UpperBound(), 2);
+        EXPECT_EQ(Point(2).East, 2);
+    }
 }
 
 TEST_F(IdexHeader, ALetterSeparatesTextsAsACapitalOnlyForTheyKeepTheirOwnLetters) {

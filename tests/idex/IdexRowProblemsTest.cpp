@@ -175,6 +175,13 @@ TEST_F(IdexRowProblems, ASignThatSeparatesOrEndsBeginsNoComment) {
                             "1 lijnstring met nummer 0, dat geen nummer is (op regel 10)"}));
 }
 
+TEST_F(IdexRowProblems, ATextBoxOfATerminatorOnlyIsToldAndIsBoxZero) {
+    EXPECT_EQ(ReadTables("TEXT\nBOX_ON_POINT (TextBoxNo,AnchorPointNo,AnchorPosition,LayerNo,HzDirection)\n;\nEND\n"
+                         "ITEMS (TextItemNo,TextBoxNo,TextPropertyNo,LineNo,TextItem)\nEND\nEND TEXT\n"),
+              "");
+    EXPECT_EQ(Lost().front(), "1 rij met een ander aantal velden dan de tabel kolommen heeft (op regel 10)");
+}
+
 TEST_F(IdexRowProblems, RowsOfLayersAreToldToo) {
     ASSERT_EQ(Read("HEADER\nEND HEADER\nLAYERS (LayerNo,Name)\n0,\"A\"\nEND\nDATABASE\nEND DATABASE\n"), "");
     EXPECT_EQ(Lost(), Told{"1 rij zonder afsluitteken (op regel 4)"});

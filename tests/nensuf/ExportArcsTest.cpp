@@ -201,6 +201,11 @@ TEST_F(ExportArcs, ThoseTooLargeToFindTheirCentreAgainStaySegmentBySegment) {
               "4 lijnsegmenten van bogen, per segment geschreven\n");
 }
 
+TEST_F(ExportArcs, ThoseThatReachBeyondAllNumbersEndTheExport) {
+    AddArcAndCircle(1.7e308);
+    EXPECT_EQ(ErrorOf([this] { ExportObjects(); }), errors::overflow);
+}
+
 TEST_F(ExportArcs, ThoseThatLoseDigitsAreToldOfTheirCentresToo) {
     AddArcAndCircle(1e17);
     ExportObjects();
