@@ -33,7 +33,7 @@ std::vector<Text> AccountLines(const Translation& translation) {
     for (TextView rest = summary; !rest.empty();) {
         const std::size_t end = rest.find(u'\n');
         lines.emplace_back(rest.substr(0, end));
-        rest.remove_prefix(end == TextView::npos ? rest.size() : end + 1);
+        rest.remove_prefix(end + 1);
     }
     return lines;
 }
