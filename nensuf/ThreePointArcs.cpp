@@ -89,6 +89,7 @@ bool TakeArc(const Drawing& drawing, const LinePiece& piece, ThreePointArc& arc)
     const PointRec& end = drawing.Points[piece.end];
     const Position centre = PlaceOf(drawing.Points[piece.centre]);
     const Arc shape = ArcAbout(Written(PlaceOf(start)), centre, Written(PlaceOf(end)), piece.isAnticlockwise);
+    if (!(std::fabs(shape.sweep) > 0)) return false;
     const Position middle = MiddleOf(shape);
     const Readback back = ReadBack(PlaceOf(start), middle, PlaceOf(end), centre, piece.isAnticlockwise);
     arc.middle = NamelessAt(middle, MeanHeight(start, end));

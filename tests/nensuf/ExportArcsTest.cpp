@@ -214,6 +214,19 @@ TEST_F(ExportArcs, ThoseThatLoseDigitsAreToldOfTheirCentresToo) {
               "2 bogen waarvan het middelpunt uit drie punten niet op de millimeter terugkomt\n");
 }
 
+TEST_F(ExportArcs, OneAboutSoFarACentreThatItDoesNotTurnStaysSegmentBySegment) {
+    AddPoint({.code = u"", .east = 0, .north = 0.001});
+    AddPoint({.code = u"", .east = 1e15, .north = 1});
+    AddPoint({.code = u"", .east = 0.001, .north = 0});
+    AddLine(u"KANT");
+    AddSegment({.type = u"ARC_CENT", .start = 1, .end = 2});
+    AddSegment({.type = u"ARC_CENT", .start = 2, .end = 3});
+    ExportObjects();
+    EXPECT_EQ(Told(),
+              "2 coördinaten van lijnsegmenten die niet in negen posities passen\n"
+              "2 lijnsegmenten van bogen, per segment geschreven\n");
+}
+
 TEST_F(ExportArcs, ACircleOfHalfAMillimetreStaysSegmentBySegment) {
     AddPoint({.code = u"", .east = 0.0016, .north = 0.0049});
     AddPoint({.code = u"", .east = 0.0011, .north = 0.0049});
