@@ -223,10 +223,10 @@ TEST_F(Comparing, OddRecordsBecomeTheSame) {
             ExpectTheSame(nenToIdex, WithCrLf(header + file), file);
         }
     }
-    for (const std::string some :
-         {"", "\n", "01", "01\n02", " 1\n02", "\t\n01\n\n02", "01\n2", std::string(62, '0').c_str()}) {
-        ExpectTheSame(nenToIdex, some, some);
-        ExpectTheSame(sufToIdex, WithCrLf(some + "\n" + line), some);
+    const std::string zeroes(62, '0');
+    for (const std::string_view some : {"", "\n", "01", "01\n02", " 1\n02", "\t\n01\n\n02", "01\n2", zeroes.c_str()}) {
+        ExpectTheSame(nenToIdex, std::string(some), std::string(some));
+        ExpectTheSame(sufToIdex, WithCrLf(std::string(some) + "\n" + line), std::string(some));
     }
     for (const std::string month : {"000001", "000101", "202413", "202400", "2024 1", "202401"}) {
         const std::string first = "010           V      " + month;
