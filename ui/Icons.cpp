@@ -1,6 +1,7 @@
 #include "ui/Icons.h"
 
 #include <wx/icon.h>
+#include <wx/image.h>
 
 namespace korvande {
 
@@ -14,7 +15,14 @@ namespace {
 
 wxIconBundle ProgramIcons() {
     wxIconBundle icons;
-    for (const char* const* const drawing : {korvande16, korvande32, korvande48}) icons.AddIcon(wxIcon(drawing));
+    for (const char* const* const drawing : {korvande16, korvande32, korvande48}) {
+        wxImage image(drawing);
+        // On GTK a window keeps the memory of an icon that has a mask for ever, of one with transparency it does not.
+        image.InitAlpha();
+        wxIcon icon;
+        icon.CopyFromBitmap(wxBitmap(image));
+        icons.AddIcon(icon);
+    }
     return icons;
 }
 
