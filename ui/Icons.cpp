@@ -1,5 +1,6 @@
 #include "ui/Icons.h"
 
+#include <wx/bitmap.h>
 #include <wx/icon.h>
 #include <wx/image.h>
 
