@@ -22,13 +22,19 @@ namespace korvande {
 
 namespace {
 
+int NotSaved(const Text& output, const RuntimeError& error) {
+    PrintErrorLine(
+        Concat(u"Kon bestand: '", output, u"' niet opslaan;\nFoutcode: ", error.Number(), u"\n", error.Description()));
+    return status::failed;
+}
+
 void RefuseOutput(const GeoPackageOptions& options, const DrawingBatch& batch, const Text& output) {
     if (!ToCapitals(output).ends_with(u".GPKG")) {
         throw UsageError{Concat(u"De uitvoer moet op .gpkg eindigen: ", output)};
     }
     for (const InputFile& input : batch.inputs.files) RefuseClash(output, input.name, u"Invoer en uitvoer");
     RefuseClash(output, FromUtf8(options.project), u"Controletabel en uitvoer");
-    if (IsFreeName(output)) return;
+    if (MayBeMade(output)) return;
     if (!MayBeReplaced(output)) throw UsageError{Concat(u"De uitvoer is geen gewoon bestand: ", output)};
     if (!options.overwrites) {
         throw UsageError{Concat(u"Er bestaat al een bestand met deze naam (zie --overschrijf):\n", output)};
@@ -84,7 +90,11 @@ int MakeGeoPackage(const GeoPackageOptions& options) {
     const Text output = FromUtf8(names.back());
     names.pop_back();
     const DrawingBatch batch = FindDrawings(names, options.batch, options.project, u"Overnemen:");
-    RefuseOutput(options, batch, output);
+    try {
+        RefuseOutput(options, batch, output);
+    } catch (const RuntimeError& error) {
+        return NotSaved(output, error);
+    }
     Project project;
     ConsoleScreen screen(false);
     TakeReading(options.reading, project.options);
@@ -94,9 +104,7 @@ int MakeGeoPackage(const GeoPackageOptions& options) {
     try {
         return AddAll(options, project, batch, output);
     } catch (const RuntimeError& error) {
-        PrintErrorLine(Concat(u"Kon bestand: '", output, u"' niet opslaan;\nFoutcode: ", error.Number(), u"\n",
-                              error.Description()));
-        return status::failed;
+        return NotSaved(output, error);
     }
 }
 

@@ -8,6 +8,7 @@
 #include "cli/ConsoleScreen.h"
 #include "cli/JsonDocument.h"
 #include "cli/Print.h"
+#include "core/modScreen.h"
 #include "host/modFileHandling.h"
 #include "project/ControlTable.h"
 #include "project/Grid.h"
@@ -72,10 +73,10 @@ bool LoadControlTable(Screen& screen, Project& project, const std::string& file)
 
 int MakeProject(const std::string& file) {
     const Text name = FromUtf8(file);
-    if (!IsFreeName(name)) {
-        throw UsageError{Concat(u"Er bestaat al een bestand met deze naam:\n", name)};
-    }
     ConsoleScreen screen(false);
+    bool mayBeMade = false;
+    if (!TryWithRetry(screen, name, u"opslaan", [&] { mayBeMade = MayBeMade(name); })) return status::failed;
+    if (!mayBeMade) throw UsageError{Concat(u"Er bestaat al een bestand met deze naam:\n", name)};
     Project project;
     LoadEmptyProject(project);
     return SaveProjectFile(screen, project, name) ? status::done : status::failed;

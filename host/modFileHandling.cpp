@@ -159,6 +159,13 @@ bool IsFreeName(TextView name) {
     });
 }
 
+bool MayBeMade(TextView name) {
+    std::error_code problem;
+    const fs::file_type type = fs::symlink_status(PathOf(name), problem).type();
+    if (type == fs::file_type::none) throw SystemError(problem);
+    return type == fs::file_type::not_found;
+}
+
 bool IsRegularFileOrMissing(TextView name) {
     return OrOnFailure(false, [name] { return MayBeReplaced(name); });
 }

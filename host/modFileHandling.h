@@ -19,8 +19,11 @@ bool FileExistsAt(TextView name);
 // Whether it is certain that there is none. What the system does not tell may be a file, and opening it tells more.
 bool FileIsMissing(TextView name);
 
-// Whether nothing at all, file or folder, has this name yet.
+// Whether nothing at all, file or folder, has this name yet. What the system does not tell may be something.
 bool IsFreeName(TextView name);
+
+// The same; what the system does not tell is a run-time error.
+bool MayBeMade(TextView name);
 
 // Whether the name belongs to a regular file or to nothing yet, so that a finished file may be renamed to it. Devices,
 // pipes and folders are neither.

@@ -55,6 +55,18 @@ TEST_F(PosixCommands, ALinkToNothingIsNotOverwrittenByAControlTable) {
     ExpectRefused({"project", "maak", "los"}, "Er bestaat al een bestand met deze naam:\nlos");
 }
 
+TEST_F(PosixCommands, ANameThatTheSystemCannotFollowIsAFailureThatNamesIt) {
+    std::filesystem::create_symlink("lus", folder.Path() + "/lus");
+    folder.Write("a.idx", smallIdex);
+    for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+             {"project", "maak", "lus/t.nst"}, {"geopackage", "a.idx", "lus/t.gpkg"}}) {
+        const ProgramResult result = Run(words);
+        EXPECT_EQ(result.status, 3);
+        EXPECT_TRUE(Has(result.error, "'" + words.back() + "' niet opslaan;\nFoutcode: 52\nOngeldige bestandsnaam"))
+            << result.error;
+    }
+}
+
 TEST_F(PosixCommands, AControlTableOnAFullDiskIsAFailure) {
     const ProgramResult fullDisk = Run({"project", "maak", "t.nst"}, {.largestFile = 20});
     EXPECT_EQ(fullDisk.status, 3);

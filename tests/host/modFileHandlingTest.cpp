@@ -65,6 +65,9 @@ TEST_F(FileHandling, ANameIsFreeUntilAFileOrAFolderHasIt) {
     EXPECT_FALSE(IsFreeName(folder / "bestand.nst"));
     EXPECT_FALSE(IsFreeName(folder / "BESTAND.NST"));
     EXPECT_FALSE(IsFreeName(folder / "map"));
+    EXPECT_TRUE(MayBeMade(folder / "nieuw.nst"));
+    EXPECT_FALSE(MayBeMade(folder / "BESTAND.NST"));
+    EXPECT_FALSE(MayBeMade(folder / "map"));
 }
 
 TEST_F(FileHandling, OnlyARegularFileOrAFreeNameCanBeRenamedTo) {

@@ -77,6 +77,13 @@ TEST_F(PosixFiles, ADeviceExistsAndIsNothingToRenameTo) {
 TEST_F(PosixFiles, ANameIsNotFreeWhenALinkToNothingHasIt) {
     fs::create_symlink("nergens", Path("link"));
     EXPECT_FALSE(IsFreeName(folder / "link"));
+    EXPECT_FALSE(MayBeMade(folder / "link"));
+}
+
+TEST_F(PosixFiles, ANameThatTheSystemCannotFollowIsNotFreeAndAskedForStrictlyAnError) {
+    fs::create_symlink("lus", Path("lus"));
+    EXPECT_FALSE(IsFreeName(folder / "lus/nieuw.nst"));
+    EXPECT_THROW(MayBeMade(folder / "lus/nieuw.nst"), RuntimeError);
 }
 
 TEST_F(PosixFiles, LinksAndDrivesLeadToTheSameFile) {
