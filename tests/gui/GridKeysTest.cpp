@@ -9,10 +9,6 @@ namespace {
 
 class GridKeysTest : public GridTableTest, public ::testing::WithParamInterface<TableTab> {
  protected:
-    void Key(int key, int modifiers = wxMOD_NONE) {
-        simulator.Char(key, modifiers);
-        LetEventsRun();
-    }
     std::string Cursor() const {
         return std::to_string(TheGrid().GetGridCursorRow() + 1) + " " + std::to_string(TheGrid().GetGridCursorCol());
     }

@@ -24,10 +24,6 @@ class GridTabTest : public GridTableTest {
         simulator.MouseClick();
         LetEventsRun();
     }
-    void Key(int key, int modifiers = wxMOD_NONE) {
-        simulator.Char(key, modifiers);
-        LetEventsRun();
-    }
     std::string ShownCodes() const {
         std::string codes;
         for (int row = 0; row < TheGrid().GetNumberRows(); ++row) {

@@ -23,29 +23,7 @@ class KeyboardTest : public WindowTest {
         WaitForKeyboard();
     }
 
-    // A window manager takes its time to give the keyboard to a window: until then keys get lost.
-    void WaitForKeyboard() {
-        bool hasKeyboard = false;
-        const auto look = [&hasKeyboard](wxKeyEvent& event) {
-            hasKeyboard = hasKeyboard || event.GetKeyCode() == WXK_F12;
-            event.Skip();
-        };
-        window->Bind(wxEVT_CHAR_HOOK, look);
-        WaitUntil("the keyboard", [&] {
-            if (!hasKeyboard) Key(WXK_F12);
-            wxMilliSleep(20);
-            LetEventsRun();
-            return hasKeyboard;
-        });
-        window->Unbind(wxEVT_CHAR_HOOK, look);
-    }
-
     wxNotebook& Tabs() const { return Find<wxNotebook>("tabs"); }
-
-    void Key(int key, int modifiers = wxMOD_NONE) {
-        simulator.Char(key, modifiers);
-        LetEventsRun();
-    }
 
     void Focus(const char* name) {
         Find<wxWindow>(name).SetFocus();

@@ -2,6 +2,8 @@
 
 #include <wx/stopwatch.h>
 
+#include <stdexcept>
+
 #include "tests/gui/TranslationFixture.h"
 #include "ui/PreviewWindow.h"
 
@@ -59,7 +61,7 @@ class PreviewFixture : public TranslationFixture {
         });
     }
     static void WaitForDrawing() {
-        ASSERT_NE(Preview(), nullptr);
+        if (Preview() == nullptr) throw std::runtime_error("there is no preview");  // what follows would crash
         WaitUntil("the drawing", [] {
             return Preview()->IsShownOnScreen() && !Preview()->IsReading() && View().HasDrawing() && View().IsExact();
         });

@@ -201,6 +201,7 @@ TEST_F(PreviewWindowTest, AClickOnABoxHidesACodeAndTheButtonsHideAndShowAll) {
 TEST_F(PreviewWindowTest, F8ShowsItFromEveryTabAndEscapeClosesIt) {
     Open();
     SelectTab(tabTexts);
+    WaitForKeyboard();
     Key(WXK_F8);
     WaitUntil("the window", [] { return Preview() != nullptr && Preview()->IsShownOnScreen(); });
     WaitForDrawing();

@@ -74,9 +74,25 @@ void WindowTest::Keys(const std::string& characters) {
     LetEventsRun();
 }
 
-void WindowTest::Key(int key) {
-    simulator.Char(key);
+void WindowTest::Key(int key, int modifiers) {
+    simulator.Char(key, modifiers);
     LetEventsRun();
+}
+
+void WindowTest::WaitForKeyboard() {
+    bool hasKeyboard = false;
+    const auto look = [&hasKeyboard](wxKeyEvent& event) {
+        hasKeyboard = hasKeyboard || event.GetKeyCode() == WXK_F12;
+        event.Skip();
+    };
+    window->Bind(wxEVT_CHAR_HOOK, look);
+    WaitUntil("the keyboard", [&] {
+        if (!hasKeyboard) Key(WXK_F12);
+        wxMilliSleep(20);
+        LetEventsRun();
+        return hasKeyboard;
+    });
+    window->Unbind(wxEVT_CHAR_HOOK, look);
 }
 
 std::string WindowTest::TextOf(const char* textBox) const { return Find<wxTextCtrl>(textBox).GetValue().utf8_string(); }

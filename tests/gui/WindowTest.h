@@ -47,7 +47,9 @@ class WindowTest : public AppFiles {
     void Click(const char* control);
     void DoubleClick(wxPoint place);
     void Keys(const std::string& characters);
-    void Key(int key);
+    void Key(int key, int modifiers = wxMOD_NONE);
+    // A window manager takes its time to give the keyboard to a window: until then keys get lost.
+    void WaitForKeyboard();
 
     // The texts of the status bar's first panel and of a text box, in UTF-8.
     std::string TextOf(const char* textBox) const;
