@@ -76,6 +76,7 @@ void LineReader::Close() noexcept {
     screen = nullptr;
     isOpen = false;
     at = end = lookedTo = 0;
+    readError = 0;
     atEnd = utf8 = utf16 = failed = false;
     hasHighBytes = lacksCharacter = false;
     firstUtf8Line = blockStart = lineNumber = length = 0;
@@ -113,6 +114,7 @@ void LineReader::Convert(std::string_view& line) {
 // Reads another block behind what the buffer still holds; false at the end of the file.
 bool LineReader::FillMore() {
     if (atEnd) return false;
+    if (readError != 0) Fail();
     if (at > 0) {
         std::memmove(buffer.data(), buffer.data() + at, end - at);
         blockStart += static_cast<std::int64_t>(at);
@@ -131,11 +133,10 @@ bool LineReader::FillMore() {
         count = std::fread(buffer.data() + end, 1, blockSize, file.get());
         isInterrupted = WasInterrupted();
     } while (isInterrupted && count == 0);
+    // One that came behind bytes is told when those have been read.
+    if (std::ferror(file.get()) != 0) readError = errno;
     if (count == 0) {
-        if (std::ferror(file.get()) != 0) {
-            failed = true;
-            throw RuntimeError(ErrorNumberOf(errno));
-        }
+        if (readError != 0) Fail();
         atEnd = true;
         DropEndOfFileMark();
         return false;
@@ -143,6 +144,11 @@ bool LineReader::FillMore() {
     hasHighBytes = hasHighBytes || HasHighByte({buffer.data() + end, count});
     end += count;
     return true;
+}
+
+void LineReader::Fail() {
+    failed = true;
+    throw RuntimeError(ErrorNumberOf(readError));
 }
 
 // Whether a signal ended the wait for input (a pipe may keep a reader waiting). It may come from a person who wants the

@@ -70,6 +70,7 @@ class LineReader {
     void DropEndOfFileMark() noexcept;
     bool FillMore();
     bool WasInterrupted();
+    [[noreturn]] void Fail();
     std::size_t PlaceOfLineEnd();
 
     bool isOpen = false;
@@ -80,6 +81,7 @@ class LineReader {
     std::size_t at = 0;          // where the next line begins
     std::size_t end = 0;         // behind the last byte read
     std::size_t lookedTo = 0;    // how far behind `at` its end was looked for
+    int readError = 0;           // the system's number for a read that failed
     bool failed = false;
     bool atEnd = false;  // the file has no more bytes
     bool utf8 = false;

@@ -93,6 +93,7 @@ bool Matches(TextView text, TextView pattern) {
 void CopyBytes(std::FILE* from, std::FILE* to) {
     std::vector<char> block(std::size_t{1} << 16);
     while (const std::size_t count = std::fread(block.data(), 1, block.size(), from)) {
+        if (std::ferror(from) != 0) break;
         if (std::fwrite(block.data(), 1, count, to) != count) throw RuntimeError(ErrorNumberOf(errno));
     }
     if (std::ferror(from) != 0 || std::fflush(to) != 0) throw RuntimeError(ErrorNumberOf(errno));
