@@ -15,10 +15,12 @@ constexpr int leastOfAByte = 0xFF;  // the kind of an error, without what is tol
 int SystemErrorOf(const SqliteLibrary& library, sqlite3* database) {
     int systemError = 0;
     library.fileControl(database, "main", SQLITE_FCNTL_LAST_ERRNO, &systemError);
-    return systemError;
+    // Of a file that could not be opened only the database knows it.
+    return systemError != 0 ? systemError : library.systemError(database);
 }
 
 [[noreturn]] void Fail(const SqliteLibrary& library, sqlite3* database, int result) {
+    const int systemError = SystemErrorOf(library, database);
     switch (result & leastOfAByte) {
         case SQLITE_NOMEM:
             throw RuntimeError(errors::outOfMemory);
@@ -27,9 +29,13 @@ int SystemErrorOf(const SqliteLibrary& library, sqlite3* database) {
         case SQLITE_CANTOPEN:
         case SQLITE_PERM:
         case SQLITE_READONLY:
-            throw RuntimeError(errors::accessDenied);
+            throw RuntimeError(NumberOfFailedWrite(systemError, errors::accessDenied));
         case SQLITE_IOERR:
-            throw RuntimeError(NumberOfFailedWrite(SystemErrorOf(library, database)));
+            throw RuntimeError(NumberOfFailedWrite(systemError, errors::pathAccess));
+        case SQLITE_CORRUPT:
+            // So it calls a page that could not be read.
+            if (systemError != 0) throw RuntimeError(NumberOfFailedWrite(systemError, errors::pathAccess));
+            [[fallthrough]];
         default:
             throw RuntimeError(errors::invalidCall, FromUtf8(library.errorMessage(database)));
     }

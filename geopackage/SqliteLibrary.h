@@ -24,6 +24,7 @@ struct SqliteLibrary {
     decltype(&sqlite3_prepare_v3) prepare = nullptr;
     decltype(&sqlite3_reset) reset = nullptr;
     decltype(&sqlite3_step) step = nullptr;
+    decltype(&sqlite3_system_errno) systemError = nullptr;
 };
 
 }  // namespace korvande

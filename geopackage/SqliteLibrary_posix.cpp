@@ -1,5 +1,7 @@
 #include <dlfcn.h>
 
+#include <cerrno>
+
 #include "core/RuntimeError.h"
 #include "geopackage/SqliteLibrary.h"
 
@@ -10,6 +12,10 @@ namespace {
 // Takes procedures out of the library, which stays for good: whoever makes one database often makes another.
 class Loader {
  public:
+    Loader() {
+        if (handle == nullptr && errno == ENOMEM) throw RuntimeError(errors::outOfMemory);
+    }
+
     template <class Procedure>
     void operator()(Procedure& procedure, const char* name) const {
         procedure = reinterpret_cast<Procedure>(handle == nullptr ? nullptr : dlsym(handle, name));
@@ -40,6 +46,7 @@ SqliteLibrary::SqliteLibrary() {
     take(prepare, "sqlite3_prepare_v3");
     take(reset, "sqlite3_reset");
     take(step, "sqlite3_step");
+    take(systemError, "sqlite3_system_errno");
 }
 
 }  // namespace korvande

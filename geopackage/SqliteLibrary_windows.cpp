@@ -17,6 +17,7 @@ SqliteLibrary::SqliteLibrary()
       open(sqlite3_open_v2),
       prepare(sqlite3_prepare_v3),
       reset(sqlite3_reset),
-      step(sqlite3_step) {}
+      step(sqlite3_step),
+      systemError(sqlite3_system_errno) {}
 
 }  // namespace korvande
