@@ -13,6 +13,7 @@
 #include "app/UserSettings.h"
 #include "app/frmKORVANDE.h"
 #include "core/modScreen.h"
+#include "host/Folders.h"
 #include "host/LiscadRegistry.h"
 #include "host/LiscadSystem.h"
 #include "host/modFileHandling.h"
@@ -102,12 +103,21 @@ void TakeCommandLine(FormKORVANDE& form, TextView commandLine) {
     if (!commandLine.empty()) TakeConversion(form, commandLine);
 }
 
+// Lists the projects. When there seem to be none, it is made sure that the folder can be read; false when it cannot.
+bool ListProjects(FormKORVANDE& form) {
+    RefreshProjects(form);
+    const Text& folder = form.ProjectFolder;
+    if (!form.File1.items.empty() || FolderIsMissing(folder)) return true;
+    if (!TryWithRetry(form.screen, folder, u"openen", [&folder] { ContentsOf(folder); })) return false;
+    RefreshProjects(form);
+    return true;
+}
+
 // Loads the remembered project, or else the first of the list; an empty folder gets an empty project.
 void LoadFirstProject(FormKORVANDE& form) {
     const Text remembered = form.CurrentProject;
     form.CurrentProject.clear();
-    RefreshProjects(form);
-    if (form.File1.items.empty()) {
+    if (ListProjects(form) && form.File1.items.empty()) {
         SaveProjectFile(form, Concat(form.ProjectFolder, u"Leeg Project.nst"));
         RefreshProjects(form);
     }

@@ -119,7 +119,7 @@ void RefuseReportName(TextView name) {
     if (!IsJson(name) && !ToCapitals(name).ends_with(u".CSV")) {
         throw UsageError{Concat(u"Het verslag moet op .csv of .json eindigen: ", name)};
     }
-    if (!FolderExistsAt(FolderOf(name))) throw UsageError{Concat(u"De map van het verslag bestaat niet: ", name)};
+    if (FolderIsMissing(FolderOf(name))) throw UsageError{Concat(u"De map van het verslag bestaat niet: ", name)};
     if (FolderExistsAt(name)) throw UsageError{Concat(u"Het verslag is een map: ", name)};
 }
 

@@ -52,6 +52,12 @@ bool FolderExistsAt(TextView name) {
     return fs::is_directory(FolderPath(name), ignored);
 }
 
+bool FolderIsMissing(TextView name) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(FolderPath(name), ignored);
+    return fs::status_known(status) && !fs::is_directory(status);
+}
+
 FolderContents ContentsOf(TextView folder) {
     return AsRunTimeError([folder] {
         Names files;

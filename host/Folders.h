@@ -11,6 +11,9 @@ namespace korvande {
 // Whether there is a folder of this name.
 bool FolderExistsAt(TextView name);
 
+// Whether it is certain that there is none. What the system does not tell may be one.
+bool FolderIsMissing(TextView name);
+
 // The names (without folder) of a folder's files and folders, sorted without regard to case. A folder that is a link is
 // left out: it may lead back to where it is. A run-time error when the folder cannot be read.
 struct FolderContents {

@@ -25,6 +25,15 @@ TEST(PosixFolders, ALinkToAFolderIsLeftOutAndOneToAFileIsAFile) {
     EXPECT_TRUE(FolderExistsAt(folder / "map/terug"));
 }
 
+TEST(PosixFolders, OneThatTheSystemCannotFollowIsNotKnownToBeMissing) {
+    const TestFolder folder;
+    fs::create_symlink("lus", folder.Path() + "/lus");
+    EXPECT_FALSE(FolderExistsAt(folder / "lus/map"));
+    EXPECT_FALSE(FolderIsMissing(folder / "lus/map"));
+    EXPECT_TRUE(FolderIsMissing(folder / "weg"));
+    EXPECT_FALSE(FolderIsMissing(u""));
+}
+
 }  // namespace
 
 }  // namespace korvande::testing
