@@ -38,11 +38,15 @@ void TakeInput(const InputDrawing& input, const Text& name, const ReadingOptions
 
 bool ReadInputDrawing(ReadingScreen& screen, const InputDrawing& input, const Text& name, const ReadingOptions& reading,
                       Translation& translation) {
-    constexpr std::int64_t mostErrors = 5;  // that are told one by one
+    constexpr std::int64_t mostErrors = 5;  // that are told one by one, and the last: it may have ended the reading
     TakeInput(input, name, reading, translation);
-    translation.problems.onError = [&name, &translation](const Problem& problem) {
-        if (translation.problems.errors > mostErrors) return;
-        PrintErrorLine(Concat(name, u": ", SentenceWithLine(problem)));
+    Problem last{};
+    translation.problems.onError = [&name, &translation, &last](const Problem& problem) {
+        if (translation.problems.errors > mostErrors) {
+            last = problem;
+        } else {
+            PrintErrorLine(Concat(name, u": ", SentenceWithLine(problem)));
+        }
     };
     // A question about the format is answered with what is proposed, and told.
     screen.answerQuestion = [&name](const MessageBox& box) {
@@ -51,8 +55,9 @@ bool ReadInputDrawing(ReadingScreen& screen, const InputDrawing& input, const Te
     };
     ReadDrawing(translation);
     if (translation.outcome.cancelled) throw TranslationAborted();
-    const std::int64_t more = translation.problems.errors - mostErrors;
-    if (more > 0) PrintErrorLine(Concat(name, u": nog ", more, u" fouten; zie korvande-cli controleer"));
+    const std::int64_t between = translation.problems.errors - mostErrors - 1;
+    if (between > 0) PrintErrorLine(Concat(name, u": nog ", between, u" fouten; zie korvande-cli controleer"));
+    if (between >= 0) PrintErrorLine(Concat(name, u": ", SentenceWithLine(last)));
     for (const Text& line : LossLines(translation)) PrintErrorLine(line);
     return !translation.outcome.inputUnreadable && !translation.outcome.wrongFormat;
 }
