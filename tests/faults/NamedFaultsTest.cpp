@@ -61,6 +61,30 @@ TEST_F(NamedFault, WhatIsNotKnownOfAnOutputIsNoReasonToWriteItInPlace) {
     ForEach({Operation::Memory, 0, Manner::Fails, ENOMEM}, 1300, 5, isReplaced);
 }
 
+TEST_F(NamedFault, AReadThatFailsBehindTheLastLineTellsItsOwnCause) {
+    Use("nen1878_to_idex");
+    ForEach({Operation::Read, 0, Manner::Fails, EIO}, 1, 1, [](const Trial& trial) {
+        if (trial.status == 0) return;
+        const std::string log = trial.after.contains("uit.LOG") ? trial.after.at("uit.LOG") : "";
+        EXPECT_NE((trial.error + log).find("Fout bij toegang tot pad of bestand"), std::string::npos)
+            << trial.error << log;
+    });
+}
+
+TEST_F(NamedFault, AFolderOfProjectsThatCannotBeListedGetsNoEmptyProject) {
+    Use("window_translates");
+    ForEach({Operation::List, 0, Manner::Fails, EIO}, 1, 1, [](const Trial& trial) {
+        EXPECT_FALSE(trial.after.contains("projecten/Leeg Project.nst")) << trial.requests.place;
+    });
+}
+
+TEST_F(NamedFault, AGeoPackageThatCannotBeLookedAtTellsTheSystemsOwnError) {
+    Use("geopackage");
+    ForEach({Operation::Look, 0, Manner::Fails, EIO}, 1, 1, [](const Trial& trial) {
+        EXPECT_EQ(trial.error.find("Toegang geweigerd"), std::string::npos) << trial.requests.place << trial.error;
+    });
+}
+
 TEST_F(NamedFault, AnOutputThatCannotTakeItsPlaceSaysWhy) {
     ForEach({Operation::Rename, 0, Manner::Fails, ENOSPC}, 1, 1, [](const Trial& trial) {
         EXPECT_EQ(trial.status, 3);
